@@ -1,0 +1,20 @@
+# The one place for language level, warnings and instrumentation. Every target links veldrane_compiler.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+add_library(veldrane_compiler INTERFACE)
+target_compile_options(veldrane_compiler INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Wold-style-cast
+  -Woverloaded-virtual -Wcast-qual -Wformat=2 -Werror)
+if(VELDRANE_SANITIZE)
+  target_compile_options(veldrane_compiler INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(veldrane_compiler INTERFACE -fsanitize=address,undefined)
+endif()
+if(VELDRANE_COVERAGE)
+  target_compile_options(veldrane_compiler INTERFACE --coverage)
+  target_link_options(veldrane_compiler INTERFACE --coverage)
+endif()

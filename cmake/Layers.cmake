@@ -1,0 +1,25 @@
+# veldrane_layer(NAME FOLDER folder [HEADERS ...] [SOURCES ...] [LAYERS ...] [LIBRARIES ...])
+#
+# Adds the static library veldrane_NAME. Its headers are seen by the layers that name it in LAYERS, and by no other:
+# each layer has an include root of its own with nothing but its headers in it, so a stray include does not build.
+# LIBRARIES are private: their headers stay behind the layer.
+function(veldrane_layer name)
+  cmake_parse_arguments(LAYER "" "FOLDER" "HEADERS;SOURCES;LAYERS;LIBRARIES" ${ARGN})
+  set(include_root "${CMAKE_BINARY_DIR}/include/${name}")
+  file(REMOVE_RECURSE "${include_root}")
+  foreach(header IN LISTS LAYER_HEADERS)
+    get_filename_component(folder "${include_root}/${LAYER_FOLDER}/${header}" DIRECTORY)
+    file(MAKE_DIRECTORY "${folder}")
+    file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}/${header}" "${include_root}/${LAYER_FOLDER}/${header}" SYMBOLIC)
+  endforeach()
+  list(TRANSFORM LAYER_LAYERS PREPEND veldrane_)
+  if(LAYER_SOURCES)
+    add_library(veldrane_${name} STATIC ${LAYER_SOURCES} ${LAYER_HEADERS})
+    target_include_directories(veldrane_${name} PUBLIC "${include_root}")
+    target_link_libraries(veldrane_${name} PUBLIC ${LAYER_LAYERS} PRIVATE veldrane_compiler ${LAYER_LIBRARIES})
+  else()
+    add_library(veldrane_${name} INTERFACE)
+    target_include_directories(veldrane_${name} INTERFACE "${include_root}")
+    target_link_libraries(veldrane_${name} INTERFACE ${LAYER_LAYERS})
+  endif()
+endfunction()

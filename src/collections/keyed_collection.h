@@ -1,0 +1,210 @@
+#pragma once
+
+#include "text/case_folding.h"
+#include "text/runtime_error.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace veldrane {
+
+// What a collection does when it is asked for a key or a position that it does not hold.
+enum class OnMissing
+{
+    Raises,        // RuntimeError: 5 for a key, 9 for a position
+    YieldsNothing, // of Item: a null pointer
+    Ignored,       // of Remove: nothing happens
+};
+
+// Which of the members that not every collection has are there.
+enum class Extras
+{
+    None,
+    Clear,
+    AddExisting,
+    AddExistingAndClear,
+    AddExistingAndLastIndex,
+};
+
+struct CollectionRules
+{
+    OnMissing Item = OnMissing::Raises;
+    OnMissing Remove = OnMissing::Raises;
+    Extras Extra = Extras::None;
+};
+
+// The one collection of the program: items in the order of insertion, reached by 1-based position or by a key that is
+// compared without regard to case and unique in the collection. An item added under an empty key has none.
+//
+// A collection adds the `Add` of its own item type through Insert. Items are shared; copying a collection is not
+// possible, because what a copy takes along differs from type to type.
+template <class ItemType, CollectionRules Rules>
+class KeyedCollection
+{
+  public:
+    using ItemPointer = std::shared_ptr<ItemType>;
+
+    KeyedCollection() = default;
+    ~KeyedCollection() = default;
+    KeyedCollection(const KeyedCollection&) = delete;
+    KeyedCollection& operator=(const KeyedCollection&) = delete;
+    KeyedCollection(KeyedCollection&&) noexcept = default;
+    KeyedCollection& operator=(KeyedCollection&&) noexcept = default;
+
+    [[nodiscard]] ItemPointer Item(std::string_view key) const
+    {
+        const auto found = keys_.find(text::Fold(key));
+        if (found != keys_.end())
+            return found->second;
+        if constexpr (Rules.Item == OnMissing::Raises)
+            throw NoSuchKey(key);
+        return nullptr;
+    }
+
+    [[nodiscard]] ItemPointer Item(std::size_t position) const
+    {
+        if (position >= 1 && position <= entries_.size())
+            return entries_[position - 1].Item;
+        if constexpr (Rules.Item == OnMissing::Raises)
+            throw NoSuchPosition(position);
+        return nullptr;
+    }
+
+    // Whether an item stands under the key. Never raises.
+    [[nodiscard]] bool Contains(std::string_view key) const { return keys_.contains(text::Fold(key)); }
+
+    [[nodiscard]] std::size_t Count() const { return entries_.size(); }
+
+    void Remove(std::string_view key)
+    {
+        const std::string folded = text::Fold(key);
+        const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
+            return !folded.empty() && entry.FoldedKey == folded;
+        });
+        if (found != entries_.end())
+            Erase(found);
+        else if constexpr (Rules.Remove == OnMissing::Raises)
+            throw NoSuchKey(key);
+    }
+
+    void Remove(std::size_t position)
+    {
+        if (position >= 1 && position <= entries_.size())
+            Erase(entries_.begin() + static_cast<std::ptrdiff_t>(position - 1));
+        else if constexpr (Rules.Remove == OnMissing::Raises)
+            throw NoSuchPosition(position);
+    }
+
+    // Puts an item that already exists into the collection; false if the key is in use.
+    bool AddExisting(ItemPointer item,
+                     std::string_view key) requires(Rules.Extra != Extras::None && Rules.Extra != Extras::Clear)
+    {
+        if (!key.empty() && Contains(key))
+            return false;
+        Insert(std::move(item), key);
+        return true;
+    }
+
+    void Clear() requires(Rules.Extra == Extras::AddExistingAndClear || Rules.Extra == Extras::Clear)
+    {
+        entries_.clear();
+        keys_.clear();
+    }
+
+    // The key given to the latest successful addition under a key that was not empty.
+    [[nodiscard]] const std::string& LastIndex() const requires(Rules.Extra == Extras::AddExistingAndLastIndex)
+    {
+        return lastKey_;
+    }
+
+  private:
+    struct Entry
+    {
+        ItemPointer Item;
+        std::string FoldedKey;
+    };
+
+  public:
+    // Iteration gives references to the items in their order. The collection may grow meanwhile only if it is walked
+    // by position instead.
+    class Iterator
+    {
+      public:
+        using iterator_category = std::forward_iterator_tag;
+        using value_type = ItemType;
+        using difference_type = std::ptrdiff_t;
+        using pointer = ItemType*;
+        using reference = ItemType&;
+
+        Iterator() = default;
+        explicit Iterator(typename std::vector<Entry>::const_iterator at) : at_(at) {}
+        reference operator*() const { return *at_->Item; }
+        pointer operator->() const { return at_->Item.get(); }
+        Iterator& operator++()
+        {
+            ++at_;
+            return *this;
+        }
+        Iterator operator++(int)
+        {
+            Iterator before = *this;
+            ++at_;
+            return before;
+        }
+        friend bool operator==(const Iterator&, const Iterator&) = default;
+
+      private:
+        typename std::vector<Entry>::const_iterator at_;
+    };
+
+    [[nodiscard]] Iterator begin() const { return Iterator(entries_.begin()); }
+    [[nodiscard]] Iterator end() const { return Iterator(entries_.end()); }
+
+  protected:
+    // Appends the item under the key. Throws RuntimeError 457 if the key is in use; the collection is then as it was.
+    ItemPointer Insert(ItemPointer item, std::string_view key)
+    {
+        std::string folded = text::Fold(key);
+        if (!folded.empty() && !keys_.try_emplace(folded, item).second)
+            throw RuntimeError(error_number::kDuplicateKey, "Collection",
+                               "This key is already associated with an element of this collection: '" +
+                                   std::string(key) + "'");
+        entries_.push_back({item, std::move(folded)});
+        if (!key.empty())
+            lastKey_ = key;
+        return item;
+    }
+
+  private:
+    static RuntimeError NoSuchKey(std::string_view key)
+    {
+        return {error_number::kInvalidCall, "Collection",
+                "There is no element with the key '" + std::string(key) + "' in this collection."};
+    }
+
+    static RuntimeError NoSuchPosition(std::size_t position)
+    {
+        return {error_number::kSubscript, "Collection",
+                "There is no element at position " + std::to_string(position) + " in this collection."};
+    }
+
+    void Erase(typename std::vector<Entry>::iterator entry)
+    {
+        if (!entry->FoldedKey.empty())
+            keys_.erase(entry->FoldedKey);
+        entries_.erase(entry);
+    }
+
+    std::vector<Entry> entries_;
+    std::unordered_map<std::string, ItemPointer> keys_;
+    std::string lastKey_;
+};
+
+} // namespace veldrane

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "generator/outputs.h"
+#include "generator/template_line.h"
+
+#include <string>
+#include <type_traits>
+#include <utility>
+
+namespace veldrane {
+
+// Whether the backticks of an expanded line become double quotes, those of its values included.
+enum class Quotes
+{
+    AsWritten, // if the literal holds a backtick
+    Keep,
+    Convert,
+};
+
+// Emits lines about one scope. Called with a literal in the template notation, it appends the line, expanded.
+template <class ScopeType>
+class Emitter
+{
+  public:
+    // Both must outlive the emitter.
+    Emitter(TTCOutputs& lines, const ScopeType& scope) : lines_(lines), scope_(scope) {}
+
+    void operator()(TemplateLine<std::type_identity_t<ScopeType>> line, LineClass lineClass = LineClass::Code, Quotes quotes = Quotes::AsWritten) const { lines_.Add(Text(line, quotes), lineClass); }
+
+    void operator()(Verbatim line, LineClass lineClass = LineClass::Code) const { lines_.Add(std::string(line.Text), lineClass); }
+
+    // The expanded text of a line, for a writer that does more with it than append it.
+    [[nodiscard]] std::string Text(const TemplateLine<std::type_identity_t<ScopeType>>& line, Quotes quotes = Quotes::AsWritten) const
+    {
+        std::string text;
+        text.reserve(2 * line.Literal().size());
+        line.Expand(text, scope_);
+        const bool convert = quotes == Quotes::Convert || (quotes == Quotes::AsWritten && line.HasBacktick());
+        return convert ? ConvertQuotes(std::move(text)) : text;
+    }
+
+    // An emitter of lines about something else, into the same list.
+    template <class Other>
+    [[nodiscard]] Emitter<Other> About(const Other& scope) const
+    {
+        return Emitter<Other>(lines_, scope);
+    }
+
+    [[nodiscard]] const ScopeType& Scope() const { return scope_; }
+    [[nodiscard]] TTCOutputs& Lines() const { return lines_; }
+
+  private:
+    TTCOutputs& lines_;
+    const ScopeType& scope_;
+};
+
+} // namespace veldrane

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace veldrane::text {
+
+// A single-byte code page: what stands between the UTF-8 of the program and the bytes of the files that it writes.
+//
+// 1252 by default. The bytes that a code page leaves unassigned (0x81, 0x8D, 0x8F, 0x90 and 0x9D of 1252) stand for
+// the control characters of the same number, as Windows has it, so every file survives being read and written.
+class CodePage
+{
+  public:
+    static constexpr int kDefaultNumber = 1252;
+
+    // Throws RuntimeError (5) if the system's converter knows no single-byte code page of this number; the text names
+    // the number.
+    explicit CodePage(int number = kDefaultNumber);
+
+    [[nodiscard]] int Number() const { return number_; }
+
+    // The UTF-8 text of the bytes. Every byte has one.
+    [[nodiscard]] std::string Decode(std::string_view bytes) const;
+
+    struct Encoded
+    {
+        std::string Bytes;
+        bool Lossy = false; // some character had no place and became "?"
+    };
+
+    [[nodiscard]] Encoded Encode(std::string_view text) const;
+
+    // Whether every character has a place in the code page.
+    [[nodiscard]] bool Holds(std::string_view text) const;
+
+  private:
+    [[nodiscard]] int ByteOf(char32_t codePoint) const;
+
+    int number_;
+    std::vector<char32_t> characters_;                      // by byte
+    std::vector<std::pair<char32_t, unsigned char>> bytes_; // sorted by character
+};
+
+} // namespace veldrane::text

@@ -1,0 +1,96 @@
+#include "support/memory_file_system.h"
+
+namespace veldrane::testing {
+namespace {
+
+std::string FolderOf(const std::string& path)
+{
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos)
+        return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+class MemoryBatch : public FileBatch
+{
+  public:
+    explicit MemoryBatch(MemoryFileSystem& files) : files_(files) {}
+
+    void Add(const std::string& path, std::string_view bytes) override
+    {
+        files_.CheckWritable(path);
+        staged_.emplace_back(path, bytes);
+    }
+
+    void Commit() override
+    {
+        for (auto& [path, bytes] : staged_)
+            files_.Files[path] = bytes;
+        staged_.clear();
+    }
+
+  private:
+    MemoryFileSystem& files_;
+    std::vector<std::pair<std::string, std::string>> staged_;
+};
+
+} // namespace
+
+FileKind MemoryFileSystem::Kind(const std::string& path) const
+{
+    if (Files.contains(path))
+        return FileKind::File;
+    return Folders.contains(path) ? FileKind::Folder : FileKind::Missing;
+}
+
+std::string MemoryFileSystem::Read(const std::string& path) const
+{
+    const auto found = Files.find(path);
+    if (found == Files.end())
+        throw RuntimeError(error_number::kFileNotFound, "MemoryFileSystem", path + ": No such file or directory");
+    return found->second;
+}
+
+void MemoryFileSystem::Write(const std::string& path, std::string_view bytes)
+{
+    CheckWritable(path);
+    Files[path] = bytes;
+}
+
+void MemoryFileSystem::Copy(const std::string& from, const std::string& to)
+{
+    if (from == to)
+        throw RuntimeError(error_number::kPathAccess, "MemoryFileSystem", to + ": can't be copied onto itself");
+    Write(to, Read(from));
+}
+
+void MemoryFileSystem::Remove(const std::string& path)
+{
+    if (Files.erase(path) == 0)
+        throw RuntimeError(error_number::kFileNotFound, "MemoryFileSystem", path + ": No such file or directory");
+}
+
+std::vector<std::string> MemoryFileSystem::List(const std::string& folder) const
+{
+    std::vector<std::string> names;
+    const std::string prefix = folder == "/" ? folder : folder + "/";
+    for (const auto& [path, bytes] : Files)
+        if (path.starts_with(prefix) && path.find('/', prefix.size()) == std::string::npos)
+            names.push_back(path.substr(prefix.size()));
+    return names;
+}
+
+std::unique_ptr<FileBatch> MemoryFileSystem::StartBatch()
+{
+    return std::make_unique<MemoryBatch>(*this);
+}
+
+void MemoryFileSystem::CheckWritable(const std::string& path) const
+{
+    if (Folders.contains(path))
+        throw RuntimeError(error_number::kPathAccess, "MemoryFileSystem", path + ": Is a directory");
+    if (!Folders.contains(FolderOf(path)))
+        throw RuntimeError(error_number::kPathAccess, "MemoryFileSystem", path + ": No such file or directory");
+}
+
+} // namespace veldrane::testing

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "ports/file_system.h"
+
+#include <map>
+#include <set>
+
+namespace veldrane::testing {
+
+// Files in memory. A file can be written only into a folder that exists; "/" always does.
+class MemoryFileSystem : public FileSystem
+{
+  public:
+    [[nodiscard]] FileKind Kind(const std::string& path) const override;
+    [[nodiscard]] std::string Read(const std::string& path) const override;
+    void Write(const std::string& path, std::string_view bytes) override;
+    void Copy(const std::string& from, const std::string& to) override;
+    void Remove(const std::string& path) override;
+    [[nodiscard]] std::vector<std::string> List(const std::string& folder) const override;
+    [[nodiscard]] std::unique_ptr<FileBatch> StartBatch() override;
+    void RemoveAbandoned(const std::string& folder) override { Swept.push_back(folder); }
+
+    // Throws, as Write does, if the path is a folder or its folder is missing.
+    void CheckWritable(const std::string& path) const;
+
+    std::set<std::string> Folders{"/"};
+    std::map<std::string, std::string> Files;
+    std::vector<std::string> Swept; // the folders of RemoveAbandoned
+};
+
+} // namespace veldrane::testing

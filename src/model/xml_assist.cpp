@@ -2,10 +2,8 @@
 
 #include <memory>
 
-namespace veldrane
-{
-namespace
-{
+namespace veldrane {
+namespace {
 
 void AddDocumentProperty(KZMClass& item)
 {
@@ -14,8 +12,7 @@ void AddDocumentProperty(KZMClass& item)
                             .PropertyName = "Document",
                             .DataType = "DOMDocument",
                             .Scope = "Public",
-                            .PlusProperty = true,
-                            .TTCLookupFields = {}},
+                            .PlusProperty = true},
                            "Document");
     item.TTCMembers.Add("Document", "Document");
 }

@@ -2,6 +2,7 @@
 
 #include "datasource/class_edit.h"
 
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -67,6 +68,9 @@ struct BuiltInEvent
 // The rows that the lists show for a class.
 [[nodiscard]] std::vector<BuiltInMethod> MethodsOnList(const KZMClass& item);
 [[nodiscard]] std::vector<BuiltInEvent> EventsOnList(const KZMClass& item);
+
+// A built-in method as the class would have it: return type and arguments. Nothing for a name that is not built in.
+[[nodiscard]] std::shared_ptr<TTCMethod> MakeBuiltInMethod(std::string_view name, const KZMClass& item);
 
 // Adds the named rows, in the order of the list, to the class. A row that is not there for the class, and one whose
 // name is in use in it, is passed over. Methods may ask for the row identifier or be refused, which is told. A failure

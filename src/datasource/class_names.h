@@ -63,15 +63,19 @@ enum class NameCheck
 // passed the checks of their own, what they were cleaned to.
 [[nodiscard]] NameCheck CheckNames(ClassForm& form, const NamesBefore& before, const ProjectNames& names);
 
+// Whether the project holds neither of the names yet, those from before set aside. The first that it does hold is told.
+[[nodiscard]] bool IsFreeInProject(const ClassForm& form, const NamesBefore& before, const ProjectNames& names);
+
 // Stores the form in the class and brings the built-in members that carry a class's names into line with them.
 void StoreForm(const ClassForm& form, KZMClass& item);
 
-// Adds a new class whose names have been checked, and its names, to the project, which is modified then. False if the
-// project already has such a class: that is told, and nothing is changed.
+// Adds a new class whose names have been checked, and its names, to the project, which is modified then. The name of
+// the collection enters only if one is generated, as it does when the project is read again. False if one of the names
+// is in use: that is told, and nothing is changed.
 bool AddClassToProject(const std::shared_ptr<KZMClass>& item, const ProjectNames& names);
 
 // Takes a changed class whose names have been checked to its new names in the project, which is modified then. False
-// if the project has another class of that name: that is told, and nothing is changed.
+// if one of them is in use: that is told, and nothing is changed.
 bool ChangeNamesInProject(const std::shared_ptr<KZMClass>& item, const NamesBefore& before, const ProjectNames& names);
 
 } // namespace veldrane

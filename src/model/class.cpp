@@ -1,5 +1,7 @@
 #include "model/class.h"
 
+#include <utility>
+
 namespace veldrane {
 namespace {
 
@@ -82,7 +84,8 @@ void CopyMethods(const KZMClass& from, KZMClass& to)
 void CopyEvents(const KZMClass& from, KZMClass& to)
 {
     for (const ttcEvent& event : from.TTCEvents)
-        to.TTCEvents.AddExisting(event.Clone(), event.EventName);
+        to.TTCEvents.Add(event.EventName, std::move(event.Clone()->TTCEventParameters), event.PlusEvent,
+                         event.EventName);
 }
 
 } // namespace

@@ -13,8 +13,8 @@ struct ErrorPlace
 {
     std::string ModuleName;
     std::string RoutineName;
-    int Mode = 1;     // 1 and 2: a report with the error's facts; 4: the hint alone
-    std::string Hint; // shown behind the report; may be empty
+    int Mode = 1;       // 1 and 2: a report with the error's facts; 4: the hint alone
+    std::string Hint{}; // shown behind the report; may be empty
 };
 
 // The one sink of every failure that a routine traps at its own level.

@@ -5,6 +5,8 @@
 #include "text/runtime_error.h"
 #include "text/strings.h"
 
+#include <utility>
+
 namespace veldrane {
 namespace {
 
@@ -25,7 +27,12 @@ std::size_t MatchedSize(std::string_view text, std::string_view delimiter, std::
 
 bool IsOneOf(std::string_view character, std::string_view delimiters, CaseRule caseRule)
 {
-    return FindDelimiter(delimiters, character, 0, caseRule) != std::string_view::npos;
+    for (std::size_t i = 0; i < delimiters.size(); i += text::CharacterSize(delimiters, i)) {
+        const std::string_view delimiter = delimiters.substr(i, text::CharacterSize(delimiters, i));
+        if (caseRule == CaseRule::Sensitive ? delimiter == character : text::EqualFolded(delimiter, character))
+            return true;
+    }
+    return false;
 }
 
 void AddPiece(Words& words, std::string_view piece)
@@ -77,11 +84,13 @@ const Words& ActiveParse::ParseText(std::string_view text, std::string_view deli
         throw RuntimeError(kNoDelimiters, "ActiveParse", "No Delimiters Set. Unable to parse text.");
     if (text.empty())
         throw RuntimeError(kNoText, "ActiveParse", "No text to parse.");
-    Words.Clear();
+    // Apart from the words of the last call: the text may be one of them.
+    veldrane::Words words;
     if (mode == DelimiterMode::Whole)
-        SplitWhole(Words, text, Delimiters, caseRule);
+        SplitWhole(words, text, Delimiters, caseRule);
     else
-        SplitByChar(Words, text, Delimiters, caseRule);
+        SplitByChar(words, text, Delimiters, caseRule);
+    Words = std::move(words);
     return Words;
 }
 

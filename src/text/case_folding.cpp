@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <vector>
 
 namespace veldrane::text {
 namespace {
@@ -235,6 +236,50 @@ bool IsAscii(std::string_view text)
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
+// The folded letter at `position`. A byte that belongs to no well-formed sequence gets a value that no letter has.
+char32_t LetterAt(std::string_view text, std::size_t position)
+{
+    constexpr char32_t kBehindAllLetters = 0x110000;
+    const auto byte = static_cast<unsigned char>(text[position]);
+    if (byte < 0x80)
+        return static_cast<unsigned char>(FoldByte(text[position]));
+    if (CharacterSize(text, position) == 1)
+        return kBehindAllLetters + byte;
+    return FoldCodePoint(CodePoint(text, position));
+}
+
+std::vector<char32_t> Letters(std::string_view text)
+{
+    std::vector<char32_t> letters;
+    letters.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); i += CharacterSize(text, i))
+        letters.push_back(LetterAt(text, i));
+    return letters;
+}
+
+// For each letter of the pattern, how many of its first letters are matched still when all up to this one are matched
+// and the next is not (Knuth, Morris and Pratt): the search never steps back in the text.
+std::vector<std::size_t> Fallbacks(const std::vector<char32_t>& pattern)
+{
+    std::vector<std::size_t> fallbacks(pattern.size(), 0);
+    std::size_t matched = 0;
+    for (std::size_t i = 1; i < pattern.size(); ++i) {
+        while (matched > 0 && pattern[matched] != pattern[i])
+            matched = fallbacks[matched - 1];
+        if (pattern[matched] == pattern[i])
+            ++matched;
+        fallbacks[i] = matched;
+    }
+    return fallbacks;
+}
+
+std::size_t Skip(std::string_view text, std::size_t position, std::size_t letters)
+{
+    for (; letters > 0; --letters)
+        position += CharacterSize(text, position);
+    return position;
+}
+
 } // namespace
 
 char32_t FoldCodePoint(char32_t codePoint)
@@ -275,25 +320,26 @@ bool EqualFolded(std::string_view left, std::string_view right)
 
 std::size_t FindFolded(std::string_view text, std::string_view find, std::size_t from)
 {
-    const std::string folded = Fold(find);
-    for (std::size_t start = from; start <= text.size();) {
-        std::size_t matched = 0;
-        std::size_t position = start;
-        while (matched < folded.size() && position < text.size()) {
-            const std::size_t size = CharacterSize(text, position);
-            const std::string one = Fold(text.substr(position, size));
-            if (folded.compare(matched, one.size(), one) != 0)
-                break;
-            matched += one.size();
-            position += size;
+    if (from > text.size())
+        return std::string_view::npos;
+    const std::vector<char32_t> pattern = Letters(find);
+    const std::vector<std::size_t> fallbacks = Fallbacks(pattern);
+    std::size_t start = from;
+    std::size_t matched = 0;
+    for (std::size_t position = from; matched < pattern.size(); position += CharacterSize(text, position)) {
+        if (position == text.size())
+            return std::string_view::npos;
+        const char32_t letter = LetterAt(text, position);
+        while (matched > 0 && pattern[matched] != letter) {
+            start = Skip(text, start, matched - fallbacks[matched - 1]);
+            matched = fallbacks[matched - 1];
         }
-        if (matched == folded.size())
-            return start;
-        if (start == text.size())
-            break;
-        start += CharacterSize(text, start);
+        if (pattern[matched] == letter)
+            ++matched;
+        else
+            start = Skip(text, start, 1);
     }
-    return std::string_view::npos;
+    return start;
 }
 
 } // namespace veldrane::text

@@ -33,6 +33,8 @@ char32_t CharacterOf(iconv_t converter, unsigned char byte)
     iconv(converter, nullptr, nullptr, nullptr, nullptr);
     if (iconv(converter, &source, &sourceLeft, &target, &targetLeft) == static_cast<std::size_t>(-1))
         return 0;
+    // Some code pages hold a letter back, because a mark may follow that joins it.
+    iconv(converter, nullptr, nullptr, &target, &targetLeft);
     return targetLeft == out.size() ? 0 : CodePoint(out, 0);
 }
 
@@ -82,7 +84,8 @@ CodePage::Encoded CodePage::Encode(std::string_view text) const
     Encoded encoded;
     encoded.Bytes.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); i += CharacterSize(text, i)) {
-        const int byte = ByteOf(CodePoint(text, i));
+        const bool malformed = CharacterSize(text, i) == 1 && static_cast<unsigned char>(text[i]) >= 0x80;
+        const int byte = malformed ? -1 : ByteOf(CodePoint(text, i));
         encoded.Lossy = encoded.Lossy || byte < 0;
         encoded.Bytes.push_back(byte < 0 ? '?' : static_cast<char>(byte));
     }

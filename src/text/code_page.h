@@ -27,7 +27,7 @@ class CodePage
     struct Encoded
     {
         std::string Bytes;
-        bool Lossy = false; // some character had no place and became "?"
+        bool Lossy = false; // some character, or a byte that is none, had no place and became "?"
     };
 
     [[nodiscard]] Encoded Encode(std::string_view text) const;

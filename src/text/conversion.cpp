@@ -1,6 +1,7 @@
 #include "text/conversion.h"
 
 #include "text/case_folding.h"
+#include "text/characters.h"
 #include "text/runtime_error.h"
 #include "text/strings.h"
 
@@ -18,19 +19,34 @@ constexpr std::size_t kShownLength = 60;
 
 std::string Shown(std::string_view text)
 {
-    return "'" + std::string(text.substr(0, kShownLength)) + (text.size() > kShownLength ? "...'" : "'");
+    const std::string_view shown = Left(text, kShownLength);
+    return "'" + std::string(shown) + (shown.size() < text.size() ? "...'" : "'");
+}
+
+// A number of more digits than the type can hold is infinite, or 0 if they all stand behind the point.
+double OutOfRange(std::string_view digits)
+{
+    const std::size_t first = digits.find_first_not_of("-0");
+    const bool small = first == std::string_view::npos || digits[first] == '.';
+    if (small)
+        return 0;
+    const double huge = std::numeric_limits<double>::infinity();
+    return digits.starts_with('-') ? -huge : huge;
 }
 
 std::optional<double> Number(std::string_view text)
 {
     text = Trim(text);
-    if (text.starts_with('+'))
+    if (text.starts_with('+') && !text.starts_with("+-"))
         text.remove_prefix(1);
+    // The names of the infinite and of no number are no numbers here.
+    if (text.find_first_not_of("+-.0123456789") != std::string_view::npos)
+        return std::nullopt;
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
-    if (error != std::errc{} || end != text.data() + text.size() || !std::isfinite(value))
+    if (error == std::errc::invalid_argument || end != text.data() + text.size())
         return std::nullopt;
-    return value;
+    return error == std::errc::result_out_of_range ? OutOfRange(text) : value;
 }
 
 template <class Integer>

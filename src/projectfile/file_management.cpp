@@ -1,0 +1,170 @@
+#include "projectfile/file_management.h"
+
+#include "projectfile/class_reader.h"
+#include "projectfile/class_writer.h"
+#include "projectfile/format.h"
+#include "projectfile/project_reader.h"
+#include "projectfile/project_writer.h"
+#include "text/characters.h"
+#include "text/strings.h"
+
+namespace veldrane {
+
+using namespace project_format;
+
+namespace {
+
+constexpr std::string_view kModule = "TTCFileManagement";
+
+RuntimeError PathFailure(const std::string& description)
+{
+    return {error_number::kPathAccess, std::string(kModule), description};
+}
+
+class LoadingGuard
+{
+  public:
+    explicit LoadingGuard(KZMClasses& classes) : classes_(classes) { classes_.LoadingProject = true; }
+    ~LoadingGuard() { classes_.LoadingProject = false; }
+    LoadingGuard(const LoadingGuard&) = delete;
+    LoadingGuard& operator=(const LoadingGuard&) = delete;
+
+  private:
+    KZMClasses& classes_;
+};
+
+std::string LastPart(const std::string& path)
+{
+    return path.substr(path.find_last_of("/\\") + 1);
+}
+
+std::string ProjectText(const TTCProject& project, const KZMClasses& classes)
+{
+    std::string text;
+    AppendLine(text, kHeader);
+    AppendLine(text);
+    WriteProjectInfo(text, project);
+    AppendLine(text);
+    WriteClassInfo(text, classes);
+    return text;
+}
+
+// A line of the file as a person may read it.
+std::string Shown(std::string_view line)
+{
+    constexpr std::size_t kShownLength = 80;
+    const KeyAndValue read = SplitValueLine(line.substr(0, 4 * kShownLength));
+    std::string shown(read.Key);
+    if (!read.Value.empty())
+        shown.append(": ").append(read.Value);
+    return std::string(text::Left(shown, kShownLength));
+}
+
+} // namespace
+
+TTCFileManagement::TTCFileManagement(FileSystem& files, Messages& messages, ErrorReport& report,
+                                     const text::CodePage& codePage)
+    : files_(files), messages_(messages), report_(report), codePage_(codePage)
+{}
+
+bool TTCFileManagement::OpenProject(TTCProject& project, KZMClasses& classes, const std::string& fileName)
+{
+    if (files_.Kind(fileName) == FileKind::Missing) {
+        messages_.Tell("Unable to open file", "Unable to open file: " + fileName + "\r\nFile no longer exists.");
+        return false;
+    }
+    bool opened = false;
+    Guarded(report_, kModule, "OpenProject", [&] {
+        LineStream stream(ReadText(fileName));
+        if (stream.ReadLine() != kHeader) {
+            messages_.Tell("Invalid File",
+                           "This file is not a Veldrane Professional 2000 Data File. Unable to open file.");
+            return;
+        }
+        project.FullPath = fileName;
+        project.FileName = LastPart(fileName);
+        ReadProject(stream, project, classes);
+        ProjectSavedSuccessfully.Raise();
+        opened = true;
+    });
+    return opened;
+}
+
+std::string TTCFileManagement::ReadText(const std::string& fileName) const
+{
+    if (files_.Kind(fileName) != FileKind::File)
+        throw PathFailure(fileName + ": is not a file that a project can be read from");
+    return codePage_.Decode(files_.Read(fileName));
+}
+
+void TTCFileManagement::ReadProject(LineStream& stream, TTCProject& project, KZMClasses& classes)
+{
+    SetMinMaxProgress.Raise(1, 100, 1);
+    SavingProject.Raise(0);
+    SavingProject.Raise(1);
+    const LoadingGuard loading(classes);
+    SavingProject.Raise(10);
+    SavingProject.Raise(25);
+    ReadProjectInfo(stream, project);
+    Guarded(report_, kModule, "ReadClassInfo", [&] {
+        ReadClassInfo(stream, project, classes, {SavingProject, SetMinMaxProgress});
+    });
+    SetMinMaxProgress.Raise(1, 100, 1);
+    SavingProject.Raise(100);
+    project.SetModified(false);
+}
+
+bool TTCFileManagement::SaveProject(TTCProject& project, const KZMClasses& classes)
+{
+    std::string text;
+    const bool saved = Guarded(report_, kModule, "SaveProject", [&] {
+        if (project.FullPath.empty())
+            throw PathFailure("The project has no file yet: there is no path to save it under.");
+        BackUp(project.FullPath);
+        SavingProject.Raise(0);
+        SetMinMaxProgress.Raise(1, 100, 1);
+        SavingProject.Raise(1);
+        SavingProject.Raise(10);
+        text = ProjectText(project, classes);
+        files_.Write(project.FullPath, codePage_.Encode(text).Bytes);
+        SavingProject.Raise(100);
+        project.SetModified(false);
+    });
+    if (!saved) {
+        ProjectSaveFailed.Raise("Unable to save file. Please try again.");
+        return false;
+    }
+    ProjectSavedSuccessfully.Raise();
+    TellOfLosses(project.FullPath, text);
+    return true;
+}
+
+// A path without ".kzm" is its own backup: the copy onto itself fails, and with it the save. On purpose.
+void TTCFileManagement::BackUp(const std::string& path)
+{
+    if (files_.Kind(path) != FileKind::Missing)
+        files_.Copy(path, text::ReplaceAll(path, ".kzm", ".bak"));
+}
+
+void TTCFileManagement::TellOfLosses(const std::string& path, std::string_view text)
+{
+    if (codePage_.Holds(text))
+        return;
+    constexpr int kMostLines = 10;
+    std::string told = path + " was saved, but code page " + std::to_string(codePage_.Number()) +
+                       " lacks characters that were written as \"?\":";
+    int lossy = 0;
+    for (const std::string_view line : text::Split(text, kLineEnd))
+        if (!codePage_.Holds(line) && ++lossy <= kMostLines)
+            told.append(kLineEnd).append(Shown(line));
+    if (lossy > kMostLines)
+        told.append(kLineEnd).append("and " + std::to_string(lossy - kMostLines) + " more");
+    messages_.Tell("Save Project", told);
+}
+
+void TTCFileManagement::ReadProjectInfo(LineStream& stream, TTCProject& project)
+{
+    veldrane::ReadProjectInfo(stream, project);
+}
+
+} // namespace veldrane

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "model/classes.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace veldrane {
+
+// The child classes of every class of a project. Made once for many lookups, so that a project of thousands of classes
+// is not scanned again for each class. It is a picture: it does not follow later changes of the classes.
+class ChildIndex
+{
+  public:
+    explicit ChildIndex(const KZMClasses& classes);
+
+    // The classes whose ParentClassName is exactly this name, in collection order.
+    [[nodiscard]] const std::vector<KZMClass*>& Of(std::string_view className) const;
+
+  private:
+    std::unordered_map<std::string, std::vector<KZMClass*>> children_; // by the parent's name
+};
+
+// A column of a key, and a property on that column.
+struct KeyColumnProperty
+{
+    const TTCColumn* Column;
+    TTCProperty* Property;
+};
+
+enum class PropertiesOnColumn
+{
+    Every,
+    First,
+};
+
+// The properties behind the keys of a type: for each such key, each of its columns, each property (or the first one)
+// whose FieldName is exactly the column's name.
+[[nodiscard]] std::vector<KeyColumnProperty> PropertiesBehindKey(const KZMClass& owner, std::int32_t keyType, PropertiesOnColumn which = PropertiesOnColumn::Every);
+
+} // namespace veldrane

@@ -1,0 +1,115 @@
+#pragma once
+
+#include "generator/generation_settings.h"
+#include "generator/outputs.h"
+#include "model/classes.h"
+#include "model/project.h"
+#include "model/signal.h"
+#include "ports/clock.h"
+#include "ports/error_report.h"
+#include "ports/file_system.h"
+#include "ports/messages.h"
+#include "ports/process_starter.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace veldrane {
+
+// What is to be done about a target file that exists.
+enum class ConflictAnswer
+{
+    Overwrite = 1, // without a backup
+    Leave = 2,
+    BackupAndOverwrite = 3,
+    Cancel = 4, // the whole run
+};
+
+// Asks the person about a target file that exists.
+class ConflictResolver
+{
+  public:
+    virtual ~ConflictResolver() = default;
+
+    [[nodiscard]] virtual ConflictAnswer ResolveConflict(const std::string& path, const std::string& fileName) = 0;
+};
+
+// What a run does about target files that exist. Any other number overwrites without a backup.
+namespace overwrite_mode {
+inline constexpr std::int32_t kPrompt = 1;
+inline constexpr std::int32_t kLeave = 2;
+inline constexpr std::int32_t kBackupAndOverwrite = 3;
+} // namespace overwrite_mode
+
+// Where a run writes, and how.
+struct GenerationTarget
+{
+    std::string TargetFolder; // an existing folder
+    std::int32_t OverwriteMode = overwrite_mode::kPrompt;
+    bool Compile = false; // start the Visual Basic compiler on the result
+};
+
+struct ClassScope;
+class TargetFiles;
+
+// The world as the generator meets it. All must outlive it.
+struct GenerationPorts
+{
+    Messages& Asking;
+    ErrorReport& Errors;
+    FileSystem& Files;
+    Clock& Time;
+    ProcessStarter& Programs;
+    ConflictResolver& Conflicts;
+};
+
+// Turns a project and its classes into the text of a whole Visual Basic project. The text routines give one section of
+// one file each; GenerateCode writes all files. Writing text may change the classes: a missing method is added, a
+// length limit corrected.
+class CodeGeneration
+{
+  public:
+    CodeGeneration(const TTCProject& project, const GenerationPorts& ports, GenerationSettings settings = {});
+
+    // The name prefix of a variable of the type: of a member variable or of a global one.
+    [[nodiscard]] std::string VariablePrefix(std::string_view typeName, bool isMember) const;
+
+    [[nodiscard]] TTCOutputs GenerateGlobalsBasFile() const;
+    [[nodiscard]] TTCOutputs GenerateTestProjectGroup() const;
+    [[nodiscard]] TTCOutputs GenerateTestProjectFile(const KZMClasses& classes) const;
+    [[nodiscard]] TTCOutputs GenerateProjectFile(const KZMClasses& classes) const;
+
+    // The header, declarations and properties of the class, each line followed by CR LF; without the methods.
+    [[nodiscard]] std::string GeneratedClassModuleText(KZMClass& owner, const KZMClasses& classes);
+
+    [[nodiscard]] TTCOutputs WriteClassHeader(KZMClass& owner, const KZMClasses& classes);
+    [[nodiscard]] TTCOutputs WriteClassDeclarations(KZMClass& owner, const KZMClasses& classes);
+    [[nodiscard]] TTCOutputs WriteClassProperties(KZMClass& owner, const KZMClasses& classes);
+    [[nodiscard]] TTCOutputs WriteClassMethods(KZMClass& owner, const KZMClasses& classes);
+
+    // Writes the project into the folder and ends with exactly one of OperationComplete and OperationAborted; never
+    // throws. Nothing is written if a name would make a file outside the folder or two files would share a name. A run
+    // that ends early leaves the files written so far, each whole. An unexpected error is reported and aborts the run;
+    // a file that can't be backed up is reported and overwritten all the same.
+    void GenerateCode(KZMClasses& classes, const GenerationTarget& target);
+
+    Signal<int, const std::string&> StatusChanged; // the stage (1 files, 2 compile, 3 finish) and the line to show
+    Signal<const std::string&> OperationAborted;   // ErrorText
+    Signal<const std::string&> OperationComplete;  // ErrorText, "" when nothing needs saying
+    Signal<int> Progress;                          // percent
+
+    GenerationSettings Settings;
+    std::string ErrorText; // the messages of the latest run
+
+  private:
+    TTCOutputs WriteSection(TTCOutputs (*write)(const ClassScope&), KZMClass& owner, const KZMClasses& classes);
+
+    // False if the run ended early; what was written by then is not yet in place.
+    bool WriteProject(const KZMClasses& classes, const std::string& targetFolder, TargetFiles& files);
+
+    const TTCProject& project_;
+    GenerationPorts ports_;
+};
+
+} // namespace veldrane

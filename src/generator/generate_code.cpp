@@ -1,0 +1,194 @@
+#include "generator/code_generation.h"
+#include "generator/compile_step.h"
+#include "generator/file_names.h"
+#include "generator/target_files.h"
+#include "generator/writers.h"
+
+#include <array>
+#include <cmath>
+
+namespace veldrane {
+namespace {
+
+constexpr int kFilesStage = 1;
+
+// Where the progress of the class files begins, and what is left of the bar for them.
+constexpr double kClassesStart = 6.0;
+constexpr double kClassesShare = 93.0;
+
+struct StatusScope
+{
+    const std::string& File;
+};
+
+} // namespace
+
+template <>
+inline constexpr auto Vocabulary<StatusScope> = std::to_array<Placeholder<StatusScope>>({
+    {"file", [](std::string& line, const StatusScope& s) { line += s.File; }},
+});
+
+namespace {
+
+constexpr TemplateLine<StatusScope> kCreatesFile("Creates {file}...");
+
+// A file that a project has once.
+struct ProjectFileRow
+{
+    int Progress;
+    std::string_view Status;
+    ProjectFileName FileName;
+    TTCOutputs (*Write)(const ProjectScope& scope, const KZMClasses& classes);
+};
+
+// In the order of writing.
+constexpr auto kProjectFiles = std::to_array<ProjectFileRow>({
+    {1, "Creates the Project File...", kProjectFile, GenerateProjectFile},
+    {2, "Creates the Test Project File...", kTestProjectFile, GenerateTestProjectFile},
+    {3, "Creates the Test Project Group...", kTestProjectGroup, [](const ProjectScope& scope, const KZMClasses&) { return GenerateTestProjectGroup(scope); }},
+    {5, "Creates the Globals.Bas File...", kGlobalsModule, [](const ProjectScope& scope, const KZMClasses&) { return GenerateGlobalsBasFile(scope); }},
+});
+
+// The sections of a class file, in their order.
+constexpr auto kClassSections = std::to_array<TTCOutputs (*)(const ClassScope& scope)>({WriteClassHeader, WriteClassDeclarations, WriteClassProperties, WriteClassMethods});
+
+// A section as it stands in a file: its lines, and the empty line that ends every section.
+std::string SectionText(const TTCOutputs& lines)
+{
+    return OutputsToText(lines) + "\r\n";
+}
+
+// Moves the bar over the class files: every file has the same share of it, a collection file too.
+class ClassProgress
+{
+  public:
+    ClassProgress(CodeGeneration& generation, const KZMClasses& classes) : generation_(generation)
+    {
+        std::size_t files = classes.Count();
+        for (const KZMClass& owner : classes)
+            files += owner.CreateCollection ? 1 : 0;
+        if (files > 0)
+            step_ = kClassesShare / static_cast<double>(files);
+    }
+
+    void Show() { generation_.Progress.Raise(static_cast<int>(std::nearbyint(value_))); }
+    void Advance() { value_ += step_; }
+
+  private:
+    CodeGeneration& generation_;
+    double value_ = kClassesStart;
+    double step_ = 0;
+};
+
+// The writing of one project's files.
+class ProjectWriter
+{
+  public:
+    ProjectWriter(CodeGeneration& generation, TargetFiles& files, const GenerationContext& context) : generation_(generation), files_(files), context_(context) {}
+
+    void Run()
+    {
+        for (const ProjectFileRow& row : kProjectFiles)
+            WriteProjectFile(row);
+        generation_.StatusChanged.Raise(kFilesStage, "Creates Class Files...");
+        ClassProgress progress(generation_, context_.Classes);
+        for (KZMClass& owner : context_.Classes) {
+            progress.Show();
+            WriteClassFile(owner);
+            progress.Advance();
+            if (owner.CreateCollection)
+                progress.Advance();
+        }
+    }
+
+  private:
+    void WriteProjectFile(const ProjectFileRow& row)
+    {
+        generation_.Progress.Raise(row.Progress);
+        generation_.StatusChanged.Raise(kFilesStage, std::string(row.Status));
+        const std::string fileName = NameOf(row.FileName, ProjectScope(context_));
+        if (!files_.MayWrite(fileName))
+            return;
+        const std::string text = SectionText(row.Write(context_, context_.Classes));
+        if (&row == &kProjectFiles.front())
+            WriteFirst(fileName, text);
+        else
+            files_.Write(fileName, text);
+    }
+
+    // Whether the folder can be written to shows at the first file.
+    void WriteFirst(const std::string& fileName, const std::string& text)
+    {
+        try {
+            files_.Write(fileName, text);
+        } catch (const RuntimeError& error) {
+            throw RunAborted("Unable to write to destination directory. " + error.Description());
+        }
+    }
+
+    void WriteClassFile(KZMClass& owner)
+    {
+        const std::string fileName = NameOf(kClassModule, ClassFileScope{context_, owner});
+        generation_.StatusChanged.Raise(kFilesStage, NameOf(kCreatesFile, StatusScope{fileName}));
+        if (!files_.MayWrite(fileName))
+            return;
+        const ClassScope scope{context_, owner};
+        std::string text;
+        for (const auto& writeSection : kClassSections)
+            text += SectionText(writeSection(scope));
+        files_.Write(fileName, text);
+    }
+
+    CodeGeneration& generation_;
+    TargetFiles& files_;
+    const GenerationContext& context_;
+};
+
+void SweepFolder(const GenerationPorts& ports, const std::string& folder)
+{
+    if (ports.Files.Kind(folder) == FileKind::Folder)
+        Guarded(ports.Errors, "GenerateCode", "RemoveAbandoned", [&] { ports.Files.RemoveAbandoned(folder); });
+}
+
+} // namespace
+
+bool CodeGeneration::WriteProject(const KZMClasses& classes, const std::string& targetFolder, TargetFiles& files)
+{
+    const ProjectScope project{project_, Settings};
+    if (auto reason = ReasonAgainstNames(project, classes)) {
+        ErrorText = std::move(*reason);
+        return false;
+    }
+    SweepFolder(ports_, targetFolder);
+    const ChildIndex children(classes);
+    try {
+        ProjectWriter(*this, files, {project, classes, children, ports_.Asking, ErrorText}).Run();
+    } catch (const RunAborted& abort) {
+        ErrorText = abort.what();
+        return false;
+    }
+    files.Commit();
+    return true;
+}
+
+void CodeGeneration::GenerateCode(KZMClasses& classes, const GenerationTarget& target)
+{
+    ErrorText.clear();
+    TargetFiles files(ports_, Settings.CodePage, target);
+    const auto guarded = [&](auto&& body) { Guarded(ports_.Errors, "GenerateCode", "GenerateCode:", body); };
+    bool written = false;
+    guarded([&] { written = WriteProject(classes, target.TargetFolder, files); });
+    if (!written)
+        guarded([&] { files.Commit(); });
+    if (written && target.Compile)
+        CompileProject(*this, ports_, project_.VBProjectName, target.TargetFolder);
+    AppendLine(ErrorText, files.NoteOnCharacters());
+    if (written) {
+        Progress.Raise(100);
+        OperationComplete.Raise(ErrorText);
+    } else {
+        OperationAborted.Raise(ErrorText);
+    }
+}
+
+} // namespace veldrane

@@ -79,8 +79,9 @@ constexpr std::array kSqliteTypesByName{
     NamedType{"any", adVariant},
 };
 
-// The driver's own size for TEXT, given to the long texts that it takes for short ones.
+// The driver's own sizes for TEXT and for what is declared without a length.
 constexpr std::uint64_t kSqliteLongText = 65536;
+constexpr std::uint64_t kSqliteNoLength = 255;
 
 struct FixedSize
 {
@@ -162,9 +163,9 @@ CatalogField SqliteFieldOf(const OdbcColumn& column)
     if (!declared)
         return field;
     const bool isLongText = *declared == adLongVarChar || *declared == adLongVarWChar;
-    const bool hasLength = column.TypeName.find('(') != std::string::npos;
     field.Type = *declared;
-    field.DefinedSize = DefinedSizeOf(field.Type, isLongText && !hasLength ? kSqliteLongText : column.Size);
+    field.DefinedSize =
+        DefinedSizeOf(field.Type, isLongText && column.Size == kSqliteNoLength ? kSqliteLongText : column.Size);
     return field;
 }
 

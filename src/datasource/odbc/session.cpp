@@ -24,8 +24,7 @@ OdbcHandle::OdbcHandle(SQLSMALLINT type, SQLHANDLE parent) : type_(type)
         handle_ = nullptr;
 }
 
-OdbcHandle::OdbcHandle(OdbcHandle&& other) noexcept
-    : type_(other.type_), handle_(std::exchange(other.handle_, nullptr))
+OdbcHandle::OdbcHandle(OdbcHandle&& other) noexcept : type_(other.type_), handle_(std::exchange(other.handle_, nullptr))
 {}
 
 OdbcHandle& OdbcHandle::operator=(OdbcHandle&& other) noexcept

@@ -22,9 +22,14 @@ std::string TypeWord(const std::string& name, const std::string& type)
     return type == "view" ? "VIEW" : "TABLE";
 }
 
+std::string Literal(const std::string& text)
+{
+    return "'" + text::ReplaceAll(text, "'", "''") + "'";
+}
+
 std::string OnlyTable(const std::string& name)
 {
-    return " AND m.name = '" + text::ReplaceAll(name, "'", "''") + "'";
+    return " AND m.name = " + Literal(name);
 }
 
 } // namespace
@@ -51,6 +56,7 @@ CatalogField SqliteCatalogSource::FieldOf(const OdbcColumn& column)
 
 void SqliteCatalogSource::CompleteFields(const SourceTable& table, std::vector<CatalogField>& fields)
 {
+    RestoreNames(table, fields);
     if (table.Shown.Type == "VIEW")
         return;
     const Definition& definition = DefinitionOf(table.Name);
@@ -59,6 +65,19 @@ void SqliteCatalogSource::CompleteFields(const SourceTable& table, std::vector<C
     for (CatalogField& field : fields)
         if (field.Name == definition.PrimaryKey.front())
             field.IsAutoIncrement = true;
+}
+
+void SqliteCatalogSource::RestoreNames(const SourceTable& table, std::vector<CatalogField>& fields) const
+{
+    // 1 marks the hidden columns of virtual tables, which a table does not open with.
+    OdbcStatement statement(session_);
+    statement.Execute("SELECT name FROM pragma_table_xinfo(" + Literal(table.Name) +
+                      ") WHERE hidden <> 1 ORDER BY cid");
+    std::vector<std::string> names;
+    while (statement.Fetch())
+        names.push_back(statement.Text(1).value_or(""));
+    for (std::size_t at = 0; at < fields.size() && names.size() == fields.size(); ++at)
+        fields[at].Name = names[at];
 }
 
 std::vector<CatalogIndex> SqliteCatalogSource::Indexes(const SourceTable& table)

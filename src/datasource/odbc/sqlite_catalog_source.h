@@ -19,7 +19,8 @@ class SqliteCatalogSource : public CatalogSource
     [[nodiscard]] std::vector<SourceTable> Tables() override;
     [[nodiscard]] CatalogField FieldOf(const OdbcColumn& column) override;
 
-    // The column that stands for the row's number counts as auto-increment: SQLite fills it.
+    // The column that stands for the row's number counts as auto-increment: SQLite fills it. Names come from the
+    // definition, for the driver takes what stands before a dot for a table.
     void CompleteFields(const SourceTable& table, std::vector<CatalogField>& fields) override;
 
     [[nodiscard]] std::vector<CatalogIndex> Indexes(const SourceTable& table) override;
@@ -42,6 +43,7 @@ class SqliteCatalogSource : public CatalogSource
     };
     using Definitions = std::unordered_map<std::string, Definition>;
 
+    void RestoreNames(const SourceTable& table, std::vector<CatalogField>& fields) const;
     void Read(Definitions& definitions, const std::string& condition) const;
     void ReadPrimaryKeys(Definitions& definitions, const std::string& condition) const;
     void ReadIndexes(Definitions& definitions, const std::string& condition) const;

@@ -166,34 +166,36 @@ OdbcColumn OdbcStatement::Column(SQLUSMALLINT number)
     SQLSMALLINT length = 0;
     SQLULEN size = 0;
     SQLSMALLINT digits = 0;
+    SQLSMALLINT nullable = SQL_NULLABLE_UNKNOWN;
     if (session_.IsWide()) {
         std::array<char16_t, 1024> name{};
         session_.Check(SQLDescribeColW(handle_.Get(), number, reinterpret_cast<SQLWCHAR*>(name.data()),
                                        static_cast<SQLSMALLINT>(name.size()), &length, &column.SqlType, &size, &digits,
-                                       &column.Nullable),
+                                       &nullable),
                        handle_);
         column.Name = FromUtf16(name.data());
     } else {
         std::array<char, 1024> name{};
         session_.Check(SQLDescribeCol(handle_.Get(), number, reinterpret_cast<SQLCHAR*>(name.data()),
                                       static_cast<SQLSMALLINT>(name.size()), &length, &column.SqlType, &size, &digits,
-                                      &column.Nullable),
+                                      &nullable),
                        handle_);
         column.Name = text::WellFormed(name.data());
     }
     column.Size = size;
-    column.IsUnsigned = Flag(number, SQL_DESC_UNSIGNED);
-    column.IsAutoIncrement = Flag(number, SQL_DESC_AUTO_UNIQUE_VALUE);
+    // The description says "nullable" of every column on some drivers; the attribute knows better.
+    column.Nullable = static_cast<SQLSMALLINT>(Attribute(number, SQL_DESC_NULLABLE).value_or(nullable));
+    column.IsUnsigned = Attribute(number, SQL_DESC_UNSIGNED) == SQL_TRUE;
+    column.IsAutoIncrement = Attribute(number, SQL_DESC_AUTO_UNIQUE_VALUE) == SQL_TRUE;
     column.TypeName = TypeName(number);
     return column;
 }
 
-// A driver that does not tell has said no.
-bool OdbcStatement::Flag(SQLUSMALLINT number, SQLUSMALLINT what)
+std::optional<SQLLEN> OdbcStatement::Attribute(SQLUSMALLINT number, SQLUSMALLINT what)
 {
-    SQLLEN value = SQL_FALSE;
+    SQLLEN value = 0;
     const SQLRETURN result = SQLColAttribute(handle_.Get(), number, what, nullptr, 0, nullptr, &value);
-    return SQL_SUCCEEDED(result) && value == SQL_TRUE;
+    return SQL_SUCCEEDED(result) ? std::optional(value) : std::nullopt;
 }
 
 std::string OdbcStatement::TypeName(SQLUSMALLINT number)

@@ -58,7 +58,7 @@ class OdbcStatement
     void Call(Narrow narrow, Wide wide, const Arguments&... arguments);
     [[nodiscard]] OdbcColumn Column(SQLUSMALLINT number);
     [[nodiscard]] std::string TypeName(SQLUSMALLINT number);
-    [[nodiscard]] bool Flag(SQLUSMALLINT number, SQLUSMALLINT what);
+    [[nodiscard]] std::optional<SQLLEN> Attribute(SQLUSMALLINT number, SQLUSMALLINT what);
 
     const OdbcSession& session_;
     OdbcHandle handle_;

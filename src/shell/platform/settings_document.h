@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -52,13 +53,16 @@ class SettingsDocument
         std::vector<Line> Lines;
     };
 
-    void ParseLine(std::string_view line);
-    Section& OpenSection(std::string header, std::string name);
+    void ParseLine(std::string_view line, std::size_t number);
+    void OpenSection(std::string_view line, std::string_view name);
+    void AddEntry(std::string_view line);
     [[nodiscard]] const Section* FindSection(std::string_view name) const;
+    [[nodiscard]] Section* FindSection(std::string_view name);
     static void Put(Section& section, Line line);
 
-    std::vector<std::string> preamble_; // lines before the first section
+    std::vector<Line> preamble_; // lines before the first section
     std::vector<Section> sections_;
+    std::size_t open_ = 0; // the section that the next line belongs to, while reading
 };
 
 } // namespace veldrane

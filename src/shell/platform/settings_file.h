@@ -46,7 +46,7 @@ class SettingsFile : public Settings
     [[nodiscard]] Content Load() const;
     [[nodiscard]] SettingsDocument Current() const;
     [[nodiscard]] std::string SetAside(const std::string& reason) const;
-    [[nodiscard]] std::string Recover() const;
+    [[nodiscard]] SettingsDocument Recover() const;
     void NoteUnreadable(const std::string& reason) const;
     void Note(const std::string& text) const;
     template <class Change>

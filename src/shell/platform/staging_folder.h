@@ -46,7 +46,7 @@ class StagingFolder
     // Brings what was staged to the disk: a few files one by one, many by one sync of their file system.
     void Sync();
 
-    // Renames all files into place, in the order of their staging.
+    // Renames all files into place, in the order of their staging; the first that fails ends it.
     void Rename();
 
     // Brings the names to the disk.
@@ -73,9 +73,5 @@ class StagingFolder
     unsigned last_ = 0;
     std::vector<StagedFile> staged_;
 };
-
-// Removes from the folder the private files whose writer no longer runs: plain files of this user whose lock is free,
-// and nothing else. Throws RuntimeError (53 or 75) if the folder can't be read or a file can't be removed.
-void RemoveAbandonedFiles(const std::string& folder);
 
 } // namespace veldrane

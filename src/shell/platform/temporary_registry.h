@@ -15,6 +15,7 @@ namespace veldrane {
 // The owner's part is everything before the last hyphen, the hyphen included.
 namespace temporary_name {
 
+inline constexpr unsigned kLockNumber = 0;
 inline constexpr std::size_t kOwnerSize = 48; // bytes that an owner's part takes at most, its NUL included
 
 // A fresh owner's part for this process.

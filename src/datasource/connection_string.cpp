@@ -13,6 +13,11 @@ namespace {
     throw DataSourceError(data_source_error::kFailed, "ConnectionString", reason);
 }
 
+bool IsBeyondAscii(char c)
+{
+    return static_cast<unsigned char>(c) >= 0x80;
+}
+
 bool IsControl(char c)
 {
     return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
@@ -72,6 +77,9 @@ ConnectionString::ConnectionString(std::string_view text)
                 Refuse("The connection string holds a value without a key.");
             entry.Value = TakeValue(rest, entry.Key);
         }
+        // Such a letter may equal a plain one without regard to case, for us and not for a driver.
+        if (std::any_of(entry.Key.begin(), entry.Key.end(), IsBeyondAscii))
+            Refuse("The connection string holds the key \"" + entry.Key + "\", which no driver knows.");
         if (!entry.Key.empty())
             entries_.push_back(std::move(entry));
         if (!rest.empty())

@@ -28,7 +28,8 @@ class ConnectionString
     static constexpr std::size_t kMaxBytes = 4096;
 
     // Throws DataSourceError for a text that no driver could be trusted to read as we do: too long, with a control
-    // character, with an entry that has no key, or with a brace that is not closed or closed before the value's end.
+    // character, with an entry that has no key or one beyond ASCII, or with a brace that is not closed or closed before
+    // the value's end.
     // The message never repeats a value, for it may be a password.
     explicit ConnectionString(std::string_view text);
 

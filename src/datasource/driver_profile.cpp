@@ -87,7 +87,7 @@ constexpr std::array kTdsAdditions{
     DriverAddition{"ClientCharset", "UTF-8"},
 };
 
-constexpr std::array kSqliteMarks{"sqlite3"sv};
+constexpr std::array kSqliteMarks{"sqlite"sv};
 constexpr std::array kPostgreSqlMarks{"psqlodbc"sv, "postgresql"sv};
 constexpr std::array kMariaDbMarks{"maodbc"sv, "mariadb"sv};
 constexpr std::array kTdsMarks{"tdsodbc"sv, "freetds"sv};

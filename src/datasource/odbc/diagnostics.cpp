@@ -2,6 +2,7 @@
 
 #include "datasource/odbc/utf16.h"
 #include "text/characters.h"
+#include "text/strings.h"
 
 #include <sqlext.h>
 #include <sqlucode.h>
@@ -88,15 +89,30 @@ std::optional<ADOError> ReadWide(SQLSMALLINT handleType, SQLHANDLE handle, SQLSM
                     .SQLState = FromUtf16(state.data())};
 }
 
+// The words in one line: some drivers break theirs.
+std::string OneLine(std::string_view words)
+{
+    std::string line;
+    for (const char c : words) {
+        const bool isBlank = c == '\n' || c == '\r' || c == '\t' || c == ' ';
+        if (!isBlank)
+            line.push_back(c);
+        else if (!line.empty() && line.back() != ' ')
+            line.push_back(' ');
+    }
+    return std::string(text::Trim(line));
+}
+
 std::string Joined(const std::vector<ADOError>& records)
 {
     std::string all;
     for (const ADOError& record : records) {
-        if (all.find(record.Description) != std::string::npos)
+        const std::string line = OneLine(record.Description);
+        if (all.find(line) != std::string::npos)
             continue;
         if (!all.empty())
             all += " ";
-        all += record.Description;
+        all += line;
     }
     return all.empty() ? "The driver gave no reason." : all;
 }

@@ -14,7 +14,7 @@ namespace veldrane {
 [[nodiscard]] std::vector<ADOError> ReadDiagnostics(SQLSMALLINT handleType, SQLHANDLE handle, CallWidth width);
 
 // The failure that these records tell of. Its number is the first that a rule tests, else kFailed; its description
-// holds the words of all records, for some drivers put the useful ones last.
+// holds the words of all records in one line, for some drivers put the useful ones last.
 [[nodiscard]] DataSourceError ErrorFrom(std::vector<ADOError> records);
 
 } // namespace veldrane

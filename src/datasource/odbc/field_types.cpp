@@ -49,7 +49,7 @@ constexpr std::array kTypes{
 
 struct NamedType
 {
-    std::string_view Name; // in lower case
+    std::string_view Name;
     std::int32_t AdoType;
 };
 
@@ -76,6 +76,7 @@ constexpr std::array kSqliteTypesByName{
     NamedType{"smalldatetime", adDBTimeStamp},
     NamedType{"logical", adBoolean},
     NamedType{"counter", adInteger},
+    NamedType{"unsigned", adInteger},
     NamedType{"any", adVariant},
 };
 
@@ -124,12 +125,10 @@ std::int32_t AttributesOf(SQLSMALLINT nullable)
                                     : field_attribute::kMayBeNull;
 }
 
-// "NUMERIC(10,2)" as "numeric".
-std::string DeclaredWord(std::string_view declared)
+// "NUMERIC(10,2)" as "NUMERIC", "UNSIGNED BIG INT" as "UNSIGNED".
+std::string_view FirstWord(std::string_view declared)
 {
-    std::string word = text::Fold(declared.substr(0, declared.find('(')));
-    word.erase(word.find_last_not_of(' ') + 1);
-    return word;
+    return declared.substr(0, declared.find_first_of(" ("));
 }
 
 } // namespace
@@ -157,9 +156,7 @@ CatalogField FieldOf(const OdbcColumn& column, CallWidth width)
 CatalogField SqliteFieldOf(const OdbcColumn& column)
 {
     CatalogField field = FieldOf(column, CallWidth::Narrow);
-    const std::string word = DeclaredWord(column.TypeName);
-    const auto declared =
-        word.starts_with("unsigned") ? std::optional(adInteger) : TypeByName(kSqliteTypesByName, word);
+    const auto declared = TypeByName(kSqliteTypesByName, FirstWord(column.TypeName));
     if (!declared)
         return field;
     const bool isLongText = *declared == adLongVarChar || *declared == adLongVarWChar;

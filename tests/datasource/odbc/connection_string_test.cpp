@@ -79,6 +79,7 @@ TEST(ConnectionString, RefusesWhatDriversCouldReadInAnotherWay)
         "PWD={a}b;DSN=Shop",
         "PWD={a}b}",
         "=value",
+        "D\xC5\xBFN=Shop", // a long s
         "DSN=Shop\nDriver=/tmp/x.so",
         std::string("DSN=Shop\0;Driver=x", 18),
         "DSN=\tShop",

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -186,6 +187,34 @@ TEST(OdbcConnection, ADriverThatIsNotThereIsNamed)
               "There is no ODBC driver named \"No Such Driver\" on this machine.");
     EXPECT_EQ(Refusal("DSN=No Such Source").Description(),
               "There is no ODBC data source named \"No Such Source\" on this machine.");
+}
+
+// The user's data sources while a test runs.
+class UserDataSources
+{
+  public:
+    UserDataSources(const std::string& path, const std::string& text)
+    {
+        std::ofstream(path) << text;
+        ::setenv("ODBCINI", path.c_str(), 1);
+    }
+    UserDataSources(const UserDataSources&) = delete;
+    UserDataSources& operator=(const UserDataSources&) = delete;
+    ~UserDataSources() { ::unsetenv("ODBCINI"); }
+};
+
+TEST(OdbcConnection, ADataSourceOfTheUserHoldsAnyKeyAndAProjectAddsNone)
+{
+    SqliteFile file("CREATE TABLE a (x);\n");
+    const UserDataSources sources(file.Folder() + "/odbc.ini",
+                                  "[files]\nDriver=SQLite3\nJournalMode=MEMORY\nDatabase=" + file.Path() +
+                                      "\n[bare]\nDriver=SQLite3\n");
+    OdbcConnection connection(OdbcConnectionOptions{});
+    connection.Open("PROVIDER=MSDASQL;DSN=files;UID=;PWD=;");
+    EXPECT_EQ(connection.OpenCatalog()->Tables().size(), 1U);
+    EXPECT_THAT(Refusal("DSN=files;LoadExt=/tmp/x.so").Description(), HasSubstr("\"LoadExt\""));
+    EXPECT_THAT(Refusal("DSN=bare;Database=" + file.Folder() + "/new.db").Description(), HasSubstr("connect failed"));
+    EXPECT_FALSE(std::filesystem::exists(file.Folder() + "/new.db"));
 }
 
 TEST(OdbcConnection, AnEmptyStringIsRefused)

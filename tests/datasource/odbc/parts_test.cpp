@@ -93,10 +93,11 @@ ADOError Record(std::string state, std::int32_t native, std::string words, long 
 
 TEST(Diagnostics, AFailureHoldsTheWordsOfAllRecordsOnceAndTheFirstNumberThatTells)
 {
-    const DataSourceError error = ErrorFrom({Record("01000", 1, "first", data_source_error::kFailed),
-                                             Record("01000", 1, "first", data_source_error::kFailed),
-                                             Record("08S01", 2, "second", data_source_error::kNoOpenConnection)});
-    EXPECT_EQ(error.Description(), "first second");
+    const DataSourceError error =
+        ErrorFrom({Record("01000", 1, "first", data_source_error::kFailed),
+                   Record("01000", 1, "first", data_source_error::kFailed),
+                   Record("08S01", 2, "second;\n\tthird\n", data_source_error::kNoOpenConnection)});
+    EXPECT_EQ(error.Description(), "first second; third");
     EXPECT_EQ(error.Number, data_source_error::kNoOpenConnection);
     ASSERT_EQ(error.Errors.size(), 3U);
     EXPECT_EQ(error.Errors[2].NativeError, 2);

@@ -116,6 +116,7 @@ TEST(SqliteFields, EveryDeclaredTypeHasItsAdoType)
         {"CLOB(1000)", adLongVarChar, 1000},
         {"LONGTEXT", adLongVarChar, 65536},
         {"BLOB", adLongVarBinary, 255},
+        {"BLOB SUB_TYPE TEXT", adLongVarBinary, 255},
         {"IMAGE", adLongVarBinary, 255},
         {"BINARY(16)", adBinary, 16},
         {"GUID", adGUID, 16},

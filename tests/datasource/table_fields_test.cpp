@@ -165,6 +165,18 @@ TEST_F(AddFieldsAsPropertiesTest, APropertyThatWasRenamedGoesWithItsColumn)
     EXPECT_EQ(item.TTCMembers.Count(), 0U);
 }
 
+TEST_F(AddFieldsAsPropertiesTest, TheFirstNameOfARenamedPropertyIsStillTaken)
+{
+    OwnTable("Orders").Fields = {Field("A", adInteger)};
+    AddFieldsAsProperties(edit);
+    item.TTCProperties.Item("A")->PropertyName = "Alpha";
+    item.TTCMembers.Remove("A");
+    catalog.Content["Orders"].Fields.push_back(Field("A_", adInteger));
+    EXPECT_EQ(AddFieldsAsProperties(edit), FieldsOutcome::Read);
+    EXPECT_EQ(PropertyNames(), Texts{"Alpha"});
+    EXPECT_EQ(Titles(), Texts{"Duplicate Property Name"});
+}
+
 TEST_F(AddFieldsAsPropertiesTest, BuiltInPropertiesAreNeverPruned)
 {
     OwnTable("Orders").Fields = {};

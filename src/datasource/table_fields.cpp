@@ -70,7 +70,7 @@ void AddField(ClassEdit& edit, const CatalogField& field, PropertiesByField& ind
     if (!FitsProject(field.Name, edit.CodePage, edit.Messages))
         return;
     const std::string name = MakeMemberName(field.Name, edit.Messages);
-    if (!edit.Class.TTCMembers.Add(name, name)) {
+    if (edit.Class.TTCProperties.Contains(name) || !edit.Class.TTCMembers.Add(name, name)) {
         edit.Messages.Tell("Duplicate Property Name",
                            "The field name '" + field.Name + "' conflicts with an existing property in the " +
                                edit.Class.ClassName + " class. This field cannot be added as a property at this time.",

@@ -64,7 +64,7 @@ void InitialiseClass(ClassEdit& edit, const NewClass& request)
     KZMClass& item = edit.Class;
     item.TableName = request.TableName;
     item.ParentClassName = request.ParentClassName == kNotApplicable ? std::string{} : request.ParentClassName;
-    item.ReadOnly = request.TableAccess == Access::ReadOnly;
+    item.ReadOnly = request.Access == ClassAccess::ReadOnly;
     if (item.TableName.empty()) {
         item.ClassName = "NewClass";
         item.CollectionName = "NewClasses";

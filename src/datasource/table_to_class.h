@@ -18,7 +18,7 @@ enum class Placement
     Lookup = 2,      // under "Lookup/Domain Classes"
 };
 
-enum class Access
+enum class ClassAccess
 {
     Updatable,
     ReadOnly, // a view, or a data source that can't be written
@@ -29,7 +29,7 @@ struct NewClass
     std::string TableName;       // "" for a class that stands on no table
     std::string ParentClassName; // "" or "n/a" for none
     Placement Place = Placement::Root;
-    Access TableAccess = Access::Updatable;
+    ClassAccess Access = ClassAccess::Updatable;
 };
 
 // Gives an empty class its table, parent, names and the defaults of its place, then applies the collection box.

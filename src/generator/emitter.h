@@ -24,6 +24,7 @@ class Emitter
   public:
     // Both must outlive the emitter.
     Emitter(TTCOutputs& lines, const ScopeType& scope) : lines_(lines), scope_(scope) {}
+    Emitter(TTCOutputs& lines, const ScopeType&& scope) = delete;
 
     void operator()(TemplateLine<std::type_identity_t<ScopeType>> line, LineClass lineClass = LineClass::Code, Quotes quotes = Quotes::AsWritten) const { lines_.Add(Text(line, quotes), lineClass); }
 
@@ -45,6 +46,8 @@ class Emitter
     {
         return Emitter<Other>(lines_, scope);
     }
+    template <class Other>
+    Emitter<Other> About(const Other&& scope) const = delete;
 
     [[nodiscard]] const ScopeType& Scope() const { return scope_; }
     [[nodiscard]] TTCOutputs& Lines() const { return lines_; }

@@ -86,7 +86,7 @@ std::string Refusal(std::string_view member, std::string_view value, std::string
 
 bool HasStem(std::string_view fileName)
 {
-    return fileName.find('.') != 0;
+    return fileName.rfind('.') != 0;
 }
 
 std::optional<std::string> ReasonAgainst(const NamedFile& file)

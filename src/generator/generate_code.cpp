@@ -161,8 +161,9 @@ bool CodeGeneration::WriteProject(const KZMClasses& classes, const std::string& 
     }
     SweepFolder(ports_, targetFolder);
     const ChildIndex children(classes);
+    const GenerationContext context{project, classes, children, ports_.Asking, ErrorText};
     try {
-        ProjectWriter(*this, files, {project, classes, children, ports_.Asking, ErrorText}).Run();
+        ProjectWriter(*this, files, context).Run();
     } catch (const RunAborted& abort) {
         ErrorText = abort.what();
         return false;

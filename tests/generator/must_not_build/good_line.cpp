@@ -1,0 +1,7 @@
+// builds
+#include "template.h"
+
+void Write(const veldrane::Emitter<veldrane::GreetingScope>& emit)
+{
+    emit("Dim {Name} as String");
+}

@@ -18,7 +18,8 @@
 namespace veldrane {
 
 // Opens a data source. Throws DataSourceError with the driver's own words.
-using OpenDataSource = std::function<std::unique_ptr<DataSourceConnection>(const std::string& text, StringOrigin origin)>;
+using OpenDataSource =
+    std::function<std::unique_ptr<DataSourceConnection>(const std::string& text, StringOrigin origin)>;
 
 // Lines for whoever watches the run; nothing where nobody does.
 using ShowProgress = std::function<void(int percent, const std::string& line)>;

@@ -1,6 +1,6 @@
 #include "shell/command_line.h"
 
-#include "shell/product.h"
+#include "generator/generation_settings.h"
 
 #include <CLI/CLI.hpp>
 

@@ -23,16 +23,16 @@ class DefineRun
 {
   public:
     DefineRun(const Application& application, const DefineCommand& command)
-        : application_(application), command_(command), path_(std::filesystem::absolute(command.File).lexically_normal().string()),
-          session_(application)
-    {
-    }
+        : application_(application), command_(command),
+          path_(std::filesystem::absolute(command.File).lexically_normal().string()), session_(application)
+    {}
 
     int Run()
     {
         if (!StartProject() || !ApplySettings() || !ConnectDataSource())
             return exit_code::kFailed;
-        if (session_.ActiveConnection() != nullptr && !Guarded(application_.Errors, "Veldrane", "define", [&] { DefineClasses(); }))
+        if (session_.ActiveConnection() != nullptr &&
+            !Guarded(application_.Errors, "Veldrane", "define", [&] { DefineClasses(); }))
             return exit_code::kFailed;
         if (!session_.Save())
             return exit_code::kFailed;
@@ -51,7 +51,8 @@ class DefineRun
     bool StartProject()
     {
         if (application_.Files.Kind(path_) != FileKind::Missing)
-            return session_.Open(path_, command_.Connection.empty() ? DataSourceOnOpen::Connect : DataSourceOnOpen::LeaveClosed);
+            return session_.Open(path_, command_.Connection.empty() ? DataSourceOnOpen::Connect
+                                                                    : DataSourceOnOpen::LeaveClosed);
         session_.New();
         const std::filesystem::path file(path_);
         Project().VBProjectName = MakeValidName(file.stem().string());
@@ -105,7 +106,8 @@ class DefineRun
         catalog_->ExpectManyTables();
         ListClassTables();
         RefreshClasses();
-        const DefinePlan plan = PlanDefinition(catalog_->Tables(), command_.Request, [this](const std::string& table) { return RelatedTablesOf(table); });
+        const DefinePlan plan = PlanDefinition(catalog_->Tables(), command_.Request,
+                                               [this](const std::string& table) { return RelatedTablesOf(table); });
         for (const std::string& name : plan.Unknown)
             Refuse("the data source has no table or view named '" + name + "'.");
         std::size_t done = 0;
@@ -152,7 +154,8 @@ class DefineRun
                 continue;
             ClassEdit edit = EditOf(item);
             if (RefreshClass(edit) != FieldsOutcome::Read)
-                Refuse("the class " + item.ClassName + " stays as it was: its table '" + item.TableName + "' could not be read.");
+                Refuse("the class " + item.ClassName + " stays as it was: its table '" + item.TableName +
+                       "' could not be read.");
         }
     }
 
@@ -163,7 +166,8 @@ class DefineRun
             return;
         const std::string parent = planned.Place == PlannedPlace::Child ? ParentClassOf(planned) : "";
         if (planned.Place == PlannedPlace::Child && parent.empty())
-            return Refuse("there is no class or table '" + planned.Parent + "' in the project to stand above: " + leftOut);
+            return Refuse("there is no class or table '" + planned.Parent +
+                          "' in the project to stand above: " + leftOut);
         if (!AddClass(planned, parent))
             Refuse(leftOut);
     }
@@ -181,12 +185,13 @@ class DefineRun
     {
         const auto item = std::make_shared<KZMClass>();
         ClassEdit edit = EditOf(*item);
-        const BuildOutcome outcome = BuildClass(edit,
-                                                {.TableName = planned.TableName,
-                                                 .ParentClassName = parent,
-                                                 .Place = PlacementOf(planned.Place),
-                                                 .TableAccess = planned.IsView ? Access::ReadOnly : Access::Updatable},
-                                                session_.Classes());
+        const BuildOutcome outcome =
+            BuildClass(edit,
+                       {.TableName = planned.TableName,
+                        .ParentClassName = parent,
+                        .Place = PlacementOf(planned.Place),
+                        .Access = planned.IsView ? ClassAccess::ReadOnly : ClassAccess::Updatable},
+                       session_.Classes());
         if (outcome != BuildOutcome::Built)
             return false;
         if (command_.Collections && IsRootClass(*item)) {

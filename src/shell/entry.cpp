@@ -46,7 +46,9 @@ ShowProgress ProgressOn(const ProgramStreams& streams)
 {
     if (!streams.ErrorOutputIsTerminal)
         return [](int /*percent*/, const std::string& /*line*/) {};
-    return [&out = streams.ErrorOutput](int percent, const std::string& line) { out << '[' << std::setw(3) << percent << "%] " << line << '\n'; };
+    return [&out = streams.ErrorOutput](int percent, const std::string& line) {
+        out << '[' << std::setw(3) << percent << "%] " << line << '\n';
+    };
 }
 
 int RunOn(const Application& application, const Command& command)
@@ -77,13 +79,17 @@ int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStrea
         .Files = files,
         .Time = clock,
         .Programs = programs,
-        .Connect =
-            [&](const std::string& text, StringOrigin origin) {
-                auto connection = std::make_unique<OdbcConnection>();
-                connection->Open(text);
-                return connection;
-            },
-        .Generation = {.CodePage = platform.CodePage, .VisualBasicCommand = platform.VisualBasicCommand, .ApplicationFolder = StateFolder()},
+        .Connect = [&](const std::string& text, StringOrigin origin) -> std::unique_ptr<DataSourceConnection> {
+            auto connection =
+                std::make_unique<OdbcConnection>(OdbcConnectionOptions{.Origin = origin,
+                                                                       .ConnectTimeout = platform.ConnectTimeout,
+                                                                       .StatementTimeout = platform.StatementTimeout});
+            connection->Open(text);
+            return connection;
+        },
+        .Generation = {.CodePage = platform.CodePage,
+                       .VisualBasicCommand = platform.VisualBasicCommand,
+                       .ApplicationFolder = StateFolder()},
         .Output = streams.Output,
         .ErrorOutput = streams.ErrorOutput,
         .Progress = ProgressOn(streams),

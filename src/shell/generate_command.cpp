@@ -31,8 +31,10 @@ class LeaveAndTell : public ConflictResolver
 
     [[nodiscard]] ConflictAnswer ResolveConflict(const std::string& path, const std::string& fileName) override
     {
-        messages_.Tell("File Conflict on " + fileName,
-                       "The file: '" + path + "' already exists in the target directory.\r\nAnswer: &Leave the existing file alone, don't overwrite it");
+        messages_.Tell(
+            "File Conflict on " + fileName,
+            "The file: '" + path +
+                "' already exists in the target directory.\r\nAnswer: &Leave the existing file alone, don't overwrite it");
         return ConflictAnswer::Leave;
     }
 
@@ -45,21 +47,23 @@ class GenerateRun
 {
   public:
     GenerateRun(const Application& application, const TTCProject& project)
-        : application_(application), conflicts_(application.Asking),
-          generation_(project,
-                      {.Asking = application.Asking,
-                       .Errors = application.Errors,
-                       .Files = application.Files,
-                       .Time = application.Time,
-                       .Programs = application.Programs,
-                       .Conflicts = conflicts_},
-                      application.Generation)
+        : application_(application), conflicts_(application.Asking), generation_(project,
+                                                                                 {.Asking = application.Asking,
+                                                                                  .Errors = application.Errors,
+                                                                                  .Files = application.Files,
+                                                                                  .Time = application.Time,
+                                                                                  .Programs = application.Programs,
+                                                                                  .Conflicts = conflicts_},
+                                                                                 application.Generation)
     {
         connections_ = {
             generation_.Progress.Connect([this](int percent) { percent_ = percent; }),
-            generation_.StatusChanged.Connect([this](int /*stage*/, const std::string& line) { application_.Progress(percent_, line); }),
-            generation_.OperationComplete.Connect([this](const std::string& message) { End(message, exit_code::kDone); }),
-            generation_.OperationAborted.Connect([this](const std::string& message) { End(message, exit_code::kFailed); }),
+            generation_.StatusChanged.Connect(
+                [this](int /*stage*/, const std::string& line) { application_.Progress(percent_, line); }),
+            generation_.OperationComplete.Connect(
+                [this](const std::string& message) { End(message, exit_code::kDone); }),
+            generation_.OperationAborted.Connect(
+                [this](const std::string& message) { End(message, exit_code::kFailed); }),
         };
     }
 

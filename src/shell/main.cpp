@@ -9,6 +9,7 @@
 int main(int argumentCount, char** arguments)
 {
     veldrane::RemoveTemporariesOnSignal();
-    return veldrane::RunProgram(std::vector<std::string>(arguments + 1, arguments + argumentCount),
-                                {.Output = std::cout, .ErrorOutput = std::cerr, .ErrorOutputIsTerminal = isatty(STDERR_FILENO) == 1});
+    return veldrane::RunProgram(
+        std::vector<std::string>(arguments + 1, arguments + argumentCount),
+        {.Output = std::cout, .ErrorOutput = std::cerr, .ErrorOutputIsTerminal = isatty(STDERR_FILENO) == 1});
 }

@@ -25,7 +25,8 @@ text::CodePage CodePageOf(const std::string& value)
     try {
         return text::CodePage(text::ToLong(value));
     } catch (const RuntimeError& error) {
-        throw RuntimeError(error.Number, error.Source, "The setting CodePage in the section Platform is '" + value + "'. " + error.Description());
+        throw RuntimeError(error.Number, error.Source,
+                           "The setting CodePage in the section Platform is '" + value + "'. " + error.Description());
     }
 }
 

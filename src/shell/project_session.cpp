@@ -35,13 +35,15 @@ bool ProjectSession::Open(const std::string& path, DataSourceOnOpen dataSource)
 {
     StartDocument(dataSource);
     Project().Clear();
-    TTCFileManagement files(application_.Files, application_.Asking, application_.Errors, application_.Generation.CodePage);
+    TTCFileManagement files(application_.Files, application_.Asking, application_.Errors,
+                            application_.Generation.CodePage);
     return files.OpenProject(Project(), Classes(), path);
 }
 
 bool ProjectSession::Save()
 {
-    TTCFileManagement files(application_.Files, application_.Asking, application_.Errors, application_.Generation.CodePage);
+    TTCFileManagement files(application_.Files, application_.Asking, application_.Errors,
+                            application_.Generation.CodePage);
     return files.SaveProject(Project(), Classes());
 }
 
@@ -50,9 +52,11 @@ bool ProjectSession::ConnectDataSource(StringOrigin origin)
     activeConnection_.reset();
     const auto report = [&](const RuntimeError& error) {
         application_.Errors.ReportError(
-            error, {.ModuleName = application_.Generation.AppTitle,
-                    .RoutineName = "Open Datasource",
-                    .Hint = "If you would like to modify your DataSource, you may do so by selecting Project|Edit DataSource from the menu."});
+            error,
+            {.ModuleName = application_.Generation.AppTitle,
+             .RoutineName = "Open Datasource",
+             .Hint =
+                 "If you would like to modify your DataSource, you may do so by selecting Project|Edit DataSource from the menu."});
     };
     try {
         activeConnection_ = application_.Connect(Project().ConnectionString(), origin);

@@ -8,28 +8,32 @@ namespace veldrane {
 namespace {
 
 using testing::Ended;
-using testing::Program;
 using ::testing::HasSubstr;
 using ::testing::Not;
+using testing::Program;
 using ::testing::StartsWith;
 
-constexpr char kNotes[] = "CREATE TABLE Notes (NoteID INTEGER PRIMARY KEY AUTOINCREMENT, Title VARCHAR(50) NOT NULL, Body TEXT);"
-                          "CREATE TABLE Tags (Tag VARCHAR(20) NOT NULL PRIMARY KEY, NoteID INTEGER REFERENCES Notes (NoteID));"
-                          "CREATE VIEW Recent AS SELECT NoteID, Title FROM Notes;";
+constexpr char kNotes[] =
+    "CREATE TABLE Notes (NoteID INTEGER PRIMARY KEY AUTOINCREMENT, Title VARCHAR(50) NOT NULL, Body TEXT);"
+    "CREATE TABLE Tags (Tag VARCHAR(20) NOT NULL PRIMARY KEY, NoteID INTEGER REFERENCES Notes (NoteID));"
+    "CREATE VIEW Recent AS SELECT NoteID, Title FROM Notes;";
 
 struct Define : ::testing::Test
 {
     Ended Run(const std::vector<std::string>& more)
     {
-        std::vector<std::string> arguments{"define", Workspace.Path("Notes.kzm")};
+        std::vector<std::string> arguments{"define", Workspace.Path("Desk.kzm")};
         arguments.insert(arguments.end(), more.begin(), more.end());
         return Workspace.Run(arguments);
     }
 
     // The value line of a project file.
-    static std::string Line(const std::string& key, const std::string& value) { return "\r\n" + key + "\2" + value + "\r\n"; }
+    static std::string Line(const std::string& key, const std::string& value)
+    {
+        return "\r\n" + key + "\2" + value + "\r\n";
+    }
 
-    std::string File() { return Workspace.ReadFile("Notes.kzm"); }
+    std::string File() { return Workspace.ReadFile("Desk.kzm"); }
 
     // The lines of one class in the file.
     std::string ClassBlock(const std::string& className)
@@ -50,9 +54,9 @@ TEST_F(Define, MakesAProjectFromEveryTable)
     EXPECT_EQ(ended.ExitCode, 0) << ended.ErrorOutput;
     EXPECT_EQ(ended.Output, "");
     EXPECT_THAT(File(), StartsWith("Veldrane Professional 2000 Data File\r\n\r\nBegin Project\r\n"));
-    EXPECT_THAT(File(), HasSubstr(Line("VBProjectName", "Notes")));
-    EXPECT_THAT(File(), HasSubstr(Line("FileName", "Notes.kzm")));
-    EXPECT_THAT(File(), HasSubstr(Line("FullPath", Workspace.Path("Notes.kzm"))));
+    EXPECT_THAT(File(), HasSubstr(Line("VBProjectName", "Desk")));
+    EXPECT_THAT(File(), HasSubstr(Line("FileName", "Desk.kzm")));
+    EXPECT_THAT(File(), HasSubstr(Line("FullPath", Workspace.Path("Desk.kzm"))));
     EXPECT_THAT(ClassBlock("Note"), HasSubstr(Line("TableName", "Notes")));
     EXPECT_THAT(ClassBlock("Tag"), HasSubstr(Line("ParentClassName", "Note")));
     EXPECT_EQ(ClassBlock("Recent"), "") << "--all takes tables alone";
@@ -94,8 +98,7 @@ TEST_F(Define, GivesRootClassesACollectionOnlyIfAsked)
 {
     EXPECT_EQ(Run({"--connection", Notes, "--table", "Notes"}).ExitCode, 0);
     EXPECT_THAT(ClassBlock("Note"), Not(HasSubstr("CreateCollection")));
-    Workspace.WriteFile("Notes.kzm", "");
-    std::filesystem::remove(Workspace.Path("Notes.kzm"));
+    std::filesystem::remove(Workspace.Path("Desk.kzm"));
     EXPECT_EQ(Run({"--connection", Notes, "--table", "Notes", "--collections"}).ExitCode, 0);
     EXPECT_THAT(ClassBlock("Note"), HasSubstr("CreateCollection\2True"));
     EXPECT_THAT(ClassBlock("Note"), HasSubstr("Begin Method RetrieveList\r\n"));
@@ -106,7 +109,7 @@ TEST_F(Define, TellsTheRowIdentifierFromTheCommandLine)
     EXPECT_EQ(Run({"--connection", Notes, "--table", "Notes"}).ExitCode, 0);
     EXPECT_THAT(ClassBlock("Note"), HasSubstr("RetrieveByIdentityCol\2True"));
     EXPECT_THAT(ClassBlock("Note"), Not(HasSubstr("RetrieveByPrimaryKey")));
-    std::filesystem::remove(Workspace.Path("Notes.kzm"));
+    std::filesystem::remove(Workspace.Path("Desk.kzm"));
     EXPECT_EQ(Run({"--connection", Notes, "--table", "Notes", "--by", "primary-key"}).ExitCode, 0);
     EXPECT_THAT(ClassBlock("Note"), HasSubstr("RetrieveByPrimaryKey\2True"));
     EXPECT_THAT(ClassBlock("Note"), HasSubstr("DeleteByPrimaryKey\2True"));
@@ -126,7 +129,7 @@ TEST_F(Define, RunAgainChangesNothing)
     const Ended ended = Run({"--all", "--collections"});
     EXPECT_EQ(ended.ExitCode, 0) << ended.ErrorOutput;
     EXPECT_EQ(File(), first);
-    EXPECT_EQ(Workspace.ReadFile("Notes.bak"), first);
+    EXPECT_EQ(Workspace.ReadFile("Desk.bak"), first);
 }
 
 TEST_F(Define, FollowsTheTableAndKeepsWhatTheUserChanged)
@@ -135,13 +138,15 @@ TEST_F(Define, FollowsTheTableAndKeepsWhatTheUserChanged)
     const std::string edited = text::ReplaceAll(File(), "Begin Property Title\r\nAddToClass\2True\r\nDataType\2String",
                                                 "Begin Property Title\r\nAddToClass\2True\r\nDataType\2Variant");
     ASSERT_NE(edited, File());
-    Workspace.WriteFile("Notes.kzm", edited);
-    Workspace.MakeDatabase("notes.db", "ALTER TABLE Notes ADD COLUMN Pinned BOOLEAN; DROP VIEW Recent; ALTER TABLE Notes DROP COLUMN Body;");
+    Workspace.WriteFile("Desk.kzm", edited);
+    Workspace.MakeDatabase(
+        "notes.db",
+        "ALTER TABLE Notes ADD COLUMN Pinned BOOLEAN; DROP VIEW Recent; ALTER TABLE Notes DROP COLUMN Body;");
     EXPECT_EQ(Run({}).ExitCode, 0);
     EXPECT_THAT(ClassBlock("Note"), HasSubstr("Begin Property Pinned\r\n"));
     EXPECT_THAT(ClassBlock("Note"), Not(HasSubstr("Begin Property Body\r\n")));
     EXPECT_THAT(ClassBlock("Note"), HasSubstr("DataType\2Variant"));
-    EXPECT_EQ(Workspace.ReadFile("Notes.bak"), edited);
+    EXPECT_EQ(Workspace.ReadFile("Desk.bak"), edited);
 }
 
 TEST_F(Define, LeavesAClassWhoseTableIsGoneAsItWas)
@@ -158,8 +163,9 @@ TEST_F(Define, LeavesAClassWhoseTableIsGoneAsItWas)
 
 TEST_F(Define, LeavesOutANameThatTheChecksRefuseAndSavesTheRest)
 {
-    const std::string connection =
-        Workspace.MakeDatabase("long.db", "CREATE TABLE AVeryLongTableNameThatNoProgramIdentifierHolds (ID INTEGER PRIMARY KEY); CREATE TABLE Short (ID INTEGER);");
+    const std::string connection = Workspace.MakeDatabase(
+        "long.db",
+        "CREATE TABLE AVeryLongTableNameThatNoProgramIdentifierHolds (ID INTEGER PRIMARY KEY); CREATE TABLE Short (ID INTEGER);");
     const Ended ended = Run({"--connection", connection, "--all"});
     EXPECT_EQ(ended.ExitCode, 1);
     EXPECT_THAT(ended.ErrorOutput, HasSubstr("exceeds 39 characters"));
@@ -171,7 +177,8 @@ TEST_F(Define, LeavesOutAChildWhoseParentIsNowhere)
 {
     const Ended ended = Run({"--connection", Notes, "--table", "Tags=Nobody"});
     EXPECT_EQ(ended.ExitCode, 1);
-    EXPECT_THAT(ended.ErrorOutput, HasSubstr("there is no class or table 'Nobody' in the project to stand above: 'Tags' is left out."));
+    EXPECT_THAT(ended.ErrorOutput,
+                HasSubstr("there is no class or table 'Nobody' in the project to stand above: 'Tags' is left out."));
     EXPECT_EQ(ClassBlock("Tag"), "");
 }
 
@@ -195,7 +202,7 @@ TEST_F(Define, NeedsADataSourceForClasses)
     const Ended ended = Run({"--all"});
     EXPECT_EQ(ended.ExitCode, 1);
     EXPECT_THAT(ended.ErrorOutput, HasSubstr("the project has no data source: give one with --connection."));
-    EXPECT_FALSE(std::filesystem::exists(Workspace.Path("Notes.kzm")));
+    EXPECT_FALSE(std::filesystem::exists(Workspace.Path("Desk.kzm")));
 }
 
 TEST_F(Define, SaysThatAnotherConnectionReplacesTheProjects)
@@ -212,7 +219,8 @@ TEST_F(Define, ChangesNothingWhenTheConnectionFails)
 {
     Run({"--connection", Notes, "--table", "Notes"});
     const std::string before = File();
-    const Ended ended = Run({"--connection", "PROVIDER=MSDASQL;Driver=SQLite3;Database=" + Workspace.Path("missing.db") + ";"});
+    const Ended ended =
+        Run({"--connection", "PROVIDER=MSDASQL;Driver=SQLite3;Database=" + Workspace.Path("missing.db") + ";"});
     EXPECT_EQ(ended.ExitCode, 1);
     EXPECT_FALSE(std::filesystem::exists(Workspace.Path("missing.db")));
     EXPECT_EQ(File(), before);
@@ -233,7 +241,7 @@ TEST_F(Define, RefusesSettingsThatAFileCannotHold)
         const Ended ended = Run({"--set", setting});
         EXPECT_EQ(ended.ExitCode, 1) << setting;
         EXPECT_THAT(ended.ErrorOutput, HasSubstr(text)) << setting;
-        EXPECT_FALSE(std::filesystem::exists(Workspace.Path("Notes.kzm"))) << setting;
+        EXPECT_FALSE(std::filesystem::exists(Workspace.Path("Desk.kzm"))) << setting;
     }
 }
 
@@ -246,10 +254,11 @@ TEST_F(Define, WantsAFileOfItsOwnKind)
 
 TEST_F(Define, LeavesAFileThatIsNoProjectAlone)
 {
-    Workspace.WriteFile("Notes.kzm", "something else\r\n");
+    Workspace.WriteFile("Desk.kzm", "something else\r\n");
     const Ended ended = Run({"--connection", Notes, "--all"});
     EXPECT_EQ(ended.ExitCode, 1);
-    EXPECT_THAT(ended.ErrorOutput, HasSubstr("This file is not a Veldrane Professional 2000 Data File. Unable to open file."));
+    EXPECT_THAT(ended.ErrorOutput,
+                HasSubstr("This file is not a Veldrane Professional 2000 Data File. Unable to open file."));
     EXPECT_EQ(File(), "something else\r\n");
 }
 

@@ -15,17 +15,18 @@ namespace {
 namespace fs = std::filesystem;
 
 using testing::Ended;
-using testing::Program;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
+using testing::Program;
 
 struct Generate : ::testing::Test
 {
     Generate()
     {
         fs::create_directory(Workspace.Path("out"));
-        const Ended defined = Workspace.Run({"define", Workspace.Path("Shop.kzm"), "--connection", Workspace.MakeShop(), "--all"});
+        const Ended defined =
+            Workspace.Run({"define", Workspace.Path("Shop.kzm"), "--connection", Workspace.MakeShop(), "--all"});
         EXPECT_EQ(defined.ExitCode, 0) << defined.ErrorOutput;
     }
 
@@ -61,7 +62,8 @@ TEST_F(Generate, WritesTheProjectAndSaysNothing)
     const Ended ended = Run();
     EXPECT_EQ(ended.ExitCode, 0);
     EXPECT_EQ(ended.Output, "");
-    for (const char* name : {"Shop.vbp", "TestShop.vbp", "TestShop.vbg", "Globals.Bas", "Customer.cls", "Order.cls", "xmlAssist.cls"})
+    for (const char* name :
+         {"Shop.vbp", "TestShop.vbp", "TestShop.vbg", "Globals.Bas", "Customer.cls", "Order.cls", "xmlAssist.cls"})
         EXPECT_TRUE(fs::exists(Workspace.Path("out/" + std::string(name)))) << name;
 }
 
@@ -157,12 +159,17 @@ TEST_F(Generate, GoesOnWithoutADataSource)
 {
     const std::string good = Workspace.ReadFile("Shop.kzm");
     Workspace.WriteFile("text.db", "this is no database, but long enough to have been one if it had wanted to");
-    for (const std::string& database : {Workspace.Path("gone.db"), Workspace.Path("text.db"), Workspace.Path("out")}) {
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {Workspace.Path("gone.db"), "ADO SQL State: "},
+        {Workspace.Path("text.db"), "file is not a database"},
+        {Workspace.Path("out"), "is not a file"},
+    };
+    for (const auto& [database, words] : cases) {
         Workspace.WriteFile("Shop.kzm", text::ReplaceAll(good, Workspace.Path("shop.db"), database));
         const Ended ended = Run();
         EXPECT_EQ(ended.ExitCode, 0) << database;
-        EXPECT_THAT(ended.ErrorOutput, HasSubstr("Open Datasource")) << database;
-        EXPECT_THAT(ended.ErrorOutput, HasSubstr("ADO Errors Follow:")) << database;
+        EXPECT_THAT(ended.ErrorOutput, HasSubstr("Routine: Open Datasource")) << database;
+        EXPECT_THAT(ended.ErrorOutput, HasSubstr(words)) << database;
         EXPECT_TRUE(fs::exists(Workspace.Path("out/Customer.cls"))) << database;
     }
     EXPECT_FALSE(fs::exists(Workspace.Path("gone.db")));
@@ -172,16 +179,17 @@ TEST_F(Generate, GivesADriverNothingThatCouldRunOrWrite)
 {
     const std::string good = Workspace.ReadFile("Shop.kzm");
     const std::vector<std::pair<std::string, std::string>> cases{
-        {"Driver=SQLite3;", "Driver=SQLite3;LoadExt=/tmp/evil.so;"},
-        {"Driver=SQLite3;", "Driver=SQLite3;Tracefile=" + Workspace.Path("trace") + ";"},
-        {"Driver=SQLite3;", "Driver=/tmp/evil.so;"},
-        {"Driver=SQLite3;", "FILEDSN=" + Workspace.Path("evil.dsn") + ";"},
+        {"LoadExt", "Driver=SQLite3;LoadExt=/tmp/evil.so;"},
+        {"Tracefile", "Driver=SQLite3;Tracefile=" + Workspace.Path("trace") + ";"},
+        {"A project may not name a library as its \"Driver\".", "Driver=/tmp/evil.so;"},
+        {"FILEDSN", "Driver=SQLite3;FILEDSN=" + Workspace.Path("evil.dsn") + ";"},
+        {"SAVEFILE", "Driver=SQLite3;SAVEFILE=" + Workspace.Path("trace") + ";"},
     };
-    for (const auto& [find, replacement] : cases) {
-        Workspace.WriteFile("Shop.kzm", text::ReplaceAll(good, find, replacement));
+    for (const auto& [named, replacement] : cases) {
+        Workspace.WriteFile("Shop.kzm", text::ReplaceAll(good, "Driver=SQLite3;", replacement));
         const Ended ended = Run();
         EXPECT_EQ(ended.ExitCode, 0) << replacement;
-        EXPECT_THAT(ended.ErrorOutput, HasSubstr(replacement.substr(replacement.find("Driver=SQLite3;") == 0 ? 15 : 0, 6))) << replacement;
+        EXPECT_THAT(ended.ErrorOutput, HasSubstr(named)) << replacement;
         EXPECT_FALSE(fs::exists(Workspace.Path("trace")));
     }
 }

@@ -104,13 +104,13 @@ std::string FirstDifference(const std::string& kept, const std::string& made)
         return line == lines.end() ? std::string("(end of file)") : Shown(*line);
     };
     std::ostringstream text;
-    text << "line " << at.first - keptLines.begin() + 1 << "\n-" << shown(keptLines, at.first) << "\n+" << shown(madeLines, at.second);
+    text << "line " << at.first - keptLines.begin() + 1 << "\n-" << shown(keptLines, at.first) << "\n+"
+         << shown(madeLines, at.second);
     return text.str();
 }
 
 class Golden : public ::testing::TestWithParam<std::string>
-{
-};
+{};
 
 TEST_P(Golden, IsMadeAgainByteForByte)
 {

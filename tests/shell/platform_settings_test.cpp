@@ -50,7 +50,8 @@ TEST(PlatformSettings, NameACodePageThatIsNone)
             static_cast<void>(ReadPlatformSettings(settings));
             ADD_FAILURE() << value;
         } catch (const RuntimeError& error) {
-            EXPECT_THAT(error.Description(), ::testing::HasSubstr("The setting CodePage in the section Platform is '" + std::string(value) + "'."));
+            EXPECT_THAT(error.Description(), ::testing::HasSubstr("The setting CodePage in the section Platform is '" +
+                                                                  std::string(value) + "'."));
         }
     }
 }

@@ -33,8 +33,8 @@ class Signal
     ~Signal() = default;
     Signal(const Signal&) = delete;
     Signal& operator=(const Signal&) = delete;
-    Signal(Signal&&) = default;
-    Signal& operator=(Signal&&) = default;
+    Signal(Signal&&) noexcept = default;
+    Signal& operator=(Signal&&) noexcept = default;
 
     // Subscribes for as long as the connection lives.
     [[nodiscard]] Connection Connect(Listener listener)

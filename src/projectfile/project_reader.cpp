@@ -71,6 +71,7 @@ void ReadProjectInfo(LineStream& stream, TTCProject& project)
     }
     if (stream.AtEnd())
         throw RuntimeError(error_number::kInvalidCall, "TTCFileManagement", "The file has no section of the project.");
+    project.AutosaveProject = false; // a new project has it on, and a file says so by its line
     ProjectSection section(project);
     bool empty = true;
     while (!stream.AtEnd()) {

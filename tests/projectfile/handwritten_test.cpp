@@ -132,7 +132,6 @@ TEST_P(Handwritten, IsTheSameFileWhenReadAndSavedAgain)
     TTCProject again;
     KZMClasses classesAgain;
     again.Clear();
-    again.AutosaveProject = false; // its line is left out for False, and an absent line leaves the member as it is
     ASSERT_TRUE(management_.OpenProject(again, classesAgain, kPath));
     ASSERT_TRUE(management_.SaveProject(again, classesAgain));
     EXPECT_EQ(files_.Files[kPath], once);

@@ -8,7 +8,8 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 add_library(veldrane_compiler INTERFACE)
 target_compile_options(veldrane_compiler INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Wold-style-cast
-  -Woverloaded-virtual -Wcast-qual -Wformat=2 -Werror)
+  -Woverloaded-virtual -Wcast-qual -Wformat=2 -Werror
+  -Wno-missing-field-initializers) # designated initialisers name what they set, and leave out the rest on purpose
 if(VELDRANE_SANITIZE)
   target_compile_options(veldrane_compiler INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

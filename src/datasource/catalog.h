@@ -2,6 +2,7 @@
 
 #include "datasource/data_source_error.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -15,6 +16,8 @@ struct CatalogTable
 {
     std::string Name;
     std::string Type;
+    std::size_t SchemaSize =
+        0; // bytes of the schema and its point in front of the table's own name; 0 if there are none
 };
 
 // Bits of CatalogField::Attributes (the published ADO FieldAttributeEnum).

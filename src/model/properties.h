@@ -82,30 +82,30 @@ struct TTCProperty
     bool Include = false;
 };
 
-// What TTCProperties::Add takes, in its order.
+// What TTCProperties::Add takes, in its order; what is left out is empty.
 struct NewProperty
 {
     bool ReadOnly = false;
     bool AddToClass = false;
     bool FieldAllowsNull = false; // accepted and dropped
-    std::string FieldName;
-    std::string FieldDataType;
+    std::string FieldName{};
+    std::string FieldDataType{};
     bool FieldIsIdentityCol = false;
-    std::string PropertyName;
-    std::string DataType;
-    std::string Scope;
+    std::string PropertyName{};
+    std::string DataType{};
+    std::string Scope{};
     bool DefaultProperty = false;
-    std::string AttributeDescription;
+    std::string AttributeDescription{};
     bool PropertyGet = false;
     bool PropertyLetSet = false;
     bool EnforceMaxLength = false;
     std::int32_t MaxLength = 0;
     bool DisplayTruncationMessage = false;
-    std::string LookupTable;
-    std::string LookupJoinField;
+    std::string LookupTable{};
+    std::string LookupJoinField{};
     bool LookupUseOuterJoin = false;
     bool PlusProperty = false;
-    veldrane::TTCLookupFields TTCLookupFields;
+    veldrane::TTCLookupFields TTCLookupFields{};
 };
 
 class TTCProperties : public KeyedCollection<TTCProperty, CollectionRules{.Item = OnMissing::YieldsNothing,

@@ -24,7 +24,8 @@ class Settings
   public:
     virtual ~Settings() = default;
 
-    // The value, or "" if the section or the value is missing. Cut at its first NUL and after 1024 bytes.
+    // The value, or "" if the section or the value is missing. Cut at its first NUL and after 1024 bytes; no
+    // character is cut in two.
     [[nodiscard]] virtual std::string GetKeyValue(std::string_view section, std::string_view name) const = 0;
 
     // Stores the value, making the section if need be. An empty value is stored as a single blank. Throws RuntimeError

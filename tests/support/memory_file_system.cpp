@@ -47,7 +47,7 @@ std::string MemoryFileSystem::Read(const std::string& path) const
 {
     const auto found = Files.find(path);
     if (found == Files.end())
-        throw RuntimeError(error_number::kFileNotFound, "MemoryFileSystem", path + ": No such file or directory");
+        throw ReadFailure(path);
     return found->second;
 }
 
@@ -67,17 +67,34 @@ void MemoryFileSystem::Copy(const std::string& from, const std::string& to)
 void MemoryFileSystem::Remove(const std::string& path)
 {
     if (Files.erase(path) == 0)
-        throw RuntimeError(error_number::kFileNotFound, "MemoryFileSystem", path + ": No such file or directory");
+        throw ReadFailure(path);
 }
 
 std::vector<std::string> MemoryFileSystem::List(const std::string& folder) const
 {
-    std::vector<std::string> names;
+    if (!Folders.contains(folder))
+        throw ReadFailure(folder);
+    std::set<std::string> names;
     const std::string prefix = folder == "/" ? folder : folder + "/";
+    const auto add = [&](const std::string& path) {
+        if (path.size() > prefix.size() && path.starts_with(prefix) &&
+            path.find('/', prefix.size()) == std::string::npos)
+            names.insert(path.substr(prefix.size()));
+    };
     for (const auto& [path, bytes] : Files)
-        if (path.starts_with(prefix) && path.find('/', prefix.size()) == std::string::npos)
-            names.push_back(path.substr(prefix.size()));
-    return names;
+        add(path);
+    for (const std::string& path : Folders)
+        add(path);
+    return {names.begin(), names.end()};
+}
+
+RuntimeError MemoryFileSystem::ReadFailure(const std::string& path) const
+{
+    if (Folders.contains(path))
+        return {error_number::kPathAccess, "MemoryFileSystem", path + ": Is a directory"};
+    if (Files.contains(path))
+        return {error_number::kPathAccess, "MemoryFileSystem", path + ": Not a directory"};
+    return {error_number::kFileNotFound, "MemoryFileSystem", path + ": No such file or directory"};
 }
 
 std::unique_ptr<FileBatch> MemoryFileSystem::StartBatch()

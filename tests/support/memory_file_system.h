@@ -26,6 +26,9 @@ class MemoryFileSystem : public FileSystem
     std::set<std::string> Folders{"/"};
     std::map<std::string, std::string> Files;
     std::vector<std::string> Swept; // the folders of RemoveAbandoned
+
+  private:
+    [[nodiscard]] RuntimeError ReadFailure(const std::string& path) const;
 };
 
 } // namespace veldrane::testing

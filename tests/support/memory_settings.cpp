@@ -1,17 +1,28 @@
 #include "support/memory_settings.h"
 
 #include "text/case_folding.h"
-
-#include <algorithm>
+#include "text/characters.h"
 
 namespace veldrane::testing {
+namespace {
+
+// As many whole characters as fit into 1024 bytes.
+std::string ReadForm(const std::string& value)
+{
+    constexpr std::size_t kMostBytes = 1024;
+    std::size_t size = 0;
+    while (size < value.size() && size + text::CharacterSize(value, size) <= kMostBytes)
+        size += text::CharacterSize(value, size);
+    return value.substr(0, size);
+}
+
+} // namespace
 
 std::string MemorySettings::GetKeyValue(std::string_view section, std::string_view name) const
 {
-    constexpr std::size_t kMostBytes = 1024;
     for (const auto& [key, value] : GetAllSettings(section))
         if (text::EqualFolded(key, name))
-            return value.substr(0, std::min(value.find('\0'), kMostBytes));
+            return ReadForm(value.substr(0, value.find('\0')));
     return {};
 }
 

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "datasource/catalog.h"
+#include "model/class.h"
+#include "ports/error_report.h"
+#include "ports/messages.h"
+#include "text/code_page.h"
+
+#include <string_view>
+
+namespace veldrane {
+
+// The module under which the rules about a class report their failures.
+inline constexpr std::string_view kClassEditorModule = "frmAddEditClass";
+
+// A class while it is made or changed, with what the rules about it may use. It lives as long as the editor of the
+// class.
+struct ClassEdit
+{
+    KZMClass& Class;
+    Catalog* Source = nullptr; // nothing when no data source is open
+    veldrane::Messages& Messages;
+    ErrorReport& Errors;
+    const text::CodePage& CodePage;
+    bool KeysFailed =
+        false; // an attempt to read the keys has failed: from then on only an identity column is looked for
+};
+
+// The catalog of the data source. Throws DataSourceError kNoOpenConnection if none is open.
+inline Catalog& OpenSource(const ClassEdit& edit)
+{
+    if (!edit.Source)
+        throw DataSourceError(data_source_error::kNoOpenConnection, "Catalog", "No data source is open.");
+    return *edit.Source;
+}
+
+} // namespace veldrane

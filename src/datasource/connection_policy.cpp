@@ -1,0 +1,205 @@
+#include "datasource/connection_policy.h"
+
+#include "text/case_folding.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <vector>
+
+namespace veldrane {
+namespace {
+
+using namespace std::string_view_literals;
+using Entries = std::vector<ConnectionEntry>;
+
+constexpr std::array kOdbcProviders{"MSDASQL"sv, "MSDASQL.1"sv};
+constexpr std::array kPasswordKeys{"PWD"sv, "Password"sv};
+constexpr std::array kServerKeys{"Server"sv, "Servername"sv};
+
+[[noreturn]] void Refuse(const std::string& reason)
+{
+    throw DataSourceError(data_source_error::kFailed, "ConnectionString", reason);
+}
+
+bool IsOneOf(std::string_view word, std::span<const std::string_view> words)
+{
+    return std::any_of(words.begin(), words.end(),
+                       [&](std::string_view each) { return text::EqualFolded(each, word); });
+}
+
+bool HasKey(const Entries& entries, std::string_view key)
+{
+    return std::any_of(entries.begin(), entries.end(),
+                       [&](const ConnectionEntry& entry) { return text::EqualFolded(entry.Key, key); });
+}
+
+void RemoveKey(Entries& entries, std::string_view key)
+{
+    std::erase_if(entries, [&](const ConnectionEntry& entry) { return text::EqualFolded(entry.Key, key); });
+}
+
+void RefuseOtherProviders(const ConnectionString& given)
+{
+    for (const ConnectionEntry& entry : given.Entries())
+        if (text::EqualFolded(entry.Key, "PROVIDER") && !IsOneOf(entry.Value, kOdbcProviders))
+            Refuse("The connection string asks for the provider \"" + entry.Value +
+                   "\", and only data sources of ODBC (MSDASQL) can be opened.");
+}
+
+// What the string is to reach, and the driver that stands behind it.
+struct Target
+{
+    std::string DataSource; // "" if the string names a driver
+    std::string Driver;
+    const DriverProfile* Profile = nullptr;
+};
+
+bool IsPath(std::string_view driver)
+{
+    return driver.find_first_of("/\\") != std::string_view::npos;
+}
+
+std::string LibraryOf(const std::string& driver, const InstalledDrivers& installed)
+{
+    const std::string library = IsPath(driver) ? driver : installed.DriverSetting(driver, "Driver");
+    return library.empty() ? driver : library;
+}
+
+Target FindTarget(const ConnectionString& given, const InstalledDrivers& installed)
+{
+    for (const ConnectionEntry& entry : given.Entries())
+        if (entry.Value.empty() && text::EqualFolded(entry.Key, "Driver"))
+            Refuse("The connection string has an empty \"Driver\".");
+    Target target{.DataSource = given.Value("DSN"), .Driver = given.Value("Driver")};
+    if (target.DataSource.empty() && target.Driver.empty())
+        Refuse("The connection string names neither a data source (DSN) nor a driver (Driver).");
+    const std::string driver =
+        target.Driver.empty() ? installed.DataSourceSetting(target.DataSource, "Driver") : target.Driver;
+    target.Profile = &ProfileOf(LibraryOf(driver, installed));
+    return target;
+}
+
+// The driver manager loads what stands behind "Driver" as a library when it knows no driver of that name.
+void RefuseUnknownTarget(const Target& target, const InstalledDrivers& installed)
+{
+    if (!target.DataSource.empty() && !target.Driver.empty())
+        Refuse("The connection string of a project may set \"DSN\" or \"Driver\", not both.");
+    if (IsPath(target.Driver))
+        Refuse("A project may not name a library as its \"Driver\".");
+    if (!target.Driver.empty() && installed.DriverSetting(target.Driver, "Driver").empty())
+        Refuse("There is no ODBC driver named \"" + target.Driver + "\" on this machine.");
+    if (!target.DataSource.empty() && installed.DataSourceSetting(target.DataSource, "Driver").empty())
+        Refuse("There is no ODBC data source named \"" + target.DataSource + "\" on this machine.");
+}
+
+void RefuseForeignKeys(const ConnectionString& given, const DriverProfile& profile)
+{
+    Entries seen;
+    for (const ConnectionEntry& entry : given.Entries()) {
+        if (!text::EqualFolded(entry.Key, "PROVIDER") && !IsOneOf(entry.Key, profile.ProjectKeys))
+            Refuse("A project may not set the key \"" + entry.Key +
+                   "\" of a connection string; a data source that you have set up yourself may.");
+        // A password for the database comes as a second one, behind that of the login.
+        if (HasKey(seen, entry.Key) && !IsOneOf(entry.Key, kPasswordKeys))
+            Refuse("The connection string sets the key \"" + entry.Key + "\" twice.");
+        seen.push_back(entry);
+        if (text::EqualFolded(entry.Key, "Database") && profile.IsPlainDatabase &&
+            !profile.IsPlainDatabase(entry.Value))
+            Refuse("The \"Database\" of a project's connection string may not carry options.");
+    }
+}
+
+bool IsNumber(std::string_view text)
+{
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// "host:port" and "host,port"; more than one colon is an address of the newer kind.
+void SplitPort(Entries& entries)
+{
+    if (HasKey(entries, "Port"))
+        return;
+    for (ConnectionEntry& entry : entries) {
+        const std::size_t at = entry.Value.find_first_of(":,");
+        if (!IsOneOf(entry.Key, kServerKeys) || at == std::string::npos || !IsNumber(entry.Value.substr(at + 1)))
+            continue;
+        const std::string port = entry.Value.substr(at + 1);
+        entry.Value.erase(at);
+        entries.push_back({.Key = "Port", .Value = port});
+        return;
+    }
+}
+
+void AddForDriver(Entries& entries, const Target& target, const InstalledDrivers& installed, const LogonRules& rules)
+{
+    for (const DriverAddition& addition : target.Profile->Additions) {
+        const std::string key(addition.Key);
+        if (addition.Rule == AdditionRule::AlwaysOfProject && rules.Origin == StringOrigin::ProjectFile)
+            RemoveKey(entries, key);
+        else if (HasKey(entries, key) ||
+                 (!target.DataSource.empty() && !installed.DataSourceSetting(target.DataSource, key).empty()))
+            continue;
+        entries.push_back({.Key = key,
+                           .Value = addition.Value.empty() ? std::to_string(rules.ConnectTimeout.count())
+                                                           : std::string(addition.Value)});
+    }
+}
+
+std::string Braced(std::string_view value)
+{
+    std::string braced = "{";
+    for (const char c : value)
+        braced.append(c == '}' ? 2 : 1, c);
+    return braced + "}";
+}
+
+bool NeedsBraces(const ConnectionEntry& entry)
+{
+    return !entry.Value.empty() &&
+           (IsOneOf(entry.Key, kPasswordKeys) || entry.Value.front() == ' ' || entry.Value.back() == ' ' ||
+            entry.Value.find_first_of("[]{}(),;?*=!@%") != std::string::npos);
+}
+
+bool WritesBraces(ValueSyntax syntax, StringOrigin origin)
+{
+    return syntax == ValueSyntax::Braced || (syntax == ValueSyntax::Unknown && origin == StringOrigin::CommandLine);
+}
+
+std::string Written(const ConnectionEntry& entry, bool writesBraces)
+{
+    if (writesBraces)
+        return NeedsBraces(entry) ? Braced(entry.Value) : entry.Value;
+    if (entry.Value.find(';') != std::string::npos || entry.Value.starts_with('{'))
+        Refuse("The driver can't be given the value of \"" + entry.Key +
+               "\": it has a semicolon in it or begins with a brace.");
+    return entry.Value;
+}
+
+} // namespace
+
+OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& installed, const LogonRules& rules)
+{
+    RefuseOtherProviders(given);
+    const Target target = FindTarget(given, installed);
+    if (rules.Origin == StringOrigin::ProjectFile) {
+        RefuseUnknownTarget(target, installed);
+        RefuseForeignKeys(given, *target.Profile);
+    }
+    Entries entries = given.Entries();
+    RemoveKey(entries, "PROVIDER");
+    std::erase_if(entries, [](const ConnectionEntry& entry) {
+        return entry.Value.empty() && text::EqualFolded(entry.Key, "DSN");
+    });
+    if (target.Profile->PortIsOwnKey)
+        SplitPort(entries);
+    AddForDriver(entries, target, installed, rules);
+
+    OdbcLogon logon{.Text = {}, .Profile = target.Profile, .Database = given.Value("Database")};
+    const bool writesBraces = WritesBraces(target.Profile->Syntax, rules.Origin);
+    for (const ConnectionEntry& entry : entries)
+        logon.Text += entry.Key + "=" + Written(entry, writesBraces) + ";";
+    return logon;
+}
+
+} // namespace veldrane

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "datasource/connection_string.h"
+#include "datasource/driver_profile.h"
+
+#include <chrono>
+#include <string>
+#include <string_view>
+
+namespace veldrane {
+
+// Whose word a connection string is.
+enum class StringOrigin
+{
+    ProjectFile, // a stranger's, perhaps: it may not run anything nor write anywhere
+    CommandLine, // the user's own: every key goes
+};
+
+// What the driver manager has been told by the user of the machine.
+class InstalledDrivers
+{
+  public:
+    virtual ~InstalledDrivers() = default;
+
+    // The value of a key of a data source, "" if there is no such data source or key.
+    [[nodiscard]] virtual std::string DataSourceSetting(const std::string& dataSource,
+                                                        const std::string& key) const = 0;
+
+    // The value of a key of a driver, "" if there is no such driver or key. "Driver" is its library.
+    [[nodiscard]] virtual std::string DriverSetting(const std::string& driver, const std::string& key) const = 0;
+};
+
+// What is handed to the driver manager.
+struct OdbcLogon
+{
+    std::string Text;
+    const DriverProfile* Profile = nullptr;
+    std::string Database; // as given; "" if the data source names it
+};
+
+struct LogonRules
+{
+    StringOrigin Origin = StringOrigin::ProjectFile;
+    std::chrono::seconds ConnectTimeout{15};
+};
+
+// Makes the driver manager's string of the user's. Throws DataSourceError, before any driver is loaded, for
+// - a provider other than that for ODBC;
+// - a string that names neither a data source nor a driver: the driver manager would pick one;
+// - a value that the driver can't be given, because it would read another one out of it;
+// and from a project file also for
+// - a driver or a data source that is not set up on this machine, thus for the path of a library;
+// - a key that is not on the list kept for the driver, or that stands twice;
+// - a database name in which the driver would find options.
+// The message names the key, never its value.
+[[nodiscard]] OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& installed,
+                                       const LogonRules& rules);
+
+} // namespace veldrane

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "ports/messages.h"
+#include "text/code_page.h"
+
+#include <string>
+#include <string_view>
+
+// The rules that make names of the generated language from any text.
+namespace veldrane {
+
+// The characters that no name may hold. A name is cut at them by ActiveParse, each being a delimiter of its own.
+inline constexpr std::string_view kNameDelimiters = "~`!@#$%^&*()-=+\\|]}[{';:/?.>,< \"";
+
+// The same without the blank: what makes the name of a table suspect in a list.
+inline constexpr std::string_view kTableNameDelimiters = "~`!@#$%^&*()-=+\\|]}[{';:/?.>,<\"";
+
+// A legal name: each delimiter becomes "_", an empty text "InvalidName", "A" goes before a leading digit and "a" before
+// a reserved word.
+[[nodiscard]] std::string MakeValidName(std::string_view name);
+
+// The same, telling the person when the name had to be changed.
+[[nodiscard]] std::string MakeValidName(std::string_view name, Messages& messages);
+
+// The valid name without its underscores, telling the person as MakeValidName does. "InvalidName" if nothing is left.
+[[nodiscard]] std::string MakeMemberName(std::string_view name, Messages& messages);
+
+// English endings by plain rules: "Status" gives "Statu". That is kept.
+[[nodiscard]] std::string Singularize(std::string_view name);
+[[nodiscard]] std::string Pluralize(std::string_view name);
+
+// The names of a class and its collection from the name of its table. Each cleans the name for itself, so that an
+// illegal name is told twice.
+[[nodiscard]] std::string ClassNameOfTable(std::string_view tableName, Messages& messages);
+[[nodiscard]] std::string CollectionNameOfTable(std::string_view tableName, Messages& messages);
+
+// The name of an argument that stands for a column: "anOrderID", "aCustomerID".
+[[nodiscard]] std::string ArgumentName(std::string_view columnName);
+
+// Whether every letter of the name has a place in the code page of the files that a project is written to. If not, the
+// person is told: such a name can't enter a project.
+[[nodiscard]] bool FitsProject(std::string_view name, const text::CodePage& codePage, Messages& messages);
+
+} // namespace veldrane

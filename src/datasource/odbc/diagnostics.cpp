@@ -1,0 +1,145 @@
+#include "datasource/odbc/diagnostics.h"
+
+#include "datasource/odbc/utf16.h"
+#include "text/characters.h"
+#include "text/strings.h"
+
+#include <sqlext.h>
+#include <sqlucode.h>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace veldrane {
+namespace {
+
+constexpr std::string_view kSource = "ODBC";
+constexpr std::size_t kStateSize = 5;
+constexpr SQLSMALLINT kMostRecords = 100; // some drivers never come to an end
+constexpr std::size_t kMessageSize = 4096;
+
+// What a record means to the rules, by its SQL state, by its native error where that is not 0, and by how the driver's
+// words begin where a driver has one state for all.
+struct Meaning
+{
+    std::string_view State;
+    std::int32_t NativeError;
+    std::string_view Beginning;
+    long Number;
+};
+
+constexpr std::array kMeanings{
+    Meaning{"42S02", 0, "", data_source_error::kTableUnknown},
+    Meaning{"42P01", 0, "", data_source_error::kTableUnknown},
+    Meaning{"S0002", 0, "", data_source_error::kTableUnknown},
+    Meaning{"HY000", 1, "[SQLite]no such table:", data_source_error::kTableUnknown},
+    Meaning{"08S01", 0, "", data_source_error::kNoOpenConnection},
+    Meaning{"08003", 0, "", data_source_error::kNoOpenConnection},
+    Meaning{"57P01", 0, "", data_source_error::kNoOpenConnection},
+    Meaning{"HY018", 1927, "", data_source_error::kNoOpenConnection},
+    Meaning{"IM001", 0, "", data_source_error::kNotSupported},
+    Meaning{"HYC00", 0, "", data_source_error::kNotSupported},
+    Meaning{"S1C00", 0, "", data_source_error::kNotSupported},
+};
+
+long NumberOf(const ADOError& record)
+{
+    const auto found = std::find_if(kMeanings.begin(), kMeanings.end(), [&](const Meaning& meaning) {
+        return record.SQLState == meaning.State &&
+               (meaning.NativeError == 0 || record.NativeError == meaning.NativeError) &&
+               record.Description.starts_with(meaning.Beginning);
+    });
+    return found == kMeanings.end() ? data_source_error::kFailed : found->Number;
+}
+
+std::optional<ADOError> ReadNarrow(SQLSMALLINT handleType, SQLHANDLE handle, SQLSMALLINT number)
+{
+    std::array<SQLCHAR, kStateSize + 1> state{};
+    std::vector<SQLCHAR> message(kMessageSize);
+    SQLINTEGER native = 0;
+    SQLSMALLINT length = 0;
+    const SQLRETURN result = SQLGetDiagRec(handleType, handle, number, state.data(), &native, message.data(),
+                                           static_cast<SQLSMALLINT>(message.size()), &length);
+    if (!SQL_SUCCEEDED(result))
+        return std::nullopt;
+    const auto* words = reinterpret_cast<const char*>(message.data());
+    return ADOError{.Number = data_source_error::kFailed,
+                    .Description = text::WellFormed(words),
+                    .NativeError = native,
+                    .Source = std::string(kSource),
+                    .SQLState = reinterpret_cast<const char*>(state.data())};
+}
+
+std::optional<ADOError> ReadWide(SQLSMALLINT handleType, SQLHANDLE handle, SQLSMALLINT number)
+{
+    std::array<char16_t, kStateSize + 1> state{};
+    std::u16string message(kMessageSize, u'\0');
+    SQLINTEGER native = 0;
+    SQLSMALLINT length = 0;
+    const SQLRETURN result =
+        SQLGetDiagRecW(handleType, handle, number, reinterpret_cast<SQLWCHAR*>(state.data()), &native,
+                       reinterpret_cast<SQLWCHAR*>(message.data()), static_cast<SQLSMALLINT>(message.size()), &length);
+    if (!SQL_SUCCEEDED(result))
+        return std::nullopt;
+    return ADOError{.Description = FromUtf16(message.c_str()),
+                    .NativeError = native,
+                    .Source = std::string(kSource),
+                    .SQLState = FromUtf16(state.data())};
+}
+
+// The words in one line: some drivers break theirs.
+std::string OneLine(std::string_view words)
+{
+    std::string line;
+    for (const char c : words) {
+        const bool isBlank = c == '\n' || c == '\r' || c == '\t' || c == ' ';
+        if (!isBlank)
+            line.push_back(c);
+        else if (!line.empty() && line.back() != ' ')
+            line.push_back(' ');
+    }
+    return std::string(text::Trim(line));
+}
+
+std::string Joined(const std::vector<ADOError>& records)
+{
+    std::string all;
+    for (const ADOError& record : records) {
+        const std::string line = OneLine(record.Description);
+        if (all.find(line) != std::string::npos)
+            continue;
+        if (!all.empty())
+            all += " ";
+        all += line;
+    }
+    return all.empty() ? "The driver gave no reason." : all;
+}
+
+} // namespace
+
+std::vector<ADOError> ReadDiagnostics(SQLSMALLINT handleType, SQLHANDLE handle, CallWidth width)
+{
+    const auto read = width == CallWidth::Wide ? ReadWide : ReadNarrow;
+    std::vector<ADOError> records;
+    for (SQLSMALLINT number = 1; number <= kMostRecords; ++number) {
+        std::optional<ADOError> record = read(handleType, handle, number);
+        if (!record)
+            break;
+        record->Number = NumberOf(*record);
+        records.push_back(std::move(*record));
+    }
+    return records;
+}
+
+DataSourceError ErrorFrom(std::vector<ADOError> records)
+{
+    const auto told = std::find_if(records.begin(), records.end(),
+                                   [](const ADOError& record) { return record.Number != data_source_error::kFailed; });
+    const long number = told == records.end() ? data_source_error::kFailed : told->Number;
+    const std::string description = Joined(records);
+    return {number, std::string(kSource), description, std::move(records)};
+}
+
+} // namespace veldrane

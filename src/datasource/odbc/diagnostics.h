@@ -1,0 +1,20 @@
+#pragma once
+
+#include "datasource/data_source_error.h"
+#include "datasource/driver_profile.h"
+
+#include <sql.h>
+
+#include <vector>
+
+namespace veldrane {
+
+// Everything that the driver and the driver manager have to say about the latest call on the handle, in their order.
+// Texts are well-formed UTF-8.
+[[nodiscard]] std::vector<ADOError> ReadDiagnostics(SQLSMALLINT handleType, SQLHANDLE handle, CallWidth width);
+
+// The failure that these records tell of. Its number is the first that a rule tests, else kFailed; its description
+// holds the words of all records in one line, for some drivers put the useful ones last.
+[[nodiscard]] DataSourceError ErrorFrom(std::vector<ADOError> records);
+
+} // namespace veldrane

@@ -1,0 +1,169 @@
+#include "datasource/odbc/field_types.h"
+
+#include "datasource/ado_types.h"
+#include "text/case_folding.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <optional>
+
+namespace veldrane {
+namespace {
+
+constexpr std::int32_t kNone = 0;
+
+struct TypeRow
+{
+    SQLSMALLINT SqlType;
+    std::int32_t AdoType;
+    std::int32_t Unsigned = kNone; // where an unsigned column has a type of its own
+};
+
+// The published mapping of ODBC types to those of ADO.
+constexpr std::array kTypes{
+    TypeRow{SQL_CHAR, adChar},
+    TypeRow{SQL_VARCHAR, adVarChar},
+    TypeRow{SQL_LONGVARCHAR, adLongVarChar},
+    TypeRow{SQL_WCHAR, adWChar},
+    TypeRow{SQL_WVARCHAR, adVarWChar},
+    TypeRow{SQL_WLONGVARCHAR, adLongVarWChar},
+    TypeRow{SQL_NUMERIC, adNumeric},
+    TypeRow{SQL_DECIMAL, adNumeric},
+    TypeRow{SQL_BIT, adBoolean},
+    TypeRow{SQL_TINYINT, adTinyInt, adUnsignedTinyInt},
+    TypeRow{SQL_SMALLINT, adSmallInt, adUnsignedSmallInt},
+    TypeRow{SQL_INTEGER, adInteger, adUnsignedInt},
+    TypeRow{SQL_BIGINT, adBigInt, adUnsignedBigInt},
+    TypeRow{SQL_REAL, adSingle},
+    TypeRow{SQL_FLOAT, adDouble},
+    TypeRow{SQL_DOUBLE, adDouble},
+    TypeRow{SQL_BINARY, adBinary},
+    TypeRow{SQL_VARBINARY, adVarBinary},
+    TypeRow{SQL_LONGVARBINARY, adLongVarBinary},
+    TypeRow{SQL_GUID, adGUID},
+    TypeRow{SQL_TYPE_DATE, adDBDate},
+    TypeRow{SQL_TYPE_TIME, adDBTime},
+    TypeRow{SQL_TYPE_TIMESTAMP, adDBTimeStamp},
+};
+
+struct NamedType
+{
+    std::string_view Name;
+    std::int32_t AdoType;
+};
+
+// Types that only their names tell from others.
+constexpr std::array kTypesByName{NamedType{"money", adCurrency}, NamedType{"smallmoney", adCurrency}};
+
+// What SQLite columns are declared as and the driver does not know.
+constexpr std::array kSqliteTypesByName{
+    NamedType{"numeric", adNumeric},
+    NamedType{"decimal", adNumeric},
+    NamedType{"money", adCurrency},
+    NamedType{"smallmoney", adCurrency},
+    NamedType{"currency", adCurrency},
+    NamedType{"blob", adLongVarBinary},
+    NamedType{"image", adLongVarBinary},
+    NamedType{"binary", adBinary},
+    NamedType{"varbinary", adVarBinary},
+    NamedType{"ntext", adLongVarWChar},
+    NamedType{"clob", adLongVarChar},
+    NamedType{"longtext", adLongVarChar},
+    NamedType{"guid", adGUID},
+    NamedType{"uuid", adGUID},
+    NamedType{"uniqueidentifier", adGUID},
+    NamedType{"smalldatetime", adDBTimeStamp},
+    NamedType{"logical", adBoolean},
+    NamedType{"counter", adInteger},
+    NamedType{"unsigned", adInteger},
+    NamedType{"any", adVariant},
+};
+
+// The driver's own sizes for TEXT and for what is declared without a length.
+constexpr std::uint64_t kSqliteLongText = 65536;
+constexpr std::uint64_t kSqliteNoLength = 255;
+
+struct FixedSize
+{
+    std::int32_t AdoType;
+    std::int32_t Bytes;
+};
+
+constexpr std::array kFixedSizes{
+    FixedSize{adTinyInt, 1},          FixedSize{adUnsignedTinyInt, 1}, FixedSize{adSmallInt, 2},
+    FixedSize{adUnsignedSmallInt, 2}, FixedSize{adInteger, 4},         FixedSize{adUnsignedInt, 4},
+    FixedSize{adBigInt, 8},           FixedSize{adUnsignedBigInt, 8},  FixedSize{adSingle, 4},
+    FixedSize{adDouble, 8},           FixedSize{adCurrency, 8},        FixedSize{adBoolean, 2},
+    FixedSize{adNumeric, 19},         FixedSize{adGUID, 16},           FixedSize{adDBDate, 6},
+    FixedSize{adDBTime, 6},           FixedSize{adDBTimeStamp, 16},
+};
+
+std::optional<std::int32_t> TypeByName(std::span<const NamedType> types, std::string_view name)
+{
+    const auto found = std::find_if(types.begin(), types.end(),
+                                    [&](const NamedType& type) { return text::EqualFolded(type.Name, name); });
+    return found == types.end() ? std::nullopt : std::optional(found->AdoType);
+}
+
+std::int32_t AdoTypeOf(const OdbcColumn& column, CallWidth width)
+{
+    if (const auto named = TypeByName(kTypesByName, column.TypeName))
+        return *named;
+    const auto found =
+        std::find_if(kTypes.begin(), kTypes.end(), [&](const TypeRow& row) { return row.SqlType == column.SqlType; });
+    if (found == kTypes.end())
+        return width == CallWidth::Wide ? adVarWChar : adVarChar;
+    return column.IsUnsigned && found->Unsigned != kNone ? found->Unsigned : found->AdoType;
+}
+
+std::int32_t AttributesOf(SQLSMALLINT nullable)
+{
+    if (nullable == SQL_NO_NULLS)
+        return 0;
+    return nullable == SQL_NULLABLE ? field_attribute::kIsNullable | field_attribute::kMayBeNull
+                                    : field_attribute::kMayBeNull;
+}
+
+// "NUMERIC(10,2)" as "NUMERIC", "UNSIGNED BIG INT" as "UNSIGNED".
+std::string_view FirstWord(std::string_view declared)
+{
+    return declared.substr(0, declared.find_first_of(" ("));
+}
+
+} // namespace
+
+std::int32_t DefinedSizeOf(std::int32_t adoType, std::uint64_t columnSize)
+{
+    const auto found = std::find_if(kFixedSizes.begin(), kFixedSizes.end(),
+                                    [&](const FixedSize& fixed) { return fixed.AdoType == adoType; });
+    if (found != kFixedSizes.end())
+        return found->Bytes;
+    constexpr std::uint64_t most = std::numeric_limits<std::int32_t>::max();
+    return static_cast<std::int32_t>(std::min(columnSize, most));
+}
+
+CatalogField FieldOf(const OdbcColumn& column, CallWidth width)
+{
+    const std::int32_t type = AdoTypeOf(column, width);
+    return {.Name = column.Name,
+            .Type = type,
+            .DefinedSize = DefinedSizeOf(type, column.Size),
+            .Attributes = AttributesOf(column.Nullable),
+            .IsAutoIncrement = column.IsAutoIncrement};
+}
+
+CatalogField SqliteFieldOf(const OdbcColumn& column)
+{
+    CatalogField field = FieldOf(column, CallWidth::Narrow);
+    const auto declared = TypeByName(kSqliteTypesByName, FirstWord(column.TypeName));
+    if (!declared)
+        return field;
+    const bool isLongText = *declared == adLongVarChar || *declared == adLongVarWChar;
+    field.Type = *declared;
+    field.DefinedSize =
+        DefinedSizeOf(field.Type, isLongText && column.Size == kSqliteNoLength ? kSqliteLongText : column.Size);
+    return field;
+}
+
+} // namespace veldrane

@@ -1,0 +1,164 @@
+#include "datasource/odbc/odbc_catalog.h"
+
+#include "text/case_folding.h"
+#include "text/strings.h"
+
+#include <algorithm>
+#include <cctype>
+
+namespace veldrane {
+namespace {
+
+constexpr std::string_view kOpening = "SELECT * FROM ";
+constexpr std::string_view kClosing = " WHERE 1=0";
+
+// Whether the name can stand in a statement as it is and be nothing but a name.
+bool IsPlainName(std::string_view name)
+{
+    return !name.empty() && std::all_of(name.begin(), name.end(), [](char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return byte >= 0x80 || std::isalnum(byte) != 0 || c == '_' || c == '.' || c == '$';
+    });
+}
+
+} // namespace
+
+std::optional<std::string> TableOfStatement(std::string_view statement)
+{
+    if (statement.size() < kOpening.size() + kClosing.size() ||
+        !text::EqualFolded(statement.substr(0, kOpening.size()), kOpening) ||
+        !text::EqualFolded(statement.substr(statement.size() - kClosing.size()), kClosing))
+        return std::nullopt;
+    statement.remove_prefix(kOpening.size());
+    statement.remove_suffix(kClosing.size());
+    if (statement.size() >= 2 && statement.starts_with('[') && statement.ends_with(']'))
+        statement = statement.substr(1, statement.size() - 2);
+    return std::string(statement);
+}
+
+OdbcCatalog::OdbcCatalog(std::shared_ptr<OdbcSession> session, std::unique_ptr<CatalogSource> source)
+    : session_(std::move(session)), source_(std::move(source)), quote_(session_->Info(SQL_IDENTIFIER_QUOTE_CHAR))
+{}
+
+const std::vector<CatalogTable>& OdbcCatalog::Tables()
+{
+    session_->RequireOpen();
+    ReadTables();
+    return tables_;
+}
+
+void OdbcCatalog::ReadTables()
+{
+    if (tablesRead_)
+        return;
+    for (SourceTable& table : source_->Tables()) {
+        byName_.emplace(table.Shown.Name, entries_.size());
+        byFoldedName_.emplace(text::Fold(table.Shown.Name), entries_.size());
+        tables_.push_back(table.Shown);
+        entries_.push_back({.Table = std::move(table), .Fields = {}, .Indexes = {}, .Keys = {}});
+    }
+    tablesRead_ = true;
+}
+
+OdbcCatalog::Entry* OdbcCatalog::Find(const std::string& table)
+{
+    session_->RequireOpen();
+    ReadTables();
+    if (const auto found = byName_.find(table); found != byName_.end())
+        return &entries_[found->second];
+    const auto found = byFoldedName_.find(text::Fold(table));
+    return found == byFoldedName_.end() ? nullptr : &entries_[found->second];
+}
+
+OdbcCatalog::Entry& OdbcCatalog::FindOrThrow(const std::string& table)
+{
+    if (Entry* entry = Find(table))
+        return *entry;
+    throw DataSourceError(data_source_error::kTableUnknown, "ODBC",
+                          "The data source has no table named \"" + table + "\".");
+}
+
+std::vector<CatalogField> OdbcCatalog::Fields(const std::string& statement)
+{
+    const std::optional<std::string> name = TableOfStatement(statement);
+    if (!name)
+        throw DataSourceError(data_source_error::kFailed, "ODBC",
+                              "The statement does not open a table for its fields.");
+    if (Entry* entry = Find(*name))
+        return FieldsOf(*entry);
+    return Open(IsPlainName(*name) ? *name : Quoted(*name));
+}
+
+const std::vector<CatalogField>& OdbcCatalog::FieldsOf(Entry& entry)
+{
+    if (!entry.Fields) {
+        std::vector<CatalogField> fields = Open(ReferenceTo(entry.Table));
+        source_->CompleteFields(entry.Table, fields);
+        entry.Fields = std::move(fields);
+    }
+    return *entry.Fields;
+}
+
+std::vector<CatalogField> OdbcCatalog::Open(const std::string& reference) const
+{
+    OdbcStatement opened(*session_);
+    opened.Execute(std::string(kOpening) + reference + std::string(kClosing));
+    std::vector<CatalogField> fields;
+    for (const OdbcColumn& column : opened.Columns())
+        fields.push_back(source_->FieldOf(column));
+    return fields;
+}
+
+// A driver that quotes no names says so with a blank.
+std::string OdbcCatalog::Quoted(const std::string& name) const
+{
+    if (quote_.empty() || quote_ == " ")
+        return name;
+    return quote_ + text::ReplaceAll(name, quote_, quote_ + quote_) + quote_;
+}
+
+std::string OdbcCatalog::ReferenceTo(const SourceTable& table) const
+{
+    return table.Schema ? Quoted(*table.Schema) + "." + Quoted(table.Name) : Quoted(table.Name);
+}
+
+std::vector<CatalogColumn> OdbcCatalog::Columns(const std::string& table)
+{
+    std::vector<CatalogColumn> columns;
+    for (const CatalogField& field : FieldsOf(FindOrThrow(table)))
+        columns.push_back({.Name = field.Name, .Type = field.Type});
+    return columns;
+}
+
+std::vector<CatalogIndex> OdbcCatalog::Indexes(const std::string& table)
+{
+    Entry& entry = FindOrThrow(table);
+    if (!entry.Indexes)
+        entry.Indexes = source_->Indexes(entry.Table);
+    return *entry.Indexes;
+}
+
+std::vector<CatalogKey> OdbcCatalog::Keys(const std::string& table)
+{
+    Entry& entry = FindOrThrow(table);
+    if (!entry.Keys)
+        entry.Keys = source_->Keys(entry.Table);
+    return *entry.Keys;
+}
+
+std::vector<std::string> OdbcCatalog::Procedures()
+{
+    session_->RequireOpen();
+    if (!procedures_)
+        procedures_ = source_->Procedures();
+    return *procedures_;
+}
+
+void OdbcCatalog::ExpectManyTables()
+{
+    session_->RequireOpen();
+    ReadTables();
+    source_->ReadTogether();
+}
+
+} // namespace veldrane

@@ -1,0 +1,112 @@
+#include "datasource/odbc/session.h"
+
+#include "datasource/odbc/diagnostics.h"
+#include "datasource/odbc/utf16.h"
+#include "text/characters.h"
+
+#include <array>
+#include <utility>
+
+namespace veldrane {
+namespace {
+
+// Attributes are numbers in the place of a pointer.
+SQLPOINTER AsPointer(std::uintptr_t number)
+{
+    return reinterpret_cast<SQLPOINTER>(number); // NOLINT(performance-no-int-to-ptr)
+}
+
+} // namespace
+
+OdbcHandle::OdbcHandle(SQLSMALLINT type, SQLHANDLE parent) : type_(type)
+{
+    if (!SQL_SUCCEEDED(SQLAllocHandle(type, parent, &handle_)))
+        handle_ = nullptr;
+}
+
+OdbcHandle::OdbcHandle(OdbcHandle&& other) noexcept : type_(other.type_), handle_(std::exchange(other.handle_, nullptr))
+{}
+
+OdbcHandle& OdbcHandle::operator=(OdbcHandle&& other) noexcept
+{
+    std::swap(type_, other.type_);
+    std::swap(handle_, other.handle_);
+    return *this;
+}
+
+OdbcHandle::~OdbcHandle()
+{
+    if (handle_ != nullptr)
+        SQLFreeHandle(type_, handle_);
+}
+
+OdbcSession::OdbcSession(const OdbcLogon& logon, const SessionOptions& options, std::shared_ptr<OdbcErrors> errors)
+    : profile_(logon.Profile), options_(options), errors_(std::move(errors)),
+      environment_(SQL_HANDLE_ENV, SQL_NULL_HANDLE)
+{
+    SQLSetEnvAttr(environment_.Get(), SQL_ATTR_ODBC_VERSION, AsPointer(SQL_OV_ODBC3), 0);
+    connection_ = OdbcHandle(SQL_HANDLE_DBC, environment_.Get());
+    // Drivers that know no such limit say so, and connect all the same.
+    SQLSetConnectAttr(connection_.Get(), SQL_ATTR_LOGIN_TIMEOUT,
+                      AsPointer(static_cast<std::uintptr_t>(options_.ConnectTimeout.count())), 0);
+    Connect(logon.Text);
+}
+
+OdbcSession::~OdbcSession()
+{
+    Disconnect();
+}
+
+void OdbcSession::Connect(const std::string& logon)
+{
+    SQLRETURN result = SQL_ERROR;
+    if (IsWide()) {
+        std::u16string wide = ToUtf16(logon);
+        result = SQLDriverConnectW(connection_.Get(), nullptr, reinterpret_cast<SQLWCHAR*>(wide.data()), SQL_NTS,
+                                   nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+    } else {
+        std::string narrow = logon;
+        result = SQLDriverConnect(connection_.Get(), nullptr, reinterpret_cast<SQLCHAR*>(narrow.data()), SQL_NTS,
+                                  nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+    }
+    Check(result, connection_);
+    open_ = true;
+}
+
+void OdbcSession::Disconnect()
+{
+    if (std::exchange(open_, false))
+        SQLDisconnect(connection_.Get());
+}
+
+void OdbcSession::RequireOpen() const
+{
+    if (!open_)
+        throw DataSourceError(data_source_error::kNoOpenConnection, "ODBC", "The connection is closed.");
+}
+
+std::string OdbcSession::Info(SQLUSMALLINT what) const
+{
+    RequireOpen();
+    SQLSMALLINT size = 0;
+    if (IsWide()) {
+        std::array<char16_t, 512> wide{};
+        const auto bytes = static_cast<SQLSMALLINT>(sizeof(wide) - sizeof(char16_t));
+        return SQL_SUCCEEDED(SQLGetInfoW(Handle(), what, wide.data(), bytes, &size)) ? FromUtf16(wide.data()) : "";
+    }
+    std::array<char, 512> narrow{};
+    const auto bytes = static_cast<SQLSMALLINT>(sizeof(narrow) - 1);
+    return SQL_SUCCEEDED(SQLGetInfo(Handle(), what, narrow.data(), bytes, &size)) ? text::WellFormed(narrow.data())
+                                                                                  : "";
+}
+
+void OdbcSession::Check(SQLRETURN result, const OdbcHandle& handle) const
+{
+    if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA)
+        return;
+    DataSourceError error = ErrorFrom(ReadDiagnostics(handle.Type(), handle.Get(), profile_->Width));
+    *errors_ = error.Errors;
+    throw error;
+}
+
+} // namespace veldrane

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "datasource/connection_policy.h"
+#include "datasource/data_source_error.h"
+
+#include <sql.h>
+#include <sqlext.h>
+#include <sqlucode.h>
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace veldrane {
+
+// An ODBC handle that is freed with its owner.
+class OdbcHandle
+{
+  public:
+    OdbcHandle() = default;
+
+    // Allocates a handle under its parent; a null one if the parent refuses.
+    OdbcHandle(SQLSMALLINT type, SQLHANDLE parent);
+    OdbcHandle(OdbcHandle&& other) noexcept;
+    OdbcHandle& operator=(OdbcHandle&& other) noexcept;
+    OdbcHandle(const OdbcHandle&) = delete;
+    OdbcHandle& operator=(const OdbcHandle&) = delete;
+    ~OdbcHandle();
+
+    [[nodiscard]] SQLHANDLE Get() const { return handle_; }
+    [[nodiscard]] SQLSMALLINT Type() const { return type_; }
+
+  private:
+    SQLSMALLINT type_ = 0;
+    SQLHANDLE handle_ = nullptr;
+};
+
+using OdbcErrors = std::vector<ADOError>;
+
+struct SessionOptions
+{
+    std::chrono::seconds ConnectTimeout{15};
+    std::chrono::seconds StatementTimeout{60};
+};
+
+// One open connection of the driver manager. Catalogs share it with the connection that opened it, and see it closed
+// when that closes it.
+class OdbcSession
+{
+  public:
+    // Connects. Throws DataSourceError kFailed with the driver's words. What drivers say about failures, now and
+    // later, is kept in `errors`.
+    OdbcSession(const OdbcLogon& logon, const SessionOptions& options, std::shared_ptr<OdbcErrors> errors);
+    OdbcSession(const OdbcSession&) = delete;
+    OdbcSession& operator=(const OdbcSession&) = delete;
+    ~OdbcSession();
+
+    void Disconnect();
+
+    // Throws DataSourceError kNoOpenConnection after Disconnect.
+    void RequireOpen() const;
+
+    [[nodiscard]] const DriverProfile& Profile() const { return *profile_; }
+    [[nodiscard]] bool IsWide() const { return profile_->Width == CallWidth::Wide; }
+    [[nodiscard]] SQLHDBC Handle() const { return connection_.Get(); }
+    [[nodiscard]] std::chrono::seconds StatementTimeout() const { return options_.StatementTimeout; }
+
+    // A text that the driver tells of itself, "" if it has none.
+    [[nodiscard]] std::string Info(SQLUSMALLINT what) const;
+
+    // Throws what the driver says about the handle unless the call went well.
+    void Check(SQLRETURN result, const OdbcHandle& handle) const;
+
+  private:
+    void Connect(const std::string& logon);
+
+    const DriverProfile* profile_;
+    SessionOptions options_;
+    std::shared_ptr<OdbcErrors> errors_;
+    OdbcHandle environment_;
+    OdbcHandle connection_;
+    bool open_ = false;
+};
+
+} // namespace veldrane

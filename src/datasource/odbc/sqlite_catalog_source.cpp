@@ -1,0 +1,206 @@
+#include "datasource/odbc/sqlite_catalog_source.h"
+
+#include "datasource/odbc/field_types.h"
+#include "datasource/odbc/key_names.h"
+#include "datasource/odbc/sqlite_definition.h"
+#include "text/case_folding.h"
+#include "text/strings.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace veldrane {
+namespace {
+
+// Names with this beginning are SQLite's own.
+constexpr std::string_view kSystemPrefix = "sqlite_";
+
+std::string TypeWord(const std::string& name, const std::string& type)
+{
+    if (text::FindFolded(name, kSystemPrefix) == 0)
+        return "SYSTEM TABLE";
+    return type == "view" ? "VIEW" : "TABLE";
+}
+
+std::string Literal(const std::string& text)
+{
+    return "'" + text::ReplaceAll(text, "'", "''") + "'";
+}
+
+std::string OnlyTable(const std::string& name)
+{
+    return " AND m.name = " + Literal(name);
+}
+
+} // namespace
+
+std::vector<SourceTable> SqliteCatalogSource::Tables()
+{
+    OdbcStatement statement(session_);
+    statement.Execute("SELECT name, type FROM sqlite_master WHERE type IN ('table', 'view') ORDER BY rowid");
+    std::vector<SourceTable> tables;
+    while (statement.Fetch()) {
+        const std::string name = statement.Text(1).value_or("");
+        const std::string type = statement.Text(2).value_or("");
+        tables.push_back(
+            {.Shown = {.Name = name, .Type = TypeWord(name, type)}, .Catalog = {}, .Schema = {}, .Name = name});
+        names_.emplace(text::Fold(name), name);
+    }
+    return tables;
+}
+
+CatalogField SqliteCatalogSource::FieldOf(const OdbcColumn& column)
+{
+    return SqliteFieldOf(column);
+}
+
+void SqliteCatalogSource::CompleteFields(const SourceTable& table, std::vector<CatalogField>& fields)
+{
+    RestoreNames(table, fields);
+    if (table.Shown.Type == "VIEW")
+        return;
+    const Definition& definition = DefinitionOf(table.Name);
+    if (definition.PrimaryKey.size() != 1 || definition.HasKeyIndex)
+        return;
+    for (CatalogField& field : fields)
+        if (field.Name == definition.PrimaryKey.front())
+            field.IsAutoIncrement = true;
+}
+
+void SqliteCatalogSource::RestoreNames(const SourceTable& table, std::vector<CatalogField>& fields) const
+{
+    // 1 marks the hidden columns of virtual tables, which a table does not open with.
+    OdbcStatement statement(session_);
+    statement.Execute("SELECT name FROM pragma_table_xinfo(" + Literal(table.Name) +
+                      ") WHERE hidden <> 1 ORDER BY cid");
+    std::vector<std::string> names;
+    while (statement.Fetch())
+        names.push_back(statement.Text(1).value_or(""));
+    for (std::size_t at = 0; at < fields.size() && names.size() == fields.size(); ++at)
+        fields[at].Name = names[at];
+}
+
+std::vector<CatalogIndex> SqliteCatalogSource::Indexes(const SourceTable& table)
+{
+    const Definition& definition = DefinitionOf(table.Name);
+    std::vector<CatalogIndex> indexes;
+    if (!definition.PrimaryKey.empty())
+        indexes.push_back(
+            {.Name = definition.PrimaryKeyName.empty() ? std::string(kUnnamedPrimaryKey) : definition.PrimaryKeyName,
+             .PrimaryKey = true,
+             .Unique = true,
+             .Columns = definition.PrimaryKey});
+    indexes.insert(indexes.end(), definition.Indexes.begin(), definition.Indexes.end());
+    return indexes;
+}
+
+std::vector<CatalogKey> SqliteCatalogSource::Keys(const SourceTable& table)
+{
+    std::vector<CatalogKey> keys = DefinitionOf(table.Name).Keys;
+    for (CatalogKey& key : keys) {
+        key.RelatedTable = NameOfTable(key.RelatedTable);
+        const std::vector<std::string>& related = DefinitionOf(key.RelatedTable).PrimaryKey;
+        for (std::size_t at = 0; at < key.Columns.size() && related.size() == key.Columns.size(); ++at)
+            if (key.Columns[at].RelatedColumn.empty())
+                key.Columns[at].RelatedColumn = related[at];
+    }
+    NameUnnamedKeys(keys, table.Name);
+    return keys;
+}
+
+void SqliteCatalogSource::ReadTogether()
+{
+    Definitions all;
+    try {
+        Read(all, "");
+    } catch (const DataSourceError& error) {
+        // One table that SQLite can't make sense of, such as one of a module that is not there, fails the queries over
+        // all; asked one by one, the others still answer.
+        if (error.Number == data_source_error::kNoOpenConnection)
+            throw;
+        return;
+    }
+    definitions_ = std::move(all);
+}
+
+const SqliteCatalogSource::Definition& SqliteCatalogSource::DefinitionOf(const std::string& table)
+{
+    if (const auto found = definitions_.find(table); found != definitions_.end())
+        return found->second;
+    Definitions read;
+    Read(read, OnlyTable(table));
+    return definitions_.emplace(table, std::move(read[table])).first->second;
+}
+
+void SqliteCatalogSource::Read(Definitions& definitions, const std::string& condition) const
+{
+    ReadPrimaryKeys(definitions, condition);
+    ReadIndexes(definitions, condition);
+    ReadForeignKeys(definitions, condition);
+}
+
+void SqliteCatalogSource::ReadPrimaryKeys(Definitions& definitions, const std::string& condition) const
+{
+    OdbcStatement statements(session_);
+    statements.Execute("SELECT m.name, m.sql FROM sqlite_master AS m WHERE m.type IN ('table', 'view')" + condition);
+    while (statements.Fetch()) {
+        const std::string table = statements.Text(1).value_or("");
+        definitions[table].PrimaryKeyName = PrimaryKeyNameOf(statements.Text(2).value_or(""));
+    }
+    OdbcStatement columns(session_);
+    columns.Execute("SELECT m.name, c.name FROM sqlite_master AS m JOIN pragma_table_info(m.name) AS c"
+                    " WHERE m.type = 'table' AND c.pk > 0" +
+                    condition + " ORDER BY m.rowid, c.pk");
+    while (columns.Fetch()) {
+        const std::string table = columns.Text(1).value_or("");
+        definitions[table].PrimaryKey.push_back(columns.Text(2).value_or(""));
+    }
+}
+
+void SqliteCatalogSource::ReadIndexes(Definitions& definitions, const std::string& condition) const
+{
+    OdbcStatement statement(session_);
+    statement.Execute("SELECT m.name, i.origin, i.name, i.\"unique\", c.name FROM sqlite_master AS m"
+                      " JOIN pragma_index_list(m.name) AS i JOIN pragma_index_info(i.name) AS c"
+                      " WHERE m.type = 'table'" +
+                      condition + " ORDER BY m.rowid, i.seq DESC, c.seqno");
+    while (statement.Fetch()) {
+        Definition& definition = definitions[statement.Text(1).value_or("")];
+        if (statement.Text(2) == "pk") {
+            definition.HasKeyIndex = true;
+            continue;
+        }
+        const std::string name = statement.Text(3).value_or("");
+        const bool unique = statement.Number(4) != 0;
+        if (definition.Indexes.empty() || definition.Indexes.back().Name != name)
+            definition.Indexes.push_back({.Name = name, .PrimaryKey = false, .Unique = unique, .Columns = {}});
+        // An indexed expression has no column.
+        if (const std::optional<std::string> column = statement.Text(5))
+            definition.Indexes.back().Columns.push_back(*column);
+    }
+}
+
+void SqliteCatalogSource::ReadForeignKeys(Definitions& definitions, const std::string& condition) const
+{
+    OdbcStatement statement(session_);
+    statement.Execute("SELECT m.name, f.\"table\", f.seq, f.\"from\", f.\"to\" FROM sqlite_master AS m"
+                      " JOIN pragma_foreign_key_list(m.name) AS f WHERE m.type = 'table'" +
+                      condition + " ORDER BY m.rowid, f.id DESC, f.seq");
+    while (statement.Fetch()) {
+        std::vector<CatalogKey>& keys = definitions[statement.Text(1).value_or("")].Keys;
+        const std::string related = statement.Text(2).value_or("");
+        if (statement.Number(3) == 0)
+            keys.push_back({.Name = {}, .RelatedTable = related, .Columns = {}});
+        std::string column = statement.Text(4).value_or("");
+        keys.back().Columns.push_back({.Name = std::move(column), .RelatedColumn = statement.Text(5).value_or("")});
+    }
+}
+
+// A foreign key names its table in any case; the catalog's own letters are handed on.
+std::string SqliteCatalogSource::NameOfTable(const std::string& written) const
+{
+    const auto found = names_.find(text::Fold(written));
+    return found == names_.end() ? written : found->second;
+}
+
+} // namespace veldrane

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "datasource/odbc/session.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace veldrane {
+
+// A column of an opened statement, in the driver's own words.
+struct OdbcColumn
+{
+    std::string Name;
+    SQLSMALLINT SqlType = 0;
+    std::uint64_t Size = 0; // characters or digits
+    SQLSMALLINT Nullable = SQL_NULLABLE_UNKNOWN;
+    bool IsUnsigned = false;
+    bool IsAutoIncrement = false;
+    std::string TypeName;
+};
+
+// A name handed to a catalog function; none at all is not the same as an empty one.
+using OdbcName = std::optional<std::string>;
+
+// One statement and its rows. Every member throws DataSourceError with the driver's words.
+class OdbcStatement
+{
+  public:
+    // Throws kNoOpenConnection if the connection is closed or gives no statement.
+    explicit OdbcStatement(const OdbcSession& session);
+
+    void Execute(const std::string& statement);
+
+    // The driver's catalog functions. Where the arguments are patterns, the caller has escaped what is not meant as
+    // one (see PatternOf).
+    void Tables(const OdbcName& catalog, const OdbcName& schema, const OdbcName& table);
+    void PrimaryKeys(const OdbcName& catalog, const OdbcName& schema, const OdbcName& table);
+    void Statistics(const OdbcName& catalog, const OdbcName& schema, const OdbcName& table);
+    void ForeignKeys(const OdbcName& catalog, const OdbcName& schema, const OdbcName& table);
+    void Procedures(const OdbcName& catalog, const OdbcName& schema);
+
+    // Goes to the next row; false behind the last.
+    [[nodiscard]] bool Fetch();
+
+    // A value of the row by its 1-based place; none for NULL. Each is read once, from left to right.
+    [[nodiscard]] std::optional<std::string> Text(SQLUSMALLINT column);
+
+    // The same as a number, 0 for NULL.
+    [[nodiscard]] long Number(SQLUSMALLINT column);
+
+    [[nodiscard]] std::vector<OdbcColumn> Columns();
+
+  private:
+    template <class Narrow, class Wide, class... Arguments>
+    void Call(Narrow narrow, Wide wide, const Arguments&... arguments);
+    [[nodiscard]] OdbcColumn Column(SQLUSMALLINT number);
+    [[nodiscard]] std::string TypeName(SQLUSMALLINT number);
+    [[nodiscard]] std::optional<SQLLEN> Attribute(SQLUSMALLINT number, SQLUSMALLINT what);
+
+    const OdbcSession& session_;
+    OdbcHandle handle_;
+};
+
+// The name as a pattern that matches nothing else.
+[[nodiscard]] std::string PatternOf(std::string_view name, std::string_view escape);
+
+} // namespace veldrane

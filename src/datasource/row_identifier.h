@@ -1,0 +1,35 @@
+#pragma once
+
+#include "datasource/class_edit.h"
+
+#include <string>
+#include <vector>
+
+// How a built-in method finds its row: by the identity column or by the primary key of the table.
+namespace veldrane {
+
+enum class RowMethod
+{
+    Retrieve,
+    Delete,
+};
+
+// Sets the two flags of the method (RetrieveByIdentityCol and RetrieveByPrimaryKey, or DeleteByIdentityColumn and
+// DeleteByPrimaryKey) from the keys of the class, asking when it has both. False, which is told, if it has neither.
+[[nodiscard]] bool ChooseRowIdentifier(ClassEdit& edit, RowMethod method);
+
+// An argument that stands for a column.
+struct ColumnArgument
+{
+    std::string VariableName;
+    std::string DataType;
+    std::string ColumnName;
+};
+
+// The columns of the first primary key.
+[[nodiscard]] std::vector<ColumnArgument> PrimaryKeyArguments(const KZMClass& item);
+
+// What the flags of the method choose: the identity column or the columns of the primary key.
+[[nodiscard]] std::vector<ColumnArgument> RowArguments(const KZMClass& item, RowMethod method);
+
+} // namespace veldrane

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "datasource/class_edit.h"
+
+#include <string>
+#include <string_view>
+
+namespace veldrane {
+
+enum class FieldsOutcome
+{
+    Read,              // the properties follow the table; also for a class without a table
+    TableRenamed,      // the table is missing and the person knows its new name: let it be typed
+    TableDeleted,      // the table is missing for good: close the editor
+    Cancelled,         // the table is missing: close the editor
+    SourceUnavailable, // no data source is open; the class can still be edited
+    Failed,            // anything else; it was reported
+};
+
+// Makes the properties of the class follow the fields of its table. A field without a property gets one; of an existing
+// property FieldAllowsNull alone is refreshed; a property whose field is gone goes too. Then the keys are read
+// (RetrieveTableKeys). Reports its failures; the class is then as it was.
+FieldsOutcome AddFieldsAsProperties(ClassEdit& edit);
+
+// The statement that opens a table for its fields: the name in brackets if it holds a blank or begins with a digit.
+[[nodiscard]] std::string FieldStatement(std::string_view tableName);
+
+} // namespace veldrane

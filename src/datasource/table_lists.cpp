@@ -1,0 +1,204 @@
+#include "datasource/table_lists.h"
+
+#include "datasource/naming.h"
+#include "preview/active_parse.h"
+#include "text/case_folding.h"
+#include "text/conversion.h"
+#include "text/strings.h"
+
+#include <cstdint>
+#include <unordered_set>
+#include <utility>
+
+namespace veldrane {
+namespace {
+
+constexpr std::string_view kModule = "CodeGeneration";
+
+constexpr std::int32_t kDefaultLimit = 3000;
+constexpr std::int32_t kManualMode = -1; // the person names the tables; the catalog is not asked
+constexpr std::int32_t kAllTables = 0;   // and nothing but the catalog's tables
+
+// Rows with the keys that are in use already.
+class RowList
+{
+  public:
+    // False if the key is in use: the row is left out then.
+    bool Add(ListRow row)
+    {
+        if (!keys_.insert(text::Fold(row.Key)).second)
+            return false;
+        rows_.push_back(std::move(row));
+        return true;
+    }
+
+    [[nodiscard]] ListRow& Last() { return rows_.back(); }
+    [[nodiscard]] std::vector<ListRow>& Rows() { return rows_; }
+
+  private:
+    std::vector<ListRow> rows_;
+    std::unordered_set<std::string> keys_;
+};
+
+ListRow Row(std::string_view key, std::string_view text)
+{
+    ListRow row;
+    row.Key = key;
+    row.Text = text;
+    return row;
+}
+
+ListRow NoDataSourceRow()
+{
+    return Row(kNoDataSourceKey, "<no datasource defined>");
+}
+
+// What a data source does not support is passed over, so that it yields shorter lists and no message.
+template <class Body>
+void PassingOverUnsupported(Body&& body)
+{
+    try {
+        body();
+    } catch (const DataSourceError& error) {
+        if (error.Number != data_source_error::kNotSupported)
+            throw;
+    }
+}
+
+Catalog& OpenSource(const DataSourceView& view)
+{
+    if (!view.Source)
+        throw DataSourceError(data_source_error::kNoOpenConnection, "Catalog", "No data source is open.");
+    return *view.Source;
+}
+
+// A settings store that can't be written is reported and keeps no list from being filled.
+std::int32_t ReadLimit(const DataSourceView& view, std::string_view name, std::string_view routine)
+{
+    const std::string value = view.Settings.GetKeyValue(settings_section::kOptions, name);
+    if (!text::Trim(value).empty())
+        return text::LeadingNumber(value);
+    Guarded(view.Errors, kModule, routine,
+            [&] { view.Settings.UpdateKey(settings_section::kOptions, name, std::to_string(kDefaultLimit)); });
+    return kDefaultLimit;
+}
+
+bool ShowsSystemTables(const DataSourceView& view)
+{
+    return view.Settings.GetKeyValue(settings_section::kOptions, "ShowSystemTables") == "1";
+}
+
+bool IsSuspect(const CatalogTable& table)
+{
+    const std::string name = table.Name.substr(table.SchemaSize);
+    ActiveParse parse;
+    return !name.empty() &&
+           parse.ParseText(name, kTableNameDelimiters, DelimiterMode::ByChar, CaseRule::Sensitive).Count() >= 2;
+}
+
+void AddAttachedTables(RowList& rows, const DataSourceView& view, std::string_view icon)
+{
+    for (const KZMTable& table : view.Project.AttachedTables) {
+        ListRow row = Row(table.TableName, table.TableName);
+        row.Icon = icon;
+        rows.Add(std::move(row));
+    }
+}
+
+// Calls `shown` for the rows that were added, with the table of each.
+template <class Shown>
+void AddCatalogTables(RowList& rows, const DataSourceView& view, std::string_view icon, std::int32_t limit,
+                      Shown&& shown)
+{
+    const std::string_view systemWord = ShowsSystemTables(view) ? "SYSTEM TABLE" : "";
+    std::int32_t next = 1;
+    for (const CatalogTable& table : OpenSource(view).Tables()) {
+        if (limit >= 1 && next > limit)
+            return;
+        if (table.Type != "TABLE" && (systemWord.empty() || table.Type != systemWord))
+            continue;
+        ListRow row = Row(table.Name, table.Name);
+        row.Icon = icon;
+        row.Tag = table.Name;
+        if (!rows.Add(std::move(row)))
+            continue;
+        ++next;
+        shown(rows.Last(), table);
+    }
+}
+
+// The rows that both the list and the combo box show; they differ in the colours.
+template <class Shown>
+void AddTableRows(RowList& rows, const DataSourceView& view, std::string_view icon, std::int32_t limit,
+                  RowColour commandColour, Shown&& shown)
+{
+    if (limit != kAllTables) {
+        ListRow command = Row(kAddTableKey, "<Add a Table>");
+        command.Colour = commandColour;
+        rows.Add(std::move(command));
+        AddAttachedTables(rows, view, icon);
+    }
+    if (limit != kManualMode)
+        PassingOverUnsupported([&] { AddCatalogTables(rows, view, icon, limit, shown); });
+}
+
+// Overloaded procedures share a name and a row.
+void AddProcedures(RowList& rows, const DataSourceView& view)
+{
+    PassingOverUnsupported([&] {
+        for (const std::string& name : OpenSource(view).Procedures()) {
+            ListRow row = Row(name, name);
+            row.Icon = "SP";
+            rows.Add(std::move(row));
+        }
+    });
+}
+
+void WarnOfSuspectNames(Messages& messages)
+{
+    messages.Tell(
+        "Invalid Characters Detected",
+        "Warning: One or more tables have characters in the name that are invalid. They have been highlighted in red.\r\nYou might experience problems with the compiled source code, if you do, rename the table, and edit the old table in your project.",
+        MessageIcon::Warning);
+}
+
+} // namespace
+
+DataSourceLists DisplayDataSourceTables(const DataSourceView& view, std::string_view tableIcon)
+{
+    constexpr std::string_view kRoutine = "DisplayDataSourceTables";
+    if (view.ConnectionString.empty())
+        return {{NoDataSourceRow()}, {NoDataSourceRow()}, {NoDataSourceRow()}};
+    RowList tables;
+    RowList procedures;
+    Guarded(view.Errors, kModule, kRoutine, [&] {
+        const std::int32_t limit = ReadLimit(view, "MaxTablesToDisplay", kRoutine);
+        // Kept for the settings alone: the list of procedures is always complete.
+        static_cast<void>(ReadLimit(view, "MaxProcsToDisplay", kRoutine));
+        bool suspect = false;
+        AddTableRows(tables, view, tableIcon, limit, RowColour::Blue, [&](ListRow& row, const CatalogTable& table) {
+            row.Bold = IsSuspect(table);
+            row.Colour = row.Bold ? RowColour::Red : RowColour::Black;
+            suspect = suspect || row.Bold;
+        });
+        AddProcedures(procedures, view);
+        if (suspect)
+            WarnOfSuspectNames(view.Messages);
+    });
+    return {std::move(tables.Rows()), {}, std::move(procedures.Rows())};
+}
+
+std::vector<ListRow> DisplayDataSourceTablesInComboBox(const DataSourceView& view, std::string_view icon)
+{
+    constexpr std::string_view kRoutine = "DisplayDataSourceTablesInComboBox";
+    if (view.ConnectionString.empty())
+        return {NoDataSourceRow()};
+    RowList rows;
+    Guarded(view.Errors, kModule, kRoutine, [&] {
+        const std::int32_t limit = ReadLimit(view, "MaxTablesToDisplay", kRoutine);
+        AddTableRows(rows, view, icon, limit, RowColour::Default, [](ListRow&, const CatalogTable&) {});
+    });
+    return std::move(rows.Rows());
+}
+
+} // namespace veldrane

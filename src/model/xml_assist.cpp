@@ -1,0 +1,51 @@
+#include "model/xml_assist.h"
+
+#include <memory>
+
+namespace veldrane {
+namespace {
+
+void AddDocumentProperty(KZMClass& item)
+{
+    // A built-in property has no flag of its own for Get and Let: the generator writes both routines by its name.
+    item.TTCProperties.Add({.AddToClass = true,
+                            .PropertyName = "Document",
+                            .DataType = "DOMDocument",
+                            .Scope = "Public",
+                            .PlusProperty = true},
+                           "Document");
+    item.TTCMembers.Add("Document", "Document");
+}
+
+void AddBuiltInMethod(KZMClass& item, const char* methodName)
+{
+    item.TTCMethods.Add(methodName, true, {}, "", "Public", false, methodName);
+    item.TTCMembers.Add(methodName, methodName);
+}
+
+} // namespace
+
+void AddXmlAssist(TTCProject& project, KZMClasses& classes)
+{
+    if (classes.Contains(kXmlAssistName))
+        return;
+    auto item = std::make_shared<KZMClass>();
+    item->ClassName = kXmlAssistName;
+    item->IsMTSRequiredClass = true;
+    AddDocumentProperty(*item);
+    AddBuiltInMethod(*item, "AddElement");
+    AddBuiltInMethod(*item, "AddAttribute");
+    if (!project.ClassCollectionNames.ClassNameExists(kXmlAssistName))
+        project.ClassCollectionNames.Add(kXmlAssistName, kXmlAssistName);
+    classes.AddExisting(item, kXmlAssistName);
+}
+
+void RemoveXmlAssist(TTCProject& project, KZMClasses& classes)
+{
+    if (!classes.Contains(kXmlAssistName))
+        return;
+    classes.Remove(kXmlAssistName);
+    project.ClassCollectionNames.Remove(kXmlAssistName);
+}
+
+} // namespace veldrane

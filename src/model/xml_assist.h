@@ -1,0 +1,19 @@
+#pragma once
+
+#include "model/classes.h"
+#include "model/project.h"
+
+namespace veldrane
+{
+
+// The helper class that generated code builds its transaction documents with. A project has it exactly while
+// `MTSEnabled` is set.
+inline constexpr char kXmlAssistName[] = "xmlAssist";
+
+// Adds the class and its name; does nothing if the project has it.
+void AddXmlAssist(TTCProject& project, KZMClasses& classes);
+
+// Removes the class and its name; does nothing if the project has none.
+void RemoveXmlAssist(TTCProject& project, KZMClasses& classes);
+
+} // namespace veldrane

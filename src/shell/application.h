@@ -1,0 +1,49 @@
+#pragma once
+
+#include "datasource/catalog.h"
+#include "datasource/connection_policy.h"
+#include "generator/generation_settings.h"
+#include "ports/clock.h"
+#include "ports/error_report.h"
+#include "ports/file_system.h"
+#include "ports/messages.h"
+#include "ports/process_starter.h"
+#include "ports/settings.h"
+
+#include <functional>
+#include <memory>
+#include <ostream>
+#include <string>
+
+namespace veldrane {
+
+// Opens a data source. Throws DataSourceError with the driver's own words.
+using OpenDataSource = std::function<std::unique_ptr<DataSourceConnection>(const std::string& text, StringOrigin origin)>;
+
+// Lines for whoever watches the run; nothing where nobody does.
+using ShowProgress = std::function<void(int percent, const std::string& line)>;
+
+// The state of the application and the world as it meets it: made by the entry routine and handed on.
+struct Application
+{
+    Settings& UserSettings;
+    Messages& Asking;
+    ErrorReport& Errors;
+    FileSystem& Files;
+    Clock& Time;
+    ProcessStarter& Programs;
+    OpenDataSource Connect;
+    GenerationSettings Generation;
+    std::ostream& Output;
+    std::ostream& ErrorOutput;
+    ShowProgress Progress;
+};
+
+// Exit codes of the program.
+namespace exit_code {
+inline constexpr int kDone = 0;
+inline constexpr int kFailed = 1; // or something was left out
+inline constexpr int kWrongUsage = 2;
+} // namespace exit_code
+
+} // namespace veldrane

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "ports/file_system.h"
+#include "shell/define_plan.h"
+
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace veldrane {
+
+// `veldrane tables`
+struct TablesCommand
+{
+    std::string Connection;
+};
+
+// Which column the built-in methods find a row by, where a table offers both.
+enum class RowIdentifier
+{
+    Identity,
+    PrimaryKey,
+};
+
+// `veldrane define`
+struct DefineCommand
+{
+    std::string File;
+    std::string Connection; // "" for the project's own
+    DefineRequest Request;
+    bool Collections = false; // root and lookup classes get a collection too
+    RowIdentifier By = RowIdentifier::Identity;
+    std::vector<std::pair<std::string, std::string>> Settings; // by their names in the file
+};
+
+// What becomes of a target file that exists.
+enum class Overwrite
+{
+    Prompt,
+    Leave,
+    Backup,
+};
+
+// `veldrane generate`
+struct GenerateCommand
+{
+    std::string File;
+    std::string Folder;
+    Overwrite Existing = Overwrite::Backup;
+    bool Compile = false;
+};
+
+// Nothing is to be done but to print a text and to end: help, version, or what was wrong with the words.
+struct PrintAndExit
+{
+    std::string Text;
+    bool OnStandardError = false;
+    int ExitCode = 0;
+};
+
+using Command = std::variant<TablesCommand, DefineCommand, GenerateCommand, PrintAndExit>;
+
+// The command that the arguments ask for (without the program's own name). `--connection @FILE` is resolved here, so
+// that a password stays out of the list of processes.
+[[nodiscard]] Command ParseCommandLine(const std::vector<std::string>& arguments, const FileSystem& files);
+
+} // namespace veldrane

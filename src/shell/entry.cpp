@@ -1,0 +1,112 @@
+#include "shell/entry.h"
+
+#include "datasource/odbc/odbc_connection.h"
+#include "shell/command_line.h"
+#include "shell/commands.h"
+#include "shell/platform/console_error_report.h"
+#include "shell/platform/console_messages.h"
+#include "shell/platform/detached_process_starter.h"
+#include "shell/platform/disk_file_system.h"
+#include "shell/platform/paths.h"
+#include "shell/platform/settings_file.h"
+#include "shell/platform/system_clock.h"
+#include "shell/platform_settings.h"
+
+#include <exception>
+#include <iomanip>
+#include <variant>
+
+namespace veldrane {
+namespace {
+
+std::vector<ReportedADOError> ReportedErrors(const RuntimeError& error)
+{
+    std::vector<ReportedADOError> reported;
+    if (const auto* failure = dynamic_cast<const DataSourceError*>(&error))
+        for (const ADOError& entry : failure->Errors)
+            reported.push_back({.Number = entry.Number,
+                                .Description = entry.Description,
+                                .NativeError = entry.NativeError,
+                                .Source = entry.Source,
+                                .SQLState = entry.SQLState});
+    return reported;
+}
+
+// What the command line has told beforehand: by which key rows are found. Nothing else is answered for the user.
+ConsoleMessages::AnswersByTitle ToldAnswers(const Command& command)
+{
+    const auto* define = std::get_if<DefineCommand>(&command);
+    if (define == nullptr)
+        return {};
+    const Answer answer = define->By == RowIdentifier::Identity ? Answer::Yes : Answer::No;
+    return {{"Choose Retrieval Method", answer}, {"Add Delete Method to Class", answer}};
+}
+
+ShowProgress ProgressOn(const ProgramStreams& streams)
+{
+    if (!streams.ErrorOutputIsTerminal)
+        return [](int /*percent*/, const std::string& /*line*/) {};
+    return [&out = streams.ErrorOutput](int percent, const std::string& line) { out << '[' << std::setw(3) << percent << "%] " << line << '\n'; };
+}
+
+int RunOn(const Application& application, const Command& command)
+{
+    struct Runner
+    {
+        const Application& application;
+        int operator()(const TablesCommand& tables) const { return RunTables(application, tables); }
+        int operator()(const DefineCommand& define) const { return RunDefine(application, define); }
+        int operator()(const GenerateCommand& generate) const { return RunGenerate(application, generate); }
+        int operator()(const PrintAndExit& print) const { return print.ExitCode; }
+    };
+    return std::visit(Runner{application}, command);
+}
+
+int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStreams& streams)
+{
+    ConsoleMessages messages(streams.ErrorOutput, ToldAnswers(command));
+    ConsoleErrorReport report(streams.ErrorOutput, ReportedErrors);
+    SystemClock clock;
+    DetachedProcessStarter programs;
+    SettingsFile settings(SettingsPath(), files, messages);
+    const PlatformSettings platform = ReadPlatformSettings(settings);
+    const Application application{
+        .UserSettings = settings,
+        .Asking = messages,
+        .Errors = report,
+        .Files = files,
+        .Time = clock,
+        .Programs = programs,
+        .Connect =
+            [&](const std::string& text, StringOrigin origin) {
+                auto connection = std::make_unique<OdbcConnection>();
+                connection->Open(text);
+                return connection;
+            },
+        .Generation = {.CodePage = platform.CodePage, .VisualBasicCommand = platform.VisualBasicCommand, .ApplicationFolder = StateFolder()},
+        .Output = streams.Output,
+        .ErrorOutput = streams.ErrorOutput,
+        .Progress = ProgressOn(streams),
+    };
+    return RunOn(application, command);
+}
+
+} // namespace
+
+int RunProgram(const std::vector<std::string>& arguments, const ProgramStreams& streams)
+{
+    try {
+        DiskFileSystem files;
+        const Command command = ParseCommandLine(arguments, files);
+        if (const auto* print = std::get_if<PrintAndExit>(&command)) {
+            (print->OnStandardError ? streams.ErrorOutput : streams.Output) << print->Text;
+            return print->ExitCode;
+        }
+        return RunCommand(command, files, streams);
+    } catch (const std::exception& error) {
+        streams.ErrorOutput << "veldrane: " << error.what() << '\n';
+        return exit_code::kFailed;
+    }
+}
+
+} // namespace veldrane

@@ -1,0 +1,102 @@
+#include "generator/code_generation.h"
+#include "shell/commands.h"
+#include "shell/project_session.h"
+
+#include <array>
+#include <filesystem>
+#include <utility>
+
+namespace veldrane {
+namespace {
+
+constexpr auto kOverwriteModes = std::to_array<std::pair<Overwrite, std::int32_t>>({
+    {Overwrite::Prompt, overwrite_mode::kPrompt},
+    {Overwrite::Leave, overwrite_mode::kLeave},
+    {Overwrite::Backup, overwrite_mode::kBackupAndOverwrite},
+});
+
+std::int32_t ModeOf(Overwrite existing)
+{
+    for (const auto& [choice, mode] : kOverwriteModes)
+        if (choice == existing)
+            return mode;
+    return overwrite_mode::kPrompt;
+}
+
+// With nobody to ask, a file that exists is left: the answer that loses nothing.
+class LeaveAndTell : public ConflictResolver
+{
+  public:
+    explicit LeaveAndTell(Messages& messages) : messages_(messages) {}
+
+    [[nodiscard]] ConflictAnswer ResolveConflict(const std::string& path, const std::string& fileName) override
+    {
+        messages_.Tell("File Conflict on " + fileName,
+                       "The file: '" + path + "' already exists in the target directory.\r\nAnswer: &Leave the existing file alone, don't overwrite it");
+        return ConflictAnswer::Leave;
+    }
+
+  private:
+    Messages& messages_;
+};
+
+// One generation run and how it ended.
+class GenerateRun
+{
+  public:
+    GenerateRun(const Application& application, const TTCProject& project)
+        : application_(application), conflicts_(application.Asking),
+          generation_(project,
+                      {.Asking = application.Asking,
+                       .Errors = application.Errors,
+                       .Files = application.Files,
+                       .Time = application.Time,
+                       .Programs = application.Programs,
+                       .Conflicts = conflicts_},
+                      application.Generation)
+    {
+        connections_ = {
+            generation_.Progress.Connect([this](int percent) { percent_ = percent; }),
+            generation_.StatusChanged.Connect([this](int /*stage*/, const std::string& line) { application_.Progress(percent_, line); }),
+            generation_.OperationComplete.Connect([this](const std::string& message) { End(message, exit_code::kDone); }),
+            generation_.OperationAborted.Connect([this](const std::string& message) { End(message, exit_code::kFailed); }),
+        };
+    }
+
+    int Run(KZMClasses& classes, const GenerationTarget& target)
+    {
+        generation_.GenerateCode(classes, target);
+        return exitCode_;
+    }
+
+  private:
+    void End(const std::string& message, int exitCode)
+    {
+        constexpr std::string_view kCompilationFailed = "ActiveX COM Object Compilation Failed";
+        exitCode_ = message.find(kCompilationFailed) == std::string::npos ? exitCode : exit_code::kFailed;
+        if (!message.empty())
+            application_.Asking.Tell("", message);
+    }
+
+    const Application& application_;
+    LeaveAndTell conflicts_;
+    CodeGeneration generation_;
+    std::array<Connection, 4> connections_;
+    int percent_ = 0;
+    int exitCode_ = exit_code::kFailed; // until the run says that it came to its end
+};
+
+} // namespace
+
+int RunGenerate(const Application& application, const GenerateCommand& command)
+{
+    ProjectSession session(application);
+    if (!session.Open(command.File, DataSourceOnOpen::Connect))
+        return exit_code::kFailed;
+    return GenerateRun(application, session.Project())
+        .Run(session.Classes(), {.TargetFolder = std::filesystem::absolute(command.Folder).lexically_normal().string(),
+                                 .OverwriteMode = ModeOf(command.Existing),
+                                 .Compile = command.Compile});
+}
+
+} // namespace veldrane

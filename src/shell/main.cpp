@@ -1,0 +1,14 @@
+#include "shell/entry.h"
+#include "shell/platform/temporary_registry.h"
+
+#include <iostream>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+int main(int argumentCount, char** arguments)
+{
+    veldrane::RemoveTemporariesOnSignal();
+    return veldrane::RunProgram(std::vector<std::string>(arguments + 1, arguments + argumentCount),
+                                {.Output = std::cout, .ErrorOutput = std::cerr, .ErrorOutputIsTerminal = isatty(STDERR_FILENO) == 1});
+}

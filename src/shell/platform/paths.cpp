@@ -1,0 +1,80 @@
+#include "shell/platform/paths.h"
+
+#include "shell/platform/descriptor.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace veldrane {
+namespace {
+
+constexpr mode_t kUserAlone = 0700;
+
+std::string FullPathFrom(const char* variable)
+{
+    const char* value = std::getenv(variable);
+    std::string path = value != nullptr && value[0] == '/' ? value : "";
+    while (path.size() > 1 && path.ends_with('/'))
+        path.pop_back();
+    return path;
+}
+
+std::string HomeFolder()
+{
+    if (std::string home = FullPathFrom("HOME"); !home.empty())
+        return home;
+    std::array<char, 16384> buffer{};
+    passwd entry = {};
+    passwd* found = nullptr;
+    if (getpwuid_r(getuid(), &entry, buffer.data(), buffer.size(), &found) == 0 && found != nullptr &&
+        found->pw_dir[0] == '/')
+        return found->pw_dir;
+    throw RuntimeError(error_number::kPathAccess, "Paths", "HOME names no folder, and the user has none");
+}
+
+std::string OwnFolder(const char* variable, const char* belowHome)
+{
+    const std::string base = FullPathFrom(variable);
+    return (base.empty() ? HomeFolder() + belowHome : base) + "/veldrane";
+}
+
+} // namespace
+
+std::string ConfigFolder()
+{
+    return OwnFolder("XDG_CONFIG_HOME", "/.config");
+}
+
+std::string SettingsPath()
+{
+    const char* named = std::getenv("VELDRANE_SETTINGS");
+    return named != nullptr && named[0] != '\0' ? named : ConfigFolder() + "/settings.ini";
+}
+
+std::string StateFolder()
+{
+    return OwnFolder("XDG_STATE_HOME", "/.local/state");
+}
+
+std::string RecoveryFolder()
+{
+    return StateFolder() + "/recovery";
+}
+
+void MakeFolder(const std::string& path)
+{
+    for (std::size_t end = path.find('/', 1); end != std::string::npos; end = path.find('/', end + 1))
+        mkdir(path.substr(0, end).c_str(), kUserAlone); // whatever hinders it hinders the last one, too
+    struct stat status = {};
+    if (mkdir(path.c_str(), kUserAlone) == 0)
+        return;
+    const int error = errno;
+    if (stat(path.c_str(), &status) != 0 || !S_ISDIR(status.st_mode))
+        throw WriteFailure(path, error);
+}
+
+} // namespace veldrane

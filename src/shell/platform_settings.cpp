@@ -1,0 +1,43 @@
+#include "shell/platform_settings.h"
+
+#include "text/conversion.h"
+#include "text/runtime_error.h"
+#include "text/strings.h"
+
+namespace veldrane {
+namespace {
+
+std::string Value(const Settings& settings, std::string_view name)
+{
+    return std::string(text::Trim(settings.GetKeyValue(settings_section::kPlatform, name)));
+}
+
+std::chrono::seconds Seconds(const Settings& settings, std::string_view name, std::chrono::seconds whenUnset)
+{
+    const std::chrono::seconds value(text::LeadingNumber(Value(settings, name)));
+    return value.count() > 0 ? value : whenUnset;
+}
+
+text::CodePage CodePageOf(const std::string& value)
+{
+    if (value.empty())
+        return text::CodePage();
+    try {
+        return text::CodePage(text::ToLong(value));
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(error.Number, error.Source, "The setting CodePage in the section Platform is '" + value + "'. " + error.Description());
+    }
+}
+
+} // namespace
+
+PlatformSettings ReadPlatformSettings(const Settings& settings)
+{
+    PlatformSettings read{.CodePage = CodePageOf(Value(settings, "CodePage"))};
+    read.ConnectTimeout = Seconds(settings, "ConnectTimeout", read.ConnectTimeout);
+    read.StatementTimeout = Seconds(settings, "StatementTimeout", read.StatementTimeout);
+    read.VisualBasicCommand = Value(settings, "VisualBasicCommand");
+    return read;
+}
+
+} // namespace veldrane

@@ -1,0 +1,7 @@
+#pragma once
+
+namespace veldrane {
+
+inline constexpr char kSupportAddress[] = "support@quillmere.example";
+
+} // namespace veldrane

@@ -1,0 +1,32 @@
+#include "shell/project_connection.h"
+
+#include "datasource/connection_string.h"
+
+#include <initializer_list>
+#include <string_view>
+
+namespace veldrane {
+namespace {
+
+// Providers and drivers have several names for the same thing.
+std::string FirstOf(const ConnectionString& parsed, std::initializer_list<std::string_view> keys)
+{
+    for (const std::string_view key : keys)
+        if (parsed.Contains(key))
+            return parsed.Value(key);
+    return {};
+}
+
+} // namespace
+
+void SetConnection(TTCProject& project, const std::string& text)
+{
+    const ConnectionString parsed(text);
+    project.DataSourceName = parsed.Value("DSN");
+    project.DataSourceDriver = parsed.Value("Driver");
+    project.DataSourceDatabaseName = FirstOf(parsed, {"Database", "DBQ", "Initial Catalog", "Data Source"});
+    project.DataSourceLogin = FirstOf(parsed, {"UID", "User ID"});
+    project.SetConnectionString(parsed.Contains("PROVIDER") ? text : "PROVIDER=MSDASQL;" + text);
+}
+
+} // namespace veldrane

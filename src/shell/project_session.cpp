@@ -1,0 +1,66 @@
+#include "shell/project_session.h"
+
+#include "model/xml_assist.h"
+#include "projectfile/file_management.h"
+#include "shell/new_project.h"
+
+namespace veldrane {
+
+ProjectSession::ProjectSession(const Application& application) : application_(application)
+{
+    StartDocument(DataSourceOnOpen::LeaveClosed);
+}
+
+void ProjectSession::StartDocument(DataSourceOnOpen dataSource)
+{
+    activeConnection_.reset();
+    document_ = std::make_unique<Document>();
+    connectionChanged_ = Connection();
+    if (dataSource == DataSourceOnOpen::Connect)
+        connectionChanged_ = Project().ProjectConnectionChanged.Connect([this](const std::string& text) {
+            if (!text.empty())
+                ConnectDataSource(StringOrigin::ProjectFile);
+        });
+}
+
+void ProjectSession::New()
+{
+    StartDocument(DataSourceOnOpen::LeaveClosed);
+    NewProject(Project(), application_.UserSettings, application_.Errors);
+    if (Project().MTSEnabled)
+        AddXmlAssist(Project(), Classes());
+}
+
+bool ProjectSession::Open(const std::string& path, DataSourceOnOpen dataSource)
+{
+    StartDocument(dataSource);
+    Project().Clear();
+    TTCFileManagement files(application_.Files, application_.Asking, application_.Errors, application_.Generation.CodePage);
+    return files.OpenProject(Project(), Classes(), path);
+}
+
+bool ProjectSession::Save()
+{
+    TTCFileManagement files(application_.Files, application_.Asking, application_.Errors, application_.Generation.CodePage);
+    return files.SaveProject(Project(), Classes());
+}
+
+bool ProjectSession::ConnectDataSource(StringOrigin origin)
+{
+    activeConnection_.reset();
+    const auto report = [&](const RuntimeError& error) {
+        application_.Errors.ReportError(
+            error, {.ModuleName = application_.Generation.AppTitle,
+                    .RoutineName = "Open Datasource",
+                    .Hint = "If you would like to modify your DataSource, you may do so by selecting Project|Edit DataSource from the menu."});
+    };
+    try {
+        activeConnection_ = application_.Connect(Project().ConnectionString(), origin);
+        return true;
+    } catch (const RuntimeError& error) {
+        report(error);
+    }
+    return false;
+}
+
+} // namespace veldrane

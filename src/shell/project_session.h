@@ -1,0 +1,52 @@
+#pragma once
+
+#include "shell/application.h"
+#include "shell/document.h"
+
+#include <memory>
+#include <string>
+
+namespace veldrane {
+
+// Whether opening a project also opens the data source that it names.
+enum class DataSourceOnOpen
+{
+    Connect,
+    LeaveClosed,
+};
+
+// The project of a session, and the one connection that everything which reads a catalog shares. Assigning a changed
+// connection string to the project opens the data source; a failure is reported, and the project goes on without one.
+class ProjectSession
+{
+  public:
+    explicit ProjectSession(const Application& application);
+
+    [[nodiscard]] TTCProject& Project() { return document_->Project; }
+    [[nodiscard]] KZMClasses& Classes() { return document_->Classes; }
+
+    // A new document, as the New command and OK in the project's properties give it.
+    void New();
+
+    // Replaces the document by that of the file. False if it can't be opened, which is told.
+    bool Open(const std::string& path, DataSourceOnOpen dataSource);
+
+    // Writes the document over its file. False if that fails, which is reported.
+    bool Save();
+
+    // Opens the project's data source in place of the open one. False if that fails, which is reported.
+    bool ConnectDataSource(StringOrigin origin);
+
+    // The shared connection; nothing while no data source is open.
+    [[nodiscard]] DataSourceConnection* ActiveConnection() { return activeConnection_.get(); }
+
+  private:
+    void StartDocument(DataSourceOnOpen dataSource);
+
+    const Application& application_;
+    std::unique_ptr<Document> document_;
+    std::unique_ptr<DataSourceConnection> activeConnection_;
+    Connection connectionChanged_;
+};
+
+} // namespace veldrane

@@ -1,0 +1,118 @@
+#include "shell/command_line.h"
+#include "support/memory_file_system.h"
+
+#include <gmock/gmock.h>
+
+namespace veldrane {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Pair;
+using ::testing::StartsWith;
+
+template <class Expected>
+Expected Parsed(const std::vector<std::string>& arguments, const testing::MemoryFileSystem& files = {})
+{
+    const Command command = ParseCommandLine(arguments, files);
+    if (const auto* print = std::get_if<PrintAndExit>(&command);
+        print != nullptr && !std::is_same_v<Expected, PrintAndExit>)
+        ADD_FAILURE() << print->Text;
+    return std::get<Expected>(command);
+}
+
+TEST(CommandLine, DefineTakesItsOptionsAsTheyStand)
+{
+    const auto command = Parsed<DefineCommand>({"define", "a b.kzm", "--connection", "PROVIDER=MSDASQL;DSN=x;",
+                                                "--table", "Order Lines=Orders", "--table", "[odd], name", "--lookup",
+                                                "Countries", "--all", "--collections", "--by", "primary-key", "--set",
+                                                "ProjectName=a=b, c", "--set", "Author="});
+    EXPECT_EQ(command.File, "a b.kzm");
+    EXPECT_EQ(command.Connection, "PROVIDER=MSDASQL;DSN=x;");
+    EXPECT_THAT(command.Request.Tables, ElementsAre("Order Lines=Orders", "[odd], name"));
+    EXPECT_THAT(command.Request.Lookups, ElementsAre("Countries"));
+    EXPECT_TRUE(command.Request.All);
+    EXPECT_TRUE(command.Collections);
+    EXPECT_EQ(command.By, RowIdentifier::PrimaryKey);
+    EXPECT_THAT(command.Settings, ElementsAre(Pair("ProjectName", "a=b, c"), Pair("Author", "")));
+}
+
+TEST(CommandLine, DefineNeedsNothingButAFile)
+{
+    const auto command = Parsed<DefineCommand>({"define", "x.kzm"});
+    EXPECT_EQ(command.Connection, "");
+    EXPECT_THAT(command.Request.Tables, IsEmpty());
+    EXPECT_FALSE(command.Request.All);
+    EXPECT_EQ(command.By, RowIdentifier::Identity);
+}
+
+TEST(CommandLine, GenerateBacksUpUnlessToldOtherwise)
+{
+    EXPECT_EQ(Parsed<GenerateCommand>({"generate", "x.kzm", "out"}).Existing, Overwrite::Backup);
+    EXPECT_EQ(Parsed<GenerateCommand>({"generate", "x.kzm", "out", "--overwrite", "leave"}).Existing, Overwrite::Leave);
+    EXPECT_EQ(Parsed<GenerateCommand>({"generate", "x.kzm", "out", "--overwrite=prompt"}).Existing, Overwrite::Prompt);
+    EXPECT_TRUE(Parsed<GenerateCommand>({"generate", "x.kzm", "out", "--compile"}).Compile);
+}
+
+TEST(CommandLine, AConnectionStringCanStandInAFile)
+{
+    testing::MemoryFileSystem files;
+    files.Files["/secret"] = "PROVIDER=MSDASQL;DSN=x;PWD=secret;\r\n";
+    EXPECT_EQ(Parsed<TablesCommand>({"tables", "--connection", "@/secret"}, files).Connection,
+              "PROVIDER=MSDASQL;DSN=x;PWD=secret;");
+    EXPECT_EQ(Parsed<DefineCommand>({"define", "x.kzm", "--connection", "@/secret"}, files).Connection,
+              "PROVIDER=MSDASQL;DSN=x;PWD=secret;");
+}
+
+TEST(CommandLine, AConnectionFileThatIsMissingOrEmptyIsNamed)
+{
+    testing::MemoryFileSystem files;
+    files.Files["/empty"] = "\n";
+    const auto missing = Parsed<PrintAndExit>({"tables", "--connection", "@/nowhere"}, files);
+    EXPECT_EQ(missing.ExitCode, 2);
+    EXPECT_THAT(missing.Text, StartsWith("veldrane: --connection: /nowhere: No such file or directory.\nUsage"));
+    EXPECT_THAT(Parsed<PrintAndExit>({"tables", "--connection", "@/empty"}, files).Text,
+                StartsWith("veldrane: --connection: the file '/empty' holds no connection string.\nUsage"));
+}
+
+TEST(CommandLine, HelpAndVersionAreAnswersAndNoErrors)
+{
+    for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+             {"--help"}, {"--version"}, {"define", "--help"}, {"generate", "--help"}}) {
+        const auto print = Parsed<PrintAndExit>(arguments);
+        EXPECT_EQ(print.ExitCode, 0);
+        EXPECT_FALSE(print.OnStandardError);
+        EXPECT_FALSE(print.Text.empty());
+    }
+    EXPECT_THAT(Parsed<PrintAndExit>({"--version"}).Text, StartsWith("veldrane "));
+}
+
+// What is wrong in one line, then the usage in another.
+TEST(CommandLine, WrongUsageIsOneLineAndTheUsage)
+{
+    const std::vector<std::pair<std::vector<std::string>, std::string>> cases{
+        {{}, "veldrane: no command was given.\nUsage: veldrane tables"},
+        {{"nonsense"}, "veldrane: 'nonsense' is no command.\nUsage: veldrane tables"},
+        {{"x.kzm"}, "veldrane: 'x.kzm' is no command.\nUsage: veldrane tables"},
+        {{"--frobnicate"}, "veldrane: '--frobnicate' is no command.\nUsage: veldrane tables"},
+        {{"tables"}, "veldrane: --connection is required.\nUsage: veldrane tables --connection STRING"},
+        {{"define"}, "veldrane: file is required.\nUsage: veldrane define FILE.kzm"},
+        {{"generate", "x.kzm"}, "veldrane: folder is required.\nUsage: veldrane generate FILE.kzm FOLDER"},
+        {{"generate", "x.kzm", "out", "more"},
+         "veldrane: The following argument was not expected: more.\nUsage: veldrane generate"},
+        {{"generate", "x.kzm", "out", "--overwrite", "always"},
+         "veldrane: --overwrite: 'always' is none of prompt|leave|backup.\nUsage"},
+        {{"define", "x.kzm", "--by", "luck"}, "veldrane: --by: 'luck' is none of identity|primary-key.\nUsage"},
+        {{"define", "x.kzm", "--set", "Author"}, "veldrane: --set: 'Author' is not of the form NAME=VALUE.\nUsage"},
+        {{"define", "x.kzm", "--set", "=x"}, "veldrane: --set: '=x' is not of the form NAME=VALUE.\nUsage"},
+    };
+    for (const auto& [arguments, text] : cases) {
+        const auto print = Parsed<PrintAndExit>(arguments);
+        EXPECT_THAT(print.Text, StartsWith(text));
+        EXPECT_TRUE(print.OnStandardError);
+        EXPECT_EQ(print.ExitCode, 2);
+    }
+}
+
+} // namespace
+} // namespace veldrane

@@ -1,0 +1,263 @@
+#include "program.h"
+
+#include "text/strings.h"
+
+#include <gmock/gmock.h>
+
+namespace veldrane {
+namespace {
+
+using testing::Ended;
+using testing::Program;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+constexpr char kNotes[] = "CREATE TABLE Notes (NoteID INTEGER PRIMARY KEY AUTOINCREMENT, Title VARCHAR(50) NOT NULL, Body TEXT);"
+                          "CREATE TABLE Tags (Tag VARCHAR(20) NOT NULL PRIMARY KEY, NoteID INTEGER REFERENCES Notes (NoteID));"
+                          "CREATE VIEW Recent AS SELECT NoteID, Title FROM Notes;";
+
+struct Define : ::testing::Test
+{
+    Ended Run(const std::vector<std::string>& more)
+    {
+        std::vector<std::string> arguments{"define", Workspace.Path("Notes.kzm")};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return Workspace.Run(arguments);
+    }
+
+    // The value line of a project file.
+    static std::string Line(const std::string& key, const std::string& value) { return "\r\n" + key + "\2" + value + "\r\n"; }
+
+    std::string File() { return Workspace.ReadFile("Notes.kzm"); }
+
+    // The lines of one class in the file.
+    std::string ClassBlock(const std::string& className)
+    {
+        const std::string file = File();
+        const std::size_t begin = file.find("Begin Class " + className + "\r\n");
+        const std::size_t end = file.find("End Class " + className + "\r\n");
+        return begin == std::string::npos ? "" : file.substr(begin, end - begin);
+    }
+
+    Program Workspace;
+    std::string Notes = Workspace.MakeDatabase("notes.db", kNotes);
+};
+
+TEST_F(Define, MakesAProjectFromEveryTable)
+{
+    const Ended ended = Run({"--connection", Notes, "--all"});
+    EXPECT_EQ(ended.ExitCode, 0) << ended.ErrorOutput;
+    EXPECT_EQ(ended.Output, "");
+    EXPECT_THAT(File(), StartsWith("Veldrane Professional 2000 Data File\r\n\r\nBegin Project\r\n"));
+    EXPECT_THAT(File(), HasSubstr(Line("VBProjectName", "Notes")));
+    EXPECT_THAT(File(), HasSubstr(Line("FileName", "Notes.kzm")));
+    EXPECT_THAT(File(), HasSubstr(Line("FullPath", Workspace.Path("Notes.kzm"))));
+    EXPECT_THAT(ClassBlock("Note"), HasSubstr(Line("TableName", "Notes")));
+    EXPECT_THAT(ClassBlock("Tag"), HasSubstr(Line("ParentClassName", "Note")));
+    EXPECT_EQ(ClassBlock("Recent"), "") << "--all takes tables alone";
+}
+
+TEST_F(Define, GivesANewProjectTheClassForComponentServices)
+{
+    EXPECT_EQ(Run({}).ExitCode, 0);
+    EXPECT_THAT(ClassBlock("xmlAssist"), HasSubstr("IsMTSRequiredClass\2True"));
+    EXPECT_EQ(Run({"--set", "MTSEnabled=False"}).ExitCode, 0);
+    EXPECT_EQ(ClassBlock("xmlAssist"), "");
+    EXPECT_EQ(Run({"--set", "MTSEnabled=True"}).ExitCode, 0);
+    EXPECT_THAT(ClassBlock("xmlAssist"), HasSubstr("Begin Property Document\r\n"));
+}
+
+TEST_F(Define, KeepsTheFactsOfTheConnection)
+{
+    EXPECT_EQ(Run({"--connection", text::ReplaceAll(Notes, "PROVIDER=MSDASQL;", "")}).ExitCode, 0);
+    EXPECT_THAT(File(), HasSubstr(Line("ConnectionString", Notes)));
+    EXPECT_THAT(File(), HasSubstr(Line("DataSourceDriver", "SQLite3")));
+    EXPECT_THAT(File(), HasSubstr(Line("DataSourceDatabaseName", Workspace.Path("notes.db"))));
+}
+
+TEST_F(Define, MakesAReadOnlyClassFromAView)
+{
+    EXPECT_EQ(Run({"--connection", Notes, "--table", "Recent"}).ExitCode, 0);
+    EXPECT_THAT(ClassBlock("Recent"), HasSubstr("ReadOnly\2True"));
+    EXPECT_THAT(ClassBlock("Recent"), Not(HasSubstr("Begin Method Update")));
+}
+
+TEST_F(Define, PutsLookupsAndChildrenWhereItIsTold)
+{
+    EXPECT_EQ(Run({"--connection", Notes, "--lookup", "Notes", "--table", "Tags"}).ExitCode, 0);
+    EXPECT_THAT(ClassBlock("Note"), HasSubstr("IsDomainTable\2True"));
+    EXPECT_THAT(ClassBlock("Tag"), HasSubstr(Line("ParentClassName", "")));
+}
+
+TEST_F(Define, GivesRootClassesACollectionOnlyIfAsked)
+{
+    EXPECT_EQ(Run({"--connection", Notes, "--table", "Notes"}).ExitCode, 0);
+    EXPECT_THAT(ClassBlock("Note"), Not(HasSubstr("CreateCollection")));
+    Workspace.WriteFile("Notes.kzm", "");
+    std::filesystem::remove(Workspace.Path("Notes.kzm"));
+    EXPECT_EQ(Run({"--connection", Notes, "--table", "Notes", "--collections"}).ExitCode, 0);
+    EXPECT_THAT(ClassBlock("Note"), HasSubstr("CreateCollection\2True"));
+    EXPECT_THAT(ClassBlock("Note"), HasSubstr("Begin Method RetrieveList\r\n"));
+}
+
+TEST_F(Define, TellsTheRowIdentifierFromTheCommandLine)
+{
+    EXPECT_EQ(Run({"--connection", Notes, "--table", "Notes"}).ExitCode, 0);
+    EXPECT_THAT(ClassBlock("Note"), HasSubstr("RetrieveByIdentityCol\2True"));
+    EXPECT_THAT(ClassBlock("Note"), Not(HasSubstr("RetrieveByPrimaryKey")));
+    std::filesystem::remove(Workspace.Path("Notes.kzm"));
+    EXPECT_EQ(Run({"--connection", Notes, "--table", "Notes", "--by", "primary-key"}).ExitCode, 0);
+    EXPECT_THAT(ClassBlock("Note"), HasSubstr("RetrieveByPrimaryKey\2True"));
+    EXPECT_THAT(ClassBlock("Note"), HasSubstr("DeleteByPrimaryKey\2True"));
+}
+
+TEST_F(Define, PrintsAQuestionWithTheAnswerTaken)
+{
+    const Ended ended = Run({"--connection", Notes, "--table", "Notes"});
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("Choose Retrieval Method"));
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("Answer: Yes"));
+}
+
+TEST_F(Define, RunAgainChangesNothing)
+{
+    Run({"--connection", Notes, "--all", "--collections"});
+    const std::string first = File();
+    const Ended ended = Run({"--all", "--collections"});
+    EXPECT_EQ(ended.ExitCode, 0) << ended.ErrorOutput;
+    EXPECT_EQ(File(), first);
+    EXPECT_EQ(Workspace.ReadFile("Notes.bak"), first);
+}
+
+TEST_F(Define, FollowsTheTableAndKeepsWhatTheUserChanged)
+{
+    Run({"--connection", Notes, "--table", "Notes"});
+    const std::string edited = text::ReplaceAll(File(), "Begin Property Title\r\nAddToClass\2True\r\nDataType\2String",
+                                                "Begin Property Title\r\nAddToClass\2True\r\nDataType\2Variant");
+    ASSERT_NE(edited, File());
+    Workspace.WriteFile("Notes.kzm", edited);
+    Workspace.MakeDatabase("notes.db", "ALTER TABLE Notes ADD COLUMN Pinned BOOLEAN; DROP VIEW Recent; ALTER TABLE Notes DROP COLUMN Body;");
+    EXPECT_EQ(Run({}).ExitCode, 0);
+    EXPECT_THAT(ClassBlock("Note"), HasSubstr("Begin Property Pinned\r\n"));
+    EXPECT_THAT(ClassBlock("Note"), Not(HasSubstr("Begin Property Body\r\n")));
+    EXPECT_THAT(ClassBlock("Note"), HasSubstr("DataType\2Variant"));
+    EXPECT_EQ(Workspace.ReadFile("Notes.bak"), edited);
+}
+
+TEST_F(Define, LeavesAClassWhoseTableIsGoneAsItWas)
+{
+    Run({"--connection", Notes, "--all"});
+    const std::string before = ClassBlock("Tag");
+    Workspace.MakeDatabase("notes.db", "DROP TABLE Tags; ALTER TABLE Notes ADD COLUMN Pinned BOOLEAN;");
+    const Ended ended = Run({});
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("Tags"));
+    EXPECT_EQ(ClassBlock("Tag"), before);
+    EXPECT_THAT(ClassBlock("Note"), HasSubstr("Begin Property Pinned\r\n"));
+}
+
+TEST_F(Define, LeavesOutANameThatTheChecksRefuseAndSavesTheRest)
+{
+    const std::string connection =
+        Workspace.MakeDatabase("long.db", "CREATE TABLE AVeryLongTableNameThatNoProgramIdentifierHolds (ID INTEGER PRIMARY KEY); CREATE TABLE Short (ID INTEGER);");
+    const Ended ended = Run({"--connection", connection, "--all"});
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("exceeds 39 characters"));
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("'AVeryLongTableNameThatNoProgramIdentifierHolds' is left out."));
+    EXPECT_NE(ClassBlock("Short"), "");
+}
+
+TEST_F(Define, LeavesOutAChildWhoseParentIsNowhere)
+{
+    const Ended ended = Run({"--connection", Notes, "--table", "Tags=Nobody"});
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("there is no class or table 'Nobody' in the project to stand above: 'Tags' is left out."));
+    EXPECT_EQ(ClassBlock("Tag"), "");
+}
+
+TEST_F(Define, NamesATableThatTheDataSourceDoesNotHave)
+{
+    const Ended ended = Run({"--connection", Notes, "--table", "Nothing", "--table", "Notes"});
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("the data source has no table or view named 'Nothing'."));
+    EXPECT_NE(ClassBlock("Note"), "");
+}
+
+TEST_F(Define, FindsAParentByItsClassAndByItsTable)
+{
+    Run({"--connection", Notes, "--table", "Notes"});
+    EXPECT_EQ(Run({"--table", "Tags=note"}).ExitCode, 0);
+    EXPECT_THAT(ClassBlock("Tag"), HasSubstr(Line("ParentClassName", "Note")));
+}
+
+TEST_F(Define, NeedsADataSourceForClasses)
+{
+    const Ended ended = Run({"--all"});
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("the project has no data source: give one with --connection."));
+    EXPECT_FALSE(std::filesystem::exists(Workspace.Path("Notes.kzm")));
+}
+
+TEST_F(Define, SaysThatAnotherConnectionReplacesTheProjects)
+{
+    Run({"--connection", Notes, "--table", "Notes"});
+    const std::string other = Workspace.MakeDatabase("other.db", kNotes);
+    const Ended ended = Run({"--connection", other});
+    EXPECT_EQ(ended.ExitCode, 0) << ended.ErrorOutput;
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("the data source given replaces that of the project."));
+    EXPECT_THAT(File(), HasSubstr(Line("ConnectionString", other)));
+}
+
+TEST_F(Define, ChangesNothingWhenTheConnectionFails)
+{
+    Run({"--connection", Notes, "--table", "Notes"});
+    const std::string before = File();
+    const Ended ended = Run({"--connection", "PROVIDER=MSDASQL;Driver=SQLite3;Database=" + Workspace.Path("missing.db") + ";"});
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_FALSE(std::filesystem::exists(Workspace.Path("missing.db")));
+    EXPECT_EQ(File(), before);
+}
+
+TEST_F(Define, RefusesSettingsThatAFileCannotHold)
+{
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {"Nonsense=1", "project files have no setting of this name."},
+        {"FullPath=/x", "this line of a project file is written only"},
+        {"AutosaveProjectInterval=9", "this line of a project file is written only"},
+        {"ConnectionString=DSN=x;", "the connection is given with --connection."},
+        {"Author=a\nb", "can't hold a value with a line break"},
+        {"MTSEnabled=perhaps", "neither True nor False"},
+        {"VBVersion=six", "is not a number"},
+    };
+    for (const auto& [setting, text] : cases) {
+        const Ended ended = Run({"--set", setting});
+        EXPECT_EQ(ended.ExitCode, 1) << setting;
+        EXPECT_THAT(ended.ErrorOutput, HasSubstr(text)) << setting;
+        EXPECT_FALSE(std::filesystem::exists(Workspace.Path("Notes.kzm"))) << setting;
+    }
+}
+
+TEST_F(Define, WantsAFileOfItsOwnKind)
+{
+    const Ended ended = Workspace.Run({"define", Workspace.Path("Notes.txt")});
+    EXPECT_EQ(ended.ExitCode, 2);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("Notes.txt' does not end in .kzm."));
+}
+
+TEST_F(Define, LeavesAFileThatIsNoProjectAlone)
+{
+    Workspace.WriteFile("Notes.kzm", "something else\r\n");
+    const Ended ended = Run({"--connection", Notes, "--all"});
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("This file is not a Veldrane Professional 2000 Data File. Unable to open file."));
+    EXPECT_EQ(File(), "something else\r\n");
+}
+
+TEST_F(Define, NamesAProjectAfterItsFile)
+{
+    EXPECT_EQ(Workspace.Run({"define", Workspace.Path("2 my-shop.kzm")}).ExitCode, 0);
+    EXPECT_THAT(Workspace.ReadFile("2 my-shop.kzm"), HasSubstr(Line("VBProjectName", "A2_my_shop")));
+}
+
+} // namespace
+} // namespace veldrane

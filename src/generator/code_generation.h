@@ -70,6 +70,9 @@ struct GenerationPorts
 class CodeGeneration
 {
   public:
+    static constexpr std::string_view PushPrefix = kPushPrefix;
+    static constexpr std::string_view SavePrefix = kSavePrefix;
+
     CodeGeneration(const TTCProject& project, const GenerationPorts& ports, GenerationSettings settings = {});
 
     // The name prefix of a variable of the type: of a member variable or of a global one.

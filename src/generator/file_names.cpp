@@ -40,6 +40,7 @@ std::vector<NamedFile> FilesOf(const ProjectScope& scope, const KZMClasses& clas
 {
     const std::string& prefix = scope.Project.ClassPrefix;
     std::vector<NamedFile> files;
+    files.reserve(kNamedAfterProject.size() + 2 * (1 + classes.Count()));
     for (const ProjectFileRow& row : kNamedAfterProject)
         files.push_back({NameOf(row.FileName, scope), "", "", row.Member, scope.Project.*(row.Value)});
     files.push_back({NameOf(kTestForm, scope), "", "", "", ""});

@@ -84,7 +84,7 @@ class ClassProgress
 class ProjectWriter
 {
   public:
-    ProjectWriter(CodeGeneration& generation, TargetFiles& files, const GenerationContext& context) : generation_(generation), files_(files), context_(context) {}
+    ProjectWriter(CodeGeneration& generation, TargetFiles& files, const GenerationContext& context) : generation_(generation), files_(files), context_(context), project_(context) {}
 
     void Run()
     {
@@ -106,7 +106,7 @@ class ProjectWriter
     {
         generation_.Progress.Raise(row.Progress);
         generation_.StatusChanged.Raise(kFilesStage, std::string(row.Status));
-        const std::string fileName = NameOf(row.FileName, ProjectScope(context_));
+        const std::string fileName = NameOf(row.FileName, project_);
         if (!files_.MayWrite(fileName))
             return;
         const std::string text = SectionText(row.Write(context_, context_.Classes));
@@ -128,7 +128,7 @@ class ProjectWriter
 
     void WriteClassFile(KZMClass& owner)
     {
-        const std::string fileName = NameOf(kClassModule, ClassFileScope{context_, owner});
+        const std::string fileName = NameOf(kClassModule, ClassFileScope{project_, owner});
         generation_.StatusChanged.Raise(kFilesStage, NameOf(kCreatesFile, StatusScope{fileName}));
         if (!files_.MayWrite(fileName))
             return;
@@ -142,6 +142,7 @@ class ProjectWriter
     CodeGeneration& generation_;
     TargetFiles& files_;
     const GenerationContext& context_;
+    const ProjectScope& project_;
 };
 
 void SweepFolder(const GenerationPorts& ports, const std::string& folder)

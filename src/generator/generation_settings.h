@@ -11,6 +11,10 @@ namespace veldrane {
 // The product's title, as generated project files carry it.
 inline constexpr std::string_view kAppTitle = "Veldrane Professional Edition +Forms";
 
+// Prefix of the private variables that keep the key values as last read, and of the Friend properties that set them.
+inline constexpr std::string_view kPushPrefix = "push";
+inline constexpr std::string_view kSavePrefix = "Save";
+
 // What the generator takes from the user's settings and the command line.
 struct GenerationSettings
 {

@@ -12,10 +12,6 @@
 // words of the wider one. Scopes hold references alone and are made where they are needed.
 namespace veldrane {
 
-// Prefix of the private variables that keep the key values as last read, and of the Friend properties that set them.
-inline constexpr std::string_view kPushPrefix = "push";
-inline constexpr std::string_view kSavePrefix = "Save";
-
 // A line about the project as a whole.
 struct ProjectScope
 {

@@ -244,7 +244,8 @@ TEST(SqliteTables, AnyNameOpens)
         std::string quoted;
         for (const char c : name)
             quoted.append(c == '"' ? 2 : 1, c);
-        statements += "CREATE TABLE \"" + quoted + "\" (id INTEGER PRIMARY KEY, \"" + quoted + " col\" TEXT);\n";
+        statements.append("CREATE TABLE \"").append(quoted).append("\" (id INTEGER PRIMARY KEY, \"");
+        statements.append(quoted).append(" col\" TEXT);\n");
     }
     SqliteFile file(statements);
     const auto catalog = file.OpenCatalog();
@@ -406,8 +407,9 @@ TEST(SqliteCatalog, AnswersForThousandsOfTables)
     constexpr int kTables = 3000;
     std::string statements = "BEGIN;\nCREATE TABLE t0 (id INTEGER PRIMARY KEY, n VARCHAR(20));\n";
     for (int number = 1; number < kTables; ++number)
-        statements += "CREATE TABLE t" + std::to_string(number) + " (id INTEGER PRIMARY KEY, parent INT REFERENCES t" +
-                      std::to_string(number - 1) + ");\n";
+        statements.append("CREATE TABLE t" + std::to_string(number))
+            .append(" (id INTEGER PRIMARY KEY, parent INT REFERENCES t" + std::to_string(number - 1))
+            .append(");\n");
     SqliteFile file(statements + "COMMIT;\n");
     const auto catalog = file.OpenCatalog();
     catalog->ExpectManyTables();

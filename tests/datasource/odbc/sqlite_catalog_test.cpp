@@ -417,8 +417,10 @@ TEST(SqliteCatalog, AnswersForThousandsOfTables)
     for (int number = 1; number < kTables; ++number) {
         const std::string name = "t" + std::to_string(number);
         const std::string parent = "t" + std::to_string(number - 1);
+        std::string expected = parent;
+        expected.append(name).append(": ").append(parent).append(" parent=id");
         ASSERT_EQ(PrimaryKey(*catalog, name).Columns.size(), 1U) << name;
-        ASSERT_EQ(KeyRows(*catalog, name), std::vector<std::string>{parent + name + ": " + parent + " parent=id"});
+        ASSERT_EQ(KeyRows(*catalog, name), std::vector<std::string>{expected});
         ASSERT_EQ(FieldNames(*catalog, Statement(name)).size(), 2U) << name;
     }
 }

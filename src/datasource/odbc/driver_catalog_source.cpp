@@ -55,6 +55,7 @@ std::vector<Column> InOrder(std::vector<Placed<Column>> placed)
     std::stable_sort(placed.begin(), placed.end(),
                      [](const auto& left, const auto& right) { return left.Sequence < right.Sequence; });
     std::vector<Column> columns;
+    columns.reserve(placed.size());
     for (Placed<Column>& each : placed)
         columns.push_back(std::move(each.Value));
     return columns;
@@ -215,6 +216,7 @@ std::vector<CatalogKey> DriverCatalogSource::Keys(const SourceTable& table)
         key.Columns.push_back({sequence, {.Name = std::move(column), .RelatedColumn = std::move(relatedColumn)}});
     }
     std::vector<CatalogKey> keys;
+    keys.reserve(rows.size());
     for (KeyRows& key : rows)
         keys.push_back(
             {.Name = key.Name, .RelatedTable = key.RelatedTable, .Columns = InOrder(std::move(key.Columns))});

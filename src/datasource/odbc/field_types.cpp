@@ -15,8 +15,8 @@ constexpr std::int32_t kNone = 0;
 
 struct TypeRow
 {
-    SQLSMALLINT SqlType;
-    std::int32_t AdoType;
+    SQLSMALLINT SqlType = SQL_UNKNOWN_TYPE;
+    std::int32_t AdoType = adEmpty;
     std::int32_t Unsigned = kNone; // where an unsigned column has a type of its own
 };
 

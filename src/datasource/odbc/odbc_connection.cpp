@@ -46,7 +46,7 @@ OdbcConnection::OdbcConnection(const OdbcConnectionOptions& options)
 
 OdbcConnection::~OdbcConnection()
 {
-    Close();
+    OdbcConnection::Close();
 }
 
 std::shared_ptr<OdbcSession> OdbcConnection::Connect(const std::string& connectionString) const

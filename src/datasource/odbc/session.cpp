@@ -104,9 +104,8 @@ void OdbcSession::Check(SQLRETURN result, const OdbcHandle& handle) const
 {
     if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA)
         return;
-    DataSourceError error = ErrorFrom(ReadDiagnostics(handle.Type(), handle.Get(), profile_->Width));
-    *errors_ = error.Errors;
-    throw error;
+    *errors_ = ReadDiagnostics(handle.Type(), handle.Get(), profile_->Width);
+    throw ErrorFrom(*errors_);
 }
 
 } // namespace veldrane

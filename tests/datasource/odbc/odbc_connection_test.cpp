@@ -32,7 +32,7 @@ DataSourceError Failure(const std::function<void()>& action)
 DataSourceError Refusal(const std::string& connectionString)
 {
     OdbcConnection connection(OdbcConnectionOptions{});
-    const DataSourceError error = Failure([&] { connection.Open(connectionString); });
+    DataSourceError error = Failure([&] { connection.Open(connectionString); });
     EXPECT_FALSE(connection.IsOpen());
     EXPECT_EQ(connection.ConnectionString(), "");
     EXPECT_EQ(error.Number, data_source_error::kFailed);

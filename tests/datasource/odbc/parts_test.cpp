@@ -118,6 +118,7 @@ TEST(KeyNames, AreMadeOfBothTablesAndNeverTwice)
         keys[at].RelatedTable = "P";
     NameUnnamedKeys(keys, "c");
     std::vector<std::string> names;
+    names.reserve(keys.size());
     for (const CatalogKey& key : keys)
         names.push_back(key.Name);
     EXPECT_THAT(names, testing::ElementsAre("PC2", "Pc", "Pc3", "Pc4"));

@@ -128,7 +128,7 @@ void SettingsDocument::Set(std::string_view section, std::string_view name, std:
     if (found == nullptr) {
         if (!sections_.empty() && (sections_.back().Lines.empty() || !sections_.back().Lines.back().Text.empty()))
             sections_.back().Lines.push_back({}); // a blank line between sections
-        const std::string header = "[" + settings_notation::WriteName(section) + "]";
+        const std::string header = std::string("[").append(settings_notation::WriteName(section)).append("]");
         sections_.push_back({.Header = header, .Name = std::string(section), .Lines = {}});
         found = &sections_.back();
     }

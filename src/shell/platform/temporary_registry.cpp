@@ -59,7 +59,7 @@ char* Append(char* end, std::string_view text)
 void FormatName(std::array<char, kNameSize>& name, std::string_view owner, unsigned number)
 {
     char* end = Append(name.data(), owner);
-    end = std::to_chars(end, name.data() + name.size(), number).ptr;
+    end = std::to_chars(end, name.data() + name.size() - kSuffix.size() - 1, number).ptr;
     *Append(end, kSuffix) = '\0';
 }
 

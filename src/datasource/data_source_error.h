@@ -1,8 +1,8 @@
 #pragma once
 
+#include "ports/ado_error.h"
 #include "text/runtime_error.h"
 
-#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,16 +16,6 @@ inline constexpr long kNoOpenConnection = 3709;
 inline constexpr long kNotSupported = 3251;
 inline constexpr long kFailed = -2147467259; // anything else that a driver refuses
 } // namespace data_source_error
-
-// One entry of what a driver says about a failure.
-struct ADOError
-{
-    long Number = 0;
-    std::string Description;
-    std::int32_t NativeError = 0;
-    std::string Source;
-    std::string SQLState;
-};
 
 // A failure of the data source: the number that the rules test, and everything that the driver said.
 class DataSourceError : public RuntimeError

@@ -151,9 +151,9 @@ FieldsOutcome HandleFailure(ClassEdit& edit, const RuntimeError& error)
 
 std::string FieldStatement(std::string_view tableName)
 {
-    const bool bracketed = tableName.find(' ') != std::string_view::npos || text::StartsWithDigit(tableName);
-    const std::string name = bracketed ? "[" + std::string(tableName) + "]" : std::string(tableName);
-    return "SELECT * FROM " + name + " WHERE 1=0";
+    const std::string name(tableName);
+    const bool bracketed = name.find(' ') != std::string::npos || text::StartsWithDigit(name);
+    return bracketed ? "SELECT * FROM [" + name + "] WHERE 1=0" : "SELECT * FROM " + name + " WHERE 1=0";
 }
 
 FieldsOutcome AddFieldsAsProperties(ClassEdit& edit)

@@ -24,7 +24,7 @@ std::vector<std::string> CommandWords(const std::string& command, Messages& mess
 std::string Outcome(const std::string& log, const std::string& targetFolder, const std::string& projectName)
 {
     if (text::FindFolded(log, "succeeded.") == std::string::npos)
-        return "ActiveX COM Object Compilation Failed for the following reasons:\r\n" + log;
+        return std::string(kCompilationFailed) + "\r\n" + log;
     return "ActiveX COM Object Compilation Complete.\r\nYour COM Object is located at: \r\n" + PathIn(targetFolder, projectName) + ".dll";
 }
 

@@ -8,6 +8,9 @@
 
 namespace veldrane {
 
+// How the text of a run begins whose project did not compile.
+inline constexpr std::string_view kCompilationFailed = "ActiveX COM Object Compilation Failed for the following reasons:";
+
 // The words of a command line as the desktop keeps it: parts in double quotes whole, the rest at its blanks.
 [[nodiscard]] std::vector<std::string> SplitCommand(std::string_view command);
 

@@ -3,24 +3,6 @@
 namespace veldrane {
 namespace {
 
-// A line of the messages that the generated object shows: web pages have labels in tags, message boxes do not.
-struct MessageScope : ProjectScope
-{
-    [[nodiscard]] bool ForTheWeb() const { return Project.MakeWebCompatible; }
-};
-
-} // namespace
-
-template <>
-inline constexpr auto Vocabulary<MessageScope> = std::to_array<Placeholder<MessageScope>>({
-    {"Strong", [](std::string& line, const MessageScope& s) { line += s.ForTheWeb() ? "<STRONG>" : ""; }},
-    {"EndStrong", [](std::string& line, const MessageScope& s) { line += s.ForTheWeb() ? "</STRONG>" : ""; }},
-});
-
-namespace {
-
-using MessageEmitter = Emitter<MessageScope>;
-
 // The documents that are exchanged with the component. "Propogation" and the capital "As" of three lines: on purpose.
 void WriteComponentVariables(const ProjectEmitter& emit)
 {
@@ -63,45 +45,58 @@ void WriteDeclarations(const ProjectEmitter& emit)
     emit("");
 }
 
-void WriteDefaultMessage(const MessageEmitter& emit)
+// Web pages have the labels of a message in tags, message boxes do not.
+void EmitLabel(const ProjectEmitter& emit, const TemplateLine<ProjectScope>& inBoxes, const TemplateLine<ProjectScope>& onPages)
+{
+    emit(emit.Scope().Project.MakeWebCompatible ? onPages : inBoxes);
+}
+
+void WriteDefaultMessage(const ProjectEmitter& emit)
 {
     emit("    If anErrorMessage = `` Then");
-    emit("        anErrorMessage = `{Strong}Last Error Number: {EndStrong}` & Err.Number & `.` & vbCrLf & _");
-    emit("                         `{Strong}Error Description: {EndStrong}` & Err.Description & vbCrLf & _");
-    emit("                         `{Strong}Error Source: {EndStrong}` & Err.Source & vbCrLf & _");
-    emit("                         `{Strong}Last DLL Error: {EndStrong}` & Err.LastDllError & vbCrLf & _");
-    emit("                         `{Strong}Error Help File: {EndStrong}` & Err.HelpFile & vbCrLf & _");
-    emit("                         `{Strong}Error Help Context: {EndStrong}` & Err.HelpContext & vbCrLf");
+    EmitLabel(emit, "        anErrorMessage = `Last Error Number: ` & Err.Number & `.` & vbCrLf & _",
+              "        anErrorMessage = `<STRONG>Last Error Number: </STRONG>` & Err.Number & `.` & vbCrLf & _");
+    EmitLabel(emit, "                         `Error Description: ` & Err.Description & vbCrLf & _", "                         `<STRONG>Error Description: </STRONG>` & Err.Description & vbCrLf & _");
+    EmitLabel(emit, "                         `Error Source: ` & Err.Source & vbCrLf & _", "                         `<STRONG>Error Source: </STRONG>` & Err.Source & vbCrLf & _");
+    EmitLabel(emit, "                         `Last DLL Error: ` & Err.LastDllError & vbCrLf & _", "                         `<STRONG>Last DLL Error: </STRONG>` & Err.LastDllError & vbCrLf & _");
+    EmitLabel(emit, "                         `Error Help File: ` & Err.HelpFile & vbCrLf & _", "                         `<STRONG>Error Help File: </STRONG>` & Err.HelpFile & vbCrLf & _");
+    EmitLabel(emit, "                         `Error Help Context: ` & Err.HelpContext & vbCrLf", "                         `<STRONG>Error Help Context: </STRONG>` & Err.HelpContext & vbCrLf");
     // Eight blanks although its If has four: on purpose.
     emit("        End If");
 }
 
-void WritePlaceOfError(const MessageEmitter& emit)
+void WritePlaceOfError(const ProjectEmitter& emit)
 {
     emit("    If ClassModule <> `` Then");
-    emit("        anErrorMessage = `{Strong}Class Module Name: {EndStrong}` & ClassModule & vbCrLf & `{Strong}Sub/Function: {EndStrong}` & FunctionName & vbCrLf & anErrorMessage");
+    EmitLabel(emit, "        anErrorMessage = `Class Module Name: ` & ClassModule & vbCrLf & `Sub/Function: ` & FunctionName & vbCrLf & anErrorMessage",
+              "        anErrorMessage = `<STRONG>Class Module Name: </STRONG>` & ClassModule & vbCrLf & `<STRONG>Sub/Function: </STRONG>` & FunctionName & vbCrLf & anErrorMessage");
     emit("    End If");
 }
 
-void WriteConnectionErrors(const MessageEmitter& emit)
+void WriteConnectionErrors(const ProjectEmitter& emit)
 {
     emit("    On Error Resume Next");
     emit("    If adoCon.Errors.Count > 0 Then");
     emit("        anErrorMessage = anErrorMessage & vbCrLf & `ADO Errors Follow:` & vbCrLf & `-------------------------------------------` & vbCrLf");
     emit("        For Each adoErr In adoCon.Errors");
-    emit("            anErrorMessage = anErrorMessage & `{Strong}ADO Error #: {EndStrong}` & adoErr.Number & vbCrLf");
-    emit("            anErrorMessage = anErrorMessage & `{Strong}ADO Description: {EndStrong}` & adoErr.Description & vbCrLf");
-    emit("            anErrorMessage = anErrorMessage & `{Strong}ADO Native Error #: {EndStrong}` & adoErr.NativeError & vbCrLf");
-    emit("            anErrorMessage = anErrorMessage & `{Strong}ADO Source: {EndStrong}` & adoErr.Source & vbCrLf");
-    emit("            anErrorMessage = anErrorMessage & `{Strong}ADO SQL State: {EndStrong}` & adoErr.SQLState & vbCrLf");
+    EmitLabel(emit, "            anErrorMessage = anErrorMessage & `ADO Error #: ` & adoErr.Number & vbCrLf",
+              "            anErrorMessage = anErrorMessage & `<STRONG>ADO Error #: </STRONG>` & adoErr.Number & vbCrLf");
+    EmitLabel(emit, "            anErrorMessage = anErrorMessage & `ADO Description: ` & adoErr.Description & vbCrLf",
+              "            anErrorMessage = anErrorMessage & `<STRONG>ADO Description: </STRONG>` & adoErr.Description & vbCrLf");
+    EmitLabel(emit, "            anErrorMessage = anErrorMessage & `ADO Native Error #: ` & adoErr.NativeError & vbCrLf",
+              "            anErrorMessage = anErrorMessage & `<STRONG>ADO Native Error #: </STRONG>` & adoErr.NativeError & vbCrLf");
+    EmitLabel(emit, "            anErrorMessage = anErrorMessage & `ADO Source: ` & adoErr.Source & vbCrLf",
+              "            anErrorMessage = anErrorMessage & `<STRONG>ADO Source: </STRONG>` & adoErr.Source & vbCrLf");
+    EmitLabel(emit, "            anErrorMessage = anErrorMessage & `ADO SQL State: ` & adoErr.SQLState & vbCrLf",
+              "            anErrorMessage = anErrorMessage & `<STRONG>ADO SQL State: </STRONG>` & adoErr.SQLState & vbCrLf");
     emit("        Next");
     emit("        adoCon.Errors.Clear");
     emit("    End If");
 }
 
-void WriteLogEvent(const MessageEmitter& emit)
+void WriteLogEvent(const ProjectEmitter& emit)
 {
-    if (!emit.Scope().ForTheWeb()) {
+    if (!emit.Scope().Project.MakeWebCompatible) {
         emit("    App.LogEvent anErrorMessage, anEventType");
         return;
     }
@@ -110,7 +105,7 @@ void WriteLogEvent(const MessageEmitter& emit)
     emit("    App.LogEvent tmpString, anEventType");
 }
 
-void WriteMessageBox(const MessageEmitter& emit)
+void WriteMessageBox(const ProjectEmitter& emit)
 {
     emit("    Select Case anEventType");
     emit("    Case vbLogEventTypeError");
@@ -125,20 +120,20 @@ void WriteMessageBox(const MessageEmitter& emit)
 }
 
 // Inside a web server no box may wait for a user: the message is kept as markup alone.
-void WriteKeptMessage(const MessageEmitter& emit)
+void WriteKeptMessage(const ProjectEmitter& emit)
 {
     emit("");
     emit("    gLastErrorMessage = `<FONT face=Tahoma size=2>` & Replace(anErrorMessage, vbcrlf, `<br>`) & `</FONT>`");
 }
 
-void WriteErrorMessage(const MessageEmitter& emit)
+void WriteErrorMessage(const ProjectEmitter& emit)
 {
     const TTCProject& project = emit.Scope().Project;
     emit("Public Function ErrorMessage(ByVal ClassModule As String, ByVal FunctionName As String, ByVal anEventType As LogEventTypeConstants, Optional ByVal anErrorMessage As String = ``) as String",
          LineClass::HeadFunction);
     if (LocalConnection(project))
         emit("    Dim adoErr As ADODB.Error");
-    if (emit.Scope().ForTheWeb())
+    if (emit.Scope().Project.MakeWebCompatible)
         emit("    Dim tmpString as String");
     emit("");
     WriteDefaultMessage(emit);
@@ -150,7 +145,7 @@ void WriteErrorMessage(const MessageEmitter& emit)
     if (project.WriteErrorsToApplicationLog)
         WriteLogEvent(emit);
     emit("    Screen.MousePointer = vbDefault");
-    if (emit.Scope().ForTheWeb())
+    if (emit.Scope().Project.MakeWebCompatible)
         WriteKeptMessage(emit);
     else
         WriteMessageBox(emit);
@@ -204,8 +199,7 @@ TTCOutputs GenerateGlobalsBasFile(const ProjectScope& scope)
     TTCOutputs lines(scope.Settings.Colors);
     const ProjectEmitter emit(lines, scope);
     WriteDeclarations(emit);
-    const MessageScope message{scope};
-    WriteErrorMessage(emit.About(message));
+    WriteErrorMessage(emit);
     if (scope.Project.VBVersion == visual_basic_version::kVisualBasic5)
         WriteReplace(emit);
     return lines;

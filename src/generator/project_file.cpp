@@ -23,14 +23,14 @@ namespace {
 void WriteReferences(const ProjectEmitter& emit)
 {
     const TTCProject& project = emit.Scope().Project;
-    ReferToOleAutomation(emit);
+    emit(OleAutomation, LineClass::Hidden);
     if (project.MTSEnabled && project.UseADOR)
-        ReferToAdorLibrary(emit);
+        emit(AdorLibrary, LineClass::Hidden);
     else
-        ReferToAdoLibrary(emit);
+        emit(AdoLibrary, LineClass::Hidden);
     if (project.MTSEnabled) {
-        ReferToXmlLibrary(emit);
-        ReferToComponentLibrary(emit);
+        emit(XmlLibrary, LineClass::Hidden);
+        emit(ComponentLibrary, LineClass::Hidden);
     }
 }
 

@@ -19,9 +19,9 @@ bool NeedsAdo(const TTCProject& project, const KZMClasses& classes)
 
 void WriteReferences(const ProjectEmitter& emit, const KZMClasses& classes)
 {
-    ReferToOleAutomation(emit);
+    emit(OleAutomation, LineClass::Hidden);
     if (NeedsAdo(emit.Scope().Project, classes))
-        ReferToAdoLibrary(emit);
+        emit(AdoLibrary, LineClass::Hidden);
     emit(R"(Reference=*\A{VBProjectName}.vbp)", LineClass::Hidden);
     emit(Verbatim("Object={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0; MSCOMCTL.OCX"), LineClass::Hidden);
 }

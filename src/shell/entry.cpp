@@ -19,17 +19,10 @@
 namespace veldrane {
 namespace {
 
-std::vector<ReportedADOError> ReportedErrors(const RuntimeError& error)
+std::vector<ADOError> ADOErrorsOf(const RuntimeError& error)
 {
-    std::vector<ReportedADOError> reported;
-    if (const auto* failure = dynamic_cast<const DataSourceError*>(&error))
-        for (const ADOError& entry : failure->Errors)
-            reported.push_back({.Number = entry.Number,
-                                .Description = entry.Description,
-                                .NativeError = entry.NativeError,
-                                .Source = entry.Source,
-                                .SQLState = entry.SQLState});
-    return reported;
+    const auto* failure = dynamic_cast<const DataSourceError*>(&error);
+    return failure == nullptr ? std::vector<ADOError>{} : failure->Errors;
 }
 
 // What the command line has told beforehand: by which key rows are found. Nothing else is answered for the user.
@@ -67,7 +60,7 @@ int RunOn(const Application& application, const Command& command)
 int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStreams& streams)
 {
     ConsoleMessages messages(streams.ErrorOutput, ToldAnswers(command));
-    ConsoleErrorReport report(streams.ErrorOutput, ReportedErrors);
+    ConsoleErrorReport report(streams.ErrorOutput, ADOErrorsOf);
     SystemClock clock;
     DetachedProcessStarter programs;
     SettingsFile settings(SettingsPath(), files, messages);

@@ -1,4 +1,5 @@
 #include "generator/code_generation.h"
+#include "generator/compile_step.h"
 #include "shell/commands.h"
 #include "shell/project_session.h"
 
@@ -76,7 +77,6 @@ class GenerateRun
   private:
     void End(const std::string& message, int exitCode)
     {
-        constexpr std::string_view kCompilationFailed = "ActiveX COM Object Compilation Failed";
         exitCode_ = message.find(kCompilationFailed) == std::string::npos ? exitCode : exit_code::kFailed;
         if (!message.empty())
             application_.Asking.Tell("", message);

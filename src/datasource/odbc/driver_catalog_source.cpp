@@ -117,6 +117,17 @@ std::vector<SourceTable> DriverCatalogSource::TablesOf(const OdbcName& schema) c
     return tables;
 }
 
+namespace {
+
+void ShowWithSchema(SourceTable& table)
+{
+    const std::string prefix = table.Schema.value_or("") + ".";
+    table.Shown.Name = prefix + table.Name;
+    table.Shown.SchemaSize = prefix.size();
+}
+
+} // namespace
+
 std::vector<SourceTable> DriverCatalogSource::Tables()
 {
     std::vector<SourceTable> tables = TablesOf(std::nullopt);
@@ -124,7 +135,7 @@ std::vector<SourceTable> DriverCatalogSource::Tables()
     for (SourceTable& table : tables) {
         const std::string schema = table.Schema.value_or("");
         if (!taken.insert(table.Name).second && table.Schema)
-            table.Shown.Name = schema + "." + table.Name;
+            ShowWithSchema(table);
         else
             table.Schema.reset();
         shown_.emplace(std::pair(schema, table.Name), table.Shown.Name);
@@ -132,7 +143,7 @@ std::vector<SourceTable> DriverCatalogSource::Tables()
     if (!hasSchemas_)
         return tables;
     for (SourceTable& table : TablesOf("%")) {
-        table.Shown.Name = table.Schema.value_or("") + "." + table.Name;
+        ShowWithSchema(table);
         if (table.Schema && shown_.emplace(std::pair(*table.Schema, table.Name), table.Shown.Name).second)
             tables.push_back(std::move(table));
     }

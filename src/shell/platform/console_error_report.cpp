@@ -33,14 +33,13 @@ void ConsoleErrorReport::ReportError(const RuntimeError& error, const ErrorPlace
         out_ << kProgram << ConsoleText(place.Hint) << '\n' << std::flush;
         return;
     }
-    const std::string report =
-        ErrorText({.Number = error.Number,
-                   .Description = error.Description(),
-                   .Source = error.Source,
-                   .HelpFile = {},
-                   .ModuleName = place.ModuleName,
-                   .RoutineName = place.RoutineName,
-                   .ADOErrors = adoErrors_ ? adoErrors_(error) : std::vector<ReportedADOError>()});
+    const std::string report = ErrorText({.Number = error.Number,
+                                          .Description = error.Description(),
+                                          .Source = error.Source,
+                                          .HelpFile = {},
+                                          .ModuleName = place.ModuleName,
+                                          .RoutineName = place.RoutineName,
+                                          .ADOErrors = adoErrors_ ? adoErrors_(error) : std::vector<ADOError>()});
     out_ << kProgram << ClearLine(error.Description(), place.Hint) << '\n'
          << kConsoleIndent << ConsoleText(report) << '\n'
          << std::flush;

@@ -21,7 +21,7 @@ class ConsoleErrorReport : public ErrorReport
 {
   public:
     // The errors that stand in the shared connection when a failure is reported. Must not throw.
-    using ADOErrors = std::function<std::vector<ReportedADOError>(const RuntimeError&)>;
+    using ADOErrors = std::function<std::vector<ADOError>(const RuntimeError&)>;
 
     explicit ConsoleErrorReport(std::ostream& out, ADOErrors adoErrors = {});
 

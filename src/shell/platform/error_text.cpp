@@ -12,13 +12,13 @@ void AppendLine(std::string& report, std::string_view label, std::string_view va
     report.append(label).append(value).append(end).append(kLineBreak);
 }
 
-void AppendADOErrors(std::string& report, const std::vector<ReportedADOError>& errors)
+void AppendADOErrors(std::string& report, const std::vector<ADOError>& errors)
 {
     for (int line = 0; line < 3; ++line)
         report.append(kLineBreak);
     AppendLine(report, "ADO Errors Follow:", "");
     AppendLine(report, "-------------------------------------------", "");
-    for (const ReportedADOError& error : errors) {
+    for (const ADOError& error : errors) {
         AppendLine(report, "ADO Error #:", std::to_string(error.Number));
         AppendLine(report, "ADO Description: ", error.Description);
         AppendLine(report, "ADO Native Error #:", std::to_string(error.NativeError));

@@ -1,20 +1,11 @@
 #pragma once
 
-#include <cstdint>
+#include "ports/ado_error.h"
+
 #include <string>
 #include <vector>
 
 namespace veldrane {
-
-// One error of the shared connection, as the report names its parts.
-struct ReportedADOError
-{
-    long Number = 0;
-    std::string Description;
-    std::int32_t NativeError = 0;
-    std::string Source;
-    std::string SQLState;
-};
 
 // What an error report tells. Numbers and texts that this platform's failures do not carry are 0 and empty.
 struct ErrorFacts
@@ -27,7 +18,7 @@ struct ErrorFacts
     long HelpContext = 0;
     std::string ModuleName;
     std::string RoutineName;
-    std::vector<ReportedADOError> ADOErrors; // in the collection's order
+    std::vector<ADOError> ADOErrors; // in the collection's order
 };
 
 // The report, lines ending in CR LF. Without ADO errors their block is absent.

@@ -82,7 +82,7 @@ TEST_F(ErrorsOnTheConsole, Mode4WithoutAHintIsNotSilent)
 TEST_F(ErrorsOnTheConsole, TheErrorsOfTheConnectionFollow)
 {
     ConsoleErrorReport report(out_, [](const RuntimeError&) {
-        return std::vector<ReportedADOError>{{1, "broken", 2, "Driver", "HY000"}};
+        return std::vector<ADOError>{{1, "broken", 2, "Driver", "HY000"}};
     });
     report.ReportError(error_, {});
     EXPECT_NE(out_.str().find("\n    Routine: \n\n\n\n    ADO Errors Follow:\n"), std::string::npos) << out_.str();

@@ -27,7 +27,8 @@ void AddBuiltInMethod(KZMClass& item, const char* methodName)
 
 void AddXmlAssist(TTCProject& project, KZMClasses& classes)
 {
-    if (classes.Contains(kXmlAssistName))
+    // A second owner of a name would make the saved project unreadable from there on.
+    if (classes.Contains(kXmlAssistName) || project.ClassCollectionNames.ClassNameExists(kXmlAssistName))
         return;
     auto item = std::make_shared<KZMClass>();
     item->ClassName = kXmlAssistName;
@@ -35,14 +36,14 @@ void AddXmlAssist(TTCProject& project, KZMClasses& classes)
     AddDocumentProperty(*item);
     AddBuiltInMethod(*item, "AddElement");
     AddBuiltInMethod(*item, "AddAttribute");
-    if (!project.ClassCollectionNames.ClassNameExists(kXmlAssistName))
-        project.ClassCollectionNames.Add(kXmlAssistName, kXmlAssistName);
+    project.ClassCollectionNames.Add(kXmlAssistName, kXmlAssistName);
     classes.AddExisting(item, kXmlAssistName);
 }
 
 void RemoveXmlAssist(TTCProject& project, KZMClasses& classes)
 {
-    if (!classes.Contains(kXmlAssistName))
+    const auto item = classes.Item(kXmlAssistName);
+    if (item == nullptr || !item->IsMTSRequiredClass)
         return;
     classes.Remove(kXmlAssistName);
     project.ClassCollectionNames.Remove(kXmlAssistName);

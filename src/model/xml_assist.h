@@ -3,17 +3,16 @@
 #include "model/classes.h"
 #include "model/project.h"
 
-namespace veldrane
-{
+namespace veldrane {
 
 // The helper class that generated code builds its transaction documents with. A project has it exactly while
 // `MTSEnabled` is set.
 inline constexpr char kXmlAssistName[] = "xmlAssist";
 
-// Adds the class and its name; does nothing if the project has it.
+// Adds the class and its name; does nothing if a class or a collection of the project has that name.
 void AddXmlAssist(TTCProject& project, KZMClasses& classes);
 
-// Removes the class and its name; does nothing if the project has none.
+// Removes the class and its name; does nothing if the project has none, or if a class of the user's has that name.
 void RemoveXmlAssist(TTCProject& project, KZMClasses& classes);
 
 } // namespace veldrane

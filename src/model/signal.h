@@ -8,12 +8,18 @@
 
 namespace veldrane {
 
-// Ends its subscription when it is destroyed. May outlive the signal.
+// Ends its subscription when it is destroyed. May outlive the signal. It has one owner: a copy would keep a listener
+// that the other one has disconnected.
 class Connection
 {
   public:
     Connection() = default;
     explicit Connection(std::shared_ptr<void> slot) : slot_(std::move(slot)) {}
+    ~Connection() = default;
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+    Connection(Connection&&) noexcept = default;
+    Connection& operator=(Connection&&) noexcept = default;
 
     void Disconnect() { slot_.reset(); }
 

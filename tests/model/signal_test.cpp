@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace veldrane {
@@ -55,6 +58,43 @@ TEST(Signal, CallsAListenerThatSubscribesMeanwhileFromTheNextTimeOn)
     const Connection first = signal.Connect([&] { late = signal.Connect([&] { ++heard; }); });
     signal.Raise();
     EXPECT_EQ(heard, 0);
+}
+
+TEST(Signal, LetsAListenerDisconnectItselfWhileItIsRaised)
+{
+    Signal<> signal;
+    int heard = 0;
+    Connection own;
+    own = signal.Connect([&] {
+        ++heard;
+        own.Disconnect();
+    });
+    signal.Raise();
+    signal.Raise();
+    EXPECT_EQ(heard, 1);
+}
+
+TEST(Signal, MayEndWhileItIsRaised)
+{
+    auto signal = std::make_unique<Signal<>>();
+    int heard = 0;
+    const Connection first = signal->Connect([&] { signal.reset(); });
+    const Connection second = signal->Connect([&] { ++heard; });
+    signal->Raise();
+    EXPECT_EQ(heard, 1);
+}
+
+TEST(Connection, HasOneOwner)
+{
+    static_assert(!std::is_copy_constructible_v<Connection> && !std::is_copy_assignable_v<Connection>);
+    Signal<> signal;
+    int heard = 0;
+    Connection first = signal.Connect([&] { ++heard; });
+    Connection second = std::move(first);
+    signal.Raise();
+    second.Disconnect();
+    signal.Raise();
+    EXPECT_EQ(heard, 1);
 }
 
 TEST(Signal, MayEndBeforeItsConnections)

@@ -80,6 +80,16 @@ TEST(CloneOfAClass, CopiesRelationshipsAndEnumerations)
     EXPECT_EQ(std::get<std::int64_t>(clone->Enumerations.Item("Kind")->EnumValues.Item("Small")->Value), 7);
 }
 
+TEST(CloneOfAClass, SharesTheObjectThatAnEnumerationHolds)
+{
+    KZMClass item;
+    const auto object = std::make_shared<TTCParameter>();
+    item.Enumerations.Add("Kind", "Kind")->EnumValues.Add("Thing", std::shared_ptr<void>(object), "Thing");
+    const auto clone = item.Clone();
+    EXPECT_EQ(std::get<std::shared_ptr<void>>(clone->Enumerations.Item("Kind")->EnumValues.Item("Thing")->Value),
+              object);
+}
+
 TEST(CloneOfAClass, CopiesTheNamesOfTheMembers)
 {
     KZMClass item;

@@ -177,6 +177,24 @@ TEST_F(Project, ForgetsSomeOfItsMembersWhenItIsCleared)
     EXPECT_EQ(project_.ClassCollectionNames.Count(), 0U);
 }
 
+TEST_F(Project, HasForgottenEverythingWhenItTellsThatItIsCleared)
+{
+    project_.SetProjectName("Desk");
+    project_.SetConnectionString("DSN=A;");
+    project_.SetModified(true);
+    project_.WrapperClassName = "Auto";
+    project_.ClassCollectionNames.Add("Order", "Order");
+    int heard = 0;
+    const Connection listener = project_.ProjectNameChanged.Connect([&](const auto&) {
+        ++heard;
+        EXPECT_EQ(project_.ProjectName() + project_.ConnectionString() + project_.WrapperClassName, "");
+        EXPECT_FALSE(project_.Modified());
+        EXPECT_EQ(project_.ClassCollectionNames.Count(), 0U);
+    });
+    project_.Clear();
+    EXPECT_EQ(heard, 1);
+}
+
 TEST_F(Project, KeepsTheOtherMembersWhenItIsCleared)
 {
     project_.SetConnectionString("PROVIDER=SQLOLEDB;");

@@ -85,6 +85,17 @@ TEST(CopyMeTo, ReplacesTheLookupFieldsOfItsTarget)
     ExpectWhatACloneLeavesOut(target);
 }
 
+TEST(LookupFields, KeepWhatTheyHoldWhenMoreAreAdded)
+{
+    TTCProperty property;
+    property.TTCLookupFields.Add("Name", "Text", "TownName", "TownName");
+    property.TTCLookupFields.Add("Code", "Text", "TownCode", "TownCode");
+    EXPECT_TRUE(property.TTCLookupFields.AddExisting(std::make_shared<TTCLookupField>(), "Other"));
+    EXPECT_FALSE(property.TTCLookupFields.AddExisting(std::make_shared<TTCLookupField>(), "TOWNNAME"));
+    EXPECT_EQ(property.TTCLookupFields.Count(), 3U);
+    EXPECT_EQ(property.TTCLookupFields.Item("TownName")->FieldName, "Name");
+}
+
 TEST(CopyMeTo, LeavesWhatItDoesNotCopy)
 {
     TTCProperty target = FullProperty();

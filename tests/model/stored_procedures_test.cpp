@@ -48,6 +48,16 @@ TEST(StoredProcedure, HasACleanNameWithoutVersionAndPunctuation)
     EXPECT_EQ(parameter.ParameterCleanName(), "CustomerID");
 }
 
+TEST(StoredProcedureParameter, MayShareItsCleanNameWithAnother)
+{
+    SP procedure;
+    procedure.SPParameters.Add("@@Total", "int", 3, "@@Total");
+    procedure.SPParameters.Add("@Total", "int", 3, "@Total");
+    for (const SPParameter& parameter : procedure.SPParameters)
+        EXPECT_EQ(parameter.ParameterCleanName(), "Total");
+    EXPECT_EQ(procedure.SPParameters.Count(), 2U);
+}
+
 TEST(StoredProcedureParameter, HasAVisualBasicType)
 {
     const std::vector<std::pair<std::string, std::string>> cases = {

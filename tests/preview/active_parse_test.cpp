@@ -102,6 +102,16 @@ TEST(ParseText, UsesTheDelimitersOfTheLastCallIfItIsGivenNone)
     EXPECT_EQ(parse.Delimiters, ";");
 }
 
+TEST(ParseText, UsesTheDelimitersThatWereSetIfItIsGivenNone)
+{
+    ActiveParse parse;
+    parse.Delimiters = ";,";
+    EXPECT_THAT(Texts(parse.ParseText("a;b,c", "", DelimiterMode::ByChar, CaseRule::Sensitive)),
+                ElementsAre("a", "b", "c"));
+    EXPECT_THAT(Texts(parse.ParseText("a;b,c", "", DelimiterMode::ByChar, CaseRule::Sensitive)),
+                ElementsAre("a", "b", "c"));
+}
+
 TEST(ParseText, RaisesWithoutDelimitersAndLeavesTheWords)
 {
     ActiveParse parse;

@@ -25,11 +25,13 @@ void AddBuiltInMethod(KZMClass& item, const char* methodName)
 
 } // namespace
 
-void AddXmlAssist(TTCProject& project, KZMClasses& classes)
+bool AddXmlAssist(TTCProject& project, KZMClasses& classes)
 {
+    if (const auto item = classes.Item(kXmlAssistName))
+        return item->IsMTSRequiredClass;
     // A second owner of a name would make the saved project unreadable from there on.
-    if (classes.Contains(kXmlAssistName) || project.ClassCollectionNames.ClassNameExists(kXmlAssistName))
-        return;
+    if (project.ClassCollectionNames.ClassNameExists(kXmlAssistName))
+        return false;
     auto item = std::make_shared<KZMClass>();
     item->ClassName = kXmlAssistName;
     item->IsMTSRequiredClass = true;
@@ -38,6 +40,7 @@ void AddXmlAssist(TTCProject& project, KZMClasses& classes)
     AddBuiltInMethod(*item, "AddAttribute");
     project.ClassCollectionNames.Add(kXmlAssistName, kXmlAssistName);
     classes.AddExisting(item, kXmlAssistName);
+    return true;
 }
 
 void RemoveXmlAssist(TTCProject& project, KZMClasses& classes)

@@ -72,8 +72,11 @@ class DefineRun
                 return false;
             }
         }
-        if (Project().MTSEnabled && !hadComponentServices)
-            AddXmlAssist(Project(), session_.Classes());
+        if (Project().MTSEnabled && !hadComponentServices && !AddXmlAssist(Project(), session_.Classes())) {
+            Refuse(
+                "component services need the name xmlAssist, which a class of the project has: rename that class first.");
+            return false;
+        }
         if (!Project().MTSEnabled && hadComponentServices)
             RemoveXmlAssist(Project(), session_.Classes());
         return true;

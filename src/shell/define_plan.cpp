@@ -146,9 +146,10 @@ class Planner
         std::vector<std::size_t> chain;
         for (std::size_t at = table; at != kNone && slots_[at]; at = parents_[at])
             chain.push_back(at);
-        for (auto at = chain.rbegin(); at != chain.rend(); ++at) {
-            plan_.Classes.push_back(std::move(*slots_[*at]));
-            slots_[*at].reset();
+        std::reverse(chain.begin(), chain.end());
+        for (const std::size_t at : chain) {
+            plan_.Classes.push_back(std::move(*slots_[at]));
+            slots_[at].reset();
         }
     }
 

@@ -83,6 +83,7 @@ TEST_F(BuiltInMembersTest, TheCataloguesSayWhatTheirRowsAreFor)
                   "RecordDeleted (Delete): This event triggers when a database record has been successfully deleted.",
                   "RecordMarkedForDeletion (Deleted): This event triggers when the deleted property is set to True.",
                   "IsModified (): This event triggers when any property value in the class changes.",
+                  // NOLINTNEXTLINE(bugprone-suspicious-missing-comma): one text over two lines
                   "RecordRetrieved (Retrieve): This event triggers when a database record has been successfully "
                   "retrieved.",
                   "ErrorOccurred (): This event triggers whenever there is an error in any property or method.",

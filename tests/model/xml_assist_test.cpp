@@ -97,8 +97,8 @@ TEST_F(XmlAssist, IsAnnouncedLikeAnyClassOnce)
     std::vector<std::string> announced;
     const Connection listener =
         classes_.NewClassAdded.Connect([&](const std::string& name) { announced.push_back(name); });
-    AddXmlAssist(project_, classes_);
-    AddXmlAssist(project_, classes_);
+    EXPECT_TRUE(AddXmlAssist(project_, classes_));
+    EXPECT_TRUE(AddXmlAssist(project_, classes_));
     EXPECT_THAT(announced, ElementsAre("xmlAssist"));
     EXPECT_EQ(classes_.Count(), 1U);
     EXPECT_EQ(project_.ClassCollectionNames.Count(), 1U);
@@ -121,7 +121,7 @@ TEST_F(XmlAssist, ComesAfterTheClassesThatAreThereAndLeavesThemWhenItGoes)
 TEST_F(XmlAssist, NeitherReplacesNorTakesAwayAClassOfTheUsersThatHasItsName)
 {
     const auto own = AddOwnClass("XMLAssist");
-    AddXmlAssist(project_, classes_);
+    EXPECT_FALSE(AddXmlAssist(project_, classes_));
     EXPECT_EQ(classes_.Item("xmlAssist"), own);
     EXPECT_EQ(classes_.Count(), 1U);
     RemoveXmlAssist(project_, classes_);
@@ -135,7 +135,7 @@ TEST_F(XmlAssist, IsNotAddedUnderANameThatACollectionHas)
     own->CreateCollection = true;
     own->CollectionName = "xmlAssist";
     project_.ClassCollectionNames.Add("xmlAssist", "xmlAssist");
-    AddXmlAssist(project_, classes_);
+    EXPECT_FALSE(AddXmlAssist(project_, classes_));
     EXPECT_FALSE(classes_.Contains("xmlAssist"));
     RemoveXmlAssist(project_, classes_);
     EXPECT_TRUE(project_.ClassCollectionNames.ClassNameExists("xmlAssist"));

@@ -72,6 +72,17 @@ TEST_F(Define, GivesANewProjectTheClassForComponentServices)
     EXPECT_THAT(ClassBlock("xmlAssist"), HasSubstr("Begin Property Document\r\n"));
 }
 
+TEST_F(Define, SaysWhenAClassHasTheNameThatComponentServicesNeed)
+{
+    const std::string connection = Workspace.MakeDatabase("own.db", "CREATE TABLE xmlAssist (ID INTEGER PRIMARY KEY);");
+    EXPECT_EQ(Run({"--connection", connection, "--set", "MTSEnabled=False", "--all"}).ExitCode, 0);
+    const std::string before = File();
+    const Ended ended = Run({"--set", "MTSEnabled=True"});
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("component services need the name xmlAssist"));
+    EXPECT_EQ(File(), before);
+}
+
 TEST_F(Define, KeepsTheFactsOfTheConnection)
 {
     EXPECT_EQ(Run({"--connection", text::ReplaceAll(Notes, "PROVIDER=MSDASQL;", "")}).ExitCode, 0);

@@ -108,10 +108,12 @@ std::vector<SourceTable> DriverCatalogSource::TablesOf(const OdbcName& schema) c
     statement.Tables(catalog_, schema, "%");
     std::vector<SourceTable> tables;
     while (statement.Fetch()) {
-        SourceTable table{
-            .Shown = {}, .Catalog = catalog_, .Schema = statement.Text(tables_column::kSchema), .Name = {}};
+        SourceTable table;
+        table.Catalog = catalog_;
+        table.Schema = statement.Text(tables_column::kSchema);
         table.Name = statement.Text(tables_column::kName).value_or("");
-        table.Shown = {.Name = table.Name, .Type = statement.Text(tables_column::kType).value_or("")};
+        table.Shown.Name = table.Name;
+        table.Shown.Type = statement.Text(tables_column::kType).value_or("");
         tables.push_back(std::move(table));
     }
     return tables;

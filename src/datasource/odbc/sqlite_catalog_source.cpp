@@ -40,11 +40,12 @@ std::vector<SourceTable> SqliteCatalogSource::Tables()
     statement.Execute("SELECT name, type FROM sqlite_master WHERE type IN ('table', 'view') ORDER BY rowid");
     std::vector<SourceTable> tables;
     while (statement.Fetch()) {
-        const std::string name = statement.Text(1).value_or("");
-        const std::string type = statement.Text(2).value_or("");
-        tables.push_back(
-            {.Shown = {.Name = name, .Type = TypeWord(name, type)}, .Catalog = {}, .Schema = {}, .Name = name});
-        names_.emplace(text::Fold(name), name);
+        SourceTable table;
+        table.Name = statement.Text(1).value_or("");
+        table.Shown.Name = table.Name;
+        table.Shown.Type = TypeWord(table.Name, statement.Text(2).value_or(""));
+        names_.emplace(text::Fold(table.Name), table.Name);
+        tables.push_back(std::move(table));
     }
     return tables;
 }

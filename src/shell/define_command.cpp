@@ -51,14 +51,24 @@ class DefineRun
     bool StartProject()
     {
         if (application_.Files.Kind(path_) != FileKind::Missing)
-            return session_.Open(path_, command_.Connection.empty() ? DataSourceOnOpen::Connect
-                                                                    : DataSourceOnOpen::LeaveClosed);
+            return OpenProject();
         session_.New();
         const std::filesystem::path file(path_);
         Project().VBProjectName = MakeValidName(file.stem().string());
         Project().FullPath = path_;
         Project().FileName = file.filename().string();
         return FitsProject(Project().VBProjectName, application_.Generation.CodePage, application_.Asking);
+    }
+
+    // A file is extended only if it was read whole: nobody is there to see what saving would drop.
+    bool OpenProject()
+    {
+        if (!session_.Open(path_,
+                           command_.Connection.empty() ? DataSourceOnOpen::Connect : DataSourceOnOpen::LeaveClosed))
+            return false;
+        if (session_.LostClasses())
+            Refuse(path_ + " stays as it is: not all of its classes can be read, and saving would drop the others.");
+        return !session_.LostClasses();
     }
 
     bool ApplySettings()

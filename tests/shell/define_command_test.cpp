@@ -262,6 +262,24 @@ TEST_F(Define, LeavesAFileThatIsNoProjectAlone)
     EXPECT_EQ(File(), "something else\r\n");
 }
 
+TEST_F(Define, LeavesAFileWhoseClassesCannotAllBeReadAlone)
+{
+    ASSERT_EQ(Run({"--connection", Notes, "--all"}).ExitCode, 0);
+    const std::string whole = File();
+    const std::string damaged = text::ReplaceAll(whole, "FieldIsIdentityCol\2True", "FieldIsIdentityCol\2Perhaps");
+    for (const std::string& bytes : {damaged, whole.substr(0, whole.size() / 2)}) {
+        ASSERT_NE(bytes, whole);
+        Workspace.WriteFile("Desk.kzm", bytes);
+        const Ended ended = Run({"--set", "Author=Ann"});
+        EXPECT_EQ(ended.ExitCode, 1);
+        EXPECT_THAT(ended.ErrorOutput,
+                    HasSubstr("Desk.kzm stays as it is: not all of its classes can be read, and saving would drop the "
+                              "others."));
+        EXPECT_EQ(File(), bytes);
+        EXPECT_FALSE(std::filesystem::exists(Workspace.Path("Desk.bak")));
+    }
+}
+
 TEST_F(Define, NamesAProjectAfterItsFile)
 {
     EXPECT_EQ(Workspace.Run({"define", Workspace.Path("2 my-shop.kzm")}).ExitCode, 0);

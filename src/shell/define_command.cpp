@@ -5,6 +5,7 @@
 #include "model/xml_assist.h"
 #include "projectfile/project_settings.h"
 #include "shell/commands.h"
+#include "shell/platform/console_text.h"
 #include "shell/project_connection.h"
 #include "shell/project_session.h"
 #include "text/case_folding.h"
@@ -44,7 +45,7 @@ class DefineRun
 
     void Refuse(const std::string& line)
     {
-        application_.ErrorOutput << "veldrane: " << line << '\n';
+        application_.ErrorOutput << "veldrane: " << ConsoleLine(line) << '\n';
         leftOut_ = true;
     }
 

@@ -161,6 +161,16 @@ TEST_F(Define, LeavesAClassWhoseTableIsGoneAsItWas)
     EXPECT_THAT(ClassBlock("Note"), HasSubstr("Begin Property Pinned\r\n"));
 }
 
+TEST_F(Define, ShowsNothingOfAFileThatWouldSteerTheTerminal)
+{
+    Run({"--connection", Notes, "--all"});
+    Workspace.WriteFile("Desk.kzm", text::ReplaceAll(File(), "TableName\2Tags", "TableName\2Ta\x1B[31mgs"));
+    const Ended ended = Run({});
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("its table 'Ta?[31mgs' could not be read."));
+    EXPECT_THAT(ended.ErrorOutput, Not(HasSubstr("\x1B")));
+}
+
 TEST_F(Define, LeavesOutANameThatTheChecksRefuseAndSavesTheRest)
 {
     const std::string connection = Workspace.MakeDatabase(

@@ -11,6 +11,7 @@
 #include <array>
 #include <cstddef>
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace veldrane {
@@ -44,8 +45,12 @@ class ClassesReader
 
     void Read()
     {
-        for (; lines_.Current() != "End Classes"; lines_.Advance())
-            ReadBlocks();
+        try {
+            for (; lines_.Current() != "End Classes"; lines_.Advance())
+                ReadBlocks();
+        } catch (const RuntimeError& error) {
+            throw RuntimeError(error.Number, error.Source, Place() + error.Description());
+        }
     }
 
   private:
@@ -71,6 +76,15 @@ class ClassesReader
                 block.Read(lines_, *class_);
         if (LineStartsWith(lines_.Current(), "End Class "))
             EndClass();
+    }
+
+    // What a failure names: the class under way, where there is one.
+    [[nodiscard]] std::string Place() const
+    {
+        constexpr std::size_t kShownLength = 60;
+        if (class_->ClassName.empty())
+            return "";
+        return "class '" + std::string(text::Left(class_->ClassName, kShownLength)) + "': ";
     }
 
     // Reads the class's own value lines: they end at its first block.

@@ -20,7 +20,7 @@ struct FileProgress
 // its name and its collection's are entered in the project's list.
 //
 // Throws RuntimeError if the section is not there, if a name is in that list already, and as the blocks' readers do:
-// the classes completed so far stay, the one under way is lost.
+// the classes completed so far stay, the one under way is lost and named by the description.
 void ReadClassInfo(LineStream& stream, TTCProject& project, KZMClasses& classes, const FileProgress& progress);
 
 } // namespace veldrane

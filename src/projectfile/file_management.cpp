@@ -73,6 +73,7 @@ bool TTCFileManagement::OpenProject(TTCProject& project, KZMClasses& classes, co
         messages_.Tell("Unable to open file", "Unable to open file: " + fileName + "\r\nFile no longer exists.");
         return false;
     }
+    lostClasses_ = false;
     bool opened = false;
     Guarded(report_, kModule, "OpenProject", [&] {
         LineStream stream(ReadText(fileName));
@@ -105,9 +106,9 @@ void TTCFileManagement::ReadProject(LineStream& stream, TTCProject& project, KZM
     const LoadingGuard loading(classes);
     SavingProject.Raise(10);
     SavingProject.Raise(25);
-    ReadProjectInfo(stream, project);
-    Guarded(report_, kModule, "ReadClassInfo", [&] {
-        ReadClassInfo(stream, project, classes, {SavingProject, SetMinMaxProgress});
+    Naming(project.FullPath, [&] { ReadProjectInfo(stream, project); });
+    lostClasses_ = !Guarded(report_, kModule, "ReadClassInfo", [&] {
+        Naming(project.FullPath, [&] { ReadClassInfo(stream, project, classes, {SavingProject, SetMinMaxProgress}); });
     });
     SetMinMaxProgress.Raise(1, 100, 1);
     SavingProject.Raise(100);

@@ -28,6 +28,9 @@ class TTCFileManagement
     // project counts as opened.
     bool OpenProject(TTCProject& project, KZMClasses& classes, const std::string& fileName);
 
+    // Whether the latest OpenProject failed among the classes: saving then drops those that the file still holds.
+    [[nodiscard]] bool LostClasses() const { return lostClasses_; }
+
     // Writes the project over the file at its FullPath, which is copied to a ".bak" beside it first, and clears
     // Modified. False, with a report and ProjectSaveFailed, if that fails: file and flag are then as they were.
     // Characters without a place in the code page are written as "?", and one message tells of them.
@@ -52,6 +55,7 @@ class TTCFileManagement
     Messages& messages_;
     ErrorReport& report_;
     const text::CodePage& codePage_;
+    bool lostClasses_ = false;
 };
 
 } // namespace veldrane

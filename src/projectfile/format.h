@@ -1,5 +1,7 @@
 #pragma once
 
+#include "text/runtime_error.h"
+
 #include <string>
 #include <string_view>
 
@@ -82,5 +84,16 @@ struct KeyAndValue
 // The first two pieces of the line that are not empty: nothing protects a separator inside a value, so that the value
 // ends there. A missing piece is empty.
 [[nodiscard]] KeyAndValue SplitValueLine(std::string_view line);
+
+// Runs `read`; a RuntimeError goes on with the place before its description: "Author: ...".
+template <class Read>
+void Naming(std::string_view place, const Read& read)
+{
+    try {
+        read();
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(error.Number, error.Source, std::string(place) + ": " + error.Description());
+    }
+}
 
 } // namespace veldrane::project_format

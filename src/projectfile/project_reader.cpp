@@ -50,7 +50,7 @@ class ProjectSection
         if (line == nullptr || line->WhenRead == Reading::Ignored)
             return;
         if (line->WhenRead == Reading::Taken) {
-            AssignMember(project_, *line, value);
+            Naming(line->Key, [&] { AssignMember(project_, *line, value); });
         } else {
             lastLine_ = line;
             lastValue_ = value;

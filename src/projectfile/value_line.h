@@ -142,13 +142,14 @@ const typename Table::value_type* FindValueLine(const Table& table, std::string_
     return nullptr;
 }
 
-// Assigns what the line of a file says; a line of another key is passed over. Throws as AssignMember does.
+// Assigns what the line of a file says; a line of another key is passed over. Throws as AssignMember does, the
+// description led by the key.
 template <class Record, class Table>
 void ReadValueLine(std::string_view fileLine, Record& record, const Table& table)
 {
     const KeyAndValue read = SplitValueLine(fileLine);
     if (const ValueLine<Record>* line = FindValueLine(table, read.Key))
-        AssignMember(record, *line, read.Value);
+        Naming(line->Key, [&] { AssignMember(record, *line, read.Value); });
 }
 
 } // namespace veldrane::project_format

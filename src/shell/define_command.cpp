@@ -5,6 +5,7 @@
 #include "model/xml_assist.h"
 #include "projectfile/project_settings.h"
 #include "shell/commands.h"
+#include "shell/platform/console_text.h"
 #include "shell/project_connection.h"
 #include "shell/project_session.h"
 #include "text/case_folding.h"
@@ -44,21 +45,31 @@ class DefineRun
 
     void Refuse(const std::string& line)
     {
-        application_.ErrorOutput << "veldrane: " << line << '\n';
+        application_.ErrorOutput << "veldrane: " << ConsoleLine(line) << '\n';
         leftOut_ = true;
     }
 
     bool StartProject()
     {
         if (application_.Files.Kind(path_) != FileKind::Missing)
-            return session_.Open(path_, command_.Connection.empty() ? DataSourceOnOpen::Connect
-                                                                    : DataSourceOnOpen::LeaveClosed);
+            return OpenProject();
         session_.New();
         const std::filesystem::path file(path_);
         Project().VBProjectName = MakeValidName(file.stem().string());
         Project().FullPath = path_;
         Project().FileName = file.filename().string();
         return FitsProject(Project().VBProjectName, application_.Generation.CodePage, application_.Asking);
+    }
+
+    // A file is extended only if it was read whole: nobody is there to see what saving would drop.
+    bool OpenProject()
+    {
+        if (!session_.Open(path_,
+                           command_.Connection.empty() ? DataSourceOnOpen::Connect : DataSourceOnOpen::LeaveClosed))
+            return false;
+        if (session_.LostClasses())
+            Refuse(path_ + " stays as it is: not all of its classes can be read, and saving would drop the others.");
+        return !session_.LostClasses();
     }
 
     bool ApplySettings()

@@ -5,6 +5,7 @@
 #include "shell/commands.h"
 #include "shell/platform/console_error_report.h"
 #include "shell/platform/console_messages.h"
+#include "shell/platform/console_text.h"
 #include "shell/platform/detached_process_starter.h"
 #include "shell/platform/disk_file_system.h"
 #include "shell/platform/paths.h"
@@ -40,7 +41,7 @@ ShowProgress ProgressOn(const ProgramStreams& streams)
     if (!streams.ErrorOutputIsTerminal)
         return [](int /*percent*/, const std::string& /*line*/) {};
     return [&out = streams.ErrorOutput](int percent, const std::string& line) {
-        out << '[' << std::setw(3) << percent << "%] " << line << '\n';
+        out << '[' << std::setw(3) << percent << "%] " << ConsoleLine(line) << '\n';
     };
 }
 
@@ -103,7 +104,7 @@ int RunProgram(const std::vector<std::string>& arguments, const ProgramStreams& 
         }
         return RunCommand(command, files, streams);
     } catch (const std::exception& error) {
-        streams.ErrorOutput << "veldrane: " << error.what() << '\n';
+        streams.ErrorOutput << "veldrane: " << ConsoleLine(error.what()) << '\n';
         return exit_code::kFailed;
     }
 }

@@ -97,10 +97,13 @@ int RunGenerate(const Application& application, const GenerateCommand& command)
     ProjectSession session(application);
     if (!session.Open(command.File, DataSourceOnOpen::Connect))
         return exit_code::kFailed;
-    return GenerateRun(application, session.Project())
-        .Run(session.Classes(), {.TargetFolder = std::filesystem::absolute(command.Folder).lexically_normal().string(),
-                                 .OverwriteMode = ModeOf(command.Existing),
-                                 .Compile = command.Compile});
+    const int exitCode =
+        GenerateRun(application, session.Project())
+            .Run(session.Classes(),
+                 {.TargetFolder = std::filesystem::absolute(command.Folder).lexically_normal().string(),
+                  .OverwriteMode = ModeOf(command.Existing),
+                  .Compile = command.Compile});
+    return session.LostClasses() ? exit_code::kFailed : exitCode;
 }
 
 } // namespace veldrane

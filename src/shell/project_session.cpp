@@ -15,6 +15,7 @@ void ProjectSession::StartDocument(DataSourceOnOpen dataSource)
 {
     activeConnection_.reset();
     document_ = std::make_unique<Document>();
+    lostClasses_ = false;
     connectionChanged_ = Connection();
     if (dataSource == DataSourceOnOpen::Connect)
         connectionChanged_ = Project().ProjectConnectionChanged.Connect([this](const std::string& text) {
@@ -37,7 +38,9 @@ bool ProjectSession::Open(const std::string& path, DataSourceOnOpen dataSource)
     Project().Clear();
     TTCFileManagement files(application_.Files, application_.Asking, application_.Errors,
                             application_.Generation.CodePage);
-    return files.OpenProject(Project(), Classes(), path);
+    const bool opened = files.OpenProject(Project(), Classes(), path);
+    lostClasses_ = files.LostClasses();
+    return opened;
 }
 
 bool ProjectSession::Save()

@@ -31,6 +31,9 @@ class ProjectSession
     // Replaces the document by that of the file. False if it can't be opened, which is told.
     bool Open(const std::string& path, DataSourceOnOpen dataSource);
 
+    // Whether the file that was opened holds classes that could not be read, which is reported. Saving drops them.
+    [[nodiscard]] bool LostClasses() const { return lostClasses_; }
+
     // Writes the document over its file. False if that fails, which is reported.
     bool Save();
 
@@ -47,6 +50,7 @@ class ProjectSession
     std::unique_ptr<Document> document_;
     std::unique_ptr<DataSourceConnection> activeConnection_;
     Connection connectionChanged_;
+    bool lostClasses_ = false;
 };
 
 } // namespace veldrane

@@ -190,6 +190,34 @@ TEST_F(FileManagement, KeepsTheClassesBeforeAFailureAmongThem)
     EXPECT_EQ(classes_.Item(1)->ClassName, "A");
 }
 
+TEST_F(FileManagement, NamesTheFileTheClassAndTheKeyOfABadValue)
+{
+    EXPECT_FALSE(OpenBytes(kHeader + "Begin Project\r\nUseADOR\2perhaps\r\nEnd Project\r\n"));
+    EXPECT_EQ(errors_.Reported.back().Error.Description(),
+              "/projects/Orders.kzm: UseADOR: Type mismatch: 'perhaps' is neither True nor False.");
+    EXPECT_EQ(errors_.Reported.back().Error.Number, error_number::kTypeMismatch);
+
+    const std::string classes = kHeader + "Begin Project\r\nAuthor\2A\r\nEnd Project\r\nBegin Classes\r\n"
+                                          "Begin Class Order\r\nBegin Property P\r\n";
+    EXPECT_TRUE(OpenBytes(classes + "MaxLength\2x\r\nEnd Property P\r\nEnd Class Order\r\nEnd Classes\r\n"));
+    EXPECT_EQ(errors_.Reported.back().Error.Description(),
+              "/projects/Orders.kzm: class 'Order': MaxLength: Type mismatch: 'x' is not a number.");
+    EXPECT_TRUE(OpenBytes(classes + "End Classes\r\n"));
+    EXPECT_EQ(errors_.Reported.back().Error.Description(),
+              "/projects/Orders.kzm: class 'Order': The section of classes ends in the middle of a block.");
+}
+
+TEST_F(FileManagement, TellsWhetherClassesOfTheFileAreMissing)
+{
+    const std::string project = kHeader + "Begin Project\r\nAuthor\2A\r\nEnd Project\r\nBegin Classes\r\n";
+    EXPECT_TRUE(OpenBytes(project + "Begin Class A\r\nEnd Class A\r\nEnd Classes\r\n"));
+    EXPECT_FALSE(management_.LostClasses());
+    EXPECT_TRUE(OpenBytes(project + "Begin Class B\r\nEnd Classes\r\n"));
+    EXPECT_TRUE(management_.LostClasses());
+    EXPECT_TRUE(OpenBytes(project + "End Classes\r\n"));
+    EXPECT_FALSE(management_.LostClasses());
+}
+
 TEST_F(FileManagement, GivesAMethodThatIsAStoredProcedureOne)
 {
     ASSERT_TRUE(OpenBytes(kHeader + "Begin Project\r\nAuthor\2A\r\nEnd Project\r\nBegin Classes\r\nBegin Class A\r\n"

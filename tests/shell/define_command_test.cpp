@@ -172,6 +172,16 @@ TEST_F(Define, LeavesAClassWhoseTableIsGoneAsItWas)
     EXPECT_THAT(ClassBlock("Note"), HasSubstr("Begin Property Pinned\r\n"));
 }
 
+TEST_F(Define, ShowsNothingOfAFileThatWouldSteerTheTerminal)
+{
+    Run({"--connection", Notes, "--all"});
+    Workspace.WriteFile("Desk.kzm", text::ReplaceAll(File(), "TableName\2Tags", "TableName\2Ta\x1B[31mgs"));
+    const Ended ended = Run({});
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("its table 'Ta?[31mgs' could not be read."));
+    EXPECT_THAT(ended.ErrorOutput, Not(HasSubstr("\x1B")));
+}
+
 TEST_F(Define, LeavesOutANameThatTheChecksRefuseAndSavesTheRest)
 {
     const std::string connection = Workspace.MakeDatabase(
@@ -271,6 +281,24 @@ TEST_F(Define, LeavesAFileThatIsNoProjectAlone)
     EXPECT_THAT(ended.ErrorOutput,
                 HasSubstr("This file is not a Veldrane Professional 2000 Data File. Unable to open file."));
     EXPECT_EQ(File(), "something else\r\n");
+}
+
+TEST_F(Define, LeavesAFileWhoseClassesCannotAllBeReadAlone)
+{
+    ASSERT_EQ(Run({"--connection", Notes, "--all"}).ExitCode, 0);
+    const std::string whole = File();
+    const std::string damaged = text::ReplaceAll(whole, "FieldIsIdentityCol\2True", "FieldIsIdentityCol\2Perhaps");
+    for (const std::string& bytes : {damaged, whole.substr(0, whole.size() / 2)}) {
+        ASSERT_NE(bytes, whole);
+        Workspace.WriteFile("Desk.kzm", bytes);
+        const Ended ended = Run({"--set", "Author=Ann"});
+        EXPECT_EQ(ended.ExitCode, 1);
+        EXPECT_THAT(ended.ErrorOutput,
+                    HasSubstr("Desk.kzm stays as it is: not all of its classes can be read, and saving would drop the "
+                              "others."));
+        EXPECT_EQ(File(), bytes);
+        EXPECT_FALSE(std::filesystem::exists(Workspace.Path("Desk.bak")));
+    }
 }
 
 TEST_F(Define, NamesAProjectAfterItsFile)

@@ -205,6 +205,16 @@ TEST_F(Generate, SurvivesAProjectFileThatIsCutAnywhere)
     }
 }
 
+TEST_F(Generate, WritesTheClassesBeforeADamagedOneAndFails)
+{
+    Edit("Begin Class OrderLine\r\n", "Begin Class OrderLine\r\nBegin Key 0\r\nKeyType\2none\r\nEnd Key 0\r\n");
+    const Ended ended = Run();
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("class 'OrderLine': KeyType: Type mismatch: 'none' is not a number."));
+    EXPECT_TRUE(fs::exists(Workspace.Path("out/Order.cls")));
+    EXPECT_FALSE(fs::exists(Workspace.Path("out/OrderLine.cls")));
+}
+
 TEST_F(Generate, SaysThatNothingWasCompiledWithoutACompiler)
 {
     const Ended ended = Run({"--compile"});

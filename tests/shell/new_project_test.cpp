@@ -122,6 +122,15 @@ TEST_F(NewProjectFixture, CountsABooleanOptionThatIsNoneAsFalse)
     EXPECT_TRUE(Project.UseADOR);
 }
 
+TEST_F(NewProjectFixture, TakesTheBlankThatAnEmptiedOptionReadsBackAs)
+{
+    Options.UpdateKey(settings_section::kOptions, "WrapperClassName", "");
+    Options.UpdateKey(settings_section::kOptions, "Author", "");
+    Make();
+    EXPECT_EQ(Project.WrapperClassName, " ");
+    EXPECT_EQ(Project.Author, " ");
+}
+
 class UnreadableSettings : public MemorySettings
 {
   public:

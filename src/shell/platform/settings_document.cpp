@@ -84,10 +84,11 @@ void SettingsDocument::OpenSection(std::string_view line, std::string_view name)
 void SettingsDocument::AddEntry(std::string_view line)
 {
     const std::size_t equals = line.find('=');
-    Put(sections_[open_],
+    Put(sections_[open_].Lines,
         {.Text = std::string(line),
          .Name = settings_notation::ReadName(settings_notation::Stripped(line.substr(0, equals))),
-         .Value = settings_notation::ReadValue(settings_notation::Stripped(line.substr(equals + 1)))});
+         .Value = settings_notation::ReadValue(settings_notation::Stripped(line.substr(equals + 1)))},
+        sections_[open_].Lines.end());
 }
 
 std::string SettingsDocument::Text() const
@@ -132,22 +133,23 @@ void SettingsDocument::Set(std::string_view section, std::string_view name, std:
         sections_.push_back({.Header = header, .Name = std::string(section), .Lines = {}});
         found = &sections_.back();
     }
-    Put(*found, {.Text = settings_notation::WriteName(name) + "=" + settings_notation::WriteValue(value),
-                 .Name = std::string(name),
-                 .Value = std::string(value)});
+    // Behind the last line that is not blank: what parts two sections stays between them.
+    std::vector<Line>& lines = found->Lines;
+    const auto last = std::find_if(lines.rbegin(), lines.rend(), [](const Line& other) { return !other.Text.empty(); });
+    Put(lines,
+        {.Text = settings_notation::WriteName(name) + "=" + settings_notation::WriteValue(value),
+         .Name = std::string(name),
+         .Value = std::string(value)},
+        last.base());
 }
 
-// Over the line of that name, else behind the last line that is not blank: what parts two sections stays between them.
-void SettingsDocument::Put(Section& section, Line line)
+void SettingsDocument::Put(std::vector<Line>& lines, Line line, std::vector<Line>::iterator place)
 {
-    std::vector<Line>& lines = section.Lines;
     const auto sameName = [&](const Line& other) { return other.Name && text::EqualFolded(*other.Name, *line.Name); };
-    if (const auto found = std::find_if(lines.begin(), lines.end(), sameName); found != lines.end()) {
+    if (const auto found = std::find_if(lines.begin(), lines.end(), sameName); found != lines.end())
         *found = std::move(line);
-        return;
-    }
-    const auto last = std::find_if(lines.rbegin(), lines.rend(), [](const Line& other) { return !other.Text.empty(); });
-    lines.insert(last.base(), std::move(line));
+    else
+        lines.insert(place, std::move(line));
 }
 
 void SettingsDocument::Remove(std::string_view section, std::string_view name)

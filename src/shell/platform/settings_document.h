@@ -58,7 +58,9 @@ class SettingsDocument
     void AddEntry(std::string_view line);
     [[nodiscard]] const Section* FindSection(std::string_view name) const;
     [[nodiscard]] Section* FindSection(std::string_view name);
-    static void Put(Section& section, Line line);
+
+    // Over the line of that name, else to the place.
+    static void Put(std::vector<Line>& lines, Line line, std::vector<Line>::iterator place);
 
     std::vector<Line> preamble_; // lines before the first section
     std::vector<Section> sections_;

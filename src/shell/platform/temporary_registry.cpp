@@ -148,11 +148,12 @@ void RemoveTemporariesOnSignal()
     struct sigaction action = {};
     action.sa_handler = RemoveTemporariesAndEnd;
     sigfillset(&action.sa_mask);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
         struct sigaction former = {};
         if (sigaction(signal, nullptr, &former) == 0 && former.sa_handler != SIG_IGN)
             sigaction(signal, &action, nullptr);
     }
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 } // namespace veldrane

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <random>
 #include <set>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace veldrane::testing {
@@ -27,7 +28,7 @@ class Interrupted : public ::testing::Test
 
 TEST_F(Interrupted, ASignalRemovesTheTemporaryFilesAndEndsWithItsCode)
 {
-    for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
         const int end = ExitCodeOf([&] {
             RemoveTemporariesOnSignal();
             const auto batch = files_.StartBatch();
@@ -64,6 +65,23 @@ TEST_F(Interrupted, ASignalThatWasIgnoredStaysIgnored)
                   return 7;
               }),
               7);
+}
+
+TEST_F(Interrupted, ALimitOfTheFileSizeIsAFailureAndNoEnd)
+{
+    EXPECT_EQ(ExitCodeOf([&] {
+                  RemoveTemporariesOnSignal();
+                  const rlimit limit{1000, 1000};
+                  setrlimit(RLIMIT_FSIZE, &limit);
+                  try {
+                      files_.Write(folder_ / "a", std::string(100'000, 'x'));
+                  } catch (const RuntimeError&) {
+                      return 7;
+                  }
+                  return 0;
+              }),
+              7);
+    EXPECT_THAT(files_.List(folder_.Path()), IsEmpty());
 }
 
 TEST_F(Interrupted, AForkedProcessLeavesTheFilesOfTheOther)

@@ -70,6 +70,21 @@ TEST(SettingsDocumentText, LinesThatAreNotChangedStayAsTheyWereWritten)
                                "1=/b.kzm\n");
 }
 
+TEST(SettingsDocumentText, BlankLinesBetweenValuesStayWhereTheyWereWritten)
+{
+    constexpr std::string_view kWritten = "[Options]\n"
+                                          "\n"
+                                          "Author=Ann\n"
+                                          "\n"
+                                          "; limits\n"
+                                          "\n"
+                                          "MaxTablesToDisplay=500\n";
+    SettingsDocument document = SettingsDocument::Parse(kWritten);
+    EXPECT_EQ(document.Text(), kWritten);
+    document.Set("Options", "Title", "New");
+    EXPECT_EQ(document.Text(), std::string(kWritten) + "Title=New\n");
+}
+
 TEST(SettingsDocumentText, ANumberIsReadHighByteFirstAsSignedDecimalText)
 {
     const SettingsDocument document = SettingsDocument::Parse("[Options]\n"

@@ -72,6 +72,14 @@ head|End Function|
 )");
 }
 
+TEST_F(ClassMethods, ThatCallAStoredProcedureAreNoStubs)
+{
+    TTCMethod& ship = AddMethod(order, "Ship", false);
+    ship.MethodIsSP = true;
+    ship.StoredProcedure = std::make_shared<SP>();
+    EXPECT_EQ(OwnMethods().find("Sub Ship"), std::string::npos);
+}
+
 TEST_F(ClassMethods, OfAnUnknownBuiltInNameAreNone)
 {
     AddMethod(order, "clear", true);
@@ -102,6 +110,44 @@ head|End Sub|
         order.TTCMethods.Remove("Clear");
         order.TTCMethods.Remove(name);
     }
+}
+
+TEST_F(ClassMethods, AddAMissingClearOnceForAllItsCallersOfAClass)
+{
+    AddMethod(order, "Retrieve", true);
+    AddMethod(order, "Delete", true);
+    EXPECT_EQ(OwnMethods(), R"(
+head:PlusMethod|Public Sub Clear()|
+head|End Sub|
+head:PlusMethod|Public Sub Clear()|
+head|End Sub|
+)");
+    EXPECT_EQ(order.TTCMethods.Count(), 3U);
+    EXPECT_EQ(generation.ErrorText, "The Retrieve Method requires the clear method which was not included in the class definition. It has been added.");
+}
+
+TEST_F(ClassMethods, GatherTheMessagesOfAllClasses)
+{
+    AddMethod(order, "Delete", true);
+    KZMClass& customer = AddClass("Customer");
+    AddMethod(customer, "Retrieve", true);
+    static_cast<void>(generation.WriteClassMethods(order, classes));
+    static_cast<void>(generation.WriteClassMethods(customer, classes));
+    EXPECT_EQ(generation.ErrorText, "The Delete Method requires the clear method which was not included in the class definition. It has been added."
+                                    "The Retrieve Method requires the clear method which was not included in the class definition. It has been added.");
+}
+
+TEST_F(ClassMethods, AddNoClearForTheUsersOwnRetrieveAndDelete)
+{
+    AddMethod(order, "Retrieve", false);
+    AddMethod(order, "Delete", false);
+    EXPECT_EQ(OwnMethods(), R"(
+head|Public Sub Retrieve()|
+head|End Sub|
+head|Public Sub Delete()|
+head|End Sub|
+)");
+    EXPECT_EQ(generation.ErrorText, "");
 }
 
 TEST_F(ClassMethods, KeepTheAddedClearForTheNextTime)

@@ -100,10 +100,15 @@ std::vector<CatalogKey> SqliteCatalogSource::Keys(const SourceTable& table)
     std::vector<CatalogKey> keys = DefinitionOf(table.Name).Keys;
     for (CatalogKey& key : keys) {
         key.RelatedTable = NameOfTable(key.RelatedTable);
-        const std::vector<std::string>& related = DefinitionOf(key.RelatedTable).PrimaryKey;
-        for (std::size_t at = 0; at < key.Columns.size() && related.size() == key.Columns.size(); ++at)
-            if (key.Columns[at].RelatedColumn.empty())
-                key.Columns[at].RelatedColumn = related[at];
+        const Definition& related = DefinitionOf(key.RelatedTable);
+        const bool fitsPrimaryKey = related.PrimaryKey.size() == key.Columns.size();
+        for (std::size_t at = 0; at < key.Columns.size(); ++at) {
+            std::string& column = key.Columns[at].RelatedColumn;
+            if (column.empty() && fitsPrimaryKey)
+                column = related.PrimaryKey[at];
+            else if (const auto known = related.Columns.find(text::Fold(column)); known != related.Columns.end())
+                column = known->second;
+        }
     }
     NameUnnamedKeys(keys, table.Name);
     return keys;
@@ -135,12 +140,12 @@ const SqliteCatalogSource::Definition& SqliteCatalogSource::DefinitionOf(const s
 
 void SqliteCatalogSource::Read(Definitions& definitions, const std::string& condition) const
 {
-    ReadPrimaryKeys(definitions, condition);
+    ReadColumns(definitions, condition);
     ReadIndexes(definitions, condition);
     ReadForeignKeys(definitions, condition);
 }
 
-void SqliteCatalogSource::ReadPrimaryKeys(Definitions& definitions, const std::string& condition) const
+void SqliteCatalogSource::ReadColumns(Definitions& definitions, const std::string& condition) const
 {
     OdbcStatement statements(session_);
     statements.Execute("SELECT m.name, m.sql FROM sqlite_master AS m WHERE m.type IN ('table', 'view')" + condition);
@@ -149,12 +154,15 @@ void SqliteCatalogSource::ReadPrimaryKeys(Definitions& definitions, const std::s
         definitions[table].PrimaryKeyName = PrimaryKeyNameOf(statements.Text(2).value_or(""));
     }
     OdbcStatement columns(session_);
-    columns.Execute("SELECT m.name, c.name FROM sqlite_master AS m JOIN pragma_table_info(m.name) AS c"
-                    " WHERE m.type = 'table' AND c.pk > 0" +
+    columns.Execute("SELECT m.name, c.name, c.pk FROM sqlite_master AS m JOIN pragma_table_info(m.name) AS c"
+                    " WHERE m.type = 'table'" +
                     condition + " ORDER BY m.rowid, c.pk");
     while (columns.Fetch()) {
-        const std::string table = columns.Text(1).value_or("");
-        definitions[table].PrimaryKey.push_back(columns.Text(2).value_or(""));
+        Definition& definition = definitions[columns.Text(1).value_or("")];
+        const std::string column = columns.Text(2).value_or("");
+        definition.Columns.emplace(text::Fold(column), column);
+        if (columns.Number(3) > 0)
+            definition.PrimaryKey.push_back(column);
     }
 }
 
@@ -197,7 +205,7 @@ void SqliteCatalogSource::ReadForeignKeys(Definitions& definitions, const std::s
     }
 }
 
-// A foreign key names its table in any case; the catalog's own letters are handed on.
+// A foreign key names its table in any case, as it does the columns there; the catalog's own letters are handed on.
 std::string SqliteCatalogSource::NameOfTable(const std::string& written) const
 {
     const auto found = names_.find(text::Fold(written));

@@ -35,6 +35,7 @@ class SqliteCatalogSource : public CatalogSource
     // What the definition of one table holds.
     struct Definition
     {
+        std::unordered_map<std::string, std::string> Columns; // by their folded form
         std::string PrimaryKeyName;
         std::vector<std::string> PrimaryKey; // in the key's order
         bool HasKeyIndex = false;            // the primary key has an index: no column of it is the row's number
@@ -45,7 +46,7 @@ class SqliteCatalogSource : public CatalogSource
 
     void RestoreNames(const SourceTable& table, std::vector<CatalogField>& fields) const;
     void Read(Definitions& definitions, const std::string& condition) const;
-    void ReadPrimaryKeys(Definitions& definitions, const std::string& condition) const;
+    void ReadColumns(Definitions& definitions, const std::string& condition) const;
     void ReadIndexes(Definitions& definitions, const std::string& condition) const;
     void ReadForeignKeys(Definitions& definitions, const std::string& condition) const;
     [[nodiscard]] const Definition& DefinitionOf(const std::string& table);

@@ -390,6 +390,15 @@ TEST(SqliteKeys, AreNamedAndInTheOrderOfTheDefinition)
                             "LinesOrders: Lines x=b y=a", "LinesOrders2: Lines y=a x=b"));
 }
 
+TEST(SqliteKeys, NameTheColumnsOfTheOtherTableAsItDoes)
+{
+    SqliteFile file("CREATE TABLE Customers (CustomerID INTEGER PRIMARY KEY, \"Größe\" INT, Region TEXT);\n"
+                    "CREATE TABLE Orders (id INT, c INT REFERENCES CUSTOMERS (customerid), g INT, r TEXT,"
+                    " FOREIGN KEY (G, R) REFERENCES customers (\"Größe\", REGION));\n");
+    EXPECT_THAT(KeyRows(*file.OpenCatalog(), "Orders"),
+                ElementsAre("CustomersOrders: Customers c=CustomerID", "CustomersOrders2: Customers g=Größe r=Region"));
+}
+
 TEST(SqliteKeys, AreTheSameReadTogetherAndOneByOne)
 {
     SqliteFile file("CREATE TABLE p (a INT, b INT, PRIMARY KEY (b, a));\n"

@@ -126,11 +126,19 @@ TEST_F(Define, TellsTheRowIdentifierFromTheCommandLine)
     EXPECT_THAT(ClassBlock("Note"), HasSubstr("DeleteByPrimaryKey\2True"));
 }
 
-TEST_F(Define, PrintsAQuestionWithTheAnswerTaken)
+TEST_F(Define, IsSilentWhereTheCommandLineHasTheAnswers)
 {
     const Ended ended = Run({"--connection", Notes, "--table", "Notes"});
-    EXPECT_THAT(ended.ErrorOutput, HasSubstr("Choose Retrieval Method"));
-    EXPECT_THAT(ended.ErrorOutput, HasSubstr("Answer: Yes"));
+    EXPECT_EQ(ended.Output + ended.ErrorOutput, "");
+}
+
+TEST_F(Define, PrintsAQuestionWithTheAnswerTaken)
+{
+    Run({"--connection", Notes, "--table", "Tags"});
+    Workspace.MakeDatabase("notes.db", "DROP TABLE Tags;");
+    const Ended ended = Run({});
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("Table Missing: The table named 'Tags' cannot be found."));
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("Answer: Cancel"));
 }
 
 TEST_F(Define, RunAgainChangesNothing)

@@ -51,20 +51,16 @@ ConsoleMessages::ConsoleMessages(std::ostream& out, AnswersByTitle told) : out_(
 
 Answer ConsoleMessages::Ask(const Question& question)
 {
-    const Answer answer = AnswerTo(question);
+    const std::vector<Answer>& offered = OfferedBy(question.Offered);
+    const auto told = told_.find(question.Title);
+    if (told != told_.end() && std::find(offered.begin(), offered.end(), told->second) != offered.end())
+        return told->second;
+    const Answer answer = offered.front();
     out_ << ConsoleText(question.Title.empty() ? question.Text : question.Title + ": " + question.Text) << '\n';
     if (question.Offered != Buttons::Ok)
         out_ << kConsoleIndent << "Answer: " << NameOf(answer) << '\n';
     out_ << std::flush;
     return answer;
-}
-
-Answer ConsoleMessages::AnswerTo(const Question& question) const
-{
-    const std::vector<Answer>& offered = OfferedBy(question.Offered);
-    const auto told = told_.find(question.Title);
-    const bool usable = told != told_.end() && std::find(offered.begin(), offered.end(), told->second) != offered.end();
-    return usable ? told->second : offered.front();
 }
 
 } // namespace veldrane

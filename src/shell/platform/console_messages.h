@@ -8,8 +8,8 @@
 
 namespace veldrane {
 
-// Messages without a person: each is printed, a question together with the answer taken for it. That is the one that
-// loses nothing (Cancel, else No), except where the command line has told the answer.
+// Messages without a person: each is printed, a question together with the answer taken for it, which is the one that
+// loses nothing (Cancel, else No). A question whose answer the command line has told is not asked at all.
 //
 //   Save Changes?: This project has been modified and changes have not been saved.
 //       Do you want to save Shop first?
@@ -25,8 +25,6 @@ class ConsoleMessages : public Messages
     Answer Ask(const Question& question) override;
 
   private:
-    [[nodiscard]] Answer AnswerTo(const Question& question) const;
-
     std::ostream& out_;
     AnswersByTitle told_;
 };

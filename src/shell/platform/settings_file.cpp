@@ -89,9 +89,7 @@ void SettingsFile::DeleteSetting(std::string_view section, std::string_view name
 SettingsFile::Content SettingsFile::Load() const
 {
     const FileKind kind = files_.Kind(path_);
-    if (kind == FileKind::Folder)
-        return {.Is = State::Broken, .Document = {}, .Reason = "a folder stands in its place"};
-    if (kind == FileKind::Other)
+    if (kind == FileKind::Folder || kind == FileKind::Other) // never moved: it holds more than settings
         return {.Is = State::Unreadable, .Document = {}, .Reason = path_ + ": it is no plain file"};
     std::string text;
     try {

@@ -14,9 +14,9 @@ namespace veldrane {
 // it is now; every write reads it again under a lock (a file of the same name with ".lock" behind it), changes its one
 // value and replaces the file whole. The file's folder is made when the first value is stored, for its user alone.
 //
-// A file that can't be understood, or a folder in its place, is moved aside to the same name with ".broken" behind it
-// (".broken-2" and so on if that is taken); one that can't be read stays. Both times a note says so and the values are
-// empty, which gives the defaults. While the file can't be read, storing fails with RuntimeError (75).
+// A file that can't be understood is moved aside to the same name with ".broken" behind it (".broken-2" and so on if
+// that is taken). One that can't be read stays, and so does whatever is no plain file. Both times a note says so and
+// the values are empty, which gives the defaults. While the file can't be read, storing fails with RuntimeError (75).
 class SettingsFile : public Settings
 {
   public:

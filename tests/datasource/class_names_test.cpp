@@ -155,6 +155,22 @@ TEST_F(ClassNamesTest, AClassAndItsCollectionCanNotShareAName)
         "The Collection Name already exists in this project. Please change the Collection Name then click OK.");
 }
 
+TEST_F(ClassNamesTest, EachCheckSeesBothNamesBeforeTheNext)
+{
+    project.ClassCollectionNames.Add("Order", "Order");
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {std::string(40, 'x'), "Order Details"}, // the class is too long, but words are counted first
+        {"Order", std::string(40, 'x')},         // the class is there already, but lengths are measured before
+        {"Order", "Sales"},                      // the same, but the project's name is compared before
+    };
+    for (const auto& [className, collectionName] : cases) {
+        form.ClassName = className;
+        form.CollectionName = collectionName;
+        EXPECT_EQ(CheckNames(form, before, names), NameCheck::CollectionNameRefused) << collectionName;
+    }
+    EXPECT_EQ(Titles(), (Texts{"Invalid Collection Name", "Programmatic ID Too Long", "Duplicate Name in Project"}));
+}
+
 TEST_F(ClassNamesTest, NamesThatDidNotChangeAreNotLookedFor)
 {
     project.VBProjectName = "Order";

@@ -202,6 +202,18 @@ TEST_F(Define, LeavesOutANameThatTheChecksRefuseAndSavesTheRest)
     EXPECT_NE(ClassBlock("Short"), "");
 }
 
+TEST_F(Define, LeavesOutATableThatCannotBeOpenedAndSavesTheRest)
+{
+    const std::string connection = Workspace.MakeDatabase(
+        "strange.db",
+        "CREATE TABLE Short (ID INTEGER); PRAGMA writable_schema = 1; INSERT INTO sqlite_master VALUES ('table', 'Strange', 'Strange', 0, 'CREATE VIRTUAL TABLE Strange USING nomodule(x)');");
+    const Ended ended = Run({"--connection", connection, "--all"});
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("no such module: nomodule"));
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("'Strange' is left out."));
+    EXPECT_NE(ClassBlock("Short"), "");
+}
+
 TEST_F(Define, LeavesOutAChildWhoseParentIsNowhere)
 {
     const Ended ended = Run({"--connection", Notes, "--table", "Tags=Nobody"});

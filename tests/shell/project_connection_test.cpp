@@ -37,5 +37,15 @@ TEST(ProjectConnection, ReplacesTheFactsOfTheFormerOne)
     EXPECT_EQ(project.DataSource(), data_source_kind::kJet);
 }
 
+TEST(ProjectConnection, OnlyAJetFileMayStandBesideTheComponent)
+{
+    TTCProject project;
+    project.ConnectSameDirectory = true;
+    SetConnection(project, "PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=/data/a.mdb;USER ID=Admin;PASSWORD=;");
+    EXPECT_TRUE(project.ConnectSameDirectory);
+    SetConnection(project, "Driver=SQLite3;Database=/tmp/x.db");
+    EXPECT_FALSE(project.ConnectSameDirectory);
+}
+
 } // namespace
 } // namespace veldrane

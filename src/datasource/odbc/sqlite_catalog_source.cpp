@@ -15,6 +15,9 @@ namespace {
 // Names with this beginning are SQLite's own.
 constexpr std::string_view kSystemPrefix = "sqlite_";
 
+// A virtual table has no page and keeps no keys; to ask for them fails where its module is not there.
+constexpr std::string_view kOfStoredTables = " WHERE m.type = 'table' AND m.rootpage > 0";
+
 std::string TypeWord(const std::string& name, const std::string& type)
 {
     if (text::FindFolded(name, kSystemPrefix) == 0)
@@ -117,15 +120,7 @@ std::vector<CatalogKey> SqliteCatalogSource::Keys(const SourceTable& table)
 void SqliteCatalogSource::ReadTogether()
 {
     Definitions all;
-    try {
-        Read(all, "");
-    } catch (const DataSourceError& error) {
-        // One table that SQLite can't make sense of, such as one of a module that is not there, fails the queries over
-        // all; asked one by one, the others still answer.
-        if (error.Number == data_source_error::kNoOpenConnection)
-            throw;
-        return;
-    }
+    Read(all, "");
     definitions_ = std::move(all);
 }
 
@@ -154,9 +149,8 @@ void SqliteCatalogSource::ReadColumns(Definitions& definitions, const std::strin
         definitions[table].PrimaryKeyName = PrimaryKeyNameOf(statements.Text(2).value_or(""));
     }
     OdbcStatement columns(session_);
-    columns.Execute("SELECT m.name, c.name, c.pk FROM sqlite_master AS m JOIN pragma_table_info(m.name) AS c"
-                    " WHERE m.type = 'table'" +
-                    condition + " ORDER BY m.rowid, c.pk");
+    columns.Execute("SELECT m.name, c.name, c.pk FROM sqlite_master AS m JOIN pragma_table_info(m.name) AS c" +
+                    std::string(kOfStoredTables) + condition + " ORDER BY m.rowid, c.pk");
     while (columns.Fetch()) {
         Definition& definition = definitions[columns.Text(1).value_or("")];
         const std::string column = columns.Text(2).value_or("");
@@ -170,9 +164,8 @@ void SqliteCatalogSource::ReadIndexes(Definitions& definitions, const std::strin
 {
     OdbcStatement statement(session_);
     statement.Execute("SELECT m.name, i.origin, i.name, i.\"unique\", c.name FROM sqlite_master AS m"
-                      " JOIN pragma_index_list(m.name) AS i JOIN pragma_index_info(i.name) AS c"
-                      " WHERE m.type = 'table'" +
-                      condition + " ORDER BY m.rowid, i.seq DESC, c.seqno");
+                      " JOIN pragma_index_list(m.name) AS i JOIN pragma_index_info(i.name) AS c" +
+                      std::string(kOfStoredTables) + condition + " ORDER BY m.rowid, i.seq DESC, c.seqno");
     while (statement.Fetch()) {
         Definition& definition = definitions[statement.Text(1).value_or("")];
         if (statement.Text(2) == "pk") {
@@ -193,8 +186,8 @@ void SqliteCatalogSource::ReadForeignKeys(Definitions& definitions, const std::s
 {
     OdbcStatement statement(session_);
     statement.Execute("SELECT m.name, f.\"table\", f.seq, f.\"from\", f.\"to\" FROM sqlite_master AS m"
-                      " JOIN pragma_foreign_key_list(m.name) AS f WHERE m.type = 'table'" +
-                      condition + " ORDER BY m.rowid, f.id DESC, f.seq");
+                      " JOIN pragma_foreign_key_list(m.name) AS f" +
+                      std::string(kOfStoredTables) + condition + " ORDER BY m.rowid, f.id DESC, f.seq");
     while (statement.Fetch()) {
         std::vector<CatalogKey>& keys = definitions[statement.Text(1).value_or("")].Keys;
         const std::string related = statement.Text(2).value_or("");

@@ -459,6 +459,8 @@ TEST(SqliteCatalog, ATableOfAModuleThatIsNotThereSpoilsNoOther)
     catalog->ExpectManyTables();
     EXPECT_EQ(catalog->Tables().size(), 3U);
     EXPECT_THAT(KeyRows(*catalog, "c"), ElementsAre("pc: p x=id"));
+    EXPECT_THAT(KeyRows(*catalog, "strange"), IsEmpty());
+    EXPECT_THAT(catalog->Indexes("strange"), IsEmpty());
     EXPECT_EQ(NumberOfFailure([&] { (void)catalog->Fields(Statement("strange")); }), data_source_error::kFailed);
 }
 

@@ -1,0 +1,167 @@
+#include "shell/project_session.h"
+
+#include "datasource/data_source_error.h"
+#include "support/manual_clock.h"
+#include "support/memory_file_system.h"
+#include "support/memory_settings.h"
+#include "support/recorded_errors.h"
+#include "support/recorded_processes.h"
+#include "support/scripted_messages.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <vector>
+
+namespace veldrane {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+// A connection that holds nothing and tells when it goes.
+class EmptyConnection : public DataSourceConnection
+{
+  public:
+    EmptyConnection(std::string text, Texts& log) : text_(std::move(text)), log_(log) {}
+    ~EmptyConnection() override { log_.push_back("close " + text_); }
+
+    void Open(const std::string& connectionString) override { text_ = connectionString; }
+    void Close() override {}
+    [[nodiscard]] bool IsOpen() const override { return true; }
+    [[nodiscard]] const std::string& ConnectionString() const override { return text_; }
+    [[nodiscard]] const std::vector<ADOError>& Errors() const override { return errors_; }
+    [[nodiscard]] std::unique_ptr<Catalog> OpenCatalog() override { return nullptr; }
+
+  private:
+    std::string text_;
+    Texts& log_;
+    std::vector<ADOError> errors_;
+};
+
+class ProjectSessionTest : public ::testing::Test
+{
+  protected:
+    // Writes a project that names the data source, and opens it.
+    bool OpenProjectOn(const std::string& connectionString, DataSourceOnOpen dataSource = DataSourceOnOpen::Connect)
+    {
+        ProjectSession writer(application);
+        writer.New();
+        writer.Project().FullPath = "/shop.kzm";
+        writer.Project().SetConnectionString(connectionString);
+        return writer.Save() && session.Open("/shop.kzm", dataSource);
+    }
+
+    [[nodiscard]] std::unique_ptr<DataSourceConnection> Connect(const std::string& text, StringOrigin origin)
+    {
+        Log.push_back((origin == StringOrigin::ProjectFile ? "open " : "open for the user ") + text);
+        if (Fails)
+            throw DataSourceError(data_source_error::kFailed, "ODBC", "[SQLite]connect failed");
+        return std::make_unique<EmptyConnection>(text, Log);
+    }
+
+    Texts Log;
+    bool Fails = false;
+    testing::MemorySettings settings;
+    testing::ScriptedMessages messages;
+    testing::RecordedErrors errors;
+    testing::MemoryFileSystem files;
+    testing::ManualClock clock;
+    testing::RecordedProcesses processes;
+    std::ostringstream output;
+    Application application{
+        .UserSettings = settings,
+        .Asking = messages,
+        .Errors = errors,
+        .Files = files,
+        .Time = clock,
+        .Programs = processes,
+        .Connect = [this](const std::string& text, StringOrigin origin) { return Connect(text, origin); },
+        .Generation = {},
+        .Output = output,
+        .ErrorOutput = output,
+        .Progress = [](int, const std::string&) {}};
+    ProjectSession session{application};
+};
+
+TEST_F(ProjectSessionTest, OpeningAProjectOpensItsDataSource)
+{
+    EXPECT_TRUE(OpenProjectOn("PROVIDER=MSDASQL;DSN=Shop;"));
+    EXPECT_EQ(Log, Texts{"open PROVIDER=MSDASQL;DSN=Shop;"});
+    ASSERT_TRUE(session.ActiveConnection());
+    EXPECT_EQ(session.ActiveConnection()->ConnectionString(), "PROVIDER=MSDASQL;DSN=Shop;");
+}
+
+TEST_F(ProjectSessionTest, AProjectWithoutADataSourceOpensNone)
+{
+    EXPECT_TRUE(OpenProjectOn(""));
+    EXPECT_TRUE(Log.empty());
+    EXPECT_FALSE(session.ActiveConnection());
+    EXPECT_TRUE(errors.Reported.empty());
+}
+
+TEST_F(ProjectSessionTest, ADataSourceStaysClosedOnRequest)
+{
+    EXPECT_TRUE(OpenProjectOn("DSN=Shop;", DataSourceOnOpen::LeaveClosed));
+    session.Project().SetConnectionString("DSN=Other;");
+    EXPECT_TRUE(Log.empty());
+}
+
+TEST_F(ProjectSessionTest, AnotherStringClosesTheOpenConnectionFirst)
+{
+    OpenProjectOn("DSN=Shop;");
+    session.Project().SetConnectionString("DSN=Other;");
+    EXPECT_EQ(Log, (Texts{"open DSN=Shop;", "close DSN=Shop;", "open DSN=Other;"}));
+    EXPECT_EQ(session.ActiveConnection()->ConnectionString(), "DSN=Other;");
+}
+
+TEST_F(ProjectSessionTest, TheSameStringAndAnEmptyOneLeaveTheConnectionAsItIs)
+{
+    OpenProjectOn("DSN=Shop;");
+    session.Project().SetConnectionString("DSN=Shop;");
+    session.Project().SetConnectionString("");
+    EXPECT_EQ(Log, Texts{"open DSN=Shop;"});
+    EXPECT_TRUE(session.ActiveConnection());
+}
+
+TEST_F(ProjectSessionTest, AProjectWhoseDataSourceFailsStaysOpenWithoutOne)
+{
+    Fails = true;
+    EXPECT_TRUE(OpenProjectOn("DSN=Shop;"));
+    EXPECT_FALSE(session.ActiveConnection());
+    EXPECT_EQ(session.Project().ConnectionString(), "DSN=Shop;");
+    ASSERT_EQ(errors.Reported.size(), 1U);
+    EXPECT_EQ(errors.Reported.front().Error.Description(), "[SQLite]connect failed");
+    const ErrorPlace& place = errors.Reported.front().Place;
+    EXPECT_EQ(place.ModuleName, application.Generation.AppTitle);
+    EXPECT_EQ(place.RoutineName, "Open Datasource");
+    EXPECT_EQ(
+        place.Hint,
+        "If you would like to modify your DataSource, you may do so by selecting Project|Edit DataSource from the menu.");
+}
+
+TEST_F(ProjectSessionTest, AFailureLeavesNoConnectionOfBefore)
+{
+    OpenProjectOn("DSN=Shop;");
+    Fails = true;
+    session.Project().SetConnectionString("DSN=Other;");
+    EXPECT_FALSE(session.ActiveConnection());
+    EXPECT_EQ(Log, (Texts{"open DSN=Shop;", "close DSN=Shop;", "open DSN=Other;"}));
+}
+
+TEST_F(ProjectSessionTest, ANewProjectClosesTheConnection)
+{
+    OpenProjectOn("DSN=Shop;");
+    session.New();
+    EXPECT_FALSE(session.ActiveConnection());
+    EXPECT_EQ(Log.back(), "close DSN=Shop;");
+}
+
+TEST_F(ProjectSessionTest, AUsersOwnStringIsOpenedAsSuch)
+{
+    OpenProjectOn("DSN=Shop;", DataSourceOnOpen::LeaveClosed);
+    EXPECT_TRUE(session.ConnectDataSource(StringOrigin::CommandLine));
+    EXPECT_EQ(Log, Texts{"open for the user DSN=Shop;"});
+}
+
+} // namespace
+} // namespace veldrane

@@ -71,6 +71,8 @@ class GenerateRun
     int Run(KZMClasses& classes, const GenerationTarget& target)
     {
         generation_.GenerateCode(classes, target);
+        if (exitCode_ == exit_code::kDone)
+            application_.Progress(percent_, "The project is in " + target.TargetFolder);
         return exitCode_;
     }
 

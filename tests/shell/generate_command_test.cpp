@@ -142,7 +142,7 @@ TEST_F(Generate, RefusesNamesThatLeadOutOfTheFolder)
         {"\r\nClassPrefix\2", "\r\nClassPrefix\2../"},
         {"\r\nModulePrefix\2", "\r\nModulePrefix\2/etc/"},
         {"\r\nVBProjectName\2Shop", "\r\nVBProjectName\2..\\Shop"},
-        {"Class Customer\r\n", std::string("Class Custo\0mer\r\n", 18)},
+        {"Class Customer\r\n", std::string("Class Custo\0mer\r\n", 17)},
     };
     const std::string good = Workspace.ReadFile("Shop.kzm");
     for (const auto& [find, replacement] : cases) {

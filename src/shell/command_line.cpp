@@ -14,6 +14,7 @@ namespace veldrane {
 namespace {
 
 constexpr int kWrongUsage = 2;
+constexpr std::string_view kExtension = ".kzm";
 
 struct CommandUsage
 {
@@ -112,6 +113,8 @@ std::string ResolveConnection(const std::string& value, const FileSystem& files)
     if (!value.starts_with('@'))
         return value;
     const std::string path = value.substr(1);
+    if (path.empty())
+        throw CLI::ValidationError("--connection", "'@' names no file");
     std::string text;
     try {
         text = WithoutLineEnd(files.Read(path));
@@ -121,6 +124,13 @@ std::string ResolveConnection(const std::string& value, const FileSystem& files)
     if (text.empty())
         throw CLI::ValidationError("--connection", "the file '" + path + "' holds no connection string");
     return text;
+}
+
+// An argument that is there, but empty, is mostly a variable of a script that was never set.
+void Require(const std::string& name, const std::string& value)
+{
+    if (value.empty())
+        throw CLI::RequiredError(name);
 }
 
 std::vector<std::pair<std::string, std::string>> SplitSettings(const std::vector<std::string>& arguments)
@@ -212,10 +222,15 @@ class Parser
             return tables_;
         }
         if (app_.got_subcommand("define")) {
+            Require("file", define_.File);
+            if (!define_.File.ends_with(kExtension))
+                throw CLI::ParseError("'" + define_.File + "' does not end in " + std::string(kExtension), kWrongUsage);
             define_.Connection = ResolveConnection(define_.Connection, files_);
             define_.Settings = SplitSettings(settings_);
             return define_;
         }
+        Require("file", generate_.File);
+        Require("folder", generate_.Folder);
         return generate_;
     }
 

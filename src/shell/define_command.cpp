@@ -16,8 +16,6 @@
 namespace veldrane {
 namespace {
 
-constexpr std::string_view kExtension = ".kzm";
-
 // One run of `define`, from the file as it is to the file as it should be. What can't be done is told and left out; the
 // rest is saved.
 class DefineRun
@@ -253,10 +251,6 @@ class DefineRun
 
 int RunDefine(const Application& application, const DefineCommand& command)
 {
-    if (!command.File.ends_with(kExtension)) {
-        application.ErrorOutput << "veldrane: '" << command.File << "' does not end in " << kExtension << ".\n";
-        return exit_code::kWrongUsage;
-    }
     return DefineRun(application, command).Run();
 }
 

@@ -91,22 +91,30 @@ int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStrea
     return RunOn(application, command);
 }
 
+int RunArguments(const std::vector<std::string>& arguments, const ProgramStreams& streams)
+{
+    DiskFileSystem files;
+    const Command command = ParseCommandLine(arguments, files);
+    if (const auto* print = std::get_if<PrintAndExit>(&command)) {
+        (print->OnStandardError ? streams.ErrorOutput : streams.Output) << print->Text;
+        return print->ExitCode;
+    }
+    return RunCommand(command, files, streams);
+}
+
 } // namespace
 
 int RunProgram(const std::vector<std::string>& arguments, const ProgramStreams& streams)
 {
     try {
-        DiskFileSystem files;
-        const Command command = ParseCommandLine(arguments, files);
-        if (const auto* print = std::get_if<PrintAndExit>(&command)) {
-            (print->OnStandardError ? streams.ErrorOutput : streams.Output) << print->Text;
-            return print->ExitCode;
-        }
-        return RunCommand(command, files, streams);
+        const int exitCode = RunArguments(arguments, streams);
+        if (streams.Output.flush())
+            return exitCode;
+        streams.ErrorOutput << "veldrane: the output could not be written.\n";
     } catch (const std::exception& error) {
         streams.ErrorOutput << "veldrane: " << ConsoleLine(error.what()) << '\n';
-        return exit_code::kFailed;
     }
+    return exit_code::kFailed;
 }
 
 } // namespace veldrane

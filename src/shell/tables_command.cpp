@@ -1,4 +1,5 @@
 #include "shell/commands.h"
+#include "shell/platform/console_text.h"
 
 namespace veldrane {
 namespace {
@@ -29,9 +30,9 @@ int RunTables(const Application& application, const TablesCommand& command)
         const auto catalog = connection->OpenCatalog();
         for (const CatalogTable& table : catalog->Tables())
             if (!IsSystemObject(table))
-                application.Output << table.Type << '\t' << table.Name << '\n';
+                application.Output << table.Type << '\t' << ConsoleLine(table.Name) << '\n';
         for (const std::string& procedure : Procedures(*catalog))
-            application.Output << "PROCEDURE\t" << procedure << '\n';
+            application.Output << "PROCEDURE\t" << ConsoleLine(procedure) << '\n';
     });
     return listed ? exit_code::kDone : exit_code::kFailed;
 }

@@ -43,19 +43,39 @@ class LeaveAndTell : public ConflictResolver
     Messages& messages_;
 };
 
+// Passes reports on and remembers that there was one: a run that goes on after a failure has not done all it was asked.
+class RememberedReports : public ErrorReport
+{
+  public:
+    explicit RememberedReports(ErrorReport& report) : report_(report) {}
+
+    void ReportError(const RuntimeError& error, const ErrorPlace& place) override
+    {
+        any_ = true;
+        report_.ReportError(error, place);
+    }
+
+    [[nodiscard]] bool Any() const { return any_; }
+
+  private:
+    ErrorReport& report_;
+    bool any_ = false;
+};
+
 // One generation run and how it ended.
 class GenerateRun
 {
   public:
     GenerateRun(const Application& application, const TTCProject& project)
-        : application_(application), conflicts_(application.Asking), generation_(project,
-                                                                                 {.Asking = application.Asking,
-                                                                                  .Errors = application.Errors,
-                                                                                  .Files = application.Files,
-                                                                                  .Time = application.Time,
-                                                                                  .Programs = application.Programs,
-                                                                                  .Conflicts = conflicts_},
-                                                                                 application.Generation)
+        : application_(application), conflicts_(application.Asking), reports_(application.Errors),
+          generation_(project,
+                      {.Asking = application.Asking,
+                       .Errors = reports_,
+                       .Files = application.Files,
+                       .Time = application.Time,
+                       .Programs = application.Programs,
+                       .Conflicts = conflicts_},
+                      application.Generation)
     {
         connections_ = {
             generation_.Progress.Connect([this](int percent) { percent_ = percent; }),
@@ -73,7 +93,7 @@ class GenerateRun
         generation_.GenerateCode(classes, target);
         if (exitCode_ == exit_code::kDone)
             application_.Progress(percent_, "The project is in " + target.TargetFolder);
-        return exitCode_;
+        return reports_.Any() ? exit_code::kFailed : exitCode_;
     }
 
   private:
@@ -86,6 +106,7 @@ class GenerateRun
 
     const Application& application_;
     LeaveAndTell conflicts_;
+    RememberedReports reports_;
     CodeGeneration generation_;
     std::array<Connection, 4> connections_;
     int percent_ = 0;

@@ -102,6 +102,16 @@ TEST_F(Generate, LeavesFilesThatExistWhenThereIsNobodyToAsk)
     EXPECT_EQ(Workspace.ReadFile("out/Customer.cls"), "mine");
 }
 
+TEST_F(Generate, FailsWhereABackupCouldNotBeMade)
+{
+    Workspace.WriteFile("out/Customer.cls", "mine");
+    fs::create_directories(Workspace.Path("out/Customer.cls.BAK/in the way"));
+    const Ended ended = Run();
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("Customer.cls.BAK"));
+    EXPECT_TRUE(fs::exists(Workspace.Path("out/xmlAssist.cls"))) << "the run goes on";
+}
+
 TEST_F(Generate, NamesAProjectFileThatIsMissing)
 {
     const Ended ended = Workspace.Run({"generate", Workspace.Path("nothing.kzm"), Workspace.Path("out")});

@@ -24,6 +24,7 @@ struct ClassEdit
     const text::CodePage& CodePage;
     bool KeysFailed =
         false; // an attempt to read the keys has failed: from then on only an identity column is looked for
+    bool FieldLeftOut = false; // a field of the table could not become a property, which was told
 };
 
 // The catalog of the data source. Throws DataSourceError kNoOpenConnection if none is open.

@@ -67,14 +67,17 @@ PropertiesByField IndexByField(const KZMClass& item)
 
 void AddField(ClassEdit& edit, const CatalogField& field, PropertiesByField& index)
 {
-    if (!FitsProject(field.Name, edit.CodePage, edit.Messages))
+    if (!FitsProject(field.Name, edit.CodePage, edit.Messages)) {
+        edit.FieldLeftOut = true;
         return;
+    }
     const std::string name = MakeMemberName(field.Name, edit.Messages);
     if (edit.Class.TTCProperties.Contains(name) || !edit.Class.TTCMembers.Add(name, name)) {
         edit.Messages.Tell("Duplicate Property Name",
                            "The field name '" + field.Name + "' conflicts with an existing property in the " +
                                edit.Class.ClassName + " class. This field cannot be added as a property at this time.",
                            MessageIcon::Information);
+        edit.FieldLeftOut = true;
         return;
     }
     const auto property = edit.Class.TTCProperties.Add(PropertyOf(field, edit.Class, name), name);

@@ -28,7 +28,7 @@ class DefineRun
 
     int Run()
     {
-        if (!StartProject() || !ApplySettings() || !ConnectDataSource())
+        if (!StartProject() || !ApplySettings() || !NameFits() || !ConnectDataSource())
             return exit_code::kFailed;
         if (session_.ActiveConnection() != nullptr &&
             !Guarded(application_.Errors, "Veldrane", "define", [&] { DefineClasses(); }))
@@ -56,7 +56,7 @@ class DefineRun
         Project().VBProjectName = MakeValidName(file.stem().string());
         Project().FullPath = path_;
         Project().FileName = file.filename().string();
-        return FitsProject(Project().VBProjectName, application_.Generation.CodePage, application_.Asking);
+        return true;
     }
 
     // A file is extended only if it was read whole: nobody is there to see what saving would drop.
@@ -89,6 +89,12 @@ class DefineRun
         if (!Project().MTSEnabled && hadComponentServices)
             RemoveXmlAssist(Project(), session_.Classes());
         return true;
+    }
+
+    // After the settings: a file whose own name can't be the project's is given another by --set.
+    bool NameFits()
+    {
+        return FitsProject(Project().VBProjectName, application_.Generation.CodePage, application_.Asking);
     }
 
     bool WantsClasses() const
@@ -168,6 +174,7 @@ class DefineRun
             if (RefreshClass(edit) != FieldsOutcome::Read)
                 Refuse("the class " + item.ClassName + " stays as it was: its table '" + item.TableName +
                        "' could not be read.");
+            leftOut_ = leftOut_ || edit.FieldLeftOut;
         }
     }
 
@@ -222,6 +229,7 @@ class DefineRun
         if (!AddClassToProject(item, names))
             return false;
         classesByTable_.try_emplace(text::Fold(item->TableName), item->ClassName);
+        leftOut_ = leftOut_ || edit.FieldLeftOut;
         return true;
     }
 

@@ -293,6 +293,38 @@ TEST_F(Define, WantsAFileOfItsOwnKind)
     EXPECT_THAT(ended.ErrorOutput, HasSubstr("Notes.txt' does not end in .kzm."));
 }
 
+TEST_F(Define, RefusesAProjectNameThatTheCodePageLacks)
+{
+    const Ended named = Workspace.Run({"define", Workspace.Path("Łódź.kzm")});
+    EXPECT_EQ(named.ExitCode, 1);
+    EXPECT_THAT(named.ErrorOutput, HasSubstr("The name 'Łódź' has letters that code page 1252 lacks"));
+    EXPECT_FALSE(std::filesystem::exists(Workspace.Path("Łódź.kzm")));
+    const Ended set = Run({"--set", "VBProjectName=Łódź"});
+    EXPECT_EQ(set.ExitCode, 1);
+    EXPECT_FALSE(std::filesystem::exists(Workspace.Path("Desk.kzm")));
+}
+
+TEST_F(Define, TakesAFileOfAnyNameOnceTheProjectHasANameOfItsOwn)
+{
+    const Ended ended = Workspace.Run({"define", Workspace.Path("Łódź.kzm"), "--set", "VBProjectName=Lodz"});
+    EXPECT_EQ(ended.ExitCode, 0) << ended.ErrorOutput;
+    EXPECT_THAT(Workspace.ReadFile("Łódź.kzm"), HasSubstr(Line("VBProjectName", "Lodz")));
+}
+
+TEST_F(Define, FailsWhereAColumnIsLeftOutAndSavesTheRest)
+{
+    const std::string connection =
+        Workspace.MakeDatabase("columns.db", "CREATE TABLE Towns (ID INTEGER PRIMARY KEY, Łódź TEXT, Name TEXT);"
+                                             "CREATE TABLE Twins (ID INTEGER PRIMARY KEY, [a b] TEXT, a_b TEXT);");
+    for (const char* table : {"Towns", "Twins"}) {
+        const Ended ended = Run({"--connection", connection, "--table", table});
+        EXPECT_EQ(ended.ExitCode, 1) << table;
+    }
+    EXPECT_THAT(ClassBlock("Town"), HasSubstr("Begin Property Name\r\n"));
+    EXPECT_THAT(ClassBlock("Twin"), HasSubstr("Begin Property ab\r\n"));
+    EXPECT_EQ(Run({}).ExitCode, 1) << "the columns are still left out";
+}
+
 TEST_F(Define, LeavesAFileThatIsNoProjectAlone)
 {
     Workspace.WriteFile("Desk.kzm", "something else\r\n");

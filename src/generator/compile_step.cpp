@@ -6,6 +6,7 @@
 #include "text/strings.h"
 
 #include <chrono>
+#include <exception>
 
 namespace veldrane {
 namespace {
@@ -70,7 +71,7 @@ void CompileProject(CodeGeneration& generation, const GenerationPorts& ports, co
             AppendLine(generation.ErrorText, kNoCommand);
         }
         generation.StatusChanged.Raise(3, "Processing Complete.");
-    } catch (const RuntimeError&) {
+    } catch (const std::exception&) {
         // Settled: the run is complete, and the page shows what the text holds, even if the compiler is still at work.
         return;
     }

@@ -2,6 +2,9 @@
 #include "generator/compile_step.h"
 #include "run_recorder.h"
 
+#include <algorithm>
+#include <stdexcept>
+
 namespace veldrane::testing {
 namespace {
 
@@ -87,6 +90,34 @@ TEST_F(CompileStep, CountsAsCompleteWhenTheCompilerDoesNotStart)
     programs.OnStart = [](const Texts&) { throw RuntimeError(error_number::kFileNotFound, "test", "wine: not found"); };
     Run();
     EXPECT_EQ(Compiling(), (Texts{"1 Code Generation Complete.", "2 Compiles your ActiveX COM Object...", "100%", "complete: "}));
+}
+
+TEST_F(CompileStep, CountsAsCompleteWhateverFailsInIt)
+{
+    programs.OnStart = [](const Texts&) { throw std::length_error("no room"); };
+    Run();
+    EXPECT_EQ(Compiling(), (Texts{"1 Code Generation Complete.", "2 Compiles your ActiveX COM Object...", "100%", "complete: "}));
+}
+
+TEST_F(CompileStep, StartsNothingWhileAnOlderLogCanNotBeRemoved)
+{
+    files.FailingPaths = {"/state/Compile.log"};
+    Run();
+    EXPECT_TRUE(programs.Started.empty());
+    EXPECT_EQ(Compiling(), (Texts{"1 Code Generation Complete.", "2 Compiles your ActiveX COM Object...", "100%", "complete: "}));
+}
+
+TEST_F(CompileStep, KeepsWhatTheWritersSaidUnlessALogIsRead)
+{
+    const std::string said = "The Delete Method requires the clear method which was not included in the class definition. It has been added.";
+    AddMethod(AddClass("Order"), "Delete", true);
+    Run();
+    EXPECT_EQ(recorder.Events.back(), "complete: " + said);
+
+    AddMethod(AddClass("Line"), "Delete", true);
+    Leave("Build failed.");
+    Run();
+    EXPECT_EQ(recorder.Events.back(), "complete: ActiveX COM Object Compilation Failed for the following reasons:\r\nBuild failed.");
 }
 
 TEST_F(CompileStep, WithoutACommandStartsNothingAndDoesNotWait)

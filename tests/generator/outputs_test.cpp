@@ -86,13 +86,45 @@ TEST(TTCOutputs, BecomeTextWithALineEndBehindEachLine)
 
 TEST(LineClass, LooksLikeItsBoldColourAndIcon)
 {
+    struct Case
+    {
+        LineClass Class;
+        std::string_view Name;
+        bool Bold;
+        Color ForeColor;
+        std::string_view Icon;
+    };
+    const LineColors colors{.ColorCode = 1, .ColorHeader = 2, .ColorHidden = 3};
+    const std::vector<Case> cases{
+        {LineClass::Code, "code", false, 1, ""},
+        {LineClass::Hidden, "hidden", true, 3, ""},
+        {LineClass::Head, "head", true, 2, ""},
+        {LineClass::HeadProperty, "head:Property", true, 2, "Property"},
+        {LineClass::HeadSub, "head:Sub", true, 2, "Sub"},
+        {LineClass::HeadFunction, "head:Function", true, 2, "Function"},
+        {LineClass::HeadPlusMethod, "head:PlusMethod", true, 2, "PlusMethod"},
+        {LineClass::MarkMTS, "mark:MTS", false, 1, "MTS"},
+        {LineClass::MarkGlobe, "mark:Globe", false, 1, "Globe"},
+        {LineClass::MarkEvent, "mark:Event", false, 1, "Event"},
+        {LineClass::MarkPlusEvent, "mark:PlusEvent", false, 1, "PlusEvent"},
+        {LineClass::Alert, "alert", true, 255, ""},
+    };
+    for (const Case& one : cases) {
+        TTCOutputs lines(colors);
+        const TTCOutput& line = lines.Add("x", one.Class);
+        EXPECT_EQ(NameOf(one.Class), one.Name);
+        EXPECT_EQ(line.Bold, one.Bold) << one.Name;
+        EXPECT_EQ(line.ForeColor, one.ForeColor) << one.Name;
+        EXPECT_EQ(line.Icon, one.Icon) << one.Name;
+    }
+}
+
+TEST(LineColors, AreThoseOfTheOptionsWhereTheUserSetNone)
+{
     const LineColors colors;
-    EXPECT_EQ(LookOf(LineClass::Hidden, colors).ForeColor, static_cast<Color>(0x80000011U));
-    EXPECT_TRUE(LookOf(LineClass::Hidden, colors).Bold);
-    EXPECT_EQ(LookOf(LineClass::Alert, colors).ForeColor, 255);
-    EXPECT_EQ(LookOf(LineClass::MarkPlusEvent, colors).Icon, "PlusEvent");
-    EXPECT_FALSE(LookOf(LineClass::MarkPlusEvent, colors).Bold);
-    EXPECT_EQ(LookOf(LineClass::HeadFunction, colors).ForeColor, 0xFF0000);
+    EXPECT_EQ(colors.ColorCode, 0);
+    EXPECT_EQ(colors.ColorHeader, 0xFF0000);
+    EXPECT_EQ(colors.ColorHidden, static_cast<Color>(0x80000011U));
 }
 
 TEST(Emitter, ExpandsEachWordAndTheLiteralBetweenThem)

@@ -91,6 +91,9 @@ void DiskFileSystem::Write(const std::string& path, std::string_view bytes)
 
 void DiskFileSystem::Copy(const std::string& from, const std::string& to)
 {
+    // A pipe would be waited for without an end.
+    if (Kind(from) == FileKind::Other)
+        throw RuntimeError(error_number::kPathAccess, "FileSystem", from + ": It is no plain file");
     const Descriptor source = OpenForReading(from);
     const struct stat status = StatusOf(source, from);
     if (IsSameFile(status, to))

@@ -130,6 +130,14 @@ TEST_F(DiskFiles, WhatIsNoPlainFileIsNotReplaced)
     EXPECT_EQ(files_.Kind(folder_ / "pipe"), FileKind::Other);
 }
 
+TEST_F(DiskFiles, WhatIsNoPlainFileIsNotCopied)
+{
+    ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0666), 0);
+    Put(target_, "a");
+    EXPECT_EQ(FailureOf([&] { files_.Copy(folder_ / "pipe", target_); }), folder_ / "pipe: It is no plain file");
+    EXPECT_EQ(ContentOf(target_), "a");
+}
+
 TEST_F(DiskFiles, ANameThatHoldsANulNamesNoFile)
 {
     const std::string name = folder_ / std::string("a\0b", 3);

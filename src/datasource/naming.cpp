@@ -38,6 +38,16 @@ std::string CutLast(std::string_view text, std::size_t count)
     return std::string(text.substr(0, text.size() - count));
 }
 
+// A project file ends a name at a line break or a separator, and no name of the generated language holds any of them.
+bool HasControlCharacter(std::string_view name)
+{
+    constexpr unsigned char kDelete = 0x7F;
+    return std::ranges::any_of(name, [](char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return byte < ' ' || byte == kDelete;
+    });
+}
+
 } // namespace
 
 std::string MakeValidName(std::string_view name)
@@ -113,6 +123,13 @@ std::string ArgumentName(std::string_view columnName)
 
 bool FitsProject(std::string_view name, const text::CodePage& codePage, Messages& messages)
 {
+    if (HasControlCharacter(name)) {
+        messages.Tell("Name Not Writable",
+                      "The name '" + std::string(name) +
+                          "' has a control character in it, so it can't enter the project. Rename it.",
+                      MessageIcon::Warning);
+        return false;
+    }
     if (codePage.Holds(name))
         return true;
     messages.Tell(

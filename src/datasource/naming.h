@@ -37,8 +37,8 @@ inline constexpr std::string_view kTableNameDelimiters = "~`!@#$%^&*()-=+\\|]}[{
 // The name of an argument that stands for a column: "anOrderID", "aCustomerID".
 [[nodiscard]] std::string ArgumentName(std::string_view columnName);
 
-// Whether every letter of the name has a place in the code page of the files that a project is written to. If not, the
-// person is told: such a name can't enter a project.
+// Whether a project can hold the name: every letter has a place in the code page of its files, and none is a control
+// character. If not, the person is told: such a name can't enter a project.
 [[nodiscard]] bool FitsProject(std::string_view name, const text::CodePage& codePage, Messages& messages);
 
 } // namespace veldrane

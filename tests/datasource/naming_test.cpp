@@ -149,5 +149,17 @@ TEST(FitsProject, NamesTheNameAndTheSetting)
               "set another code page with CodePage in the section Platform of the settings.");
 }
 
+TEST(FitsProject, KeepsOutNamesThatWouldBreakTheLinesOfAFile)
+{
+    for (const std::string& name : {std::string("Orders\r\nEnd Class "), std::string("a\2b"), std::string("a\0b", 3),
+                                    std::string("a\tb"), std::string("a\x7F")}) {
+        ScriptedMessages messages;
+        EXPECT_FALSE(FitsProject(name, text::CodePage(), messages)) << name;
+        ASSERT_EQ(messages.Asked().size(), 1U);
+        EXPECT_EQ(messages.Asked().front().Text,
+                  "The name '" + name + "' has a control character in it, so it can't enter the project. Rename it.");
+    }
+}
+
 } // namespace
 } // namespace veldrane

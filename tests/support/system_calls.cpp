@@ -1,6 +1,7 @@
-#include "system_calls.h"
+#include "support/system_calls.h"
 
 #include <cerrno>
+#include <csignal>
 #include <optional>
 #include <sys/types.h>
 
@@ -18,9 +19,17 @@ std::optional<Failure> failure;
 bool halting = false;
 bool interrupted = false;
 CallLog* log = nullptr;
+int callsToKill = 0; // 0 for never
+
+void CountToKill()
+{
+    if (callsToKill > 0 && --callsToKill == 0)
+        raise(SIGKILL);
+}
 
 bool Fails(SystemCall call, const char* name)
 {
+    CountToKill();
     if (log != nullptr)
         log->Add(name);
     if (!failure || failure->Call != call || failure->Before-- > 0)
@@ -39,6 +48,11 @@ FailingCall::FailingCall(SystemCall call, int error, int before)
 FailingCall::~FailingCall()
 {
     failure.reset();
+}
+
+void KillAtCall(int number)
+{
+    callsToKill = number;
 }
 
 HaltingWrites::HaltingWrites()
@@ -67,6 +81,8 @@ extern "C" {
 
 pid_t __real_fork();
 int __real_fsync(int file);
+int __real_openat(int folder, const char* path, int flags, mode_t mode);
+int __real_unlinkat(int folder, const char* path, int flags);
 int __real_renameat(int fromFolder, const char* from, int toFolder, const char* to);
 int __real_syncfs(int file);
 ssize_t __real_write(int file, const void* bytes, size_t size);
@@ -91,8 +107,21 @@ int __wrap_syncfs(int file)
     return Fails(SystemCall::Syncfs, "syncfs") ? -1 : __real_syncfs(file);
 }
 
+int __wrap_openat(int folder, const char* path, int flags, mode_t mode)
+{
+    CountToKill();
+    return __real_openat(folder, path, flags, mode);
+}
+
+int __wrap_unlinkat(int folder, const char* path, int flags)
+{
+    CountToKill();
+    return __real_unlinkat(folder, path, flags);
+}
+
 ssize_t __wrap_write(int file, const void* bytes, size_t size)
 {
+    CountToKill();
     if (!halting || size == 0)
         return __real_write(file, bytes, size);
     interrupted = !interrupted;

@@ -9,7 +9,7 @@ const os = require('node:os');
 const path = require('node:path');
 const { Worker, isMainThread, parentPort } = require('node:worker_threads');
 
-const { CheckText } = require('./check_text');
+const { RequireInstalled } = require('./installed');
 
 const kVisualBasic = /\.(cls|bas|frm)$/i;
 
@@ -84,6 +84,7 @@ function RunOnAllCores(tasks) {
 }
 
 function Serve() {
+    const { CheckText } = require('./check_text');
     const decoder = new TextDecoder('windows-1252');
     parentPort.on('message', (task) => {
         if (task === null) {
@@ -112,6 +113,7 @@ function ReportUnused(tasks, oddities) {
 }
 
 async function Main() {
+    RequireInstalled();
     const { paths, oddities } = ParseArguments(process.argv.slice(2));
     const files = [...new Set(paths.flatMap(FilesBelow))];
     if (files.length === 0) {

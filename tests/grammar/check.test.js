@@ -7,6 +7,8 @@ const os = require('node:os');
 const path = require('node:path');
 const test = require('node:test');
 
+require('./installed').RequireInstalled();
+
 const kGood = 'Sub Run()\r\nEnd Sub\r\n';
 const kBroken = 'Sub Run()\r\n    Else\r\nEnd Sub\r\n';
 const kRepaired = '[{ file: /b\\.cls$/, line: /Else/, readAs: "Clear", why: "it is a test" }]';

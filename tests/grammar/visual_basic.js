@@ -1,25 +1,7 @@
 'use strict';
 // The Visual Basic 6 grammar: a text goes in, what the grammar refuses comes out.
 
-const fs = require('node:fs');
-const path = require('node:path');
-
-const kInstall = 'run scripts/install-grammar';
-
-function RequireInstalled() {
-    const lock = fs.readFileSync(path.join(__dirname, 'package-lock.json'));
-    const stamp = path.join(__dirname, 'node_modules', '.installed-lock');
-    if (!fs.existsSync(stamp)) {
-        console.error(`tests/grammar/node_modules is missing: ${kInstall}`);
-        process.exit(1);
-    }
-    if (!lock.equals(fs.readFileSync(stamp))) {
-        console.error(`tests/grammar/node_modules is not what package-lock.json names: ${kInstall}`);
-        process.exit(1);
-    }
-}
-
-RequireInstalled();
+require('./installed').RequireInstalled();
 const { CharStreams, CommonTokenStream } = require('antlr4ts');
 const { VisualBasic6Lexer, VisualBasic6Parser } = require('vb6-antlr4');
 

@@ -96,11 +96,15 @@ function Serve() {
 }
 
 function ReportErrors(tasks) {
-    const errors = tasks.flatMap(({ files, errors: found }) => files.flatMap((file) => found.map((e) => ({ file, ...e }))));
-    for (const { file, line, column, message, text } of errors) {
-        console.log(`${file}:${line}:${column}: ${message}\n    ${text}`);
+    let count = 0;
+    for (const { files, errors } of tasks) {
+        for (const file of files) {
+            errors.forEach(({ line, column, message, text }) =>
+                console.log(`${file}:${line}:${column}: ${message}\n    ${text}`));
+            count += errors.length;
+        }
     }
-    return errors.length;
+    return count;
 }
 
 function ReportUnused(tasks, oddities) {

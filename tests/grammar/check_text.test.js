@@ -17,13 +17,14 @@ const kWellFormed = {
     'a form': [
         'VERSION 5.00', 'Begin VB.Form frmTest ', '   BeginProperty Font ', '      Size            =   8.25',
         '   EndProperty', 'End', 'Attribute VB_Name = "frmTest"', 'Private Sub Form_Load', 'End Sub'],
-    'a statement over three lines': ['Sub Run()', '    SQL = "SELECT " & _', '        "a.Name " _', '        & "FROM Cities a"', 'End Sub'],
+    'a statement over three lines': [
+        'Sub Run()', '    SQL = "SELECT " & _', '        "a.Name " _', '        & "FROM Cities a"', 'End Sub'],
     'doubled quotes in a string': ['Sub Run()', '    msg = "say ""yes"""', 'End Sub'],
     'quotes and keywords in a comment': ['Sub Run()', '    \'End If, "and so on', 'End Sub'],
     'letters beyond ASCII': ['Sub Run()', '    Höhe = "Straße – 5 €"', 'End Sub'],
     'labels, jumps and error traps': [
-        'Function Run() as Boolean', '    On Error Goto errRun', '    Gosub Rest', '    Exit Function', 'Rest:', '    Return',
-        'errRun:', '    nbr = Err.Number', 'End Function'],
+        'Function Run() as Boolean', '    On Error Goto errRun', '    Gosub Rest', '    Exit Function', 'Rest:',
+        '    Return', 'errRun:', '    nbr = Err.Number', 'End Function'],
     'no line at all': [],
 };
 
@@ -83,7 +84,8 @@ test('does not count an oddity where the grammar takes the line', () => {
 
 test('finds an error on the line of an oddity', () => {
     const { errors } = CheckText(TextOf(['Sub Run()', '    SQL = ) & " WHERE ', 'End Sub']), [kOpenClause]);
-    assert.deepStrictEqual(errors.map(({ line, column, text }) => [line, column, text]), [[2, 11, '    SQL = ) & " WHERE ']]);
+    assert.deepStrictEqual(
+        errors.map(({ line, column, text }) => [line, column, text]), [[2, 11, '    SQL = ) & " WHERE ']]);
 });
 
 test('finds an error behind an oddity', () => {

@@ -1,21 +1,8 @@
+#include "generator/class_block.h"
 #include "generator/writers.h"
 
 namespace veldrane {
 namespace {
-
-void WriteClassBlock(const ClassEmitter& emit)
-{
-    emit("VERSION 1.0 CLASS", LineClass::Hidden);
-    emit("BEGIN", LineClass::Hidden);
-    emit("  MultiUse = -1  'True", LineClass::Hidden);
-    if (emit.Scope().Project.VBVersion == visual_basic_version::kVisualBasic6) {
-        emit("  Persistable = 0  'NotPersistable", LineClass::Hidden);
-        emit("  DataBindingBehavior = 0  'vbNone", LineClass::Hidden);
-        emit("  DataSourceBehavior = 0   'vbNone", LineClass::Hidden);
-        emit("  MTSTransactionMode = 0   'NotAnMTSObject", LineClass::Hidden);
-    }
-    emit("END", LineClass::Hidden);
-}
 
 // Whether code outside the generated project may create objects of the class.
 bool IsCreatable(const KZMClass& owner)
@@ -54,7 +41,7 @@ TTCOutputs WriteClassHeader(const ClassScope& scope)
 {
     TTCOutputs lines(scope.Settings.Colors);
     const ClassEmitter emit(lines, scope);
-    WriteClassBlock(emit);
+    WriteClassBlock(emit.About<ProjectScope>(scope), ModuleKind::Class);
     emit("Attribute VB_Name = `{ClassName}`", LineClass::Hidden);
     emit("Attribute VB_GlobalNameSpace = False", LineClass::Hidden);
     if (IsCreatable(scope.Class))

@@ -35,6 +35,26 @@ const std::vector<KZMClass*>& ChildIndex::Of(std::string_view className) const
     return found == children_.end() ? kNone : found->second;
 }
 
+ColumnIndex::ColumnIndex(const KZMClass& owner)
+{
+    for (const TTCProperty& property : owner.TTCProperties)
+        properties_.try_emplace(property.FieldName, property.PropertyName);
+}
+
+std::string_view ColumnIndex::ColumnToProperty(std::string_view columnName) const
+{
+    const auto found = properties_.find(columnName);
+    return found == properties_.end() ? std::string_view() : found->second;
+}
+
+RelationshipProperties::RelationshipProperties(const KZMClass& owner)
+{
+    const ColumnIndex columns(owner);
+    for (const TTCRelationship& relationship : owner.TTCRelationships)
+        for (const TTCColumn& column : relationship.Columns)
+            names_.insert(columns.ColumnToProperty(column.ColumnName));
+}
+
 std::vector<KeyColumnProperty> PropertiesBehindKey(const KZMClass& owner, std::int32_t keyType, PropertiesOnColumn which)
 {
     const ColumnProperties byColumn = PropertiesByColumn(owner, keyType);

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace veldrane {
@@ -40,5 +41,31 @@ enum class PropertiesOnColumn
 // The properties behind the keys of a type: for each such key, each of its columns, each property (or the first one)
 // whose FieldName is exactly the column's name.
 [[nodiscard]] std::vector<KeyColumnProperty> PropertiesBehindKey(const KZMClass& owner, std::int32_t keyType, PropertiesOnColumn which = PropertiesOnColumn::Every);
+
+// The first property on each column of a class. A picture, as ChildIndex is.
+class ColumnIndex
+{
+  public:
+    explicit ColumnIndex(const KZMClass& owner);
+
+    // The name of the first property whose FieldName is exactly the column's name; "" if there is none.
+    [[nodiscard]] std::string_view ColumnToProperty(std::string_view columnName) const;
+
+  private:
+    std::unordered_map<std::string_view, std::string_view> properties_; // by the column's name
+};
+
+// The properties on the columns of a class's relationships: the values of its foreign keys. A picture, too.
+class RelationshipProperties
+{
+  public:
+    explicit RelationshipProperties(const KZMClass& owner);
+
+    // Whether a property of this name, compared exactly, is one of them.
+    [[nodiscard]] bool Contains(std::string_view propertyName) const { return names_.contains(propertyName); }
+
+  private:
+    std::unordered_set<std::string_view> names_;
+};
 
 } // namespace veldrane

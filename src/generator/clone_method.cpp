@@ -1,3 +1,4 @@
+#include "generator/key_text.h"
 #include "generator/writers.h"
 
 namespace veldrane {
@@ -48,23 +49,16 @@ void ClonePushedKey(const PropertyEmitter& emit)
         emit("    c.{Save}{PropertyName}={Push}{PropertyName}");
 }
 
-// Appends the child's part of the key text. Identity and primary key stand side by side without a joint: on purpose.
+// Appends the child's part of the key text.
 void AppendKey(std::string& key, const ChildEmitter& emit)
 {
-    const KZMClass& child = emit.Scope().C;
-    if (child.RetrieveByIdentityCol)
-        for (const KeyColumnProperty& found : PropertiesBehindKey(child, key_type::kIdentityColumn, PropertiesOnColumn::First)) {
-            const KeyPartScope scope{emit.Scope(), *found.Property};
-            key += emit.About(scope).Text("`:` & New{C.ClassName}.{C.PropertyName}");
-        }
-    if (child.RetrieveByPrimaryKey)
-        for (const KeyColumnProperty& found : PropertiesBehindKey(child, key_type::kPrimaryKey, PropertiesOnColumn::First)) {
-            const KeyPartScope scope{emit.Scope(), *found.Property};
-            key += emit.About(scope).Text("`:` & New{C.ClassName}.{C.PropertyName} & ");
-        }
-    constexpr std::string_view kJoint = " & ";
-    if (key.ends_with(kJoint))
-        key.resize(key.size() - kJoint.size());
+    const auto part = [&](const TTCProperty& property, const TemplateLine<KeyPartScope>& line) {
+        const KeyPartScope scope{emit.Scope(), property};
+        return emit.About(scope).Text(line);
+    };
+    AppendKeyText(
+        key, emit.Scope().C, PropertiesOnColumn::First, [&](const TTCProperty& property) { return part(property, "`:` & New{C.ClassName}.{C.PropertyName}"); },
+        [&](const TTCProperty& property) { return part(property, "`:` & New{C.ClassName}.{C.PropertyName} & "); });
 }
 
 void CloneChildren(const ClassEmitter& emit)

@@ -14,6 +14,16 @@ std::string CodeGeneration::VariablePrefix(std::string_view typeName, bool isMem
     return veldrane::VariablePrefix(project_, typeName, isMember ? VariableKind::Member : VariableKind::Global);
 }
 
+TTCOutputs CodeGeneration::GenerateWrapperClass(const KZMClasses& classes) const
+{
+    return veldrane::GenerateWrapperClass({project_, Settings}, classes);
+}
+
+TTCOutputs CodeGeneration::GenerateTestForm(const KZMClasses& classes) const
+{
+    return veldrane::GenerateTestForm({project_, Settings}, classes);
+}
+
 TTCOutputs CodeGeneration::GenerateGlobalsBasFile() const
 {
     return veldrane::GenerateGlobalsBasFile({project_, Settings});
@@ -57,6 +67,26 @@ TTCOutputs CodeGeneration::WriteClassProperties(KZMClass& owner, const KZMClasse
 TTCOutputs CodeGeneration::WriteClassMethods(KZMClass& owner, const KZMClasses& classes)
 {
     return WriteSection(veldrane::WriteClassMethods, owner, classes);
+}
+
+TTCOutputs CodeGeneration::WriteCollectionHeader(KZMClass& owner, const KZMClasses& classes)
+{
+    return WriteSection(veldrane::WriteCollectionHeader, owner, classes);
+}
+
+TTCOutputs CodeGeneration::WriteCollectionDeclarations(KZMClass& owner, const KZMClasses& classes)
+{
+    return WriteSection(veldrane::WriteCollectionDeclarations, owner, classes);
+}
+
+TTCOutputs CodeGeneration::WriteCollectionProperties(KZMClass& owner, const KZMClasses& classes)
+{
+    return WriteSection(veldrane::WriteCollectionProperties, owner, classes);
+}
+
+TTCOutputs CodeGeneration::WriteCollectionMethods(KZMClass& owner, const KZMClasses& classes)
+{
+    return WriteSection(veldrane::WriteCollectionMethods, owner, classes);
 }
 
 TTCOutputs CodeGeneration::WriteSection(TTCOutputs (*write)(const ClassScope&), KZMClass& owner, const KZMClasses& classes)

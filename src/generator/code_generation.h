@@ -78,7 +78,10 @@ class CodeGeneration
     // The name prefix of a variable of the type: of a member variable or of a global one.
     [[nodiscard]] std::string VariablePrefix(std::string_view typeName, bool isMember) const;
 
+    // Throws RuntimeError 1001 if the project has no connection string that ConnectSameDirectory could work on.
+    [[nodiscard]] TTCOutputs GenerateWrapperClass(const KZMClasses& classes) const;
     [[nodiscard]] TTCOutputs GenerateGlobalsBasFile() const;
+    [[nodiscard]] TTCOutputs GenerateTestForm(const KZMClasses& classes) const;
     [[nodiscard]] TTCOutputs GenerateTestProjectGroup() const;
     [[nodiscard]] TTCOutputs GenerateTestProjectFile(const KZMClasses& classes) const;
     [[nodiscard]] TTCOutputs GenerateProjectFile(const KZMClasses& classes) const;
@@ -91,9 +94,15 @@ class CodeGeneration
     [[nodiscard]] TTCOutputs WriteClassProperties(KZMClass& owner, const KZMClasses& classes);
     [[nodiscard]] TTCOutputs WriteClassMethods(KZMClass& owner, const KZMClasses& classes);
 
+    [[nodiscard]] TTCOutputs WriteCollectionHeader(KZMClass& owner, const KZMClasses& classes);
+    [[nodiscard]] TTCOutputs WriteCollectionDeclarations(KZMClass& owner, const KZMClasses& classes);
+    [[nodiscard]] TTCOutputs WriteCollectionProperties(KZMClass& owner, const KZMClasses& classes);
+    [[nodiscard]] TTCOutputs WriteCollectionMethods(KZMClass& owner, const KZMClasses& classes);
+
     // Writes the project into the folder and ends with exactly one of OperationComplete and OperationAborted; never
-    // throws. Nothing is written if a name would make a file outside the folder or two files would share a name. A run
-    // that ends early leaves the files written so far, each whole. An unexpected error is reported and aborts the run;
+    // throws. Nothing is written if a name would make a file outside the folder; files that share a name are named in a
+    // warning, and the later one stays. A run that ends early leaves the files written so far, each whole. An unexpected
+    // error is reported and aborts the run;
     // a file that can't be backed up is reported and overwritten all the same.
     void GenerateCode(KZMClasses& classes, const GenerationTarget& target);
 
@@ -103,7 +112,8 @@ class CodeGeneration
     Signal<int> Progress;                          // percent
 
     GenerationSettings Settings;
-    std::string ErrorText; // the messages of the latest run
+    std::string ErrorText;        // the messages of the latest run
+    bool FilesShareNames = false; // in the latest run: a file took another's place, or would where letter case does not count
 
   private:
     TTCOutputs WriteSection(TTCOutputs (*write)(const ClassScope&), KZMClass& owner, const KZMClasses& classes);

@@ -22,13 +22,13 @@ template <class ScopeType>
 class Emitter
 {
   public:
-    // Both must outlive the emitter.
-    Emitter(TTCOutputs& lines, const ScopeType& scope) : lines_(lines), scope_(scope) {}
-    Emitter(TTCOutputs& lines, const ScopeType&& scope) = delete;
+    // Both must outlive the emitter. `quotes` is what it does with lines that ask for nothing else.
+    Emitter(TTCOutputs& lines, const ScopeType& scope, Quotes quotes = Quotes::AsWritten) : lines_(lines), scope_(scope), quotes_(quotes) {}
+    Emitter(TTCOutputs& lines, const ScopeType&& scope, Quotes quotes = Quotes::AsWritten) = delete;
 
     void operator()(TemplateLine<std::type_identity_t<ScopeType>> line, LineClass lineClass = LineClass::Code, Quotes quotes = Quotes::AsWritten) const { lines_.Add(Text(line, quotes), lineClass); }
 
-    void operator()(Verbatim line, LineClass lineClass = LineClass::Code) const { lines_.Add(std::string(line.Text), lineClass); }
+    void operator()(Verbatim line, LineClass lineClass = LineClass::Code) const { lines_.Add(quotes_ == Quotes::Convert ? ConvertQuotes(std::string(line.Text)) : std::string(line.Text), lineClass); }
 
     // The expanded text of a line, for a writer that does more with it than append it.
     [[nodiscard]] std::string Text(const TemplateLine<std::type_identity_t<ScopeType>>& line, Quotes quotes = Quotes::AsWritten) const
@@ -36,7 +36,8 @@ class Emitter
         std::string text;
         text.reserve(2 * line.Literal().size());
         line.Expand(text, scope_);
-        const bool convert = quotes == Quotes::Convert || (quotes == Quotes::AsWritten && line.HasBacktick());
+        const Quotes asked = quotes == Quotes::AsWritten ? quotes_ : quotes;
+        const bool convert = asked == Quotes::Convert || (asked == Quotes::AsWritten && line.HasBacktick());
         return convert ? ConvertQuotes(std::move(text)) : text;
     }
 
@@ -44,7 +45,7 @@ class Emitter
     template <class Other>
     [[nodiscard]] Emitter<Other> About(const Other& scope) const
     {
-        return Emitter<Other>(lines_, scope);
+        return Emitter<Other>(lines_, scope, quotes_);
     }
     template <class Other>
     Emitter<Other> About(const Other&& scope) const = delete;
@@ -55,6 +56,7 @@ class Emitter
   private:
     TTCOutputs& lines_;
     const ScopeType& scope_;
+    Quotes quotes_;
 };
 
 } // namespace veldrane

@@ -46,7 +46,7 @@ std::vector<NamedFile> FilesOf(const ProjectScope& scope, const KZMClasses& clas
     files.push_back({NameOf(kTestForm, scope), "", "", "", ""});
     files.push_back({NameOf(kWrapperClass, scope), "ClassPrefix", prefix, "WrapperClassName", scope.Project.WrapperClassName});
     for (const KZMClass& owner : classes) {
-        const ClassFileScope about{scope, owner};
+        const ListedClassScope about{scope, owner};
         files.push_back({NameOf(kClassModule, about), "ClassPrefix", prefix, "ClassName", owner.ClassName});
         if (owner.CreateCollection)
             files.push_back({NameOf(kCollectionModule, about), "ClassPrefix", prefix, "CollectionName", owner.CollectionName});
@@ -80,6 +80,12 @@ std::string Shown(std::string_view value)
     return shown;
 }
 
+// What the file is named after.
+std::string Item(const NamedFile& file)
+{
+    return file.Member.empty() ? "The test form" : std::string(file.Member).append(" \"").append(Shown(file.Value)).append("\"");
+}
+
 std::string Refusal(std::string_view member, std::string_view value, std::string_view reason)
 {
     return std::string(member).append(" \"").append(Shown(value)).append("\" ").append(reason).append(" Nothing was written.");
@@ -107,17 +113,23 @@ std::optional<std::string> ReasonAgainst(const NamedFile& file)
 
 std::optional<std::string> ReasonAgainstNames(const ProjectScope& scope, const KZMClasses& classes)
 {
-    const std::vector<NamedFile> files = FilesOf(scope, classes);
-    std::unordered_map<std::string, const NamedFile*> byName;
-    for (const NamedFile& file : files) {
+    for (const NamedFile& file : FilesOf(scope, classes))
         if (auto reason = ReasonAgainst(file))
             return reason;
+    return std::nullopt;
+}
+
+std::vector<std::string> WarningsOfSharedNames(const ProjectScope& scope, const KZMClasses& classes)
+{
+    const std::vector<NamedFile> files = FilesOf(scope, classes);
+    std::unordered_map<std::string, const NamedFile*> byName;
+    std::vector<std::string> warnings;
+    for (const NamedFile& file : files) {
         const auto [other, added] = byName.try_emplace(text::Fold(file.Name), &file);
         if (!added)
-            return Refusal(file.Member, file.Value,
-                           std::string("gives a second file ").append(file.Name).append(": ").append(other->second->Member).append(" \"").append(other->second->Value).append("\" gives one already."));
+            warnings.push_back(Item(file).append(" gives a second file ").append(file.Name).append(": ").append(Item(*other->second)).append(" gives one already. Give one of them another name."));
     }
-    return std::nullopt;
+    return warnings;
 }
 
 } // namespace veldrane

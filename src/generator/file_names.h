@@ -4,25 +4,13 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 // The names of the files that a run makes in the target folder.
 namespace veldrane {
 
-// A class, as far as the names of its files go.
-struct ClassFileScope : ProjectScope
-{
-    const KZMClass& Class;
-};
-
-template <>
-inline constexpr auto Vocabulary<ClassFileScope> = JoinVocabularies(std::to_array<Placeholder<ClassFileScope>>({
-                                                                        {"ClassName", [](std::string& line, const ClassFileScope& s) { line += s.Class.ClassName; }},
-                                                                        {"CollectionName", [](std::string& line, const ClassFileScope& s) { line += s.Class.CollectionName; }},
-                                                                    }),
-                                                                    InheritedVocabulary<ClassFileScope, ProjectScope>());
-
 using ProjectFileName = TemplateLine<ProjectScope>;
-using ClassFileName = TemplateLine<ClassFileScope>;
+using ClassFileName = TemplateLine<ListedClassScope>;
 
 inline constexpr ProjectFileName kProjectFile("{VBProjectName}.vbp");
 inline constexpr ProjectFileName kTestProjectFile("Test{VBProjectName}.vbp");
@@ -43,8 +31,11 @@ template <class Scope>
 }
 
 // Why the project's files can't be written under their names: one line for the first name that would lead out of the
-// target folder or is no file name, or that two files share (file systems of the generated project's own world do not
-// tell letter case apart). Nothing if all names will do.
+// target folder or is no file name. Nothing if all names will do.
 [[nodiscard]] std::optional<std::string> ReasonAgainstNames(const ProjectScope& scope, const KZMClasses& classes);
+
+// A warning for each file whose name an earlier one of the run has already, both of them named; letter case does not
+// count, since file systems of the generated project's own world do not tell it apart.
+[[nodiscard]] std::vector<std::string> WarningsOfSharedNames(const ProjectScope& scope, const KZMClasses& classes);
 
 } // namespace veldrane

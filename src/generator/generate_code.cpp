@@ -36,7 +36,7 @@ constexpr TemplateLine<StatusScope> kCreatesFile("Creates {file}...");
 struct ProjectFileRow
 {
     int Progress;
-    std::string_view Status;
+    TemplateLine<ProjectScope> Status;
     ProjectFileName FileName;
     TTCOutputs (*Write)(const ProjectScope& scope, const KZMClasses& classes);
 };
@@ -46,11 +46,16 @@ constexpr auto kProjectFiles = std::to_array<ProjectFileRow>({
     {1, "Creates the Project File...", kProjectFile, GenerateProjectFile},
     {2, "Creates the Test Project File...", kTestProjectFile, GenerateTestProjectFile},
     {3, "Creates the Test Project Group...", kTestProjectGroup, [](const ProjectScope& scope, const KZMClasses&) { return GenerateTestProjectGroup(scope); }},
+    {4, "Creates the Test Form File...", kTestForm, GenerateTestForm},
     {5, "Creates the Globals.Bas File...", kGlobalsModule, [](const ProjectScope& scope, const KZMClasses&) { return GenerateGlobalsBasFile(scope); }},
+    {6, "Creates the {WrapperClassName}.cls File...", kWrapperClass, GenerateWrapperClass},
 });
 
-// The sections of a class file, in their order.
-constexpr auto kClassSections = std::to_array<TTCOutputs (*)(const ClassScope& scope)>({WriteClassHeader, WriteClassDeclarations, WriteClassProperties, WriteClassMethods});
+// The sections of a module, in their order.
+using ModuleSections = std::array<TTCOutputs (*)(const ClassScope& scope), 4>;
+
+constexpr ModuleSections kClassSections{WriteClassHeader, WriteClassDeclarations, WriteClassProperties, WriteClassMethods};
+constexpr ModuleSections kCollectionSections{WriteCollectionHeader, WriteCollectionDeclarations, WriteCollectionProperties, WriteCollectionMethods};
 
 // A section as it stands in a file: its lines, and the empty line that ends every section.
 std::string SectionText(const TTCOutputs& lines)
@@ -71,8 +76,12 @@ class ClassProgress
             step_ = kClassesShare / static_cast<double>(files);
     }
 
-    void Show() { generation_.Progress.Raise(static_cast<int>(std::nearbyint(value_))); }
-    void Advance() { value_ += step_; }
+    // Halves go to the even number.
+    void Step()
+    {
+        generation_.Progress.Raise(static_cast<int>(std::nearbyint(value_)));
+        value_ += step_;
+    }
 
   private:
     CodeGeneration& generation_;
@@ -93,11 +102,12 @@ class ProjectWriter
         generation_.StatusChanged.Raise(kFilesStage, "Creates Class Files...");
         ClassProgress progress(generation_, context_.Classes);
         for (KZMClass& owner : context_.Classes) {
-            progress.Show();
-            WriteClassFile(owner);
-            progress.Advance();
-            if (owner.CreateCollection)
-                progress.Advance();
+            progress.Step();
+            WriteModule(owner, kClassModule, kClassSections);
+            if (!owner.CreateCollection)
+                continue;
+            progress.Step();
+            WriteModule(owner, kCollectionModule, kCollectionSections);
         }
     }
 
@@ -105,7 +115,7 @@ class ProjectWriter
     void WriteProjectFile(const ProjectFileRow& row)
     {
         generation_.Progress.Raise(row.Progress);
-        generation_.StatusChanged.Raise(kFilesStage, std::string(row.Status));
+        generation_.StatusChanged.Raise(kFilesStage, NameOf(row.Status, project_));
         const std::string fileName = NameOf(row.FileName, project_);
         if (!files_.MayWrite(fileName))
             return;
@@ -126,15 +136,15 @@ class ProjectWriter
         }
     }
 
-    void WriteClassFile(KZMClass& owner)
+    void WriteModule(KZMClass& owner, const ClassFileName& name, const ModuleSections& sections)
     {
-        const std::string fileName = NameOf(kClassModule, ClassFileScope{project_, owner});
+        const std::string fileName = NameOf(name, ListedClassScope{project_, owner});
         generation_.StatusChanged.Raise(kFilesStage, NameOf(kCreatesFile, StatusScope{fileName}));
         if (!files_.MayWrite(fileName))
             return;
         const ClassScope scope{context_, owner};
         std::string text;
-        for (const auto& writeSection : kClassSections)
+        for (const auto& writeSection : sections)
             text += SectionText(writeSection(scope));
         files_.Write(fileName, text);
     }
@@ -178,6 +188,7 @@ void CodeGeneration::GenerateCode(KZMClasses& classes, const GenerationTarget& t
     ErrorText.clear();
     TargetFiles files(ports_, Settings.CodePage, target);
     const auto guarded = [&](auto&& body) { Guarded(ports_.Errors, "GenerateCode", "GenerateCode:", body); };
+    const std::vector<std::string> sharedNames = WarningsOfSharedNames({project_, Settings}, classes);
     bool written = false;
     guarded([&] { written = WriteProject(classes, target.TargetFolder, files); });
     if (!written)
@@ -185,6 +196,9 @@ void CodeGeneration::GenerateCode(KZMClasses& classes, const GenerationTarget& t
     if (written && target.Compile)
         CompileProject(*this, ports_, project_.VBProjectName, target.TargetFolder);
     AppendLine(ErrorText, files.NoteOnCharacters());
+    for (const std::string& warning : sharedNames)
+        AppendLine(ErrorText, warning);
+    FilesShareNames = !sharedNames.empty();
     if (written) {
         Progress.Raise(100);
         OperationComplete.Raise(ErrorText);

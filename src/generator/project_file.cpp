@@ -4,22 +4,6 @@
 namespace veldrane {
 namespace {
 
-struct ListedClassScope : ProjectScope
-{
-    const KZMClass& Class;
-};
-
-} // namespace
-
-template <>
-inline constexpr auto Vocabulary<ListedClassScope> = JoinVocabularies(std::to_array<Placeholder<ListedClassScope>>({
-                                                                          {"ClassName", [](std::string& line, const ListedClassScope& s) { line += s.Class.ClassName; }},
-                                                                          {"CollectionName", [](std::string& line, const ListedClassScope& s) { line += s.Class.CollectionName; }},
-                                                                      }),
-                                                                      InheritedVocabulary<ListedClassScope, ProjectScope>());
-
-namespace {
-
 void WriteReferences(const ProjectEmitter& emit)
 {
     const TTCProject& project = emit.Scope().Project;
@@ -41,7 +25,7 @@ void WriteModules(const ProjectEmitter& emit, const KZMClasses& classes)
     emit("Class={WrapperClassName}; {ClassPrefix}{WrapperClassName}.cls", LineClass::Hidden);
     for (const KZMClass& listed : classes) {
         const ListedClassScope scope{emit.Scope(), listed};
-        const Emitter<ListedClassScope> about = emit.About(scope);
+        const ListedClassEmitter about = emit.About(scope);
         about("Class={ClassName}; {ClassPrefix}{ClassName}.cls", LineClass::Hidden);
         if (listed.CreateCollection)
             about("Class={CollectionName}; {ClassPrefix}{CollectionName}.cls", LineClass::Hidden);

@@ -21,22 +21,39 @@ struct ProjectScope
 
 template <>
 inline constexpr auto Vocabulary<ProjectScope> = std::to_array<Placeholder<ProjectScope>>({
-    {"True", [](std::string& line, const ProjectScope&) { line += text::TextOf(true); }},
-    {"False", [](std::string& line, const ProjectScope&) { line += text::TextOf(false); }},
+    {"True", [](std::string& line, const ProjectScope&) { line += text::TrueText; }},
+    {"False", [](std::string& line, const ProjectScope&) { line += text::FalseText; }},
     {"Push", [](std::string& line, const ProjectScope&) { line += kPushPrefix; }},
     {"Save", [](std::string& line, const ProjectScope&) { line += kSavePrefix; }},
     {"m:Boolean", [](std::string& line, const ProjectScope& s) { AppendVariablePrefix(line, s.Project, "Boolean"); }},
     {"m:Collection", [](std::string& line, const ProjectScope& s) { AppendVariablePrefix(line, s.Project, "Collection"); }},
     {"m:Object", [](std::string& line, const ProjectScope& s) { AppendVariablePrefix(line, s.Project, "Object"); }},
     {"m:Other", [](std::string& line, const ProjectScope& s) { AppendVariablePrefix(line, s.Project, "Other"); }},
+    {"m:String", [](std::string& line, const ProjectScope& s) { AppendVariablePrefix(line, s.Project, "String"); }},
     {"AppTitle", [](std::string& line, const ProjectScope& s) { line += s.Settings.AppTitle; }},
     {"ProjectName", [](std::string& line, const ProjectScope& s) { line += s.Project.ProjectName(); }},
+    {"ConnectionString", [](std::string& line, const ProjectScope& s) { line += s.Project.ConnectionString(); }},
+    {"LogDatabaseConnection", [](std::string& line, const ProjectScope& s) { line += s.Project.LogDatabaseConnection; }},
+    {"LogTableName", [](std::string& line, const ProjectScope& s) { line += s.Project.LogTableName; }},
     {"VBProjectName", [](std::string& line, const ProjectScope& s) { line += s.Project.VBProjectName; }},
     {"VBProjectDescription", [](std::string& line, const ProjectScope& s) { line += s.Project.VBProjectDescription; }},
     {"ModulePrefix", [](std::string& line, const ProjectScope& s) { line += s.Project.ModulePrefix; }},
     {"ClassPrefix", [](std::string& line, const ProjectScope& s) { line += s.Project.ClassPrefix; }},
     {"WrapperClassName", [](std::string& line, const ProjectScope& s) { line += s.Project.WrapperClassName; }},
 });
+
+// A line about one of the project's classes, as the files that list classes have it.
+struct ListedClassScope : ProjectScope
+{
+    const KZMClass& Class;
+};
+
+template <>
+inline constexpr auto Vocabulary<ListedClassScope> = JoinVocabularies(std::to_array<Placeholder<ListedClassScope>>({
+                                                                          {"ClassName", [](std::string& line, const ListedClassScope& s) { line += s.Class.ClassName; }},
+                                                                          {"CollectionName", [](std::string& line, const ListedClassScope& s) { line += s.Class.CollectionName; }},
+                                                                      }),
+                                                                      InheritedVocabulary<ListedClassScope, ProjectScope>());
 
 // What the writers of class modules work with.
 struct GenerationContext : ProjectScope
@@ -57,6 +74,7 @@ template <>
 inline constexpr auto Vocabulary<ClassScope> = JoinVocabularies(std::to_array<Placeholder<ClassScope>>({
                                                                     {"ClassName", [](std::string& line, const ClassScope& s) { line += s.Class.ClassName; }},
                                                                     {"CollectionName", [](std::string& line, const ClassScope& s) { line += s.Class.CollectionName; }},
+                                                                    {"TableName", [](std::string& line, const ClassScope& s) { line += s.Class.TableName; }},
                                                                 }),
                                                                 InheritedVocabulary<ClassScope, ProjectScope>());
 
@@ -110,6 +128,7 @@ inline constexpr auto Vocabulary<ChildScope> = JoinVocabularies(std::to_array<Pl
                                                                 InheritedVocabulary<ChildScope, ClassScope>());
 
 using ProjectEmitter = Emitter<ProjectScope>;
+using ListedClassEmitter = Emitter<ListedClassScope>;
 using ClassEmitter = Emitter<ClassScope>;
 using PropertyEmitter = Emitter<PropertyScope>;
 using LookupFieldEmitter = Emitter<LookupFieldScope>;
@@ -164,6 +183,18 @@ void ForEachLookupField(const PropertyEmitter& emit, Body&& body)
 [[nodiscard]] inline bool HasEvent(const ClassScope& scope, std::string_view name)
 {
     return scope.Class.TTCEvents.Contains(name);
+}
+
+// Whether the class stands under no other.
+[[nodiscard]] inline bool IsTopLevel(const KZMClass& owner)
+{
+    return owner.ParentClassName.empty();
+}
+
+// Whether the class's collection tells of what is added to it. A top-level one never does.
+[[nodiscard]] inline bool RaisesRecordAdded(const ClassScope& scope)
+{
+    return !IsTopLevel(scope.Class) && HasEvent(scope, "RecordAdded");
 }
 
 [[nodiscard]] inline bool HasChildren(const ClassScope& scope)

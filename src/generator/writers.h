@@ -8,13 +8,24 @@ namespace veldrane {
 [[nodiscard]] TTCOutputs GenerateProjectFile(const ProjectScope& scope, const KZMClasses& classes);
 [[nodiscard]] TTCOutputs GenerateTestProjectFile(const ProjectScope& scope, const KZMClasses& classes);
 [[nodiscard]] TTCOutputs GenerateTestProjectGroup(const ProjectScope& scope);
+[[nodiscard]] TTCOutputs GenerateTestForm(const ProjectScope& scope, const KZMClasses& classes);
 [[nodiscard]] TTCOutputs GenerateGlobalsBasFile(const ProjectScope& scope);
+
+// Throws RuntimeError 1001 if the database file is to be looked for beside the component and the project has no
+// connection string.
+[[nodiscard]] TTCOutputs GenerateWrapperClass(const ProjectScope& scope, const KZMClasses& classes);
 
 // The four sections of a class module, in their order.
 [[nodiscard]] TTCOutputs WriteClassHeader(const ClassScope& scope);
 [[nodiscard]] TTCOutputs WriteClassDeclarations(const ClassScope& scope);
 [[nodiscard]] TTCOutputs WriteClassProperties(const ClassScope& scope);
 [[nodiscard]] TTCOutputs WriteClassMethods(const ClassScope& scope);
+
+// The four sections of a class's collection module, in their order.
+[[nodiscard]] TTCOutputs WriteCollectionHeader(const ClassScope& scope);
+[[nodiscard]] TTCOutputs WriteCollectionDeclarations(const ClassScope& scope);
+[[nodiscard]] TTCOutputs WriteCollectionProperties(const ClassScope& scope);
+[[nodiscard]] TTCOutputs WriteCollectionMethods(const ClassScope& scope);
 
 // The text of built-in methods.
 void WriteClearMethod(const ClassEmitter& emit);

@@ -43,6 +43,9 @@ class FileSystem
     // What stands at the path, symbolic links followed. Never throws: what can't be seen is missing.
     [[nodiscard]] virtual FileKind Kind(const std::string& path) const = 0;
 
+    // Whether a symbolic link stands at the path, wherever it leads. Never throws.
+    [[nodiscard]] virtual bool IsLink(const std::string& path) const = 0;
+
     // The whole content.
     [[nodiscard]] virtual std::string Read(const std::string& path) const = 0;
 

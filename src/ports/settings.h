@@ -18,11 +18,11 @@ inline constexpr std::string_view kMRU = "MRU";
 inline constexpr std::string_view kPlatform = "Platform";
 } // namespace settings_section
 
-// The per-user settings: named values in named sections. Names are compared without regard to case.
-class Settings
+// Named values in named sections, as a registry keeps them under its keys. Names are compared without regard to case.
+class RegistryAccess
 {
   public:
-    virtual ~Settings() = default;
+    virtual ~RegistryAccess() = default;
 
     // The value, or "" if the section or the value is missing. Cut at its first NUL and after 1024 bytes; no
     // character is cut in two.
@@ -31,7 +31,12 @@ class Settings
     // Stores the value, making the section if need be. An empty value is stored as a single blank. Throws RuntimeError
     // (75) if the store can't be written; the store is then as it was.
     virtual void UpdateKey(std::string_view section, std::string_view name, std::string_view value) = 0;
+};
 
+// The per-user settings, whole.
+class Settings : public RegistryAccess
+{
+  public:
     // All values of a section, in their order; empty if there is no such section.
     [[nodiscard]] virtual std::vector<std::pair<std::string, std::string>>
     GetAllSettings(std::string_view section) const = 0;

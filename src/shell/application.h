@@ -24,6 +24,15 @@ using OpenDataSource =
 // Lines for whoever watches the run; nothing where nobody does.
 using ShowProgress = std::function<void(int percent, const std::string& line)>;
 
+// What there is one of, from start-up to the end.
+struct ModuleState
+{
+    GenerationSettings Generation;                          // DebugTiming, the colours of lines, the title, ...
+    bool AutoCompileMode = false;                           // nobody is there to ask: open, generate, compile, end
+    bool DeleteAfterCompile = false;                        // the target folder is emptied first
+    std::unique_ptr<DataSourceConnection> ActiveConnection; // the one open connection of the session
+};
+
 // The state of the application and the world as it meets it: made by the entry routine and handed on.
 struct Application
 {
@@ -34,7 +43,7 @@ struct Application
     Clock& Time;
     ProcessStarter& Programs;
     OpenDataSource Connect;
-    GenerationSettings Generation;
+    ModuleState& State;
     std::ostream& Output;
     std::ostream& ErrorOutput;
     ShowProgress Progress;

@@ -1,6 +1,7 @@
 #include "shell/command_line.h"
 
 #include "generator/generation_settings.h"
+#include "shell/switch_line.h"
 
 #include <CLI/CLI.hpp>
 
@@ -14,7 +15,6 @@ namespace veldrane {
 namespace {
 
 constexpr int kWrongUsage = 2;
-constexpr std::string_view kExtension = ".kzm";
 
 struct CommandUsage
 {
@@ -23,7 +23,8 @@ struct CommandUsage
 };
 
 constexpr auto kUsages = std::to_array<CommandUsage>({
-    {"", "veldrane tables | define | generate  (veldrane COMMAND --help tells more)"},
+    {"", "veldrane tables | define | generate  (veldrane COMMAND --help tells more)\n"
+         "       veldrane /C [/DEBUG] [/DELETE] [/NOSPLASH] FILE.kzm [FOLDER]"},
     {"tables", "veldrane tables --connection STRING"},
     {"define", "veldrane define FILE.kzm [--connection STRING] [--table NAME[=PARENT]]... [--lookup NAME]... [--all] "
                "[--collections] [--by identity|primary-key] [--set NAME=VALUE]..."},
@@ -155,6 +156,10 @@ class Parser
         app_.set_version_flag("--version", std::string("veldrane ") + VELDRANE_VERSION);
         app_.set_help_flag("--help", "Print this help");
         app_.formatter(std::make_shared<HelpFormatter>());
+        app_.footer(
+            "/C opens the project, writes it into FOLDER (its OutputPath unless given) with backups of files that\n"
+            "exist, compiles it if the settings say so, and asks nothing. /DELETE removes the plain files of the\n"
+            "folder first, /DEBUG gives generated routines lines that time them, /NOSPLASH is for the desktop.");
         app_.require_subcommand(1);
         AddTables();
         AddDefine();
@@ -167,7 +172,7 @@ class Parser
             return WrongUsage("no command was given.", "");
         const std::string& first = arguments.front();
         if (first != "--help" && first != "--version" && !IsCommand(first))
-            return WrongUsage("'" + first + "' is no command.", "");
+            return ParseStart(arguments);
         try {
             app_.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend())); // CLI11 takes them last first
             return Parsed();
@@ -223,8 +228,9 @@ class Parser
         }
         if (app_.got_subcommand("define")) {
             Require("file", define_.File);
-            if (!define_.File.ends_with(kExtension))
-                throw CLI::ParseError("'" + define_.File + "' does not end in " + std::string(kExtension), kWrongUsage);
+            if (!define_.File.ends_with(kProjectExtension))
+                throw CLI::ParseError("'" + define_.File + "' does not end in " + std::string(kProjectExtension),
+                                      kWrongUsage);
             define_.Connection = ResolveConnection(define_.Connection, files_);
             define_.Settings = SplitSettings(settings_);
             return define_;
@@ -232,6 +238,21 @@ class Parser
         Require("file", generate_.File);
         Require("folder", generate_.Folder);
         return generate_;
+    }
+
+    Command ParseStart(const std::vector<std::string>& arguments)
+    {
+        const SwitchLine line = ReadSwitchLine(arguments, files_);
+        if (!line.AutoCompileMode)
+            return WrongUsage("'" + arguments.front() + "' is no command.", "");
+        if (!line.Surplus.empty())
+            return WrongUsage("'" + line.Surplus + "' is one word too many.", "");
+        if (line.File.empty())
+            return WrongUsage("/C needs a project file.", "");
+        return StartCommand{.File = line.File,
+                            .Folder = line.Folder,
+                            .DebugTiming = line.DebugTiming,
+                            .DeleteAfterCompile = line.DeleteAfterCompile};
     }
 
     PrintAndExit Printed(const CLI::Success& success)

@@ -51,6 +51,16 @@ struct GenerateCommand
     bool Compile = false;
 };
 
+// A line without a command: the program's own switches, a project and a folder to write into. Without a desktop it is
+// for /C alone, the run with nobody to ask.
+struct StartCommand
+{
+    std::string File;
+    std::string Folder; // "" for the project's own OutputPath
+    bool DebugTiming = false;
+    bool DeleteAfterCompile = false;
+};
+
 // Nothing is to be done but to print a text and to end: help, version, or what was wrong with the words.
 struct PrintAndExit
 {
@@ -59,7 +69,7 @@ struct PrintAndExit
     int ExitCode = 0;
 };
 
-using Command = std::variant<TablesCommand, DefineCommand, GenerateCommand, PrintAndExit>;
+using Command = std::variant<StartCommand, TablesCommand, DefineCommand, GenerateCommand, PrintAndExit>;
 
 // The command that the arguments ask for (without the program's own name). `--connection @FILE` is resolved here, so
 // that a password stays out of the list of processes.

@@ -94,7 +94,7 @@ class DefineRun
     // After the settings: a file whose own name can't be the project's is given another by --set.
     bool NameFits()
     {
-        return FitsProject(Project().VBProjectName, application_.Generation.CodePage, application_.Asking);
+        return FitsProject(Project().VBProjectName, application_.State.Generation.CodePage, application_.Asking);
     }
 
     bool WantsClasses() const
@@ -162,7 +162,7 @@ class DefineRun
                 .Source = catalog_.get(),
                 .Messages = application_.Asking,
                 .Errors = application_.Errors,
-                .CodePage = application_.Generation.CodePage};
+                .CodePage = application_.State.Generation.CodePage};
     }
 
     void RefreshClasses()
@@ -221,7 +221,7 @@ class DefineRun
                                  .Classes = session_.Classes(),
                                  .Messages = application_.Asking,
                                  .Errors = application_.Errors,
-                                 .CodePage = application_.Generation.CodePage};
+                                 .CodePage = application_.State.Generation.CodePage};
         ClassForm form = FormOf(*item);
         if (CheckNames(form, {}, names) != NameCheck::Accepted)
             return false;

@@ -12,6 +12,7 @@
 #include "shell/platform/settings_file.h"
 #include "shell/platform/system_clock.h"
 #include "shell/platform_settings.h"
+#include "shell/preview_colors.h"
 
 #include <exception>
 #include <iomanip>
@@ -20,10 +21,30 @@
 namespace veldrane {
 namespace {
 
-std::vector<ADOError> ADOErrorsOf(const RuntimeError& error)
+// What a failure of the data source carries; behind any other, what the shared connection still holds.
+std::vector<ADOError> ADOErrorsOf(const RuntimeError& error, const DataSourceConnection* connection)
 {
-    const auto* failure = dynamic_cast<const DataSourceError*>(&error);
-    return failure == nullptr ? std::vector<ADOError>{} : failure->Errors;
+    if (const auto* failure = dynamic_cast<const DataSourceError*>(&error))
+        return failure->Errors;
+    return connection == nullptr ? std::vector<ADOError>{} : connection->Errors();
+}
+
+// The compiler's helper program of an earlier run, where that was left behind.
+void RemoveLeftover(FileSystem& files, ErrorReport& report)
+{
+    const std::string leftover = StateFolder() + "/tmpVELDRANE.EXE";
+    if (files.Kind(leftover) == FileKind::File)
+        Guarded(report, kAppTitle, "RemoveLeftover", [&] { files.Remove(leftover); });
+}
+
+void ApplySwitches(const Command& command, ModuleState& state)
+{
+    const auto* start = std::get_if<StartCommand>(&command);
+    if (start == nullptr)
+        return;
+    state.AutoCompileMode = true;
+    state.DeleteAfterCompile = start->DeleteAfterCompile;
+    state.Generation.DebugTiming = start->DebugTiming;
 }
 
 // What the command line has told beforehand: by which key rows are found. Nothing else is answered for the user.
@@ -50,6 +71,7 @@ int RunOn(const Application& application, const Command& command)
     struct Runner
     {
         const Application& application;
+        int operator()(const StartCommand& start) const { return RunAutoCompile(application, start); }
         int operator()(const TablesCommand& tables) const { return RunTables(application, tables); }
         int operator()(const DefineCommand& define) const { return RunDefine(application, define); }
         int operator()(const GenerateCommand& generate) const { return RunGenerate(application, generate); }
@@ -61,11 +83,20 @@ int RunOn(const Application& application, const Command& command)
 int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStreams& streams)
 {
     ConsoleMessages messages(streams.ErrorOutput, ToldAnswers(command));
-    ConsoleErrorReport report(streams.ErrorOutput, ADOErrorsOf);
+    ModuleState state;
+    ConsoleErrorReport report(streams.ErrorOutput, [&](const RuntimeError& error) {
+        return ADOErrorsOf(error, state.ActiveConnection.get());
+    });
     SystemClock clock;
     DetachedProcessStarter programs;
     SettingsFile settings(SettingsPath(), files, messages);
     const PlatformSettings platform = ReadPlatformSettings(settings);
+    RemoveLeftover(files, report);
+    state.Generation = {.CodePage = platform.CodePage,
+                        .Colors = ReadPreviewColors(settings, messages),
+                        .VisualBasicCommand = platform.VisualBasicCommand,
+                        .ApplicationFolder = StateFolder()};
+    ApplySwitches(command, state);
     const Application application{
         .UserSettings = settings,
         .Asking = messages,
@@ -81,9 +112,7 @@ int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStrea
             connection->Open(text);
             return connection;
         },
-        .Generation = {.CodePage = platform.CodePage,
-                       .VisualBasicCommand = platform.VisualBasicCommand,
-                       .ApplicationFolder = StateFolder()},
+        .State = state,
         .Output = streams.Output,
         .ErrorOutput = streams.ErrorOutput,
         .Progress = ProgressOn(streams),

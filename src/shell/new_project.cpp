@@ -1,7 +1,7 @@
 #include "shell/new_project.h"
 
+#include "shell/option_text.h"
 #include "shell/product.h"
-#include "text/conversion.h"
 
 #include <array>
 #include <string>
@@ -55,17 +55,6 @@ constexpr auto kBooleanOptions = std::to_array<BooleanOption>({
     {"MTSEnabled", &TTCProject::MTSEnabled, true},
     {"UseADOR", &TTCProject::UseADOR, true},
 });
-
-bool BooleanOf(const std::string& text, bool whenEmpty)
-{
-    if (text.empty())
-        return whenEmpty;
-    try {
-        return text::ToBoolean(text);
-    } catch (const RuntimeError&) {
-        return false;
-    }
-}
 
 void ReadDefaults(TTCProject& project, const Settings& settings)
 {

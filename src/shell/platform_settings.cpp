@@ -7,12 +7,12 @@
 namespace veldrane {
 namespace {
 
-std::string Value(const Settings& settings, std::string_view name)
+std::string Value(const RegistryAccess& settings, std::string_view name)
 {
     return std::string(text::Trim(settings.GetKeyValue(settings_section::kPlatform, name)));
 }
 
-std::chrono::seconds Seconds(const Settings& settings, std::string_view name, std::chrono::seconds whenUnset)
+std::chrono::seconds Seconds(const RegistryAccess& settings, std::string_view name, std::chrono::seconds whenUnset)
 {
     const std::chrono::seconds value(text::LeadingNumber(Value(settings, name)));
     return value.count() > 0 ? value : whenUnset;
@@ -32,7 +32,7 @@ text::CodePage CodePageOf(const std::string& value)
 
 } // namespace
 
-PlatformSettings ReadPlatformSettings(const Settings& settings)
+PlatformSettings ReadPlatformSettings(const RegistryAccess& settings)
 {
     PlatformSettings read{.CodePage = CodePageOf(Value(settings, "CodePage"))};
     read.ConnectTimeout = Seconds(settings, "ConnectTimeout", read.ConnectTimeout);

@@ -19,6 +19,6 @@ struct PlatformSettings
 
 // Reads them. A time that is no positive number counts as not set. Throws RuntimeError for a code page that is none,
 // naming the key.
-[[nodiscard]] PlatformSettings ReadPlatformSettings(const Settings& settings);
+[[nodiscard]] PlatformSettings ReadPlatformSettings(const RegistryAccess& settings);
 
 } // namespace veldrane

@@ -13,7 +13,7 @@ ProjectSession::ProjectSession(const Application& application) : application_(ap
 
 void ProjectSession::StartDocument(DataSourceOnOpen dataSource)
 {
-    activeConnection_.reset();
+    application_.State.ActiveConnection.reset();
     document_ = std::make_unique<Document>();
     lostClasses_ = false;
     connectionChanged_ = Connection();
@@ -37,7 +37,7 @@ bool ProjectSession::Open(const std::string& path, DataSourceOnOpen dataSource)
     StartDocument(dataSource);
     Project().Clear();
     TTCFileManagement files(application_.Files, application_.Asking, application_.Errors,
-                            application_.Generation.CodePage);
+                            application_.State.Generation.CodePage);
     const bool opened = files.OpenProject(Project(), Classes(), path);
     lostClasses_ = files.LostClasses();
     return opened;
@@ -46,23 +46,23 @@ bool ProjectSession::Open(const std::string& path, DataSourceOnOpen dataSource)
 bool ProjectSession::Save()
 {
     TTCFileManagement files(application_.Files, application_.Asking, application_.Errors,
-                            application_.Generation.CodePage);
+                            application_.State.Generation.CodePage);
     return files.SaveProject(Project(), Classes());
 }
 
 bool ProjectSession::ConnectDataSource(StringOrigin origin)
 {
-    activeConnection_.reset();
+    application_.State.ActiveConnection.reset();
     const auto report = [&](const RuntimeError& error) {
         application_.Errors.ReportError(
             error,
-            {.ModuleName = application_.Generation.AppTitle,
+            {.ModuleName = application_.State.Generation.AppTitle,
              .RoutineName = "Open Datasource",
              .Hint =
                  "If you would like to modify your DataSource, you may do so by selecting Project|Edit DataSource from the menu."});
     };
     try {
-        activeConnection_ = application_.Connect(Project().ConnectionString(), origin);
+        application_.State.ActiveConnection = application_.Connect(Project().ConnectionString(), origin);
         return true;
     } catch (const RuntimeError& error) {
         report(error);

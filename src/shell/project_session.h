@@ -41,14 +41,13 @@ class ProjectSession
     bool ConnectDataSource(StringOrigin origin);
 
     // The shared connection; nothing while no data source is open.
-    [[nodiscard]] DataSourceConnection* ActiveConnection() { return activeConnection_.get(); }
+    [[nodiscard]] DataSourceConnection* ActiveConnection() { return application_.State.ActiveConnection.get(); }
 
   private:
     void StartDocument(DataSourceOnOpen dataSource);
 
     const Application& application_;
     std::unique_ptr<Document> document_;
-    std::unique_ptr<DataSourceConnection> activeConnection_;
     Connection connectionChanged_;
     bool lostClasses_ = false;
 };

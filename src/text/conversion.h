@@ -8,6 +8,10 @@
 // them.
 namespace veldrane::text {
 
+// The text of the Boolean values, in files and in generated code alike.
+inline constexpr std::string_view TrueText = "True";
+inline constexpr std::string_view FalseText = "False";
+
 // "True" or "False".
 [[nodiscard]] std::string_view TextOf(bool value);
 

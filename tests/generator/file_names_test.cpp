@@ -4,10 +4,13 @@
 namespace veldrane::testing {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 class FileNames : public GenerationTest
 {
   protected:
     [[nodiscard]] std::string Reason() const { return ReasonAgainstNames({project, generation.Settings}, classes).value_or(""); }
+    [[nodiscard]] std::vector<std::string> Warnings() const { return WarningsOfSharedNames({project, generation.Settings}, classes); }
 };
 
 TEST_F(FileNames, OfAnOrdinaryProjectWillDo)
@@ -61,19 +64,30 @@ TEST_F(FileNames, LongerThanTheFileSystemAllowsAreRefused)
     EXPECT_EQ(Reason(), "ClassName \"" + order.ClassName + "\" makes a file name longer than 255 bytes. Nothing was written.");
 }
 
-TEST_F(FileNames, ThatTwoFilesShareAreRefusedWithoutRegardToCase)
+TEST_F(FileNames, ThatTwoFilesShareAreWarnedOfWithoutRegardToCase)
 {
     AddClass("AUTO");
-    EXPECT_EQ(Reason(), "ClassName \"AUTO\" gives a second file AUTO.cls: WrapperClassName \"Auto\" gives one already. Nothing was written.");
+    EXPECT_EQ(Reason(), "");
+    EXPECT_EQ(Warnings(), Texts{"ClassName \"AUTO\" gives a second file AUTO.cls: WrapperClassName \"Auto\" gives one already. Give one of them another name."});
+}
+
+TEST_F(FileNames, ThatSeveralFilesShareAreWarnedOfOneByOne)
+{
+    KZMClass& order = AddClass("Order");
+    order.CreateCollection = true;
+    order.CollectionName = "Auto";
+    AddClass("Auto");
+    EXPECT_EQ(Warnings(), (Texts{"CollectionName \"Auto\" gives a second file Auto.cls: WrapperClassName \"Auto\" gives one already. Give one of them another name.",
+                                 "ClassName \"Auto\" gives a second file Auto.cls: WrapperClassName \"Auto\" gives one already. Give one of them another name."}));
 }
 
 TEST_F(FileNames, OfACollectionCountOnlyIfItIsMade)
 {
     KZMClass& order = AddClass("Order");
     order.CollectionName = "order";
-    EXPECT_EQ(Reason(), "");
+    EXPECT_EQ(Warnings(), Texts());
     order.CreateCollection = true;
-    EXPECT_EQ(Reason(), "CollectionName \"order\" gives a second file order.cls: ClassName \"Order\" gives one already. Nothing was written.");
+    EXPECT_EQ(Warnings(), Texts{"CollectionName \"order\" gives a second file order.cls: ClassName \"Order\" gives one already. Give one of them another name."});
 }
 
 } // namespace

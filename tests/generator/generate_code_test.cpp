@@ -34,17 +34,23 @@ TEST_F(GenerateCode, WritesTheFilesInTheirOrderAndTellsOfEach)
                                    "1 Creates the Test Project File...",
                                    "3%",
                                    "1 Creates the Test Project Group...",
+                                   "4%",
+                                   "1 Creates the Test Form File...",
                                    "5%",
                                    "1 Creates the Globals.Bas File...",
+                                   "6%",
+                                   "1 Creates the Auto.cls File...",
                                    "1 Creates Class Files...",
                                    "6%",
                                    "1 Creates clsOrder.cls...",
+                                   "37%",
+                                   "1 Creates clsOrders.cls...",
                                    "68%",
                                    "1 Creates clsLine.cls...",
                                    "100%",
                                    "complete: ",
                                }));
-    EXPECT_EQ(Names(), (Texts{"Shop.vbp", "TestShop.vbg", "TestShop.vbp", "clsLine.cls", "clsOrder.cls", "modGlobals.Bas"}));
+    EXPECT_EQ(Names(), (Texts{"Shop.vbp", "TestShop.vbg", "TestShop.vbp", "clsAuto.cls", "clsLine.cls", "clsOrder.cls", "clsOrders.cls", "frmTest.frm", "modGlobals.Bas"}));
     EXPECT_EQ(files.Swept, Texts{"/out"});
     EXPECT_TRUE(errors.Reported.empty());
 }
@@ -96,6 +102,38 @@ TEST_F(GenerateCode, BacksUpWhatItOverwrites)
     EXPECT_EQ(files.Files.at("/out/Shop.vbp.BAK"), "mine");
     EXPECT_NE(files.Files.at("/out/Shop.vbp"), "mine");
     EXPECT_FALSE(files.Files.contains("/out/TestShop.vbp.BAK"));
+}
+
+TEST_F(GenerateCode, LooksAtTheCollectionOfAClassWhoseFileIsLeft)
+{
+    files.Files["/out/Order.cls"] = "mine";
+    AddClass("Order").CreateCollection = true;
+    Run(overwrite_mode::kLeave);
+    EXPECT_EQ(files.Files.at("/out/Order.cls"), "mine");
+    EXPECT_TRUE(files.Files.contains("/out/Orders.cls"));
+}
+
+TEST_F(GenerateCode, WarnsOfFilesThatShareANameAndKeepsTheLaterOne)
+{
+    AddClass("Auto");
+    Run();
+    EXPECT_EQ(recorder.Events.back(), "complete: ClassName \"Auto\" gives a second file Auto.cls: WrapperClassName \"Auto\" gives one already. Give one of them another name.");
+    EXPECT_TRUE(generation.FilesShareNames);
+    EXPECT_NE(files.Files.at("/out/Auto.cls").find("Attribute VB_Ext_KEY = \"Top_Level\", \"Yes\""), std::string::npos);
+    project.WrapperClassName = "Shop";
+    Run();
+    EXPECT_FALSE(generation.FilesShareNames);
+}
+
+TEST_F(GenerateCode, WithoutAConnectionStringToEditIsReportedAndAborted)
+{
+    project.ConnectSameDirectory = true;
+    Run();
+    ASSERT_EQ(errors.Reported.size(), 1U);
+    EXPECT_EQ(errors.Reported.front().Error.Number, 1001);
+    EXPECT_EQ(errors.Reported.front().Place.RoutineName, "GenerateCode:");
+    EXPECT_EQ(recorder.Events.back(), "aborted: ");
+    EXPECT_TRUE(files.Files.contains("/out/Globals.Bas"));
 }
 
 TEST_F(GenerateCode, LeavesWhatIsThereAndGoesOn)
@@ -174,7 +212,7 @@ TEST_F(GenerateCode, WhateverCallFailsLeavesWholeFilesAndAReport)
     Run();
     const auto all = files.Files;
     const int calls = files.Calls;
-    ASSERT_EQ(calls, 7);
+    ASSERT_EQ(calls, 9);
     for (int failing = 1; failing <= calls; ++failing) {
         files.Files = {{"/out/TestShop.vbg", "mine"}};
         files.Calls = 0;
@@ -197,7 +235,7 @@ TEST_F(GenerateCode, PutsInPlaceWhatCameBeforeAFileThatFails)
     AddClass("Line");
     files.FailingPaths = {"/out/Order.cls"};
     Run();
-    EXPECT_EQ(Names(), (Texts{"Globals.Bas", "Shop.vbp", "TestShop.vbg", "TestShop.vbp"}));
+    EXPECT_EQ(Names(), (Texts{"Auto.cls", "Globals.Bas", "Shop.vbp", "TestShop.vbg", "TestShop.vbp", "frmTest.frm"}));
     ASSERT_EQ(errors.Reported.size(), 1U);
     EXPECT_EQ(errors.Reported.front().Error.Description(), "/out/Order.cls: No space left on device");
     EXPECT_EQ(recorder.Events.back(), "aborted: ");
@@ -292,7 +330,7 @@ TEST_F(GenerateCode, StaysLinearInClassesAndProperties)
     huge.RetrieveByPrimaryKey = true;
     Run();
     EXPECT_EQ(recorder.Events.back(), "complete: ");
-    EXPECT_EQ(Names().size(), kClasses + 5U);
+    EXPECT_EQ(Names().size(), kClasses + 7U);
 }
 
 } // namespace

@@ -69,19 +69,25 @@ class WriterCase : public GenerationTest, public ::testing::WithParamInterface<s
             {"WriteClassDeclarations", &CodeGeneration::WriteClassDeclarations},
             {"WriteClassProperties", &CodeGeneration::WriteClassProperties},
             {"WriteClassMethods", &CodeGeneration::WriteClassMethods},
+            {"WriteCollectionHeader", &CodeGeneration::WriteCollectionHeader},
+            {"WriteCollectionDeclarations", &CodeGeneration::WriteCollectionDeclarations},
+            {"WriteCollectionProperties", &CodeGeneration::WriteCollectionProperties},
+            {"WriteCollectionMethods", &CodeGeneration::WriteCollectionMethods},
+        };
+        using ProjectWriter = TTCOutputs (*)(const CodeGeneration&, const KZMClasses&);
+        static const std::map<std::string, ProjectWriter> kProjectWriters{
+            {"GenerateGlobalsBasFile", [](const CodeGeneration& about, const KZMClasses&) { return about.GenerateGlobalsBasFile(); }},
+            {"GenerateProjectFile", [](const CodeGeneration& about, const KZMClasses& all) { return about.GenerateProjectFile(all); }},
+            {"GenerateTestForm", [](const CodeGeneration& about, const KZMClasses& all) { return about.GenerateTestForm(all); }},
+            {"GenerateTestProjectFile", [](const CodeGeneration& about, const KZMClasses& all) { return about.GenerateTestProjectFile(all); }},
+            {"GenerateTestProjectGroup", [](const CodeGeneration& about, const KZMClasses&) { return about.GenerateTestProjectGroup(); }},
+            {"GenerateWrapperClass", [](const CodeGeneration& about, const KZMClasses& all) { return about.GenerateWrapperClass(all); }},
         };
         const auto parts = text::Split(fileName, ".");
         const std::string writer(parts.front());
         if (const auto found = kClassWriters.find(writer); found != kClassWriters.end())
             return (generation.*(found->second))(*classes.Item(parts.at(1)), classes);
-        if (writer == "GenerateGlobalsBasFile")
-            return generation.GenerateGlobalsBasFile();
-        if (writer == "GenerateProjectFile")
-            return generation.GenerateProjectFile(classes);
-        if (writer == "GenerateTestProjectFile")
-            return generation.GenerateTestProjectFile(classes);
-        EXPECT_EQ(writer, "GenerateTestProjectGroup");
-        return generation.GenerateTestProjectGroup();
+        return kProjectWriters.at(writer)(generation, classes);
     }
 };
 

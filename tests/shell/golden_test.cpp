@@ -66,7 +66,9 @@ FilesByName Made(const fs::path& golden)
     const testing::Ended generated = program.Run({"generate", program.Path("Shop.kzm"), program.Path("generated")});
     EXPECT_EQ(generated.ExitCode, 0) << generated.ErrorOutput;
     FilesByName made = FilesIn(program.Path("generated"));
-    made["Shop.kzm"] = text::ReplaceAll(program.ReadFile("Shop.kzm"), program.Path(""), "FOLDER/");
+    made["Shop.kzm"] = program.ReadFile("Shop.kzm");
+    for (auto& [name, bytes] : made)
+        bytes = text::ReplaceAll(bytes, program.Path(""), "FOLDER/");
     return made;
 }
 

@@ -68,6 +68,7 @@ class ProjectSessionTest : public ::testing::Test
     testing::ManualClock clock;
     testing::RecordedProcesses processes;
     std::ostringstream output;
+    ModuleState state;
     Application application{
         .UserSettings = settings,
         .Asking = messages,
@@ -76,7 +77,7 @@ class ProjectSessionTest : public ::testing::Test
         .Time = clock,
         .Programs = processes,
         .Connect = [this](const std::string& text, StringOrigin origin) { return Connect(text, origin); },
-        .Generation = {},
+        .State = state,
         .Output = output,
         .ErrorOutput = output,
         .Progress = [](int, const std::string&) {}};
@@ -132,7 +133,7 @@ TEST_F(ProjectSessionTest, AProjectWhoseDataSourceFailsStaysOpenWithoutOne)
     ASSERT_EQ(errors.Reported.size(), 1U);
     EXPECT_EQ(errors.Reported.front().Error.Description(), "[SQLite]connect failed");
     const ErrorPlace& place = errors.Reported.front().Place;
-    EXPECT_EQ(place.ModuleName, application.Generation.AppTitle);
+    EXPECT_EQ(place.ModuleName, application.State.Generation.AppTitle);
     EXPECT_EQ(place.RoutineName, "Open Datasource");
     EXPECT_EQ(
         place.Hint,

@@ -12,6 +12,7 @@ class MemoryFileSystem : public FileSystem
 {
   public:
     [[nodiscard]] FileKind Kind(const std::string& path) const override;
+    [[nodiscard]] bool IsLink(const std::string& path) const override { return Links.contains(path); }
     [[nodiscard]] std::string Read(const std::string& path) const override;
     void Write(const std::string& path, std::string_view bytes) override;
     void Copy(const std::string& from, const std::string& to) override;
@@ -25,6 +26,7 @@ class MemoryFileSystem : public FileSystem
 
     std::set<std::string> Folders{"/"};
     std::map<std::string, std::string> Files;
+    std::set<std::string> Links;    // those of the paths above that are reached by a link
     std::vector<std::string> Swept; // the folders of RemoveAbandoned
 
   private:

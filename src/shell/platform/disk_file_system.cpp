@@ -79,6 +79,12 @@ FileKind DiskFileSystem::Kind(const std::string& path) const
     return S_ISDIR(status.st_mode) ? FileKind::Folder : FileKind::Other;
 }
 
+bool DiskFileSystem::IsLink(const std::string& path) const
+{
+    struct stat status = {};
+    return lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+}
+
 std::string DiskFileSystem::Read(const std::string& path) const
 {
     return ReadAll(OpenForReading(path), path);

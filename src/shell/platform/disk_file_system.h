@@ -17,6 +17,7 @@ class DiskFileSystem : public FileSystem
 {
   public:
     [[nodiscard]] FileKind Kind(const std::string& path) const override;
+    [[nodiscard]] bool IsLink(const std::string& path) const override;
     [[nodiscard]] std::string Read(const std::string& path) const override;
     void Write(const std::string& path, std::string_view bytes) override;
     void Copy(const std::string& from, const std::string& to) override;

@@ -65,6 +65,25 @@ std::string RecoveryFolder()
     return StateFolder() + "/recovery";
 }
 
+bool IsSameFolder(const std::string& first, const std::string& second)
+{
+    struct stat one = {};
+    struct stat other = {};
+    return stat(first.c_str(), &one) == 0 && stat(second.c_str(), &other) == 0 && one.st_dev == other.st_dev &&
+           one.st_ino == other.st_ino;
+}
+
+bool IsRootOrHomeFolder(const std::string& path)
+{
+    const std::string home = FullPathFrom("HOME");
+    bool found = IsSameFolder(path, "/") || (!home.empty() && IsSameFolder(path, home));
+    setpwent();
+    while (const passwd* user = found ? nullptr : getpwent()) // NOLINT(concurrency-mt-unsafe): there is one thread
+        found = IsSameFolder(path, user->pw_dir);
+    endpwent();
+    return found;
+}
+
 void MakeFolder(const std::string& path)
 {
     for (std::size_t end = path.find('/', 1); end != std::string::npos; end = path.find('/', end + 1))

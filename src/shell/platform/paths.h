@@ -18,6 +18,12 @@ namespace veldrane {
 // For copies that must outlive a crash: "recovery" in the state folder.
 [[nodiscard]] std::string RecoveryFolder();
 
+// Whether both paths lead to the same folder, by whatever road. False if one of them leads nowhere. Never throws.
+[[nodiscard]] bool IsSameFolder(const std::string& first, const std::string& second);
+
+// Whether the path leads to "/" or to the home folder of any user, $HOME included. Never throws.
+[[nodiscard]] bool IsRootOrHomeFolder(const std::string& path);
+
 // Makes the folder and those above it that are missing, for this user alone (0700). Throws RuntimeError (75) naming
 // the folder.
 void MakeFolder(const std::string& path);

@@ -1,6 +1,6 @@
 #include "shell/platform/abandoned_files.h"
 
-#include "child_process.h"
+#include "support/child_process.h"
 #include "shell/platform/disk_file_system.h"
 #include "shell/platform/temporary_registry.h"
 #include "temporary_folder.h"

@@ -1,6 +1,6 @@
 #include "shell/platform/detached_process_starter.h"
 
-#include "system_calls.h"
+#include "support/system_calls.h"
 #include "temporary_folder.h"
 #include "text/runtime_error.h"
 

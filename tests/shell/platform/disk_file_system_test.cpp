@@ -1,7 +1,7 @@
 #include "shell/platform/disk_file_system.h"
 
-#include "child_process.h"
-#include "system_calls.h"
+#include "support/child_process.h"
+#include "support/system_calls.h"
 #include "temporary_folder.h"
 
 #include <cerrno>

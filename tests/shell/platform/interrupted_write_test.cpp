@@ -1,4 +1,4 @@
-#include "child_process.h"
+#include "support/child_process.h"
 #include "shell/platform/disk_file_system.h"
 #include "shell/platform/temporary_registry.h"
 #include "temporary_folder.h"

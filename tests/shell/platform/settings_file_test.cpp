@@ -1,9 +1,9 @@
 #include "shell/platform/settings_file.h"
 
-#include "child_process.h"
+#include "support/child_process.h"
 #include "shell/platform/disk_file_system.h"
 #include "support/scripted_messages.h"
-#include "system_calls.h"
+#include "support/system_calls.h"
 #include "temporary_folder.h"
 
 #include <cerrno>

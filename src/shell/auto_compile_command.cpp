@@ -1,0 +1,78 @@
+#include "generator/file_names.h"
+#include "shell/commands.h"
+#include "shell/empty_folder.h"
+#include "shell/generation_run.h"
+#include "shell/option_text.h"
+#include "shell/project_session.h"
+
+namespace veldrane {
+namespace {
+
+// The check box of the wizard, as it was left.
+bool WantsCompile(const RegistryAccess& registry)
+{
+    return BooleanOf(registry.GetKeyValue(settings_section::kGenerateCodeSettings, "AutoCompile"), true);
+}
+
+// Why the folder may not be emptied. What could not be generated anew is not given up.
+std::optional<std::string> ReasonAgainstDelete(const Application& application, ProjectSession& session,
+                                               const FolderOfProject& project)
+{
+    if (session.LostClasses())
+        return "the project file could not be read whole.";
+    if (auto reason = ReasonAgainstNames({session.Project(), application.State.Generation}, session.Classes()))
+        return reason;
+    return ReasonAgainstEmptying(application.Files, project);
+}
+
+// Whether the run may go on.
+bool DeleteFiles(const Application& application, ProjectSession& session, const FolderOfProject& project)
+{
+    if (const auto reason = ReasonAgainstDelete(application, session, project)) {
+        application.Asking.Tell("/DELETE is refused", *reason + " Nothing was removed, and nothing was generated.",
+                                MessageIcon::Critical);
+        return false;
+    }
+    EmptyFolder(application.Files, application.Errors, project.Folder);
+    return true;
+}
+
+int RunOpened(const Application& application, ProjectSession& session, const StartCommand& command)
+{
+    const std::string& folder = command.Folder.empty() ? session.Project().OutputPath : command.Folder;
+    if (folder.empty()) {
+        application.Asking.Tell("Invalid Command Line Parameter",
+                                "No folder was given, and the project has no OutputPath.", MessageIcon::Critical);
+        return exit_code::kWrongUsage;
+    }
+    const std::string target = AbsoluteFolder(folder);
+    if (application.State.DeleteAfterCompile &&
+        !DeleteFiles(application, session,
+                     {.Folder = target, .ProjectFile = command.File, .VBProjectName = session.Project().VBProjectName}))
+        return exit_code::kFailed;
+    const int exitCode = RunGeneration(application, session.Project(), session.Classes(),
+                                       {.TargetFolder = target,
+                                        .OverwriteMode = overwrite_mode::kBackupAndOverwrite,
+                                        .Compile = WantsCompile(application.UserSettings)});
+    return session.LostClasses() ? exit_code::kFailed : exitCode;
+}
+
+} // namespace
+
+int RunAutoCompile(const Application& application, const StartCommand& command)
+{
+    if (!command.Folder.empty() && application.Files.Kind(command.Folder) != FileKind::Folder) {
+        application.State.AutoCompileMode = false;
+        application.Asking.Tell("Invalid Command Line Parameter",
+                                "Invalid Auto Compile Path in command line. \r\n" + command.Folder +
+                                    " is not a valid path.",
+                                MessageIcon::Critical);
+        return exit_code::kWrongUsage;
+    }
+    ProjectSession session(application);
+    if (!session.Open(command.File, DataSourceOnOpen::Connect))
+        return exit_code::kFailed;
+    return RunOpened(application, session, command);
+}
+
+} // namespace veldrane

@@ -1,0 +1,137 @@
+#include "shell/generation_run.h"
+
+#include "generator/code_generation.h"
+#include "generator/compile_step.h"
+
+#include <array>
+#include <filesystem>
+
+namespace veldrane {
+namespace {
+
+// With nobody to ask, a file that exists is left: the answer that loses nothing.
+class LeaveAndTell : public ConflictResolver
+{
+  public:
+    explicit LeaveAndTell(Messages& messages) : messages_(messages) {}
+
+    [[nodiscard]] ConflictAnswer ResolveConflict(const std::string& path, const std::string& fileName) override
+    {
+        messages_.Tell(
+            "File Conflict on " + fileName,
+            "The file: '" + path +
+                "' already exists in the target directory.\r\nAnswer: &Leave the existing file alone, don't overwrite it");
+        return ConflictAnswer::Leave;
+    }
+
+  private:
+    Messages& messages_;
+};
+
+// Passes reports on and remembers that there was one: a run that goes on after a failure has not done all it was asked.
+class RememberedReports : public ErrorReport
+{
+  public:
+    explicit RememberedReports(ErrorReport& report) : report_(report) {}
+
+    void ReportError(const RuntimeError& error, const ErrorPlace& place) override
+    {
+        any_ = true;
+        report_.ReportError(error, place);
+    }
+
+    [[nodiscard]] bool Any() const { return any_; }
+
+  private:
+    ErrorReport& report_;
+    bool any_ = false;
+};
+
+// One generation run and how it ended.
+class GenerationRun
+{
+  public:
+    GenerationRun(const Application& application, const TTCProject& project)
+        : application_(application), conflicts_(application.Asking), reports_(application.Errors),
+          generation_(project,
+                      {.Asking = application.Asking,
+                       .Errors = reports_,
+                       .Files = application.Files,
+                       .Time = application.Time,
+                       .Programs = application.Programs,
+                       .Conflicts = conflicts_},
+                      application.State.Generation)
+    {
+        connections_ = {
+            generation_.Progress.Connect([this](int percent) { percent_ = percent; }),
+            generation_.StatusChanged.Connect(
+                [this](int /*stage*/, const std::string& line) { application_.Progress(percent_, line); }),
+            generation_.OperationComplete.Connect([this](const std::string& message) { Complete(message); }),
+            generation_.OperationAborted.Connect([this](const std::string& message) { Abort(message); }),
+        };
+    }
+
+    int Run(KZMClasses& classes, const GenerationTarget& target)
+    {
+        generation_.GenerateCode(classes, target);
+        if (exitCode_ == exit_code::kDone)
+            application_.Progress(percent_, "The project is in " + target.TargetFolder);
+        return reports_.Any() || generation_.FilesShareNames ? exit_code::kFailed : exitCode_;
+    }
+
+  private:
+    void Complete(const std::string& message)
+    {
+        exitCode_ = message.find(kCompilationFailed) == std::string::npos ? exit_code::kDone : exit_code::kFailed;
+        const RunEnd end = EndOfCompleteRun(message);
+        if (!message.empty())
+            application_.Asking.Tell(end.Instructions, end.Heading + "\r\n" + end.Text);
+    }
+
+    void Abort(const std::string& message)
+    {
+        exitCode_ = exit_code::kFailed;
+        application_.Asking.Tell("Errors Occurred", EndOfAbortedRun(message).Text, MessageIcon::Critical);
+    }
+
+    const Application& application_;
+    LeaveAndTell conflicts_;
+    RememberedReports reports_;
+    CodeGeneration generation_;
+    std::array<Connection, 4> connections_;
+    int percent_ = 0;
+    int exitCode_ = exit_code::kFailed; // until the run says that it came to its end
+};
+
+} // namespace
+
+RunEnd EndOfCompleteRun(const std::string& message)
+{
+    if (message.empty())
+        return {.Instructions = "Code Generation Complete!",
+                .Heading = {},
+                .Text = "The operation completed successfully."};
+    return {.Instructions = "Code Generation Complete!",
+            .Heading = "The operation completed with the following messages:",
+            .Text = message};
+}
+
+RunEnd EndOfAbortedRun(const std::string& message)
+{
+    return {.Instructions = "Code Generation Incomplete...",
+            .Heading = "The operation completed with the following warnings:",
+            .Text = message.empty() ? "The operation did not complete successfully." : message};
+}
+
+std::string AbsoluteFolder(const std::string& folder)
+{
+    return std::filesystem::absolute(folder).lexically_normal().string();
+}
+
+int RunGeneration(const Application& application, const TTCProject& project, KZMClasses& classes,
+                  const GenerationTarget& target)
+{
+    return GenerationRun(application, project).Run(classes, target);
+}
+
+} // namespace veldrane

@@ -1,0 +1,266 @@
+#include "program.h"
+
+#include "text/strings.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+
+namespace veldrane {
+namespace {
+
+namespace fs = std::filesystem;
+
+using testing::Ended;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using testing::Program;
+using ::testing::StartsWith;
+using ::testing::UnorderedElementsAre;
+
+struct AutoCompile : ::testing::Test
+{
+    AutoCompile()
+    {
+        fs::create_directories(Workspace.Path("work"));
+        fs::create_directory(Workspace.Path("out"));
+        const Ended defined =
+            Workspace.Run({"define", Project, "--connection", Workspace.MakeShop(), "--table", "Customers"});
+        EXPECT_EQ(defined.ExitCode, 0) << defined.ErrorOutput;
+    }
+
+    void SetOutputPath(const std::string& folder)
+    {
+        EXPECT_EQ(Workspace.Run({"define", Project, "--set", "OutputPath=" + folder}).ExitCode, 0);
+    }
+
+    std::vector<std::string> In(const std::string& folder)
+    {
+        std::vector<std::string> names;
+        for (const fs::directory_entry& entry : fs::directory_iterator(Workspace.Path(folder)))
+            names.push_back(entry.path().filename().string());
+        return names;
+    }
+
+    // A run with /DELETE on a folder that must not be emptied: nothing is touched, and the reason is told.
+    void ExpectRefused(const std::string& folder, const std::string& reason)
+    {
+        const Ended ended = Workspace.Run({"/C", "/DELETE", Project, folder});
+        EXPECT_EQ(ended.ExitCode, 1) << folder;
+        EXPECT_THAT(ended.ErrorOutput, HasSubstr("/DELETE is refused: " + reason)) << folder;
+    }
+
+    Program Workspace;
+    std::string Project = Workspace.Path("work/Shop.kzm");
+    std::string Out = Workspace.Path("out");
+};
+
+TEST_F(AutoCompile, WritesTheProjectIntoTheFolderGivenWithoutAQuestion)
+{
+    const Ended ended = Workspace.Run({"/C", Project, Out});
+    EXPECT_EQ(ended.ExitCode, 0) << ended.ErrorOutput;
+    EXPECT_THAT(ended.ErrorOutput, Not(HasSubstr("Answer:")));
+    EXPECT_THAT(In("out"), UnorderedElementsAre("Shop.vbp", "TestShop.vbp", "TestShop.vbg", "frmTest.frm",
+                                                "Globals.Bas", "Auto.cls", "Customer.cls", "xmlAssist.cls"));
+}
+
+TEST_F(AutoCompile, WritesIntoTheOutputPathOfTheProjectUnlessAFolderIsGiven)
+{
+    SetOutputPath(Out);
+    EXPECT_EQ(Workspace.Run({"/C", Project}).ExitCode, 0);
+    EXPECT_TRUE(fs::exists(Workspace.Path("out/Shop.vbp")));
+}
+
+TEST_F(AutoCompile, TakesAFolderWithASlashAtItsEnd)
+{
+    EXPECT_EQ(Workspace.Run({"/C", Project, Out + "/"}).ExitCode, 0);
+    EXPECT_TRUE(fs::exists(Workspace.Path("out/Shop.vbp")));
+}
+
+TEST_F(AutoCompile, NeedsAFolderFromSomewhere)
+{
+    const Ended ended = Workspace.Run({"/C", Project});
+    EXPECT_EQ(ended.ExitCode, 2);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("No folder was given, and the project has no OutputPath."));
+}
+
+TEST_F(AutoCompile, RefusesAFolderThatIsNone)
+{
+    Workspace.WriteFile("plain.txt", "x");
+    for (const std::string& folder : {Workspace.Path("nowhere"), std::string("nowhere"), Workspace.Path("out/a\\b")}) {
+        const Ended ended = Workspace.Run({"/C", Project, folder});
+        EXPECT_EQ(ended.ExitCode, 2) << folder;
+        EXPECT_THAT(ended.ErrorOutput,
+                    HasSubstr("Invalid Command Line Parameter: Invalid Auto Compile Path in command line. \n    " +
+                              folder + " is not a valid path."));
+    }
+    EXPECT_THAT(In("out"), IsEmpty());
+}
+
+TEST_F(AutoCompile, AbortsWhereTheOutputPathIsGone)
+{
+    SetOutputPath(Workspace.Path("nowhere"));
+    const Ended ended = Workspace.Run({"/C", Project});
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("Errors Occurred: Unable to write to destination directory. "));
+}
+
+TEST_F(AutoCompile, BacksUpWhatItOverwrites)
+{
+    Workspace.WriteFile("out/Customer.cls", "mine");
+    EXPECT_EQ(Workspace.Run({"/C", Project, Out}).ExitCode, 0);
+    EXPECT_EQ(Workspace.ReadFile("out/Customer.cls.BAK"), "mine");
+}
+
+TEST_F(AutoCompile, LeavesTheProjectFileAndTheSettingsAsTheyAre)
+{
+    const std::string before = Workspace.ReadFile("work/Shop.kzm");
+    const bool hadSettings = fs::exists(Workspace.Path("settings.ini"));
+    EXPECT_EQ(Workspace.Run({"/C", Project, Out}).ExitCode, 0);
+    EXPECT_EQ(Workspace.ReadFile("work/Shop.kzm"), before);
+    EXPECT_EQ(fs::exists(Workspace.Path("settings.ini")), hadSettings);
+}
+
+TEST_F(AutoCompile, CompilesUnlessTheSettingsSayOtherwise)
+{
+    const std::string note = "No Visual Basic command is set: the project was written, not compiled.";
+    EXPECT_THAT(
+        Workspace.Run({"/C", Project, Out}).ErrorOutput,
+        HasSubstr("Code Generation Complete!: The operation completed with the following messages:\n    " + note));
+    Workspace.WriteFile("settings.ini", "[GenerateCodeSettings]\nAutoCompile=0\n");
+    EXPECT_THAT(Workspace.Run({"/C", Project, Out}).ErrorOutput, Not(HasSubstr(note)));
+}
+
+TEST_F(AutoCompile, GivesRoutinesTimingLinesWhenAskedTo)
+{
+    EXPECT_EQ(Workspace.Run({"/C", Project, Out}).ExitCode, 0);
+    EXPECT_THAT(Workspace.ReadFile("out/Globals.Bas"), Not(HasSubstr("Public StartTime as Single")));
+    EXPECT_EQ(Workspace.Run({"/C", "/DEBUG", "/NOSPLASH", Project, Out}).ExitCode, 0);
+    EXPECT_THAT(Workspace.ReadFile("out/Globals.Bas"), HasSubstr("Public StartTime as Single"));
+}
+
+TEST_F(AutoCompile, FailsOnAProjectThatCanNotBeOpened)
+{
+    EXPECT_EQ(Workspace.Run({"/C", Workspace.Path("gone.kzm"), Out}).ExitCode, 1);
+    Workspace.WriteFile("text.kzm", "Dear diary\r\n");
+    const Ended ended = Workspace.Run({"/C", Workspace.Path("text.kzm"), Out});
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("This file is not a Veldrane Professional 2000 Data File."));
+    EXPECT_THAT(In("out"), IsEmpty());
+}
+
+TEST_F(AutoCompile, IsWrongUsageWithoutAProjectOrWithTooManyWords)
+{
+    const std::vector<std::pair<std::vector<std::string>, std::string>> cases{
+        {{"/C"}, "veldrane: /C needs a project file.\nUsage: "},
+        {{"/C", Out}, "veldrane: /C needs a project file.\nUsage: "},
+        {{"/C", Project, Out, "more"}, "veldrane: 'more' is one word too many.\nUsage: "},
+        {{"/DELETE", Project}, "veldrane: '/DELETE' is no command.\nUsage: "},
+        {{Project}, "veldrane: '" + Project + "' is no command.\nUsage: "},
+    };
+    for (const auto& [words, text] : cases) {
+        const Ended ended = Workspace.Run(words);
+        EXPECT_EQ(ended.ExitCode, 2) << text;
+        EXPECT_THAT(ended.ErrorOutput, StartsWith(text));
+        EXPECT_THAT(ended.ErrorOutput, HasSubstr("veldrane /C [/DEBUG] [/DELETE] [/NOSPLASH] FILE.kzm [FOLDER]\n"));
+    }
+}
+
+TEST_F(AutoCompile, DeletesThePlainFilesOfAFolderItGeneratedInto)
+{
+    EXPECT_EQ(Workspace.Run({"/C", Project, Out}).ExitCode, 0);
+    Workspace.WriteFile("out/OldClass.cls", "of an earlier run");
+    Workspace.WriteFile("out/.hidden", "as well");
+    Workspace.WriteFile("elsewhere.txt", "mine");
+    fs::create_directory(Workspace.Path("out/folder"));
+    fs::create_symlink(Workspace.Path("elsewhere.txt"), Workspace.Path("out/link"));
+    EXPECT_EQ(Workspace.Run({"/C", "/DELETE", Project, Out}).ExitCode, 0);
+    EXPECT_THAT(In("out"),
+                UnorderedElementsAre("Shop.vbp", "TestShop.vbp", "TestShop.vbg", "frmTest.frm", "Globals.Bas",
+                                     "Auto.cls", "Customer.cls", "xmlAssist.cls", "folder", "link"));
+    EXPECT_EQ(Workspace.ReadFile("elsewhere.txt"), "mine");
+}
+
+TEST_F(AutoCompile, DeletesInAFolderWithoutPlainFiles)
+{
+    fs::create_directory(Workspace.Path("out/folder"));
+    EXPECT_EQ(Workspace.Run({"/C", "/DELETE", Project, Out}).ExitCode, 0);
+    EXPECT_TRUE(fs::exists(Workspace.Path("out/folder")));
+}
+
+TEST_F(AutoCompile, DeletesNothingAmongSomebodyElsesFiles)
+{
+    Workspace.WriteFile("out/diary.txt", "mine");
+    ExpectRefused(Out, Out + " holds files, but no Shop.vbp: they are none of this project's.");
+    EXPECT_THAT(In("out"), UnorderedElementsAre("diary.txt"));
+    SetOutputPath(Out);
+    EXPECT_EQ(Workspace.Run({"/C", "/DELETE", Project}).ExitCode, 1);
+    EXPECT_THAT(In("out"), UnorderedElementsAre("diary.txt"));
+}
+
+TEST_F(AutoCompile, DeletesNothingBesideTheProjectFile)
+{
+    Workspace.WriteFile("work/Shop.vbp", "mine");
+    fs::create_directory_symlink(Workspace.Path("work"), Workspace.Path("door"));
+    fs::create_directory(Workspace.Path("linked"));
+    fs::create_symlink(Project, Workspace.Path("linked/Shop.kzm"));
+    for (const std::string& folder :
+         {Workspace.Path("work"), Workspace.Path("work/."), Workspace.Path("out/../work"), Workspace.Path("door")})
+        EXPECT_EQ(Workspace.Run({"/C", "/DELETE", Project, folder}).ExitCode, 1) << folder;
+    EXPECT_EQ(Workspace.Run({"/C", "/DELETE", Workspace.Path("linked/Shop.kzm"), Workspace.Path("work")}).ExitCode, 1);
+    EXPECT_EQ(Workspace.ReadFile("work/Shop.vbp"), "mine");
+    EXPECT_TRUE(fs::exists(Project));
+}
+
+TEST_F(AutoCompile, DeletesNothingInARootOrHomeFolder)
+{
+    const char* home = std::getenv("HOME");
+    const std::string before = home == nullptr ? "" : home;
+    setenv("HOME", Out.c_str(), 1);
+    Workspace.WriteFile("out/Shop.vbp", "mine");
+    ExpectRefused(Out, Out + " is the root of the file system or somebody's home folder.");
+    setenv("HOME", before.c_str(), 1);
+    ExpectRefused("/", "/ is the root of the file system or somebody's home folder.");
+    ExpectRefused("/root/..", "/");
+    EXPECT_EQ(Workspace.ReadFile("out/Shop.vbp"), "mine");
+}
+
+// What could not be generated anew is not given up.
+TEST_F(AutoCompile, DeletesNothingForAProjectThatCanNotBeGeneratedWhole)
+{
+    EXPECT_EQ(Workspace.Run({"/C", Project, Out}).ExitCode, 0);
+    const std::string good = Workspace.ReadFile("work/Shop.kzm");
+    const std::vector<std::pair<std::string, std::string>> damages{
+        {"\r\nClassPrefix\2", "\r\nClassPrefix\2../"},
+        {"Begin Properties\r\n", "Begin Properties\r\nBegin Key 0\r\nKeyType\2none\r\nEnd Key 0\r\n"},
+    };
+    for (const auto& [find, replacement] : damages) {
+        Workspace.WriteFile("work/Shop.kzm", text::ReplaceAll(good, find, replacement));
+        EXPECT_EQ(Workspace.Run({"/C", "/DELETE", Project, Out}).ExitCode, 1) << replacement;
+        EXPECT_TRUE(fs::exists(Workspace.Path("out/Customer.cls"))) << replacement;
+    }
+}
+
+TEST_F(AutoCompile, RemovesTheLeftoverOfTheCompileStep)
+{
+    fs::create_directories(Workspace.Path("state/veldrane"));
+    Workspace.WriteFile("state/veldrane/tmpVELDRANE.EXE", "x");
+    fs::permissions(Workspace.Path("state/veldrane/tmpVELDRANE.EXE"), fs::perms::owner_read);
+    EXPECT_EQ(Workspace.Run({"/C", Project, Out}).ExitCode, 0);
+    EXPECT_FALSE(fs::exists(Workspace.Path("state/veldrane/tmpVELDRANE.EXE")));
+}
+
+TEST_F(AutoCompile, FailsWhereTwoFilesShareAName)
+{
+    EXPECT_EQ(Workspace.Run({"define", Project, "--set", "WrapperClassName=CUSTOMER"}).ExitCode, 0);
+    const Ended ended = Workspace.Run({"/C", Project, Out});
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(
+        ended.ErrorOutput,
+        HasSubstr("ClassName \"Customer\" gives a second file Customer.cls: WrapperClassName \"CUSTOMER\" gives "
+                  "one already. Give one of them another name."));
+}
+
+} // namespace
+} // namespace veldrane

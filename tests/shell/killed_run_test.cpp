@@ -1,0 +1,131 @@
+// A run that is killed: before each of its calls that change a file, one after the other, so that every state in which
+// a kill can leave the folder is seen.
+
+#include "program.h"
+#include "support/child_process.h"
+#include "support/system_calls.h"
+
+#include <gmock/gmock.h>
+
+#include <csignal>
+#include <map>
+
+namespace veldrane {
+namespace {
+
+namespace fs = std::filesystem;
+
+using testing::Ended;
+using testing::EndOf;
+using testing::kKilled;
+using testing::Program;
+using testing::StartChild;
+
+using Contents = std::map<std::string, std::string>;
+
+class KilledRun : public ::testing::Test
+{
+  protected:
+    KilledRun()
+    {
+        fs::create_directory(Out);
+        const Ended defined = Workspace.Run(
+            {"define", Project, "--connection", Workspace.MakeShop(), "--table", "Customers", "--collections"});
+        EXPECT_EQ(defined.ExitCode, 0) << defined.ErrorOutput;
+    }
+
+    // The files under their final names; private ones stand aside.
+    [[nodiscard]] Contents Read() const
+    {
+        Contents contents;
+        for (const fs::directory_entry& entry : fs::directory_iterator(Out))
+            if (!entry.path().filename().string().starts_with('.'))
+                contents[entry.path().filename()] = testing::BytesOf(entry.path());
+        return contents;
+    }
+
+    void Reset(const Contents& contents) const
+    {
+        fs::remove_all(Out);
+        fs::create_directory(Out);
+        for (const auto& [name, bytes] : contents)
+            Workspace.WriteFile("out/" + name, bytes);
+    }
+
+    // How a run ends that is killed at its `call`-th call; 0 for never.
+    int RunKilledAt(int call)
+    {
+        return EndOf(StartChild([&] {
+            testing::KillAtCall(call);
+            return Workspace.Run({"generate", Project, Out}).ExitCode;
+        }));
+    }
+
+    // Runs on the folder as it was, killed at one call after the other until a run comes to its end; `check` sees what
+    // each kill left.
+    template <class Check>
+    int KillEverywhere(const Contents& before, Check&& check)
+    {
+        constexpr int kMostCalls = 2000;
+        for (int call = 1; call < kMostCalls; ++call) {
+            Reset(before);
+            const int end = RunKilledAt(call);
+            if (end == 0)
+                return call - 1;
+            EXPECT_EQ(end, kKilled + SIGKILL) << call;
+            check(Read(), call);
+        }
+        ADD_FAILURE() << "the run never came to its end";
+        return 0;
+    }
+
+    Program Workspace;
+    std::string Project = Workspace.Path("Shop.kzm");
+    std::string Out = Workspace.Path("out");
+};
+
+TEST_F(KilledRun, LeavesWholeFilesOnlyInAnEmptyFolder)
+{
+    Reset({});
+    EXPECT_EQ(RunKilledAt(0), 0);
+    const Contents whole = Read();
+    const int kills = KillEverywhere({}, [&](const Contents& left, int call) {
+        for (const auto& [name, bytes] : left)
+            EXPECT_EQ(bytes, whole.at(name)) << name << ", killed at call " << call;
+    });
+    EXPECT_GT(kills, static_cast<int>(whole.size()));
+}
+
+TEST_F(KilledRun, LeavesTheOldOrTheNewFileAndItsBackupWhole)
+{
+    Reset({});
+    EXPECT_EQ(RunKilledAt(0), 0);
+    const Contents whole = Read();
+    const Contents before{{"Customer.cls", "mine"}, {"Shop.vbp", "mine as well"}};
+    KillEverywhere(before, [&](const Contents& left, int call) {
+        for (const auto& [name, old] : before) {
+            const std::string& now = left.at(name);
+            EXPECT_TRUE(now == old || now == whole.at(name)) << name << ", killed at call " << call;
+            EXPECT_TRUE(now == old || left.at(name + ".BAK") == old) << name << ", killed at call " << call;
+        }
+        for (const auto& [name, bytes] : left)
+            EXPECT_TRUE(name.ends_with(".BAK") || before.contains(name) || bytes == whole.at(name))
+                << name << ", killed at call " << call;
+    });
+}
+
+TEST_F(KilledRun, IsFollowedByOneThatLeavesNothingOfItBehind)
+{
+    Reset({});
+    EXPECT_EQ(RunKilledAt(0), 0);
+    const Contents whole = Read();
+    constexpr int kInTheMiddle = 12;
+    Reset({});
+    EXPECT_EQ(RunKilledAt(kInTheMiddle), kKilled + SIGKILL);
+    EXPECT_EQ(RunKilledAt(0), 0);
+    EXPECT_EQ(Read(), whole);
+    EXPECT_EQ(static_cast<std::size_t>(std::distance(fs::directory_iterator(Out), {})), whole.size());
+}
+
+} // namespace
+} // namespace veldrane

@@ -1,0 +1,136 @@
+#include "support/system_calls.h"
+
+#include <cerrno>
+#include <csignal>
+#include <optional>
+#include <sys/types.h>
+
+namespace veldrane::testing {
+namespace {
+
+struct Failure
+{
+    SystemCall Call;
+    int Error;
+    int Before;
+};
+
+std::optional<Failure> failure;
+bool halting = false;
+bool interrupted = false;
+CallLog* log = nullptr;
+int callsToKill = 0; // 0 for never
+
+void CountToKill()
+{
+    if (callsToKill > 0 && --callsToKill == 0)
+        raise(SIGKILL);
+}
+
+bool Fails(SystemCall call, const char* name)
+{
+    CountToKill();
+    if (log != nullptr)
+        log->Add(name);
+    if (!failure || failure->Call != call || failure->Before-- > 0)
+        return false;
+    errno = failure->Error;
+    return true;
+}
+
+} // namespace
+
+FailingCall::FailingCall(SystemCall call, int error, int before)
+{
+    failure = {call, error, before};
+}
+
+FailingCall::~FailingCall()
+{
+    failure.reset();
+}
+
+void KillAtCall(int number)
+{
+    callsToKill = number;
+}
+
+HaltingWrites::HaltingWrites()
+{
+    halting = true;
+}
+
+HaltingWrites::~HaltingWrites()
+{
+    halting = false;
+}
+
+CallLog::CallLog()
+{
+    log = this;
+}
+
+CallLog::~CallLog()
+{
+    log = nullptr;
+}
+
+// The linker turns a call of `name` into one of `__wrap_name`, and `__real_name` into the system's own.
+// NOLINTBEGIN(bugprone-reserved-identifier)
+extern "C" {
+
+pid_t __real_fork();
+int __real_fsync(int file);
+int __real_openat(int folder, const char* path, int flags, mode_t mode);
+int __real_unlinkat(int folder, const char* path, int flags);
+int __real_renameat(int fromFolder, const char* from, int toFolder, const char* to);
+int __real_syncfs(int file);
+ssize_t __real_write(int file, const void* bytes, size_t size);
+
+pid_t __wrap_fork()
+{
+    return Fails(SystemCall::Fork, "fork") ? -1 : __real_fork();
+}
+
+int __wrap_fsync(int file)
+{
+    return Fails(SystemCall::Fsync, "fsync") ? -1 : __real_fsync(file);
+}
+
+int __wrap_renameat(int fromFolder, const char* from, int toFolder, const char* to)
+{
+    return Fails(SystemCall::Renameat, "rename") ? -1 : __real_renameat(fromFolder, from, toFolder, to);
+}
+
+int __wrap_syncfs(int file)
+{
+    return Fails(SystemCall::Syncfs, "syncfs") ? -1 : __real_syncfs(file);
+}
+
+int __wrap_openat(int folder, const char* path, int flags, mode_t mode)
+{
+    CountToKill();
+    return __real_openat(folder, path, flags, mode);
+}
+
+int __wrap_unlinkat(int folder, const char* path, int flags)
+{
+    CountToKill();
+    return __real_unlinkat(folder, path, flags);
+}
+
+ssize_t __wrap_write(int file, const void* bytes, size_t size)
+{
+    CountToKill();
+    if (!halting || size == 0)
+        return __real_write(file, bytes, size);
+    interrupted = !interrupted;
+    if (!interrupted)
+        return __real_write(file, bytes, 1);
+    errno = EINTR;
+    return -1;
+}
+}
+// NOLINTEND(bugprone-reserved-identifier)
+
+} // namespace veldrane::testing

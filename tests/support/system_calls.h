@@ -1,0 +1,57 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace veldrane::testing {
+
+// The system calls that the tests' linker puts behind a switch.
+enum class SystemCall
+{
+    Fork,
+    Fsync,
+    Renameat,
+    Syncfs,
+};
+
+// While it lives, the call fails with the errno, after it went well `before` times.
+class FailingCall
+{
+  public:
+    FailingCall(SystemCall call, int error, int before = 0);
+    ~FailingCall();
+    FailingCall(const FailingCall&) = delete;
+    FailingCall& operator=(const FailingCall&) = delete;
+};
+
+// From now on the process kills itself (SIGKILL) at the given call, the first being 1, of all those behind a switch and
+// of openat, unlinkat and write: before the call is made.
+void KillAtCall(int number);
+
+// While it lives, writes take one byte at a time, and every second one is interrupted before it took any.
+class HaltingWrites
+{
+  public:
+    HaltingWrites();
+    ~HaltingWrites();
+    HaltingWrites(const HaltingWrites&) = delete;
+    HaltingWrites& operator=(const HaltingWrites&) = delete;
+};
+
+// While it lives, keeps the names of the calls made.
+class CallLog
+{
+  public:
+    CallLog();
+    ~CallLog();
+    CallLog(const CallLog&) = delete;
+    CallLog& operator=(const CallLog&) = delete;
+
+    [[nodiscard]] const std::vector<std::string>& Calls() const { return calls_; }
+    void Add(const char* call) { calls_.emplace_back(call); }
+
+  private:
+    std::vector<std::string> calls_;
+};
+
+} // namespace veldrane::testing

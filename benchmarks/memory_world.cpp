@@ -57,6 +57,7 @@ class SchemaConnection : public DataSourceConnection
 std::string DefineInMemory(const std::vector<SchemaTable>& schema)
 {
     MemoryWorld world;
+    ModuleState state;
     const Application application{
         .UserSettings = world.UserSettings,
         .Asking = world.Messages,
@@ -66,7 +67,7 @@ std::string DefineInMemory(const std::vector<SchemaTable>& schema)
         .Programs = world.Processes,
         .Connect = [&](const std::string& /*text*/,
                        StringOrigin /*origin*/) { return std::make_unique<SchemaConnection>(schema); },
-        .Generation = {},
+        .State = state,
         .Output = world.Output,
         .ErrorOutput = world.Output,
         .Progress = [](int /*percent*/, const std::string& /*line*/) {},

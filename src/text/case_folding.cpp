@@ -233,7 +233,7 @@ char FoldByte(char c)
 
 bool IsAscii(std::string_view text)
 {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return AsciiPrefix(text) == text.size();
 }
 
 // The folded letter at `position`. A byte that belongs to no well-formed sequence gets a value that no letter has.
@@ -246,6 +246,17 @@ char32_t LetterAt(std::string_view text, std::size_t position)
     if (CharacterSize(text, position) == 1)
         return kBehindAllLetters + byte;
     return FoldCodePoint(CodePoint(text, position));
+}
+
+// The first position from here on that is not ASCII or may be the letter; the end of the text if there is none.
+std::size_t SkipOtherLetters(std::string_view text, std::size_t position, char32_t letter)
+{
+    const auto isOther = [&](unsigned char byte) {
+        return byte < 0x80 && static_cast<unsigned char>(FoldByte(static_cast<char>(byte))) != letter;
+    };
+    while (position < text.size() && isOther(static_cast<unsigned char>(text[position])))
+        ++position;
+    return position;
 }
 
 std::vector<char32_t> Letters(std::string_view text)
@@ -296,9 +307,11 @@ char32_t FoldCodePoint(char32_t codePoint)
 
 std::string Fold(std::string_view text)
 {
-    std::string folded;
-    folded.reserve(text.size());
-    for (std::size_t i = 0; i < text.size();) {
+    std::string folded(text);
+    const std::size_t ascii = AsciiPrefix(text);
+    std::transform(folded.begin(), folded.begin() + static_cast<std::ptrdiff_t>(ascii), folded.begin(), FoldByte);
+    folded.resize(ascii);
+    for (std::size_t i = ascii; i < text.size();) {
         const std::size_t size = CharacterSize(text, i);
         const bool lone = size == 1;
         if (lone)
@@ -327,6 +340,8 @@ std::size_t FindFolded(std::string_view text, std::string_view find, std::size_t
     std::size_t start = from;
     std::size_t matched = 0;
     for (std::size_t position = from; matched < pattern.size(); position += CharacterSize(text, position)) {
+        if (matched == 0)
+            start = position = SkipOtherLetters(text, position, pattern.front());
         if (position == text.size())
             return std::string_view::npos;
         const char32_t letter = LetterAt(text, position);
@@ -336,8 +351,6 @@ std::size_t FindFolded(std::string_view text, std::string_view find, std::size_t
         }
         if (pattern[matched] == letter)
             ++matched;
-        else
-            start = Skip(text, start, 1);
     }
     return start;
 }

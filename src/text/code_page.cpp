@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <iconv.h>
+#include <utility>
 
 namespace veldrane::text {
 namespace {
@@ -80,6 +81,11 @@ std::string CodePage::Decode(std::string_view bytes) const
     return text;
 }
 
+std::string CodePage::DecodeInPlace(std::string bytes) const
+{
+    return SameInBoth(bytes) == bytes.size() ? std::move(bytes) : Decode(bytes);
+}
+
 std::size_t CodePage::SameInBoth(std::string_view text) const
 {
     return holdsAscii_ ? AsciiPrefix(text) : 0;
@@ -117,6 +123,11 @@ CodePage::Encoded CodePage::Encode(std::string_view text) const
         text.remove_prefix(size);
     }
     return encoded;
+}
+
+CodePage::Encoded CodePage::EncodeInPlace(std::string text) const
+{
+    return SameInBoth(text) == text.size() ? Encoded{.Bytes = std::move(text)} : Encode(text);
 }
 
 bool CodePage::Holds(std::string_view text) const

@@ -24,6 +24,9 @@ class CodePage
     // The UTF-8 text of the bytes. Every byte has one.
     [[nodiscard]] std::string Decode(std::string_view bytes) const;
 
+    // The same for a text that is not needed afterwards: where it is ASCII alone, no second one is made.
+    [[nodiscard]] std::string DecodeInPlace(std::string bytes) const;
+
     struct Encoded
     {
         std::string Bytes;
@@ -31,6 +34,9 @@ class CodePage
     };
 
     [[nodiscard]] Encoded Encode(std::string_view text) const;
+
+    // The same for a text that is not needed afterwards.
+    [[nodiscard]] Encoded EncodeInPlace(std::string text) const;
 
     // Whether every character has a place in the code page.
     [[nodiscard]] bool Holds(std::string_view text) const;

@@ -55,10 +55,10 @@ inline constexpr auto kBounds = std::to_array<Bound>({
      1.05},
     {Measure::GenerationGrowthProperties, "generation, growth from 200 to 2,000 properties", "exponent", Better::Lower,
      1.15, 1.05},
-    {Measure::ProjectReadRate, "reading a .kzm of 1,000 classes", "MB/s", Better::Higher, 100, 300},
-    {Measure::ProjectReadGrowth, "reading, growth from 100 to 1,000 classes", "exponent", Better::Lower, 1.15, 1.05},
-    {Measure::ProjectWriteRate, "writing a .kzm of 1,000 classes", "MB/s", Better::Higher, 100, 300},
-    {Measure::ProjectWriteGrowth, "writing, growth from 100 to 1,000 classes", "exponent", Better::Lower, 1.15, 1.05},
+    {Measure::ProjectReadRate, "reading a .kzm of 5,000 classes", "MB/s", Better::Higher, 100, 300},
+    {Measure::ProjectReadGrowth, "reading, growth from 1,000 to 5,000 classes", "exponent", Better::Lower, 1.15, 1.05},
+    {Measure::ProjectWriteRate, "writing a .kzm of 5,000 classes", "MB/s", Better::Higher, 100, 300},
+    {Measure::ProjectWriteGrowth, "writing, growth from 1,000 to 5,000 classes", "exponent", Better::Lower, 1.15, 1.05},
 });
 
 } // namespace veldrane::bench

@@ -30,6 +30,7 @@ struct Options
     bool WithRuns = true;
     bool WithParts = true;
     int Rounds = 5;
+    std::string PartNames = ".";
     std::size_t SchemaTables = 0;
 };
 
@@ -43,6 +44,8 @@ struct Sizes
 
 constexpr Sizes kFullSizes{10, 1000, 5000};
 constexpr Sizes kSmokeSizes{3, 10, 30};
+
+const PartOptions kSmokeParts{.SecondsEach = 0.01, .Repetitions = 1, .Small = true};
 
 // A run of a few tables is over so soon that more rounds cost nothing, and its time is mostly noise.
 constexpr int kRoundsFactorOfFew = 3;
@@ -92,8 +95,7 @@ int Run(Options options)
     if (options.WithRuns) // first: see the note on memory in child_process.h
         MeasureRuns(options, figures);
     if (options.WithParts)
-        MeasureParts(options.Smoke ? PartOptions{.SecondsEach = 0.01, .Repetitions = 1, .Small = true} : PartOptions{},
-                     figures);
+        MeasureParts(options.Smoke ? kSmokeParts : PartOptions{.Names = options.PartNames}, figures);
     std::cout << '\n';
     const bool good = options.Smoke ? PrintFigures(std::cout, figures) : PrintVerdicts(std::cout, figures);
     return good ? kDone : kFailed;
@@ -113,6 +115,7 @@ void Declare(CLI::App& app, Options& options)
         "--no-runs", [&] { options.WithRuns = false; }, "Leaves out the whole runs");
     app.add_flag_callback(
         "--no-parts", [&] { options.WithParts = false; }, "Leaves out the parts in memory");
+    app.add_option("--parts", options.PartNames, "Only the parts whose names this regular expression finds: read");
     app.add_option("--rounds", options.Rounds, "Rounds of each whole run; the median counts")
         ->check(CLI::PositiveNumber)
         ->capture_default_str();

@@ -120,26 +120,28 @@ std::vector<SchemaTable> OneTable(std::size_t columns)
     return {MakeWideTable(columns)};
 }
 
-// One part, measured at a size and at a tenth of it.
+// One part, measured at two sizes.
 struct Part
 {
     const char* Name;
     void (*Run)(benchmark::State& state, const std::string& bytes);
     std::vector<SchemaTable> (*Schema)(std::size_t size);
-    std::size_t Size;
+    std::size_t Small;
+    std::size_t Large;
     Measure Rate;   // at the larger size, in millions a second
     Measure Growth; // from the smaller to the larger
 };
 
-constexpr std::size_t kTenth = 10;
+// By how much the sizes of a trial are smaller.
+constexpr std::size_t kTrialDivisor = 10;
 
 constexpr auto kParts = std::to_array<Part>({
-    {"generate classes", MeasureGenerating, MakeSchema, 1000, Measure::GenerationRate,
+    {"generate classes", MeasureGenerating, MakeSchema, 100, 1000, Measure::GenerationRate,
      Measure::GenerationGrowthClasses},
-    {"generate properties", MeasureGenerating, OneTable, 2000, Measure::GenerationRateWideClass,
+    {"generate properties", MeasureGenerating, OneTable, 200, 2000, Measure::GenerationRateWideClass,
      Measure::GenerationGrowthProperties},
-    {"read", MeasureReading, MakeSchema, 1000, Measure::ProjectReadRate, Measure::ProjectReadGrowth},
-    {"write", MeasureWriting, MakeSchema, 1000, Measure::ProjectWriteRate, Measure::ProjectWriteGrowth},
+    {"read", MeasureReading, MakeSchema, 1000, 5000, Measure::ProjectReadRate, Measure::ProjectReadGrowth},
+    {"write", MeasureWriting, MakeSchema, 1000, 5000, Measure::ProjectWriteRate, Measure::ProjectWriteGrowth},
 });
 
 // What the repetitions of one benchmark took.
@@ -204,15 +206,17 @@ void Register(const Part& part, std::size_t size, const PartOptions& options)
 
 void MeasureParts(const PartOptions& options, Figures& figures)
 {
-    const std::size_t divisor = options.Small ? kTenth : 1;
+    const std::size_t divisor = options.Small ? kTrialDivisor : 1;
     for (const Part& part : kParts)
-        for (const std::size_t size : {part.Size / divisor / kTenth, part.Size / divisor})
+        for (const std::size_t size : {part.Small / divisor, part.Large / divisor})
             Register(part, size, options);
     Collector collector;
-    benchmark::RunSpecifiedBenchmarks(&collector);
+    benchmark::RunSpecifiedBenchmarks(&collector, options.Names);
     for (const Part& part : kParts) {
-        const std::size_t large = part.Size / divisor;
-        const std::size_t small = large / kTenth;
+        const std::size_t small = part.Small / divisor;
+        const std::size_t large = part.Large / divisor;
+        if (!collector.ByName.contains(NameOf(part, large)) || !collector.ByName.contains(NameOf(part, small)))
+            continue;
         const Repetitions& atLarge = collector.ByName.at(NameOf(part, large));
         const Repetitions& atSmall = collector.ByName.at(NameOf(part, small));
         figures[part.Rate] = Median(atLarge.Rates) / kMillion;

@@ -2,6 +2,8 @@
 
 #include "report.h"
 
+#include <string>
+
 namespace veldrane::bench {
 
 // How long each part is measured, and how often.
@@ -9,7 +11,8 @@ struct PartOptions
 {
     double SecondsEach = 1;
     int Repetitions = 5;
-    bool Small = false; // a tenth of the sizes that the bounds name
+    bool Small = false;      // a tenth of the sizes that the bounds name
+    std::string Names = "."; // a regular expression that chooses among the parts
 };
 
 // Measures the parts of the program in memory, by processor time: generating, reading and writing project files, each

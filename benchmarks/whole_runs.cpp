@@ -70,8 +70,7 @@ class Measurement
         result_.CatalogSeconds = Median(floor.First);
         result_.WriteSeconds = Median(floor.Second);
         result_.FloorSeconds = Median(floor.Both);
-        for (const fs::path& path : {sql_, database_, pack_, project_, generated_, copied_, log_})
-            fs::remove_all(path);
+        RemoveAll();
         return result_;
     }
 
@@ -84,21 +83,31 @@ class Measurement
         RunProcess({"sqlite3", database_}, {.Input = sql_, .Output = log_});
     }
 
-    // What stands from the run before is removed, and everything written so far is on the disk, so that a run's own
-    // sync has its own files to sync alone.
-    static void Empty(const fs::path& folder)
+    void RemoveAll() const
     {
-        fs::remove_all(folder);
-        fs::create_directory(folder);
+        std::vector<fs::path> left;
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder_))
+            left.push_back(entry.path());
+        for (const fs::path& path : left)
+            fs::remove_all(path);
+    }
+
+    // A new folder each time: a file system avoids what was removed just now, and looks for its files' places long.
+    // Everything written so far is on the disk, so that a run's own sync has its own files to sync alone.
+    [[nodiscard]] fs::path NewFolder(const std::string& name)
+    {
+        const fs::path made = folder_ / (name + std::to_string(++folders_));
+        fs::create_directory(made);
         sync();
+        return made;
     }
 
     double Time(const std::vector<std::string>& command) const { return RunProcess(command, {.Output = log_}).Seconds; }
 
     std::pair<double, double> RunProgram()
     {
-        fs::remove(project_);
-        Empty(generated_);
+        generated_ = NewFolder("generated");
+        project_ = generated_.string() + ".kzm";
         const ProcessCost define = RunProcess({programs_.Veldrane, "define", project_, "--connection",
                                                "PROVIDER=MSDASQL;Driver=SQLite3;Database=" + database_.string() + ";",
                                                "--all", "--collections"},
@@ -109,9 +118,9 @@ class Measurement
         return {define.Seconds, generate.Seconds};
     }
 
-    std::pair<double, double> RunFloor() const
+    std::pair<double, double> RunFloor()
     {
-        Empty(copied_);
+        copied_ = NewFolder("copied");
         const double catalog =
             Time({programs_.FloorProbe, "catalog", "Driver=SQLite3;Database=" + database_.string() + ";"});
         const double write = Time({programs_.FloorProbe, "write", pack_, copied_});
@@ -149,11 +158,12 @@ class Measurement
     const fs::path& folder_;
     const fs::path sql_ = folder_ / "schema.sql";
     const fs::path database_ = folder_ / "schema.db";
-    const fs::path project_ = folder_ / "Bench.kzm";
-    const fs::path generated_ = folder_ / "generated";
     const fs::path pack_ = folder_ / "pack";
-    const fs::path copied_ = folder_ / "copied";
     const fs::path log_ = folder_ / "log";
+    int folders_ = 0;
+    fs::path project_; // of the latest run, as the folders are
+    fs::path generated_;
+    fs::path copied_;
     WholeRun result_;
 };
 

@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <limits>
+#include <malloc.h>
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -206,6 +208,10 @@ void Register(const Part& part, std::size_t size, const PartOptions& options)
 
 void MeasureParts(const PartOptions& options, Figures& figures)
 {
+    // Memory that was given back is used again, whatever its size. Left to itself, the library keeps blocks up to some
+    // size and asks the system anew for larger ones, whose cost looks like growth of the part that is measured.
+    mallopt(M_MMAP_MAX, 0);
+    mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
     const std::size_t divisor = options.Small ? kTrialDivisor : 1;
     for (const Part& part : kParts)
         for (const std::size_t size : {part.Small / divisor, part.Large / divisor})

@@ -96,7 +96,7 @@ class Measurement
     // Everything written so far is on the disk, so that a run's own sync has its own files to sync alone.
     [[nodiscard]] fs::path NewFolder(const std::string& name)
     {
-        const fs::path made = folder_ / (name + std::to_string(++folders_));
+        fs::path made = folder_ / (name + std::to_string(++folders_));
         fs::create_directory(made);
         sync();
         return made;

@@ -1,6 +1,6 @@
 #include "shell/empty_folder.h"
 
-#include "generator/file_names.h"
+#include "generator/target_files.h"
 #include "shell/platform/paths.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ std::vector<std::string> PlainFilesIn(const FileSystem& files, const std::string
 {
     std::vector<std::string> names = files.List(folder);
     std::erase_if(names, [&](const std::string& name) {
-        const std::string path = folder + "/" + name;
+        const std::string path = PathIn(folder, name);
         return files.Kind(path) != FileKind::File || files.IsLink(path);
     });
     return names;
@@ -50,7 +50,7 @@ std::optional<std::string> ReasonAgainstEmptying(const FileSystem& files, const 
 void EmptyFolder(FileSystem& files, ErrorReport& report, const std::string& folder)
 {
     for (const std::string& name : PlainFilesIn(files, folder))
-        Guarded(report, "frmGenCode", "EmptyFolder", [&] { files.Remove(folder + "/" + name); });
+        Guarded(report, "frmGenCode", "EmptyFolder", [&] { files.Remove(PathIn(folder, name)); });
 }
 
 } // namespace veldrane

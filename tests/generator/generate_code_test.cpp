@@ -360,16 +360,23 @@ TEST_F(GenerateCode, StaysLinearInClassesAndProperties)
     project.TrackPropertyChanges = true;
     for (int i = 0; i < kClasses; ++i)
         AddMethod(AddClass("Class" + std::to_string(i), "Class" + std::to_string(i / 2)), "Clear", true);
-    KZMClass& huge = AddClass("Huge");
+    KZMClass& huge = AddClass("Huge", "Class0");
+    huge.CreateCollection = true;
     AddMethod(huge, "Clone", true);
     std::vector<std::string> columns;
     for (int i = 0; i < kProperties; ++i)
         AddProperty(huge, columns.emplace_back("Column" + std::to_string(i)), "Long");
     AddKey(huge, key_type::kPrimaryKey, columns);
+    for (const std::string& column : columns) {
+        Columns foreignKey;
+        foreignKey.Add(column, "Long", "", column);
+        huge.TTCRelationships.Add(column, "Class0", std::move(foreignKey), column);
+    }
     huge.RetrieveByPrimaryKey = true;
     Run();
     EXPECT_EQ(recorder.Events.back(), "complete: ");
-    EXPECT_EQ(Names().size(), kClasses + 7U);
+    EXPECT_EQ(Names().size(), kClasses + 8U);
+    EXPECT_TRUE(files.Files.at("/out/Huges.cls").find("Public Function Add(Optional sKey as String) as Huge\r\n") != std::string::npos);
 }
 
 } // namespace

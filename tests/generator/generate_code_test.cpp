@@ -210,6 +210,15 @@ TEST_F(GenerateCode, AsksAboutEachFileThatExistsAndDoesAsIsAnswered)
     EXPECT_NE(files.Files.at("/out/TestShop.vbg"), "mine");
 }
 
+TEST_F(GenerateCode, CancelledSaysNothingElse)
+{
+    AddClass("Auto");
+    conflicts.Answers = {ConflictAnswer::Cancel};
+    Run(overwrite_mode::kPrompt);
+    EXPECT_EQ(recorder.Events.back(), "aborted: User Cancelled Operation");
+    EXPECT_FALSE(generation.FilesShareNames);
+}
+
 TEST_F(GenerateCode, CancelledKeepsTheFilesWrittenSoFar)
 {
     AddClass("Order");

@@ -271,21 +271,43 @@ std::optional<ConnectionString> Parsed(const std::string& text)
     }
 }
 
-// A password that stands nowhere else in the string is not in the text of a refusal.
-void CheckKeepsSecret(const DataSourceError& error, const std::string& text, const ConnectionString& given)
+constexpr LogonRules RulesOf(StringOrigin origin)
 {
-    Require(error.Number == data_source_error::kFailed, "a connection string is refused as a failure");
-    for (const ConnectionEntry& entry : given.Entries())
-        if (Lower(entry.Key) == "pwd" && entry.Value.size() >= 8 && text.find(entry.Value) == text.rfind(entry.Value))
-            Require(error.Description().find(entry.Value) == std::string::npos, "a refusal keeps the password");
+    return {.Origin = origin, .ConnectTimeout = std::chrono::seconds(7)};
+}
+
+std::string RefusalOf(const std::string& text, StringOrigin origin)
+{
+    try {
+        static_cast<void>(BuildOdbcLogon(ConnectionString(text), Machine(), RulesOf(origin)));
+    } catch (const DataSourceError& error) {
+        return error.Description();
+    }
+    return "";
+}
+
+// A refusal that shows a password shows it with any other password too: the words were its own.
+void CheckKeepsSecret(const std::string& refusal, const std::string& text, const ConnectionString& given,
+                      StringOrigin origin)
+{
+    for (const ConnectionEntry& entry : given.Entries()) {
+        const std::size_t at = text.find(entry.Value);
+        if (Lower(entry.Key) != "pwd" || entry.Value.size() < 8 || at == std::string::npos ||
+            at != text.rfind(entry.Value) || refusal.find(entry.Value) == std::string::npos)
+            continue;
+        std::string other = text;
+        other.replace(at, entry.Value.size(), entry.Value.size(), 'Z');
+        Require(RefusalOf(other, origin) == refusal, "a refusal keeps the password");
+    }
 }
 
 std::optional<OdbcLogon> Built(const std::string& text, const ConnectionString& given, StringOrigin origin)
 {
     try {
-        return BuildOdbcLogon(given, Machine(), {.Origin = origin, .ConnectTimeout = std::chrono::seconds(7)});
+        return BuildOdbcLogon(given, Machine(), RulesOf(origin));
     } catch (const DataSourceError& error) {
-        CheckKeepsSecret(error, text, given);
+        Require(error.Number == data_source_error::kFailed, "a connection string is refused as a failure");
+        CheckKeepsSecret(error.Description(), text, given, origin);
         return std::nullopt;
     }
 }

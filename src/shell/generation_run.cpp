@@ -2,6 +2,7 @@
 
 #include "generator/code_generation.h"
 #include "generator/compile_step.h"
+#include "shell/platform/paths.h"
 
 #include <array>
 #include <filesystem>
@@ -125,7 +126,10 @@ RunEnd EndOfAbortedRun(const std::string& message)
 
 std::string AbsoluteFolder(const std::string& folder)
 {
-    return std::filesystem::absolute(folder).lexically_normal().string();
+    const std::string path = std::filesystem::absolute(folder).string();
+    const std::string readable = std::filesystem::path(path).lexically_normal().string();
+    // ".." behind a symbolic link leads out of the link's target, which the text of the path can't tell.
+    return IsSameFolder(readable, path) ? readable : path;
 }
 
 int RunGeneration(const Application& application, const TTCProject& project, KZMClasses& classes,

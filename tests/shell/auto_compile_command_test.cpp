@@ -78,6 +78,16 @@ TEST_F(AutoCompile, TakesAFolderWithASlashAtItsEnd)
     EXPECT_TRUE(fs::exists(Workspace.Path("out/Shop.vbp")));
 }
 
+TEST_F(AutoCompile, WritesWhereTheSystemFindsAFolderBehindALink)
+{
+    fs::create_directories(Workspace.Path("far/away"));
+    fs::create_directory_symlink(Workspace.Path("far/away"), Workspace.Path("out/door"));
+    Workspace.WriteFile("out/Shop.vbp", "mine");
+    EXPECT_EQ(Workspace.Run({"/C", "/DELETE", Project, Workspace.Path("out/door/..")}).ExitCode, 0);
+    EXPECT_EQ(Workspace.ReadFile("out/Shop.vbp"), "mine");
+    EXPECT_TRUE(fs::exists(Workspace.Path("far/Shop.vbp")));
+}
+
 TEST_F(AutoCompile, NeedsAFolderFromSomewhere)
 {
     const Ended ended = Workspace.Run({"/C", Project});

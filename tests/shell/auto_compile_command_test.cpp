@@ -177,6 +177,19 @@ TEST_F(AutoCompile, IsWrongUsageWithoutAProjectOrWithTooManyWords)
     }
 }
 
+TEST_F(AutoCompile, TakesNoOtherFolderForAWordThatIsEmpty)
+{
+    SetOutputPath(Out);
+    const std::vector<std::vector<std::string>> lines{
+        {"/C", "/DELETE", Project, ""}, {"/C", "", Project}, {"", "/C", Project}};
+    for (const std::vector<std::string>& words : lines) {
+        const Ended ended = Workspace.Run(words);
+        EXPECT_EQ(ended.ExitCode, 2);
+        EXPECT_THAT(ended.ErrorOutput, StartsWith("veldrane: one of the words is empty.\nUsage: "));
+    }
+    EXPECT_THAT(In("out"), IsEmpty());
+}
+
 TEST_F(AutoCompile, DeletesThePlainFilesOfAFolderItGeneratedInto)
 {
     EXPECT_EQ(Workspace.Run({"/C", Project, Out}).ExitCode, 0);

@@ -25,16 +25,13 @@ std::optional<std::string> ReasonAgainstDelete(const Application& application, P
     return ReasonAgainstEmptying(application.Files, project);
 }
 
-// Whether the run may go on.
-bool DeleteFiles(const Application& application, ProjectSession& session, const FolderOfProject& project)
+bool MayDelete(const Application& application, ProjectSession& session, const FolderOfProject& project)
 {
-    if (const auto reason = ReasonAgainstDelete(application, session, project)) {
+    const auto reason = ReasonAgainstDelete(application, session, project);
+    if (reason)
         application.Asking.Tell("/DELETE is refused", *reason + " Nothing was removed, and nothing was generated.",
                                 MessageIcon::Critical);
-        return false;
-    }
-    EmptyFolder(application.Files, application.Errors, project.Folder);
-    return true;
+    return !reason;
 }
 
 int RunOpened(const Application& application, ProjectSession& session, const StartCommand& command)
@@ -45,16 +42,20 @@ int RunOpened(const Application& application, ProjectSession& session, const Sta
                                 "No folder was given, and the project has no OutputPath.", MessageIcon::Critical);
         return exit_code::kWrongUsage;
     }
-    const std::string target = AbsoluteFolder(folder);
-    if (application.State.DeleteAfterCompile &&
-        !DeleteFiles(application, session,
-                     {.Folder = target, .ProjectFile = command.File, .VBProjectName = session.Project().VBProjectName}))
-        return exit_code::kFailed;
+    const FolderOfProject target{.Folder = AbsoluteFolder(folder),
+                                 .ProjectFile = command.File,
+                                 .VBProjectName = session.Project().VBProjectName};
+    bool whole = !session.LostClasses();
+    if (application.State.DeleteAfterCompile) {
+        if (!MayDelete(application, session, target))
+            return exit_code::kFailed;
+        whole = EmptyFolder(application.Files, application.Errors, target);
+    }
     const int exitCode = RunGeneration(application, session.Project(), session.Classes(),
-                                       {.TargetFolder = target,
+                                       {.TargetFolder = target.Folder,
                                         .OverwriteMode = overwrite_mode::kBackupAndOverwrite,
                                         .Compile = WantsCompile(application.UserSettings)});
-    return session.LostClasses() ? exit_code::kFailed : exitCode;
+    return whole ? exitCode : exit_code::kFailed;
 }
 
 } // namespace

@@ -1,10 +1,12 @@
 #include "program.h"
 
+#include "support/child_process.h"
 #include "text/strings.h"
 
 #include <gmock/gmock.h>
 
 #include <cstdlib>
+#include <unistd.h>
 
 namespace veldrane {
 namespace {
@@ -220,6 +222,39 @@ TEST_F(AutoCompile, DeletesNothingAmongSomebodyElsesFiles)
     SetOutputPath(Out);
     EXPECT_EQ(Workspace.Run({"/C", "/DELETE", Project}).ExitCode, 1);
     EXPECT_THAT(In("out"), UnorderedElementsAre("diary.txt"));
+}
+
+TEST_F(AutoCompile, DeletesNothingInAFolderThatCanNotBeListed)
+{
+    EXPECT_EQ(Workspace.Run({"/C", Project, Out}).ExitCode, 0);
+    fs::permissions(Workspace.Path(""), fs::perms::all);
+    fs::permissions(Out, fs::perms::others_write | fs::perms::others_exec);
+    const std::string refusal = "/DELETE is refused: " + Out + ": Permission denied. Nothing was removed";
+    const auto isRefused = [&] {
+        const Ended ended = Workspace.Run({"/C", "/DELETE", Project, Out});
+        return ended.ExitCode == 1 && ended.ErrorOutput.starts_with(refusal) ? 0 : 1;
+    };
+    EXPECT_EQ(testing::ExitCodeUnprivileged(isRefused), 0);
+    fs::permissions(Out, fs::perms::owner_all);
+    EXPECT_TRUE(fs::exists(Workspace.Path("out/Auto.cls")));
+}
+
+TEST_F(AutoCompile, FailsWhereAFileCouldNotBeRemoved)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only the superuser can make files of two users";
+    constexpr uid_t kNobody = 65534;
+    fs::permissions(Workspace.Path(""), fs::perms::all);
+    fs::permissions(Out, fs::perms::all | fs::perms::sticky_bit); // everybody removes their own files alone
+    Workspace.WriteFile("out/Shop.vbp", "of an earlier run");
+    ASSERT_EQ(chown(Workspace.Path("out/Shop.vbp").c_str(), kNobody, kNobody), 0);
+    Workspace.WriteFile("out/OldClass.cls", "of somebody else");
+    EXPECT_EQ(testing::ExitCodeUnprivileged([&] {
+                  return Workspace.Run({"/C", "/DELETE", Project, Out}).ExitCode;
+              }),
+              1);
+    EXPECT_TRUE(fs::exists(Workspace.Path("out/OldClass.cls")));
+    EXPECT_TRUE(fs::exists(Workspace.Path("out/Customer.cls")));
 }
 
 TEST_F(AutoCompile, DeletesNothingBesideTheProjectFile)

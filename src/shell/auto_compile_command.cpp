@@ -3,6 +3,7 @@
 #include "shell/empty_folder.h"
 #include "shell/generation_run.h"
 #include "shell/option_text.h"
+#include "shell/platform/paths.h"
 #include "shell/project_session.h"
 
 namespace veldrane {
@@ -42,9 +43,8 @@ int RunOpened(const Application& application, ProjectSession& session, const Sta
                                 "No folder was given, and the project has no OutputPath.", MessageIcon::Critical);
         return exit_code::kWrongUsage;
     }
-    const FolderOfProject target{.Folder = AbsoluteFolder(folder),
-                                 .ProjectFile = command.File,
-                                 .VBProjectName = session.Project().VBProjectName};
+    const FolderOfProject target{
+        .Folder = PathFromRoot(folder), .ProjectFile = command.File, .VBProjectName = session.Project().VBProjectName};
     bool whole = !session.LostClasses();
     if (application.State.DeleteAfterCompile) {
         if (!MayDelete(application, session, target))

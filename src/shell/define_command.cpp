@@ -6,6 +6,7 @@
 #include "projectfile/project_settings.h"
 #include "shell/commands.h"
 #include "shell/platform/console_text.h"
+#include "shell/platform/paths.h"
 #include "shell/project_connection.h"
 #include "shell/project_session.h"
 #include "text/case_folding.h"
@@ -22,8 +23,7 @@ class DefineRun
 {
   public:
     DefineRun(const Application& application, const DefineCommand& command)
-        : application_(application), command_(command),
-          path_(std::filesystem::absolute(command.File).lexically_normal().string()), session_(application)
+        : application_(application), command_(command), path_(PathFromRoot(command.File)), session_(application)
     {}
 
     int Run()

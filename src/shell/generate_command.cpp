@@ -1,5 +1,6 @@
 #include "shell/commands.h"
 #include "shell/generation_run.h"
+#include "shell/platform/paths.h"
 #include "shell/project_session.h"
 
 #include <array>
@@ -30,7 +31,7 @@ int RunGenerate(const Application& application, const GenerateCommand& command)
     if (!session.Open(command.File, DataSourceOnOpen::Connect))
         return exit_code::kFailed;
     const int exitCode = RunGeneration(application, session.Project(), session.Classes(),
-                                       {.TargetFolder = AbsoluteFolder(command.Folder),
+                                       {.TargetFolder = PathFromRoot(command.Folder),
                                         .OverwriteMode = ModeOf(command.Existing),
                                         .Compile = command.Compile});
     return session.LostClasses() ? exit_code::kFailed : exitCode;

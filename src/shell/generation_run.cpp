@@ -2,10 +2,8 @@
 
 #include "generator/code_generation.h"
 #include "generator/compile_step.h"
-#include "shell/platform/paths.h"
 
 #include <array>
-#include <filesystem>
 
 namespace veldrane {
 namespace {
@@ -122,14 +120,6 @@ RunEnd EndOfAbortedRun(const std::string& message)
     return {.Instructions = "Code Generation Incomplete...",
             .Heading = "The operation completed with the following warnings:",
             .Text = message.empty() ? "The operation did not complete successfully." : message};
-}
-
-std::string AbsoluteFolder(const std::string& folder)
-{
-    const std::string path = std::filesystem::absolute(folder).string();
-    const std::string readable = std::filesystem::path(path).lexically_normal().string();
-    // ".." behind a symbolic link leads out of the link's target, which the text of the path can't tell.
-    return IsSameFolder(readable, path) ? readable : path;
 }
 
 int RunGeneration(const Application& application, const TTCProject& project, KZMClasses& classes,

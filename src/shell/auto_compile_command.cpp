@@ -2,9 +2,9 @@
 #include "shell/commands.h"
 #include "shell/empty_folder.h"
 #include "shell/generation_run.h"
+#include "shell/open_project_file.h"
 #include "shell/option_text.h"
 #include "shell/platform/paths.h"
-#include "shell/project_session.h"
 
 namespace veldrane {
 namespace {
@@ -71,7 +71,7 @@ int RunAutoCompile(const Application& application, const StartCommand& command)
         return exit_code::kWrongUsage;
     }
     ProjectSession session(application);
-    if (!session.Open(command.File, DataSourceOnOpen::Connect))
+    if (!OpenProjectFile(application, session, command.File, DataSourceOnOpen::Connect))
         return exit_code::kFailed;
     return RunOpened(application, session, command);
 }

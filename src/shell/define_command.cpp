@@ -5,10 +5,10 @@
 #include "model/xml_assist.h"
 #include "projectfile/project_settings.h"
 #include "shell/commands.h"
+#include "shell/open_project_file.h"
 #include "shell/platform/console_text.h"
 #include "shell/platform/paths.h"
 #include "shell/project_connection.h"
-#include "shell/project_session.h"
 #include "text/case_folding.h"
 
 #include <filesystem>
@@ -62,8 +62,8 @@ class DefineRun
     // A file is extended only if it was read whole: nobody is there to see what saving would drop.
     bool OpenProject()
     {
-        if (!session_.Open(path_,
-                           command_.Connection.empty() ? DataSourceOnOpen::Connect : DataSourceOnOpen::LeaveClosed))
+        const auto dataSource = command_.Connection.empty() ? DataSourceOnOpen::Connect : DataSourceOnOpen::LeaveClosed;
+        if (!OpenProjectFile(application_, session_, path_, dataSource))
             return false;
         if (session_.LostClasses())
             Refuse(path_ + " stays as it is: not all of its classes can be read, and saving would drop the others.");

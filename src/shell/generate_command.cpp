@@ -1,7 +1,7 @@
 #include "shell/commands.h"
 #include "shell/generation_run.h"
+#include "shell/open_project_file.h"
 #include "shell/platform/paths.h"
-#include "shell/project_session.h"
 
 #include <array>
 #include <utility>
@@ -28,7 +28,7 @@ std::int32_t ModeOf(Overwrite existing)
 int RunGenerate(const Application& application, const GenerateCommand& command)
 {
     ProjectSession session(application);
-    if (!session.Open(command.File, DataSourceOnOpen::Connect))
+    if (!OpenProjectFile(application, session, command.File, DataSourceOnOpen::Connect))
         return exit_code::kFailed;
     const int exitCode = RunGeneration(application, session.Project(), session.Classes(),
                                        {.TargetFolder = PathFromRoot(command.Folder),

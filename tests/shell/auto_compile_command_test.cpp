@@ -158,7 +158,10 @@ TEST_F(AutoCompile, FailsOnAProjectThatCanNotBeOpened)
     Workspace.WriteFile("text.kzm", "Dear diary\r\n");
     const Ended ended = Workspace.Run({"/C", Workspace.Path("text.kzm"), Out});
     EXPECT_EQ(ended.ExitCode, 1);
-    EXPECT_THAT(ended.ErrorOutput, HasSubstr("This file is not a Veldrane Professional 2000 Data File."));
+    EXPECT_EQ(
+        ended.ErrorOutput,
+        "Invalid File: This file is not a Veldrane Professional 2000 Data File. Unable to open file.\nveldrane: " +
+            Workspace.Path("text.kzm") + " was not opened, and nothing was written.\n");
     EXPECT_THAT(In("out"), IsEmpty());
 }
 

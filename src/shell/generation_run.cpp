@@ -2,6 +2,7 @@
 
 #include "generator/code_generation.h"
 #include "generator/compile_step.h"
+#include "shell/platform/paths.h"
 
 #include <array>
 
@@ -125,6 +126,10 @@ RunEnd EndOfAbortedRun(const std::string& message)
 int RunGeneration(const Application& application, const TTCProject& project, KZMClasses& classes,
                   const GenerationTarget& target)
 {
+    // The compiler writes its log there and makes no folder.
+    const GenerationSettings& settings = application.State.Generation;
+    if (target.Compile && !settings.VisualBasicCommand.empty())
+        Guarded(application.Errors, "frmGenCode", "RunGeneration", [&] { MakeFolder(settings.ApplicationFolder); });
     return GenerationRun(application, project).Run(classes, target);
 }
 

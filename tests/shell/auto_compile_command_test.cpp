@@ -144,6 +144,15 @@ TEST_F(AutoCompile, CompilesUnlessTheSettingsSayOtherwise)
     EXPECT_THAT(Workspace.Run({"/C", Project, Out}).ErrorOutput, Not(HasSubstr(note)));
 }
 
+TEST_F(AutoCompile, MakesTheFolderThatTheCompilerWritesItsLogInto)
+{
+    EXPECT_EQ(Workspace.Run({"/C", Project, Out}).ExitCode, 0);
+    EXPECT_FALSE(fs::exists(Workspace.Path("state"))) << "without a compiler there is no log";
+    Workspace.WriteFile("settings.ini", "[Platform]\nVisualBasicCommand=/nowhere/VB6.EXE\n");
+    EXPECT_EQ(Workspace.Run({"/C", Project, Out}).ExitCode, 0);
+    EXPECT_TRUE(fs::is_directory(Workspace.Path("state/veldrane")));
+}
+
 TEST_F(AutoCompile, GivesRoutinesTimingLinesWhenAskedTo)
 {
     EXPECT_EQ(Workspace.Run({"/C", Project, Out}).ExitCode, 0);

@@ -136,6 +136,22 @@ TEST_F(KilledRun, ThatDeletesFirstCanAlwaysBeMadeAgain)
     });
 }
 
+TEST_F(KilledRun, OfDefineLeavesTheOldOrTheNewProjectWhole)
+{
+    const std::string project = Out + "/Shop.kzm";
+    const std::vector<std::string> words{"define", project, "--table", "Orders"};
+    const Contents before{{"Shop.kzm", Workspace.ReadFile("Shop.kzm")}};
+    Reset(before);
+    EXPECT_EQ(RunKilledAt(0, words), 0);
+    const Contents after = Read();
+    KillEverywhere(before, words, [&](const Contents& left, int call) {
+        const std::string& now = left.at("Shop.kzm");
+        EXPECT_TRUE(now == before.at("Shop.kzm") || now == after.at("Shop.kzm")) << "killed at call " << call;
+        for (const auto& [name, bytes] : left)
+            EXPECT_TRUE(name == "Shop.kzm" || bytes == after.at(name)) << name << ", killed at call " << call;
+    });
+}
+
 TEST_F(KilledRun, IsFollowedByOneThatLeavesNothingOfItBehind)
 {
     Reset({});

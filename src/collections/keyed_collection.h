@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -60,9 +61,8 @@ class KeyedCollection
 
     [[nodiscard]] ItemPointer Item(std::string_view key) const
     {
-        const auto found = keys_.find(text::Fold(key));
-        if (found != keys_.end())
-            return found->second;
+        if (const ItemPointer* found = Find(text::Fold(key)))
+            return *found;
         if constexpr (Rules.Item == OnMissing::Raises)
             throw NoSuchKey(key);
         return nullptr;
@@ -78,18 +78,16 @@ class KeyedCollection
     }
 
     // Whether an item stands under the key. Never raises.
-    [[nodiscard]] bool Contains(std::string_view key) const { return keys_.contains(text::Fold(key)); }
+    [[nodiscard]] bool Contains(std::string_view key) const { return Find(text::Fold(key)) != nullptr; }
 
     [[nodiscard]] std::size_t Count() const { return entries_.size(); }
 
     void Remove(std::string_view key)
     {
         const std::string folded = text::Fold(key);
-        const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
-            return !folded.empty() && entry.FoldedKey == folded;
-        });
+        const auto found = EntryOf(folded);
         if (found != entries_.end())
-            Erase(found);
+            Erase(entries_.begin() + (found - entries_.begin()));
         else if constexpr (Rules.Remove == OnMissing::Raises)
             throw NoSuchKey(key);
     }
@@ -115,7 +113,7 @@ class KeyedCollection
     void Clear() requires(Rules.Extra == Extras::AddExistingAndClear || Rules.Extra == Extras::Clear)
     {
         entries_.clear();
-        keys_.clear();
+        index_.reset();
     }
 
     // The key given to the latest successful addition under a key that was not empty.
@@ -172,13 +170,15 @@ class KeyedCollection
     ItemPointer Insert(ItemPointer item, std::string_view key)
     {
         std::string folded = text::Fold(key);
-        if (!folded.empty() && !keys_.try_emplace(folded, item).second)
+        if (Find(folded) != nullptr)
             throw RuntimeError(error_number::kDuplicateKey, "Collection",
                                "This key is already associated with an element of this collection: '" +
                                    std::string(key) + "'");
         entries_.push_back({item, std::move(folded)});
-        if (!key.empty())
-            lastKey_ = key;
+        AddToIndex(entries_.back());
+        if constexpr (kKnowsLastIndex)
+            if (!key.empty())
+                lastKey_ = key;
         return item;
     }
 
@@ -195,16 +195,61 @@ class KeyedCollection
                 "There is no element at position " + std::to_string(position) + " in this collection."};
     }
 
-    void Erase(typename std::vector<Entry>::iterator entry)
+    using Entries = std::vector<Entry>;
+    using Index = std::unordered_map<std::string, ItemPointer>; // by folded key
+
+    // Most collections hold a few dozen items at most: to walk over them takes no longer than to look into an index,
+    // and the index would take more memory than their entries. It is made when a collection outgrows this.
+    static constexpr std::size_t kMostWithoutIndex = 64;
+
+    static constexpr bool kKnowsLastIndex = Rules.Extra == Extras::AddExistingAndLastIndex;
+
+    struct Nothing
+    {};
+
+    // An empty key is no key: nothing stands under it.
+    [[nodiscard]] typename Entries::const_iterator EntryOf(std::string_view folded) const
     {
-        if (!entry->FoldedKey.empty())
-            keys_.erase(entry->FoldedKey);
+        if (folded.empty())
+            return entries_.end();
+        return std::find_if(entries_.begin(), entries_.end(),
+                            [&](const Entry& entry) { return entry.FoldedKey == folded; });
+    }
+
+    [[nodiscard]] const ItemPointer* Find(const std::string& folded) const
+    {
+        if (index_ == nullptr) {
+            const auto entry = EntryOf(folded);
+            return entry == entries_.end() ? nullptr : &entry->Item;
+        }
+        const auto found = index_->find(folded);
+        return found == index_->end() ? nullptr : &found->second;
+    }
+
+    void AddToIndex(const Entry& added)
+    {
+        if (index_ == nullptr && entries_.size() <= kMostWithoutIndex)
+            return;
+        const auto add = [this](const Entry& entry) {
+            if (!entry.FoldedKey.empty())
+                index_->emplace(entry.FoldedKey, entry.Item);
+        };
+        if (index_ != nullptr)
+            return add(added);
+        index_ = std::make_unique<Index>();
+        std::for_each(entries_.begin(), entries_.end(), add);
+    }
+
+    void Erase(typename Entries::iterator entry)
+    {
+        if (index_ != nullptr)
+            index_->erase(entry->FoldedKey);
         entries_.erase(entry);
     }
 
-    std::vector<Entry> entries_;
-    std::unordered_map<std::string, ItemPointer> keys_;
-    std::string lastKey_;
+    Entries entries_;
+    std::unique_ptr<Index> index_; // nothing while the entries are few
+    [[no_unique_address]] std::conditional_t<kKnowsLastIndex, std::string, Nothing> lastKey_;
 };
 
 } // namespace veldrane

@@ -58,9 +58,10 @@ constexpr ModuleSections kClassSections{WriteClassHeader, WriteClassDeclarations
 constexpr ModuleSections kCollectionSections{WriteCollectionHeader, WriteCollectionDeclarations, WriteCollectionProperties, WriteCollectionMethods};
 
 // A section as it stands in a file: its lines, and the empty line that ends every section.
-std::string SectionText(const TTCOutputs& lines)
+void AppendSection(std::string& text, const TTCOutputs& lines)
 {
-    return OutputsToText(lines) + "\r\n";
+    AppendOutputs(text, lines);
+    text += "\r\n";
 }
 
 // Moves the bar over the class files: every file has the same share of it, a collection file too.
@@ -119,18 +120,19 @@ class ProjectWriter
         const std::string fileName = NameOf(row.FileName, project_);
         if (!files_.MayWrite(fileName))
             return;
-        const std::string text = SectionText(row.Write(context_, context_.Classes));
+        std::string text;
+        AppendSection(text, row.Write(context_, context_.Classes));
         if (&row == &kProjectFiles.front())
-            WriteFirst(fileName, text);
+            WriteFirst(fileName, std::move(text));
         else
-            files_.Write(fileName, text);
+            files_.Write(fileName, std::move(text));
     }
 
     // Whether the folder can be written to shows at the first file.
-    void WriteFirst(const std::string& fileName, const std::string& text)
+    void WriteFirst(const std::string& fileName, std::string text)
     {
         try {
-            files_.Write(fileName, text);
+            files_.Write(fileName, std::move(text));
         } catch (const RuntimeError& error) {
             throw RunAborted("Unable to write to destination directory. " + error.Description());
         }
@@ -145,8 +147,8 @@ class ProjectWriter
         const ClassScope scope{context_, owner};
         std::string text;
         for (const auto& writeSection : sections)
-            text += SectionText(writeSection(scope));
-        files_.Write(fileName, text);
+            AppendSection(text, writeSection(scope));
+        files_.Write(fileName, std::move(text));
     }
 
     CodeGeneration& generation_;

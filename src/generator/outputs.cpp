@@ -72,14 +72,15 @@ std::string ConvertQuotes(std::string text)
 
 std::string OutputsToText(const TTCOutputs& lines)
 {
-    std::size_t size = 0;
-    for (const TTCOutput& line : lines)
-        size += line.LineText.size() + 2;
     std::string text;
-    text.reserve(size);
+    AppendOutputs(text, lines);
+    return text;
+}
+
+void AppendOutputs(std::string& text, const TTCOutputs& lines)
+{
     for (const TTCOutput& line : lines)
         text.append(line.LineText).append("\r\n");
-    return text;
 }
 
 } // namespace veldrane

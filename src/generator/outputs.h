@@ -65,6 +65,9 @@ class TTCOutputs
 // Every line's text, each followed by CR LF.
 [[nodiscard]] std::string OutputsToText(const TTCOutputs& lines);
 
+// The same at the end of a text.
+void AppendOutputs(std::string& text, const TTCOutputs& lines);
+
 // Adds one Visual Basic statement as several physical lines, because the language holds neither lines of any length
 // nor more than 16 pieces. A statement that is too long for that is answered with a message and adds nothing. Lengths
 // are counted in characters.

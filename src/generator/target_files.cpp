@@ -43,9 +43,9 @@ bool TargetFiles::MayWrite(const std::string& fileName)
     return answer != ConflictAnswer::Leave;
 }
 
-void TargetFiles::Write(const std::string& fileName, std::string_view text)
+void TargetFiles::Write(const std::string& fileName, std::string text)
 {
-    const text::CodePage::Encoded encoded = codePage_.Encode(text);
+    const text::CodePage::Encoded encoded = codePage_.EncodeInPlace(std::move(text));
     batch_->Add(PathIn(target_.TargetFolder, fileName), encoded.Bytes);
     written_.insert(fileName);
     if (encoded.Lossy && lossyFiles_++ == 0)

@@ -36,7 +36,7 @@ class TargetFiles
     [[nodiscard]] bool MayWrite(const std::string& fileName);
 
     // Adds the text to what is written, in the code page. Throws RuntimeError (75).
-    void Write(const std::string& fileName, std::string_view text);
+    void Write(const std::string& fileName, std::string text);
 
     // Puts in place what was added so far. Throws RuntimeError (75).
     void Commit();

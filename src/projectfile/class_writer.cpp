@@ -123,9 +123,19 @@ void WriteClass(std::string& text, const KZMClass& item)
 
 void WriteClassInfo(std::string& text, const KZMClasses& classes)
 {
+    // From the first classes on the text is given room for all of them: grown step by step, it would be held twice.
+    constexpr std::size_t kSample = 50;
+    constexpr std::size_t kRoomForLarger = 4;
+    const std::size_t start = text.size();
+    std::size_t written = 0;
     AppendLine(text, "Begin Classes");
-    for (const KZMClass& item : classes)
+    for (const KZMClass& item : classes) {
         WriteClass(text, item);
+        if (++written == kSample) {
+            const std::size_t expected = (text.size() - start) / kSample * classes.Count();
+            text.reserve(start + expected + expected / kRoomForLarger);
+        }
+    }
     AppendLine(text, "End Classes");
 }
 

@@ -95,7 +95,7 @@ std::string TTCFileManagement::ReadText(const std::string& fileName) const
 {
     if (files_.Kind(fileName) != FileKind::File)
         throw PathFailure(fileName + ": is not a file that a project can be read from");
-    return codePage_.Decode(files_.Read(fileName));
+    return codePage_.DecodeInPlace(files_.Read(fileName));
 }
 
 void TTCFileManagement::ReadProject(LineStream& stream, TTCProject& project, KZMClasses& classes)
@@ -117,7 +117,7 @@ void TTCFileManagement::ReadProject(LineStream& stream, TTCProject& project, KZM
 
 bool TTCFileManagement::SaveProject(TTCProject& project, const KZMClasses& classes)
 {
-    std::string text;
+    std::string losses;
     const bool saved = Guarded(report_, kModule, "SaveProject", [&] {
         if (project.FullPath.empty())
             throw PathFailure("The project has no file yet: there is no path to save it under.");
@@ -126,8 +126,9 @@ bool TTCFileManagement::SaveProject(TTCProject& project, const KZMClasses& class
         SetMinMaxProgress.Raise(1, 100, 1);
         SavingProject.Raise(1);
         SavingProject.Raise(10);
-        text = ProjectText(project, classes);
-        files_.Write(project.FullPath, codePage_.Encode(text).Bytes);
+        std::string text = ProjectText(project, classes);
+        losses = LossesIn(text);
+        files_.Write(project.FullPath, codePage_.EncodeInPlace(std::move(text)).Bytes);
         SavingProject.Raise(100);
         project.SetModified(false);
     });
@@ -136,7 +137,8 @@ bool TTCFileManagement::SaveProject(TTCProject& project, const KZMClasses& class
         return false;
     }
     ProjectSavedSuccessfully.Raise();
-    TellOfLosses(project.FullPath, text);
+    if (!losses.empty())
+        messages_.Tell("Save Project", project.FullPath + losses);
     return true;
 }
 
@@ -147,12 +149,12 @@ void TTCFileManagement::BackUp(const std::string& path)
         files_.Copy(path, text::ReplaceAll(path, ".kzm", ".bak"));
 }
 
-void TTCFileManagement::TellOfLosses(const std::string& path, std::string_view text)
+std::string TTCFileManagement::LossesIn(std::string_view text) const
 {
     if (codePage_.Holds(text))
-        return;
+        return {};
     constexpr int kMostLines = 10;
-    std::string told = path + " was saved, but code page " + std::to_string(codePage_.Number()) +
+    std::string told = " was saved, but code page " + std::to_string(codePage_.Number()) +
                        " lacks characters that were written as \"?\":";
     int lossy = 0;
     for (const std::string_view line : text::Split(text, kLineEnd))
@@ -160,7 +162,7 @@ void TTCFileManagement::TellOfLosses(const std::string& path, std::string_view t
             told.append(kLineEnd).append(Shown(line));
     if (lossy > kMostLines)
         told.append(kLineEnd).append("and " + std::to_string(lossy - kMostLines) + " more");
-    messages_.Tell("Save Project", told);
+    return told;
 }
 
 void TTCFileManagement::ReadProjectInfo(LineStream& stream, TTCProject& project)

@@ -49,7 +49,8 @@ class TTCFileManagement
     [[nodiscard]] std::string ReadText(const std::string& fileName) const;
     void ReadProject(LineStream& stream, TTCProject& project, KZMClasses& classes);
     void BackUp(const std::string& path);
-    void TellOfLosses(const std::string& path, std::string_view text);
+    // What is told once the text is saved: which lines hold characters without a place; "" if none does.
+    [[nodiscard]] std::string LossesIn(std::string_view text) const;
 
     FileSystem& files_;
     Messages& messages_;

@@ -10,10 +10,11 @@ namespace {
 // Cuts the next line that is not empty from the head of the text; empty if there is none.
 std::string_view TakeLine(std::string_view& text, std::string_view lineEnd)
 {
-    while (text.starts_with(lineEnd))
-        text.remove_prefix(lineEnd.size());
-    const std::string_view line = text.substr(0, text.find(lineEnd));
-    text.remove_prefix(line.size());
+    std::string_view line;
+    while (line.empty() && !text.empty()) {
+        line = text.substr(0, text.find(lineEnd));
+        text.remove_prefix(std::min(text.size(), line.size() + lineEnd.size()));
+    }
     return line;
 }
 

@@ -24,7 +24,7 @@ class LineCursor
     void Advance();
 
   private:
-    std::string_view rest_; // behind the current line
+    std::string_view rest_; // behind the current line and its end
     std::string_view lineEnd_;
     std::string_view line_;
     std::size_t count_ = 0;

@@ -46,14 +46,14 @@ struct ValueLine
     bool Record::*OnlyWith = nullptr; // written only while this flag is True as well
 };
 
-inline std::string TextOfValue(const std::string& value)
+inline const std::string& TextOfValue(const std::string& value)
 {
     return value;
 }
 
-inline std::string TextOfValue(bool value)
+inline std::string_view TextOfValue(bool value)
 {
-    return std::string(text::TextOf(value));
+    return text::TextOf(value);
 }
 
 inline std::string TextOfValue(std::int32_t value)
@@ -97,14 +97,14 @@ bool IsWritten(const Record& record, const ValueLine<Record>& line)
 }
 
 template <class Record>
-std::string MemberText(const Record& record, const ValueLine<Record>& line)
+void AppendMember(std::string& text, const Record& record, const ValueLine<Record>& line)
 {
-    return std::visit(
+    std::visit(
         [&](const auto& member) {
             if constexpr (std::is_member_object_pointer_v<std::decay_t<decltype(member)>>)
-                return TextOfValue(record.*member);
+                text += TextOfValue(record.*member);
             else
-                return (record.*member.Get)();
+                text += (record.*member.Get)();
         },
         line.Member);
 }
@@ -128,16 +128,22 @@ template <class Record, class Table>
 void AppendValueLines(std::string& text, const Record& record, const Table& table)
 {
     for (const ValueLine<Record>& line : table)
-        if (IsWritten(record, line))
-            AppendLine(text, line.Key, kSeparator, MemberText(record, line));
+        if (IsWritten(record, line)) {
+            text.append(line.Key).push_back(kSeparator);
+            AppendMember(text, record, line);
+            text += kLineEnd;
+        }
 }
 
 // The row of the key, compared letter by letter; a null pointer if there is none.
 template <class Table>
 const typename Table::value_type* FindValueLine(const Table& table, std::string_view key)
 {
+    if (key.empty())
+        return nullptr;
+    // Nearly all other keys are told apart by their length and last letter.
     for (const auto& line : table)
-        if (line.Key == key)
+        if (line.Key.size() == key.size() && line.Key.back() == key.back() && line.Key == key)
             return &line;
     return nullptr;
 }

@@ -233,7 +233,7 @@ char FoldByte(char c)
 
 bool IsAscii(std::string_view text)
 {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return AsciiPrefix(text) == text.size();
 }
 
 // The folded letter at `position`. A byte that belongs to no well-formed sequence gets a value that no letter has.
@@ -246,6 +246,27 @@ char32_t LetterAt(std::string_view text, std::size_t position)
     if (CharacterSize(text, position) == 1)
         return kBehindAllLetters + byte;
     return FoldCodePoint(CodePoint(text, position));
+}
+
+// FindAscii may look at each letter of the text once for each letter of what it finds.
+constexpr std::size_t kMostForAscii = 32;
+
+// FindFolded where nothing but ASCII is in play. From the byte that stands under the last letter it follows how far the
+// next match can begin (Horspool), so that most bytes are never looked at. `find` is not empty.
+std::size_t FindAscii(std::string_view text, std::string_view find)
+{
+    std::array<std::size_t, 0x80> shifts{};
+    shifts.fill(find.size());
+    for (std::size_t i = 0; i + 1 < find.size(); ++i)
+        shifts[static_cast<unsigned char>(FoldByte(find[i]))] = find.size() - 1 - i;
+    const auto equal = [](char a, char b) { return FoldByte(a) == FoldByte(b); };
+    for (std::size_t start = 0; start + find.size() <= text.size();) {
+        const std::string_view here = text.substr(start, find.size());
+        if (std::equal(here.begin(), here.end(), find.begin(), equal))
+            return start;
+        start += shifts[static_cast<unsigned char>(FoldByte(here.back()))];
+    }
+    return std::string_view::npos;
 }
 
 std::vector<char32_t> Letters(std::string_view text)
@@ -280,6 +301,29 @@ std::size_t Skip(std::string_view text, std::size_t position, std::size_t letter
     return position;
 }
 
+// FindFolded for texts of any letters.
+std::size_t FindLetters(std::string_view text, std::string_view find, std::size_t from)
+{
+    const std::vector<char32_t> pattern = Letters(find);
+    const std::vector<std::size_t> fallbacks = Fallbacks(pattern);
+    std::size_t start = from;
+    std::size_t matched = 0;
+    for (std::size_t position = from; matched < pattern.size(); position += CharacterSize(text, position)) {
+        if (position == text.size())
+            return std::string_view::npos;
+        const char32_t letter = LetterAt(text, position);
+        while (matched > 0 && pattern[matched] != letter) {
+            start = Skip(text, start, matched - fallbacks[matched - 1]);
+            matched = fallbacks[matched - 1];
+        }
+        if (pattern[matched] == letter)
+            ++matched;
+        else
+            start = Skip(text, start, 1);
+    }
+    return start;
+}
+
 } // namespace
 
 char32_t FoldCodePoint(char32_t codePoint)
@@ -296,9 +340,11 @@ char32_t FoldCodePoint(char32_t codePoint)
 
 std::string Fold(std::string_view text)
 {
-    std::string folded;
-    folded.reserve(text.size());
-    for (std::size_t i = 0; i < text.size();) {
+    std::string folded(text);
+    const std::size_t ascii = AsciiPrefix(text);
+    std::transform(folded.begin(), folded.begin() + static_cast<std::ptrdiff_t>(ascii), folded.begin(), FoldByte);
+    folded.resize(ascii);
+    for (std::size_t i = ascii; i < text.size();) {
         const std::size_t size = CharacterSize(text, i);
         const bool lone = size == 1;
         if (lone)
@@ -322,24 +368,19 @@ std::size_t FindFolded(std::string_view text, std::string_view find, std::size_t
 {
     if (from > text.size())
         return std::string_view::npos;
-    const std::vector<char32_t> pattern = Letters(find);
-    const std::vector<std::size_t> fallbacks = Fallbacks(pattern);
-    std::size_t start = from;
-    std::size_t matched = 0;
-    for (std::size_t position = from; matched < pattern.size(); position += CharacterSize(text, position)) {
-        if (position == text.size())
+    if (find.empty() || find.size() > kMostForAscii || !IsAscii(find))
+        return FindLetters(text, find, from);
+    // In pieces that grow, so that a search costs what it passes over and not what lies behind its end.
+    constexpr std::size_t kFirstPiece = 256;
+    for (std::size_t size = kFirstPiece + find.size(); IsAscii(text.substr(from, size)); size *= 2) {
+        const std::size_t found = FindAscii(text.substr(from, size), find);
+        if (found != std::string_view::npos)
+            return from + found;
+        if (text.size() - from <= size)
             return std::string_view::npos;
-        const char32_t letter = LetterAt(text, position);
-        while (matched > 0 && pattern[matched] != letter) {
-            start = Skip(text, start, matched - fallbacks[matched - 1]);
-            matched = fallbacks[matched - 1];
-        }
-        if (pattern[matched] == letter)
-            ++matched;
-        else
-            start = Skip(text, start, 1);
+        from += size - find.size() + 1;
     }
-    return start;
+    return FindLetters(text, find, from);
 }
 
 } // namespace veldrane::text

@@ -1,5 +1,8 @@
 #include "text/characters.h"
 
+#include <cstdint>
+#include <cstring>
+
 namespace veldrane::text {
 namespace {
 
@@ -42,6 +45,21 @@ std::size_t CharacterSize(std::string_view text, std::size_t position)
 {
     const std::size_t size = SequenceSize(text, position);
     return size == 0 ? 1 : size;
+}
+
+std::size_t AsciiPrefix(std::string_view text)
+{
+    // Eight bytes at once, as long as none of them has its top bit set.
+    constexpr std::uint64_t kTopBits = 0x8080808080808080;
+    std::size_t end = 0;
+    for (std::uint64_t eight = 0; text.size() - end >= sizeof(eight); end += sizeof(eight)) {
+        std::memcpy(&eight, text.data() + end, sizeof(eight));
+        if ((eight & kTopBits) != 0)
+            break;
+    }
+    while (end < text.size() && static_cast<unsigned char>(text[end]) < 0x80)
+        ++end;
+    return end;
 }
 
 std::size_t Length(std::string_view text)

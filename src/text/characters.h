@@ -11,6 +11,9 @@ namespace veldrane::text {
 // The number of bytes of the character that begins at `position` (1 to 4).
 [[nodiscard]] std::size_t CharacterSize(std::string_view text, std::size_t position);
 
+// The number of bytes before the first that is not ASCII.
+[[nodiscard]] std::size_t AsciiPrefix(std::string_view text);
+
 // The number of characters.
 [[nodiscard]] std::size_t Length(std::string_view text);
 

@@ -5,11 +5,13 @@
 
 #include <algorithm>
 #include <iconv.h>
+#include <utility>
 
 namespace veldrane::text {
 namespace {
 
 constexpr int kByteCount = 256;
+constexpr char32_t kAsciiCount = 128;
 
 // POSIX says that iconv_open answers this value on failure.
 const iconv_t kNoConverter = reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr)
@@ -59,15 +61,34 @@ CodePage::CodePage(int number) : number_(number), characters_(kByteCount)
     for (int byte = 0; byte < kByteCount; ++byte)
         bytes_.emplace_back(characters_[static_cast<std::size_t>(byte)], static_cast<unsigned char>(byte));
     std::sort(bytes_.begin(), bytes_.end());
+    for (char32_t character = 0; character < kAsciiCount; ++character)
+        holdsAscii_ = holdsAscii_ && characters_[character] == character;
 }
 
 std::string CodePage::Decode(std::string_view bytes) const
 {
     std::string text;
     text.reserve(bytes.size());
-    for (const char byte : bytes)
-        AppendCodePoint(text, characters_[static_cast<unsigned char>(byte)]);
+    while (!bytes.empty()) {
+        const std::size_t same = SameInBoth(bytes);
+        text.append(bytes.substr(0, same));
+        bytes.remove_prefix(same);
+        if (bytes.empty())
+            break;
+        AppendCodePoint(text, characters_[static_cast<unsigned char>(bytes.front())]);
+        bytes.remove_prefix(1);
+    }
     return text;
+}
+
+std::string CodePage::DecodeInPlace(std::string bytes) const
+{
+    return SameInBoth(bytes) == bytes.size() ? std::move(bytes) : Decode(bytes);
+}
+
+std::size_t CodePage::SameInBoth(std::string_view text) const
+{
+    return holdsAscii_ ? AsciiPrefix(text) : 0;
 }
 
 int CodePage::ByteOf(char32_t codePoint) const
@@ -79,22 +100,45 @@ int CodePage::ByteOf(char32_t codePoint) const
     return found != bytes_.end() && found->first == codePoint ? found->second : -1;
 }
 
+int CodePage::ByteAt(std::string_view text, std::size_t size) const
+{
+    const bool malformed = size == 1 && static_cast<unsigned char>(text.front()) >= 0x80;
+    return malformed ? -1 : ByteOf(CodePoint(text, 0));
+}
+
 CodePage::Encoded CodePage::Encode(std::string_view text) const
 {
     Encoded encoded;
     encoded.Bytes.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); i += CharacterSize(text, i)) {
-        const bool malformed = CharacterSize(text, i) == 1 && static_cast<unsigned char>(text[i]) >= 0x80;
-        const int byte = malformed ? -1 : ByteOf(CodePoint(text, i));
+    while (!text.empty()) {
+        const std::size_t same = SameInBoth(text);
+        encoded.Bytes.append(text.substr(0, same));
+        text.remove_prefix(same);
+        if (text.empty())
+            break;
+        const std::size_t size = CharacterSize(text, 0);
+        const int byte = ByteAt(text, size);
         encoded.Lossy = encoded.Lossy || byte < 0;
         encoded.Bytes.push_back(byte < 0 ? '?' : static_cast<char>(byte));
+        text.remove_prefix(size);
     }
     return encoded;
 }
 
+CodePage::Encoded CodePage::EncodeInPlace(std::string text) const
+{
+    return SameInBoth(text) == text.size() ? Encoded{.Bytes = std::move(text)} : Encode(text);
+}
+
 bool CodePage::Holds(std::string_view text) const
 {
-    return !Encode(text).Lossy;
+    for (text.remove_prefix(SameInBoth(text)); !text.empty(); text.remove_prefix(SameInBoth(text))) {
+        const std::size_t size = CharacterSize(text, 0);
+        if (ByteAt(text, size) < 0)
+            return false;
+        text.remove_prefix(size);
+    }
+    return true;
 }
 
 } // namespace veldrane::text

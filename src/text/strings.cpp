@@ -4,6 +4,8 @@ namespace veldrane::text {
 
 std::string_view TrimLeft(std::string_view text)
 {
+    if (!text.starts_with(' '))
+        return text;
     const std::size_t first = text.find_first_not_of(' ');
     return first == std::string_view::npos ? std::string_view{} : text.substr(first);
 }
@@ -53,7 +55,10 @@ std::vector<std::string_view> Split(std::string_view text, std::string_view sepa
 
 bool LineStartsWith(std::string_view text, std::string_view prefix)
 {
-    return TrimLeft(text).starts_with(TrimLeft(prefix));
+    const std::string_view line = TrimLeft(text);
+    const std::string_view wanted = TrimLeft(prefix);
+    // Most lines are told by their first letter.
+    return wanted.empty() || (!line.empty() && line.front() == wanted.front() && line.starts_with(wanted));
 }
 
 bool StartsWithVowel(std::string_view text)

@@ -197,6 +197,31 @@ TEST(KeyedCollection, MayGrowWhileItIsWalkedByPosition)
     EXPECT_EQ(towns.Item(100)->Name, "99");
 }
 
+// Around the size where an index takes over from a walk.
+TEST(KeyedCollection, FindsItsItemsAlikeHoweverManyThereAre)
+{
+    GrowingTowns towns;
+    for (int number = 1; number <= 200; ++number) {
+        const std::string name = "Town " + std::to_string(number);
+        towns.Add(name, number % 50 == 0 ? "" : name);
+        EXPECT_EQ(towns.Contains("TOWN " + std::to_string(number)), number % 50 != 0);
+        EXPECT_TRUE(towns.Contains("town 1"));
+        EXPECT_FALSE(towns.Contains(""));
+        EXPECT_EQ(ErrorOf([&] { towns.Add("Again", "TOWN 1"); }), error_number::kDuplicateKey);
+    }
+    towns.Remove("town 7");
+    towns.Remove(1);
+    EXPECT_EQ(towns.Count(), 198U);
+    EXPECT_FALSE(towns.Contains("Town 7"));
+    EXPECT_FALSE(towns.Contains("Town 1"));
+    EXPECT_EQ(towns.Item("town 199")->Name, "Town 199");
+    EXPECT_EQ(towns.Item(198)->Name, "Town 200");
+    towns.Clear();
+    EXPECT_FALSE(towns.Contains("town 199"));
+    towns.Add("Town 199", "town 199");
+    EXPECT_EQ(towns.Item("TOWN 199")->Name, "Town 199");
+}
+
 TEST(KeyedCollection, MovesItsItems)
 {
     Towns from;

@@ -90,6 +90,21 @@ TEST(FindFolded, DoesNotTakeABareByteForALetter)
     EXPECT_EQ(FindFolded("a\xE4", "\xE4"), 1U);
 }
 
+TEST(FindFolded, FindsAnOccurrenceWhereverItStands)
+{
+    for (std::size_t at = 0; at < 1200; ++at) {
+        const std::string before(at, 'n');
+        EXPECT_EQ(FindFolded(before + "eNd", "End"), at);
+        EXPECT_EQ(FindFolded(before + "eNd" + before + "é", "End"), at);
+        EXPECT_EQ(FindFolded("é" + before + "eNd", "End"), at + 2);
+        EXPECT_EQ(FindFolded(before + "en", "End"), kNowhere);
+    }
+    const std::string far(5000, 'n');
+    EXPECT_EQ(FindFolded(far + "é" + far + "eND", "End"), 10002U);
+    EXPECT_EQ(FindFolded(far + "CLAſSES", "classes"), 5000U);
+    EXPECT_EQ(FindFolded(far + "End" + far + "end", "END", 5001), 10003U);
+}
+
 TEST(FindFolded, CopesWithLongRepetitions)
 {
     const std::string text(1'000'000, 'a');

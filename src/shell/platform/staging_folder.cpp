@@ -13,9 +13,9 @@ constexpr mode_t kPermissions = 0777;
 constexpr mode_t kLockMode = 0600;
 constexpr int kCreate = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
 
-// Up to here each file is kept open and synced by itself; beyond, one sync of the file system costs less, and a
-// process may not hold that many files open.
-constexpr std::size_t kFewFiles = 16;
+// Up to here each file is kept open and synced by itself; beyond, one sync of the file system costs less: each sync of
+// a file waits for the file system's journal anew.
+constexpr std::size_t kFewFiles = 4;
 
 Descriptor OpenFolder(const std::string& folder)
 {

@@ -17,8 +17,11 @@ template <class Record, class Table>
 void AppendRecord(std::string& text, const Record& record, const Table& table)
 {
     for (const ValueLine<Record>& line : table)
-        if (line.WhenRead != Reading::Ignored)
-            AppendValue(text, line.Key, MemberText(record, line));
+        if (line.WhenRead != Reading::Ignored) {
+            std::string value;
+            AppendMember(value, record, line);
+            AppendValue(text, line.Key, value);
+        }
 }
 
 template <class Collection, class Append>

@@ -161,14 +161,24 @@ bool NeedsBraces(const ConnectionEntry& entry)
             entry.Value.find_first_of("[]{}(),;?*=!@%") != std::string::npos);
 }
 
-bool WritesBraces(ValueSyntax syntax, StringOrigin origin)
+bool MayStandInBraces(std::string_view value, ValueSyntax syntax, StringOrigin origin)
 {
-    return syntax == ValueSyntax::Braced || (syntax == ValueSyntax::Unknown && origin == StringOrigin::CommandLine);
+    switch (syntax) {
+    case ValueSyntax::Braced:
+        return true;
+    case ValueSyntax::Unescaped:
+        return value.find('}') == std::string_view::npos;
+    case ValueSyntax::Plain:
+        return false;
+    case ValueSyntax::Unknown:
+        break;
+    }
+    return origin == StringOrigin::CommandLine;
 }
 
-std::string Written(const ConnectionEntry& entry, bool writesBraces)
+std::string Written(const ConnectionEntry& entry, ValueSyntax syntax, StringOrigin origin)
 {
-    if (writesBraces)
+    if (MayStandInBraces(entry.Value, syntax, origin))
         return NeedsBraces(entry) ? Braced(entry.Value) : entry.Value;
     if (entry.Value.find(';') != std::string::npos || entry.Value.starts_with('{'))
         Refuse("The driver can't be given the value of \"" + entry.Key +
@@ -196,9 +206,8 @@ OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& 
     AddForDriver(entries, target, installed, rules);
 
     OdbcLogon logon{.Text = {}, .Profile = target.Profile, .Database = given.Value("Database")};
-    const bool writesBraces = WritesBraces(target.Profile->Syntax, rules.Origin);
     for (const ConnectionEntry& entry : entries)
-        logon.Text += entry.Key + "=" + Written(entry, writesBraces) + ";";
+        logon.Text += entry.Key + "=" + Written(entry, target.Profile->Syntax, rules.Origin) + ";";
     return logon;
 }
 

@@ -127,6 +127,7 @@ constexpr std::array kProfiles{
                   .PortIsOwnKey = true,
                   .StatementTimeout = "SET SESSION max_statement_time="},
     DriverProfile{.Family = DriverFamily::Tds,
+                  .Syntax = ValueSyntax::Unescaped,
                   .Marks = kTdsMarks,
                   .ProjectKeys = kTdsKeys,
                   .Additions = kTdsAdditions,

@@ -24,9 +24,10 @@ enum class CallWidth
 // How a driver reads the values of a connection string.
 enum class ValueSyntax
 {
-    Braced,  // in braces where need be
-    Plain,   // to the next semicolon, whatever stands there
-    Unknown, // braces are as good as any guess for the user's own string, and nothing to rely on for a stranger's
+    Braced,    // in braces where need be, a closing one within doubled
+    Unescaped, // in braces where need be, and no closing one within: before a semicolon it is the end, doubled or not
+    Plain,     // to the next semicolon, whatever stands there
+    Unknown,   // braces are as good as any guess for the user's own string, and nothing to rely on for a stranger's
 };
 
 enum class AdditionRule

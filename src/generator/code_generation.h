@@ -101,9 +101,9 @@ class CodeGeneration
 
     // Writes the project into the folder and ends with exactly one of OperationComplete and OperationAborted; never
     // throws. Nothing is written if a name would make a file outside the folder; files that share a name are named in a
-    // warning, and the later one stays. A run that ends early leaves the files written so far, each whole. An unexpected
-    // error is reported and aborts the run;
-    // a file that can't be backed up is reported and overwritten all the same.
+    // warning, and the later one meets the earlier as it would any file that exists. A run that ends early leaves the
+    // files written so far, each whole. An unexpected error is reported and aborts the run; a file that can't be backed
+    // up is reported and overwritten all the same.
     void GenerateCode(KZMClasses& classes, const GenerationTarget& target);
 
     Signal<int, const std::string&> StatusChanged; // the stage (1 files, 2 compile, 3 finish) and the line to show
@@ -113,7 +113,7 @@ class CodeGeneration
 
     GenerationSettings Settings;
     std::string ErrorText;        // the messages of the latest run
-    bool FilesShareNames = false; // in the latest run: a file took another's place, or would where letter case does not count
+    bool FilesShareNames = false; // in the latest run: one of two files was lost, or would be where letter case does not count
 
   private:
     TTCOutputs WriteSection(TTCOutputs (*write)(const ClassScope&), KZMClass& owner, const KZMClasses& classes);

@@ -22,14 +22,14 @@ struct NamedFile
     std::string_view Value;
 };
 
-struct ProjectFileRow
+struct ProjectMemberRow
 {
     ProjectFileName FileName;
     std::string_view Member;
     std::string TTCProject::*Value;
 };
 
-constexpr auto kNamedAfterProject = std::to_array<ProjectFileRow>({
+constexpr auto kNamedAfterProject = std::to_array<ProjectMemberRow>({
     {kProjectFile, "VBProjectName", &TTCProject::VBProjectName},
     {kTestProjectFile, "VBProjectName", &TTCProject::VBProjectName},
     {kTestProjectGroup, "VBProjectName", &TTCProject::VBProjectName},
@@ -41,7 +41,7 @@ std::vector<NamedFile> FilesOf(const ProjectScope& scope, const KZMClasses& clas
     const std::string& prefix = scope.Project.ClassPrefix;
     std::vector<NamedFile> files;
     files.reserve(kNamedAfterProject.size() + 2 * (1 + classes.Count()));
-    for (const ProjectFileRow& row : kNamedAfterProject)
+    for (const ProjectMemberRow& row : kNamedAfterProject)
         files.push_back({NameOf(row.FileName, scope), "", "", row.Member, scope.Project.*(row.Value)});
     files.push_back({NameOf(kTestForm, scope), "", "", "", ""});
     files.push_back({NameOf(kWrapperClass, scope), "ClassPrefix", prefix, "WrapperClassName", scope.Project.WrapperClassName});

@@ -198,10 +198,10 @@ void CodeGeneration::GenerateCode(KZMClasses& classes, const GenerationTarget& t
     if (written && target.Compile)
         CompileProject(*this, ports_, project_.VBProjectName, target.TargetFolder);
     AppendLine(ErrorText, files.NoteOnCharacters());
-    for (const std::string& warning : sharedNames)
-        AppendLine(ErrorText, warning);
-    FilesShareNames = !sharedNames.empty();
+    FilesShareNames = written && !sharedNames.empty();
     if (written) {
+        for (const std::string& warning : sharedNames)
+            AppendLine(ErrorText, warning);
         Progress.Raise(100);
         OperationComplete.Raise(ErrorText);
     } else {

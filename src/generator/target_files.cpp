@@ -26,7 +26,8 @@ TargetFiles::TargetFiles(const GenerationPorts& ports, const text::CodePage& cod
 bool TargetFiles::MayWrite(const std::string& fileName)
 {
     const std::string path = PathIn(target_.TargetFolder, fileName);
-    if (!Exists(path))
+    const bool isOfThisRun = written_.contains(fileName);
+    if (!isOfThisRun && !Exists(path))
         return true;
     ConflictAnswer answer = ConflictAnswer::Overwrite;
     if (target_.OverwriteMode == overwrite_mode::kPrompt)
@@ -37,7 +38,7 @@ bool TargetFiles::MayWrite(const std::string& fileName)
         answer = ConflictAnswer::BackupAndOverwrite;
     if (answer == ConflictAnswer::Cancel)
         throw RunAborted("User Cancelled Operation");
-    if (answer == ConflictAnswer::BackupAndOverwrite)
+    if (answer == ConflictAnswer::BackupAndOverwrite && !isOfThisRun)
         BackupFile(path);
     return answer != ConflictAnswer::Leave;
 }
@@ -46,6 +47,7 @@ void TargetFiles::Write(const std::string& fileName, std::string text)
 {
     const text::CodePage::Encoded encoded = codePage_.EncodeInPlace(std::move(text));
     batch_->Add(PathIn(target_.TargetFolder, fileName), encoded.Bytes);
+    written_.insert(fileName);
     if (encoded.Lossy && lossyFiles_++ == 0)
         firstLossyFile_ = fileName;
 }

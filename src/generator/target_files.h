@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 
 namespace veldrane {
 
@@ -29,8 +30,9 @@ class TargetFiles
     // All but the target are kept by reference.
     TargetFiles(const GenerationPorts& ports, const text::CodePage& codePage, GenerationTarget target);
 
-    // Whether the file is to be written; asks and makes a backup as the overwrite mode has it. Throws RunAborted if the
-    // person gives up the run.
+    // Whether the file is to be written; asks and makes a backup as the overwrite mode has it. A file that this run has
+    // written exists like any other, but is not backed up: the backup is of what was there before the run. Throws
+    // RunAborted if the person gives up the run.
     [[nodiscard]] bool MayWrite(const std::string& fileName);
 
     // Adds the text to what is written, in the code page. Throws RuntimeError (75).
@@ -50,6 +52,7 @@ class TargetFiles
     const text::CodePage& codePage_;
     GenerationTarget target_;
     std::unique_ptr<FileBatch> batch_;
+    std::unordered_set<std::string> written_; // file names
     std::string firstLossyFile_;
     std::size_t lossyFiles_ = 0;
 };

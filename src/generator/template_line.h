@@ -53,7 +53,7 @@ template <class Scope, std::size_t A, std::size_t B>
     return joined;
 }
 
-// Text with no placeholders: braces in it belong to the text. Backticks in it stay.
+// Text with no placeholders: braces in it belong to the text. Backticks in it stay, unless the emitter converts all lines.
 struct Verbatim
 {
     consteval explicit Verbatim(const char* text) : Text(text) {}

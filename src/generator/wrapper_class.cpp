@@ -43,7 +43,7 @@ void WriteHeader(const ProjectEmitter& emit)
     emit("Attribute VB_Name = `{WrapperClassName}`", LineClass::Hidden);
     emit("Attribute VB_GlobalNameSpace = False", LineClass::Hidden);
     emit("Attribute VB_Creatable = {True}", LineClass::Hidden);
-    emit("Attribute VB_PredeclaredId = False", LineClass::Hidden);
+    emit("Attribute VB_PredeclaredId = {False}", LineClass::Hidden);
     emit("Attribute VB_Exposed = {True}", LineClass::Hidden);
     emit("Attribute VB_Ext_KEY = `SavedWithClassBuilder` ,`Yes`", LineClass::Hidden);
     emit("Attribute VB_Ext_KEY = `SavedWithClassBuilder6` ,`Yes`", LineClass::Hidden);

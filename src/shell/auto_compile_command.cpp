@@ -2,8 +2,9 @@
 #include "shell/commands.h"
 #include "shell/empty_folder.h"
 #include "shell/generation_run.h"
+#include "shell/open_project_file.h"
 #include "shell/option_text.h"
-#include "shell/project_session.h"
+#include "shell/platform/paths.h"
 
 namespace veldrane {
 namespace {
@@ -25,16 +26,13 @@ std::optional<std::string> ReasonAgainstDelete(const Application& application, P
     return ReasonAgainstEmptying(application.Files, project);
 }
 
-// Whether the run may go on.
-bool DeleteFiles(const Application& application, ProjectSession& session, const FolderOfProject& project)
+bool MayDelete(const Application& application, ProjectSession& session, const FolderOfProject& project)
 {
-    if (const auto reason = ReasonAgainstDelete(application, session, project)) {
+    const auto reason = ReasonAgainstDelete(application, session, project);
+    if (reason)
         application.Asking.Tell("/DELETE is refused", *reason + " Nothing was removed, and nothing was generated.",
                                 MessageIcon::Critical);
-        return false;
-    }
-    EmptyFolder(application.Files, application.Errors, project.Folder);
-    return true;
+    return !reason;
 }
 
 int RunOpened(const Application& application, ProjectSession& session, const StartCommand& command)
@@ -45,16 +43,19 @@ int RunOpened(const Application& application, ProjectSession& session, const Sta
                                 "No folder was given, and the project has no OutputPath.", MessageIcon::Critical);
         return exit_code::kWrongUsage;
     }
-    const std::string target = AbsoluteFolder(folder);
-    if (application.State.DeleteAfterCompile &&
-        !DeleteFiles(application, session,
-                     {.Folder = target, .ProjectFile = command.File, .VBProjectName = session.Project().VBProjectName}))
-        return exit_code::kFailed;
+    const FolderOfProject target{
+        .Folder = PathFromRoot(folder), .ProjectFile = command.File, .VBProjectName = session.Project().VBProjectName};
+    bool whole = !session.LostClasses();
+    if (application.State.DeleteAfterCompile) {
+        if (!MayDelete(application, session, target))
+            return exit_code::kFailed;
+        whole = EmptyFolder(application.Files, application.Errors, target);
+    }
     const int exitCode = RunGeneration(application, session.Project(), session.Classes(),
-                                       {.TargetFolder = target,
+                                       {.TargetFolder = target.Folder,
                                         .OverwriteMode = overwrite_mode::kBackupAndOverwrite,
                                         .Compile = WantsCompile(application.UserSettings)});
-    return session.LostClasses() ? exit_code::kFailed : exitCode;
+    return whole ? exitCode : exit_code::kFailed;
 }
 
 } // namespace
@@ -70,7 +71,7 @@ int RunAutoCompile(const Application& application, const StartCommand& command)
         return exit_code::kWrongUsage;
     }
     ProjectSession session(application);
-    if (!session.Open(command.File, DataSourceOnOpen::Connect))
+    if (!OpenProjectFile(application, session, command.File, DataSourceOnOpen::Connect))
         return exit_code::kFailed;
     return RunOpened(application, session, command);
 }

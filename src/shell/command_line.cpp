@@ -51,7 +51,8 @@ class HelpFormatter : public CLI::Formatter
 
 bool IsCommand(const std::string& word)
 {
-    return std::any_of(kUsages.begin(), kUsages.end(), [&](const CommandUsage& usage) { return usage.Name == word; });
+    return !word.empty() &&
+           std::any_of(kUsages.begin(), kUsages.end(), [&](const CommandUsage& usage) { return usage.Name == word; });
 }
 
 PrintAndExit WrongUsage(const std::string& message, std::string_view command)
@@ -245,6 +246,9 @@ class Parser
         const SwitchLine line = ReadSwitchLine(arguments, files_);
         if (!line.AutoCompileMode)
             return WrongUsage("'" + arguments.front() + "' is no command.", "");
+        // Mostly a variable of a script that was never set: the project's own folder must not stand in for it.
+        if (std::find(arguments.begin(), arguments.end(), "") != arguments.end())
+            return WrongUsage("one of the words is empty.", "");
         if (!line.Surplus.empty())
             return WrongUsage("'" + line.Surplus + "' is one word too many.", "");
         if (line.File.empty())

@@ -5,9 +5,10 @@
 #include "model/xml_assist.h"
 #include "projectfile/project_settings.h"
 #include "shell/commands.h"
+#include "shell/open_project_file.h"
 #include "shell/platform/console_text.h"
+#include "shell/platform/paths.h"
 #include "shell/project_connection.h"
-#include "shell/project_session.h"
 #include "text/case_folding.h"
 
 #include <filesystem>
@@ -22,8 +23,7 @@ class DefineRun
 {
   public:
     DefineRun(const Application& application, const DefineCommand& command)
-        : application_(application), command_(command),
-          path_(std::filesystem::absolute(command.File).lexically_normal().string()), session_(application)
+        : application_(application), command_(command), path_(PathFromRoot(command.File)), session_(application)
     {}
 
     int Run()
@@ -62,8 +62,8 @@ class DefineRun
     // A file is extended only if it was read whole: nobody is there to see what saving would drop.
     bool OpenProject()
     {
-        if (!session_.Open(path_,
-                           command_.Connection.empty() ? DataSourceOnOpen::Connect : DataSourceOnOpen::LeaveClosed))
+        const auto dataSource = command_.Connection.empty() ? DataSourceOnOpen::Connect : DataSourceOnOpen::LeaveClosed;
+        if (!OpenProjectFile(application_, session_, path_, dataSource))
             return false;
         if (session_.LostClasses())
             Refuse(path_ + " stays as it is: not all of its classes can be read, and saving would drop the others.");

@@ -1,7 +1,8 @@
 #include "shell/empty_folder.h"
 
-#include "generator/file_names.h"
+#include "generator/target_files.h"
 #include "shell/platform/paths.h"
+#include "shell/platform/temporary_registry.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -14,10 +15,24 @@ std::vector<std::string> PlainFilesIn(const FileSystem& files, const std::string
 {
     std::vector<std::string> names = files.List(folder);
     std::erase_if(names, [&](const std::string& name) {
-        const std::string path = folder + "/" + name;
-        return files.Kind(path) != FileKind::File || files.IsLink(path);
+        const std::string path = PathIn(folder, name);
+        return files.Kind(path) != FileKind::File || files.IsLink(path) || !temporary_name::OwnerOf(name).empty();
     });
     return names;
+}
+
+// What tells a folder that was generated into.
+std::string MarkOf(const FolderOfProject& project)
+{
+    return project.VBProjectName + ".vbp";
+}
+
+std::optional<std::string> ReasonAgainstFilesIn(const FileSystem& files, const FolderOfProject& project)
+{
+    const std::vector<std::string> names = PlainFilesIn(files, project.Folder);
+    if (!names.empty() && std::find(names.begin(), names.end(), MarkOf(project)) == names.end())
+        return project.Folder + " holds files, but no " + MarkOf(project) + ": they are none of this project's.";
+    return std::nullopt;
 }
 
 // A link to the project's file stands in one folder, the file in another.
@@ -40,17 +55,31 @@ std::optional<std::string> ReasonAgainstEmptying(const FileSystem& files, const 
         return folder + " is the root of the file system or somebody's home folder.";
     if (IsFolderOf(folder, project.ProjectFile))
         return folder + " holds the project file itself.";
-    const std::vector<std::string> names = PlainFilesIn(files, folder);
-    const std::string generated = project.VBProjectName + ".vbp";
-    if (!names.empty() && std::find(names.begin(), names.end(), generated) == names.end())
-        return folder + " holds files, but no " + generated + ": they are none of this project's.";
-    return std::nullopt;
+    try {
+        return ReasonAgainstFilesIn(files, project);
+    } catch (const RuntimeError& error) {
+        return error.Description() + ".";
+    }
 }
 
-void EmptyFolder(FileSystem& files, ErrorReport& report, const std::string& folder)
+bool EmptyFolder(FileSystem& files, ErrorReport& report, const FolderOfProject& project)
 {
-    for (const std::string& name : PlainFilesIn(files, folder))
-        Guarded(report, "frmGenCode", "EmptyFolder", [&] { files.Remove(folder + "/" + name); });
+    std::vector<std::string> names = PlainFilesIn(files, project.Folder);
+    std::stable_partition(names.begin(), names.end(), [&](const std::string& name) { return name != MarkOf(project); });
+    std::vector<RuntimeError> failures;
+    for (const std::string& name : names)
+        try {
+            files.Remove(PathIn(project.Folder, name));
+        } catch (const RuntimeError& error) {
+            failures.push_back(error);
+        }
+    if (failures.empty())
+        return true;
+    ErrorPlace place{.ModuleName = "frmGenCode", .RoutineName = "EmptyFolder"};
+    if (const std::size_t more = failures.size() - 1; more > 0)
+        place.Hint = "Files that could not be removed either: " + std::to_string(more) + ".";
+    report.ReportError(failures.front(), place);
+    return false;
 }
 
 } // namespace veldrane

@@ -1,6 +1,7 @@
 #include "shell/commands.h"
 #include "shell/generation_run.h"
-#include "shell/project_session.h"
+#include "shell/open_project_file.h"
+#include "shell/platform/paths.h"
 
 #include <array>
 #include <utility>
@@ -27,10 +28,10 @@ std::int32_t ModeOf(Overwrite existing)
 int RunGenerate(const Application& application, const GenerateCommand& command)
 {
     ProjectSession session(application);
-    if (!session.Open(command.File, DataSourceOnOpen::Connect))
+    if (!OpenProjectFile(application, session, command.File, DataSourceOnOpen::Connect))
         return exit_code::kFailed;
     const int exitCode = RunGeneration(application, session.Project(), session.Classes(),
-                                       {.TargetFolder = AbsoluteFolder(command.Folder),
+                                       {.TargetFolder = PathFromRoot(command.Folder),
                                         .OverwriteMode = ModeOf(command.Existing),
                                         .Compile = command.Compile});
     return session.LostClasses() ? exit_code::kFailed : exitCode;

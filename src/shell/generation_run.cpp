@@ -2,9 +2,9 @@
 
 #include "generator/code_generation.h"
 #include "generator/compile_step.h"
+#include "shell/platform/paths.h"
 
 #include <array>
-#include <filesystem>
 
 namespace veldrane {
 namespace {
@@ -123,14 +123,13 @@ RunEnd EndOfAbortedRun(const std::string& message)
             .Text = message.empty() ? "The operation did not complete successfully." : message};
 }
 
-std::string AbsoluteFolder(const std::string& folder)
-{
-    return std::filesystem::absolute(folder).lexically_normal().string();
-}
-
 int RunGeneration(const Application& application, const TTCProject& project, KZMClasses& classes,
                   const GenerationTarget& target)
 {
+    // The compiler writes its log there and makes no folder.
+    const GenerationSettings& settings = application.State.Generation;
+    if (target.Compile && !settings.VisualBasicCommand.empty())
+        Guarded(application.Errors, "frmGenCode", "RunGeneration", [&] { MakeFolder(settings.ApplicationFolder); });
     return GenerationRun(application, project).Run(classes, target);
 }
 

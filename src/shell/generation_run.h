@@ -19,9 +19,6 @@ struct RunEnd
 [[nodiscard]] RunEnd EndOfCompleteRun(const std::string& message);
 [[nodiscard]] RunEnd EndOfAbortedRun(const std::string& message);
 
-// The folder as a path from the root.
-[[nodiscard]] std::string AbsoluteFolder(const std::string& folder);
-
 // Generates the project with nobody to ask: a file in the way is left where the mode would ask. Tells how the run ended
 // where there is something to tell, and answers the exit code: kFailed for a run that was aborted, did not compile, had
 // a failure on its way or wrote two files under one name.

@@ -1,4 +1,5 @@
 #include "shell/entry.h"
+#include "shell/platform/standard_streams.h"
 #include "shell/platform/temporary_registry.h"
 
 #include <iostream>
@@ -8,6 +9,7 @@
 
 int main(int argumentCount, char** arguments)
 {
+    veldrane::HoldStandardStreams();
     veldrane::RemoveTemporariesOnSignal();
     return veldrane::RunProgram(
         std::vector<std::string>(arguments + 1, arguments + argumentCount),

@@ -66,6 +66,7 @@ TEST_F(GenerateCode, RoundsTheProgressWithHalvesToEven)
 TEST_F(GenerateCode, WithoutClassesWritesTheProjectAlone)
 {
     Run();
+    EXPECT_EQ(Names(), (Texts{"Auto.cls", "Globals.Bas", "Shop.vbp", "TestShop.vbg", "TestShop.vbp", "frmTest.frm"}));
     EXPECT_EQ(recorder.Events.back(), "complete: ");
     EXPECT_EQ(recorder.Events.at(recorder.Events.size() - 2), "100%");
     EXPECT_EQ(recorder.Events.at(recorder.Events.size() - 3), "1 Creates Class Files...");
@@ -113,7 +114,7 @@ TEST_F(GenerateCode, LooksAtTheCollectionOfAClassWhoseFileIsLeft)
     EXPECT_TRUE(files.Files.contains("/out/Orders.cls"));
 }
 
-TEST_F(GenerateCode, WarnsOfFilesThatShareANameAndKeepsTheLaterOne)
+TEST_F(GenerateCode, WarnsOfFilesThatShareANameAndOverwritesTheEarlierOne)
 {
     AddClass("Auto");
     Run();
@@ -123,6 +124,44 @@ TEST_F(GenerateCode, WarnsOfFilesThatShareANameAndKeepsTheLaterOne)
     project.WrapperClassName = "Shop";
     Run();
     EXPECT_FALSE(generation.FilesShareNames);
+}
+
+TEST_F(GenerateCode, LeavesAFileThatItWroteItselfAsItLeavesAnyOther)
+{
+    AddClass("Auto");
+    Run(overwrite_mode::kLeave);
+    EXPECT_NE(files.Files.at("/out/Auto.cls").find("Private mvarIsConnected as Boolean"), std::string::npos);
+    EXPECT_TRUE(generation.FilesShareNames);
+}
+
+TEST_F(GenerateCode, AsksAboutAFileThatItWroteItself)
+{
+    AddClass("Auto");
+    conflicts.Answers = {ConflictAnswer::Overwrite};
+    Run(overwrite_mode::kPrompt);
+    EXPECT_EQ(conflicts.Asked, (std::vector<std::pair<std::string, std::string>>{{"/out/Auto.cls", "Auto.cls"}}));
+    EXPECT_EQ(files.Files.at("/out/Auto.cls").find("Private mvarIsConnected as Boolean"), std::string::npos);
+}
+
+TEST_F(GenerateCode, KeepsTheBackupOfWhatWasThereBeforeTheRun)
+{
+    AddClass("Auto");
+    files.Files["/out/Auto.cls"] = "mine";
+    Run(overwrite_mode::kBackupAndOverwrite);
+    EXPECT_EQ(files.Files.at("/out/Auto.cls.BAK"), "mine");
+
+    files.Files.erase("/out/Auto.cls");
+    Run(overwrite_mode::kBackupAndOverwrite);
+    EXPECT_EQ(files.Files.at("/out/Auto.cls.BAK"), "mine");
+}
+
+TEST_F(GenerateCode, WritesBothFilesWhoseNamesDifferInCaseAloneAndWarns)
+{
+    AddClass("AUTO");
+    Run(overwrite_mode::kLeave);
+    EXPECT_TRUE(files.Files.contains("/out/Auto.cls") && files.Files.contains("/out/AUTO.cls"));
+    EXPECT_TRUE(recorder.Events.back().starts_with("complete: ClassName \"AUTO\" gives a second file AUTO.cls: ")) << recorder.Events.back();
+    EXPECT_TRUE(generation.FilesShareNames);
 }
 
 TEST_F(GenerateCode, WithoutAConnectionStringToEditIsReportedAndAborted)
@@ -169,6 +208,15 @@ TEST_F(GenerateCode, AsksAboutEachFileThatExistsAndDoesAsIsAnswered)
     EXPECT_EQ(files.Files.at("/out/TestShop.vbp"), "mine");
     EXPECT_EQ(files.Files.at("/out/TestShop.vbg.BAK"), "mine");
     EXPECT_NE(files.Files.at("/out/TestShop.vbg"), "mine");
+}
+
+TEST_F(GenerateCode, CancelledSaysNothingElse)
+{
+    AddClass("Auto");
+    conflicts.Answers = {ConflictAnswer::Cancel};
+    Run(overwrite_mode::kPrompt);
+    EXPECT_EQ(recorder.Events.back(), "aborted: User Cancelled Operation");
+    EXPECT_FALSE(generation.FilesShareNames);
 }
 
 TEST_F(GenerateCode, CancelledKeepsTheFilesWrittenSoFar)
@@ -321,16 +369,23 @@ TEST_F(GenerateCode, StaysLinearInClassesAndProperties)
     project.TrackPropertyChanges = true;
     for (int i = 0; i < kClasses; ++i)
         AddMethod(AddClass("Class" + std::to_string(i), "Class" + std::to_string(i / 2)), "Clear", true);
-    KZMClass& huge = AddClass("Huge");
+    KZMClass& huge = AddClass("Huge", "Class0");
+    huge.CreateCollection = true;
     AddMethod(huge, "Clone", true);
     std::vector<std::string> columns;
     for (int i = 0; i < kProperties; ++i)
         AddProperty(huge, columns.emplace_back("Column" + std::to_string(i)), "Long");
     AddKey(huge, key_type::kPrimaryKey, columns);
+    for (const std::string& column : columns) {
+        Columns foreignKey;
+        foreignKey.Add(column, "Long", "", column);
+        huge.TTCRelationships.Add(column, "Class0", std::move(foreignKey), column);
+    }
     huge.RetrieveByPrimaryKey = true;
     Run();
     EXPECT_EQ(recorder.Events.back(), "complete: ");
-    EXPECT_EQ(Names().size(), kClasses + 7U);
+    EXPECT_EQ(Names().size(), kClasses + 8U);
+    EXPECT_TRUE(files.Files.at("/out/Huges.cls").find("Public Function Add(Optional sKey as String) as Huge\r\n") != std::string::npos);
 }
 
 } // namespace

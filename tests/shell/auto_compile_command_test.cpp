@@ -1,10 +1,12 @@
 #include "program.h"
 
+#include "support/child_process.h"
 #include "text/strings.h"
 
 #include <gmock/gmock.h>
 
 #include <cstdlib>
+#include <unistd.h>
 
 namespace veldrane {
 namespace {
@@ -78,6 +80,16 @@ TEST_F(AutoCompile, TakesAFolderWithASlashAtItsEnd)
     EXPECT_TRUE(fs::exists(Workspace.Path("out/Shop.vbp")));
 }
 
+TEST_F(AutoCompile, WritesWhereTheSystemFindsAFolderBehindALink)
+{
+    fs::create_directories(Workspace.Path("far/away"));
+    fs::create_directory_symlink(Workspace.Path("far/away"), Workspace.Path("out/door"));
+    Workspace.WriteFile("out/Shop.vbp", "mine");
+    EXPECT_EQ(Workspace.Run({"/C", "/DELETE", Project, Workspace.Path("out/door/..")}).ExitCode, 0);
+    EXPECT_EQ(Workspace.ReadFile("out/Shop.vbp"), "mine");
+    EXPECT_TRUE(fs::exists(Workspace.Path("far/Shop.vbp")));
+}
+
 TEST_F(AutoCompile, NeedsAFolderFromSomewhere)
 {
     const Ended ended = Workspace.Run({"/C", Project});
@@ -132,6 +144,15 @@ TEST_F(AutoCompile, CompilesUnlessTheSettingsSayOtherwise)
     EXPECT_THAT(Workspace.Run({"/C", Project, Out}).ErrorOutput, Not(HasSubstr(note)));
 }
 
+TEST_F(AutoCompile, MakesTheFolderThatTheCompilerWritesItsLogInto)
+{
+    EXPECT_EQ(Workspace.Run({"/C", Project, Out}).ExitCode, 0);
+    EXPECT_FALSE(fs::exists(Workspace.Path("state"))) << "without a compiler there is no log";
+    Workspace.WriteFile("settings.ini", "[Platform]\nVisualBasicCommand=/nowhere/VB6.EXE\n");
+    EXPECT_EQ(Workspace.Run({"/C", Project, Out}).ExitCode, 0);
+    EXPECT_TRUE(fs::is_directory(Workspace.Path("state/veldrane")));
+}
+
 TEST_F(AutoCompile, GivesRoutinesTimingLinesWhenAskedTo)
 {
     EXPECT_EQ(Workspace.Run({"/C", Project, Out}).ExitCode, 0);
@@ -146,7 +167,10 @@ TEST_F(AutoCompile, FailsOnAProjectThatCanNotBeOpened)
     Workspace.WriteFile("text.kzm", "Dear diary\r\n");
     const Ended ended = Workspace.Run({"/C", Workspace.Path("text.kzm"), Out});
     EXPECT_EQ(ended.ExitCode, 1);
-    EXPECT_THAT(ended.ErrorOutput, HasSubstr("This file is not a Veldrane Professional 2000 Data File."));
+    EXPECT_EQ(
+        ended.ErrorOutput,
+        "Invalid File: This file is not a Veldrane Professional 2000 Data File. Unable to open file.\nveldrane: " +
+            Workspace.Path("text.kzm") + " was not opened, and nothing was written.\n");
     EXPECT_THAT(In("out"), IsEmpty());
 }
 
@@ -165,6 +189,19 @@ TEST_F(AutoCompile, IsWrongUsageWithoutAProjectOrWithTooManyWords)
         EXPECT_THAT(ended.ErrorOutput, StartsWith(text));
         EXPECT_THAT(ended.ErrorOutput, HasSubstr("veldrane /C [/DEBUG] [/DELETE] [/NOSPLASH] FILE.kzm [FOLDER]\n"));
     }
+}
+
+TEST_F(AutoCompile, TakesNoOtherFolderForAWordThatIsEmpty)
+{
+    SetOutputPath(Out);
+    const std::vector<std::vector<std::string>> lines{
+        {"/C", "/DELETE", Project, ""}, {"/C", "", Project}, {"", "/C", Project}};
+    for (const std::vector<std::string>& words : lines) {
+        const Ended ended = Workspace.Run(words);
+        EXPECT_EQ(ended.ExitCode, 2);
+        EXPECT_THAT(ended.ErrorOutput, StartsWith("veldrane: one of the words is empty.\nUsage: "));
+    }
+    EXPECT_THAT(In("out"), IsEmpty());
 }
 
 TEST_F(AutoCompile, DeletesThePlainFilesOfAFolderItGeneratedInto)
@@ -197,6 +234,39 @@ TEST_F(AutoCompile, DeletesNothingAmongSomebodyElsesFiles)
     SetOutputPath(Out);
     EXPECT_EQ(Workspace.Run({"/C", "/DELETE", Project}).ExitCode, 1);
     EXPECT_THAT(In("out"), UnorderedElementsAre("diary.txt"));
+}
+
+TEST_F(AutoCompile, DeletesNothingInAFolderThatCanNotBeListed)
+{
+    EXPECT_EQ(Workspace.Run({"/C", Project, Out}).ExitCode, 0);
+    fs::permissions(Workspace.Path(""), fs::perms::all);
+    fs::permissions(Out, fs::perms::others_write | fs::perms::others_exec);
+    const std::string refusal = "/DELETE is refused: " + Out + ": Permission denied. Nothing was removed";
+    const auto isRefused = [&] {
+        const Ended ended = Workspace.Run({"/C", "/DELETE", Project, Out});
+        return ended.ExitCode == 1 && ended.ErrorOutput.starts_with(refusal) ? 0 : 1;
+    };
+    EXPECT_EQ(testing::ExitCodeUnprivileged(isRefused), 0);
+    fs::permissions(Out, fs::perms::owner_all);
+    EXPECT_TRUE(fs::exists(Workspace.Path("out/Auto.cls")));
+}
+
+TEST_F(AutoCompile, FailsWhereAFileCouldNotBeRemoved)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only the superuser can make files of two users";
+    constexpr uid_t kNobody = 65534;
+    fs::permissions(Workspace.Path(""), fs::perms::all);
+    fs::permissions(Out, fs::perms::all | fs::perms::sticky_bit); // everybody removes their own files alone
+    Workspace.WriteFile("out/Shop.vbp", "of an earlier run");
+    ASSERT_EQ(chown(Workspace.Path("out/Shop.vbp").c_str(), kNobody, kNobody), 0);
+    Workspace.WriteFile("out/OldClass.cls", "of somebody else");
+    EXPECT_EQ(testing::ExitCodeUnprivileged([&] {
+                  return Workspace.Run({"/C", "/DELETE", Project, Out}).ExitCode;
+              }),
+              1);
+    EXPECT_TRUE(fs::exists(Workspace.Path("out/OldClass.cls")));
+    EXPECT_TRUE(fs::exists(Workspace.Path("out/Customer.cls")));
 }
 
 TEST_F(AutoCompile, DeletesNothingBesideTheProjectFile)

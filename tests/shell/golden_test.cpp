@@ -3,6 +3,7 @@
 
 #include "program.h"
 
+#include "text/case_folding.h"
 #include "text/strings.h"
 
 #include <gtest/gtest.h>
@@ -11,6 +12,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <map>
+#include <set>
 #include <sstream>
 
 namespace veldrane {
@@ -111,6 +113,19 @@ std::string FirstDifference(const std::string& kept, const std::string& made)
     return text.str();
 }
 
+// The file of the generated project that a line of a project or a group names; "" for a line that names none.
+std::string FileNamedBy(std::string line)
+{
+    if (line.ends_with('\r'))
+        line.pop_back();
+    for (const std::string_view key : {"Form=", "Reference=*\\A", "Project=", "StartupProject="})
+        if (line.starts_with(key))
+            return line.substr(key.size());
+    if (line.starts_with("Module=") || line.starts_with("Class="))
+        return line.substr(line.find("; ") + 2);
+    return {};
+}
+
 class Golden : public ::testing::TestWithParam<std::string>
 {};
 
@@ -127,6 +142,22 @@ TEST_P(Golden, IsMadeAgainByteForByte)
         ASSERT_TRUE(kept.contains(name)) << name << " is new";
         EXPECT_TRUE(bytes == kept.at(name)) << name << ", " << FirstDifference(kept.at(name), bytes);
     }
+}
+
+// Letter case does not count where the project is opened.
+TEST_P(Golden, NamesEachOfItsFilesAndNoneThatIsMissing)
+{
+    std::set<std::string> named;
+    std::set<std::string> there;
+    for (const auto& [name, bytes] : FilesIn(GoldenRoot() / GetParam() / "generated")) {
+        if (!name.ends_with(".vbg")) // the group is what a person opens
+            there.insert(text::Fold(name));
+        if (name.ends_with(".vbp") || name.ends_with(".vbg"))
+            for (const std::string& line : Lines(bytes))
+                named.insert(text::Fold(FileNamedBy(line)));
+    }
+    named.erase("");
+    EXPECT_EQ(named, there);
 }
 
 std::string TestName(const ::testing::TestParamInfo<std::string>& golden)

@@ -53,23 +53,29 @@ class KilledRun : public ::testing::Test
     }
 
     // How a run ends that is killed at its `call`-th call; 0 for never.
-    int RunKilledAt(int call)
+    int RunKilledAt(int call, const std::vector<std::string>& words)
     {
         return EndOf(StartChild([&] {
             testing::KillAtCall(call);
-            return Workspace.Run({"generate", Project, Out}).ExitCode;
+            return Workspace.Run(words).ExitCode;
         }));
     }
+    int RunKilledAt(int call) { return RunKilledAt(call, {"generate", Project, Out}); }
 
     // Runs on the folder as it was, killed at one call after the other until a run comes to its end; `check` sees what
     // each kill left.
     template <class Check>
     int KillEverywhere(const Contents& before, Check&& check)
     {
+        return KillEverywhere(before, {"generate", Project, Out}, check);
+    }
+    template <class Check>
+    int KillEverywhere(const Contents& before, const std::vector<std::string>& words, Check&& check)
+    {
         constexpr int kMostCalls = 2000;
         for (int call = 1; call < kMostCalls; ++call) {
             Reset(before);
-            const int end = RunKilledAt(call);
+            const int end = RunKilledAt(call, words);
             if (end == 0)
                 return call - 1;
             EXPECT_EQ(end, kKilled + SIGKILL) << call;
@@ -111,6 +117,38 @@ TEST_F(KilledRun, LeavesTheOldOrTheNewFileAndItsBackupWhole)
         for (const auto& [name, bytes] : left)
             EXPECT_TRUE(name.ends_with(".BAK") || before.contains(name) || bytes == whole.at(name))
                 << name << ", killed at call " << call;
+    });
+}
+
+TEST_F(KilledRun, ThatDeletesFirstCanAlwaysBeMadeAgain)
+{
+    const std::vector<std::string> words{"/C", "/DELETE", Project, Out};
+    Reset({});
+    EXPECT_EQ(RunKilledAt(0), 0);
+    const Contents whole = Read();
+    Contents before = whole;
+    before["OldClass.cls"] = "of an earlier run";
+    KillEverywhere(before, words, [&](const Contents& left, int call) {
+        for (const auto& [name, bytes] : left)
+            EXPECT_EQ(bytes, before.at(name)) << name << ", killed at call " << call;
+        EXPECT_EQ(RunKilledAt(0, words), 0) << "killed at call " << call;
+        EXPECT_EQ(Read(), whole) << "killed at call " << call;
+    });
+}
+
+TEST_F(KilledRun, OfDefineLeavesTheOldOrTheNewProjectWhole)
+{
+    const std::string project = Out + "/Shop.kzm";
+    const std::vector<std::string> words{"define", project, "--table", "Orders"};
+    const Contents before{{"Shop.kzm", Workspace.ReadFile("Shop.kzm")}};
+    Reset(before);
+    EXPECT_EQ(RunKilledAt(0, words), 0);
+    const Contents after = Read();
+    KillEverywhere(before, words, [&](const Contents& left, int call) {
+        const std::string& now = left.at("Shop.kzm");
+        EXPECT_TRUE(now == before.at("Shop.kzm") || now == after.at("Shop.kzm")) << "killed at call " << call;
+        for (const auto& [name, bytes] : left)
+            EXPECT_TRUE(name == "Shop.kzm" || bytes == after.at(name)) << name << ", killed at call " << call;
     });
 }
 

@@ -82,6 +82,7 @@ extern "C" {
 pid_t __real_fork();
 int __real_fsync(int file);
 int __real_openat(int folder, const char* path, int flags, mode_t mode);
+int __real_unlink(const char* path);
 int __real_unlinkat(int folder, const char* path, int flags);
 int __real_renameat(int fromFolder, const char* from, int toFolder, const char* to);
 int __real_syncfs(int file);
@@ -111,6 +112,12 @@ int __wrap_openat(int folder, const char* path, int flags, mode_t mode)
 {
     CountToKill();
     return __real_openat(folder, path, flags, mode);
+}
+
+int __wrap_unlink(const char* path)
+{
+    CountToKill();
+    return __real_unlink(path);
 }
 
 int __wrap_unlinkat(int folder, const char* path, int flags)

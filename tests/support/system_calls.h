@@ -25,7 +25,7 @@ class FailingCall
 };
 
 // From now on the process kills itself (SIGKILL) at the given call, the first being 1, of all those behind a switch and
-// of openat, unlinkat and write: before the call is made.
+// of openat, unlink, unlinkat and write: before the call is made.
 void KillAtCall(int number);
 
 // While it lives, writes take one byte at a time, and every second one is interrupted before it took any.

@@ -5,6 +5,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -33,7 +34,8 @@ std::string HomeFolder()
     if (getpwuid_r(getuid(), &entry, buffer.data(), buffer.size(), &found) == 0 && found != nullptr &&
         found->pw_dir[0] == '/')
         return found->pw_dir;
-    throw RuntimeError(error_number::kPathAccess, "Paths", "HOME names no folder, and the user has none");
+    throw RuntimeError(error_number::kPathAccess, "Paths",
+                       "HOME names no folder, and the user has none: set HOME to the full path of a folder");
 }
 
 std::string OwnFolder(const char* variable, const char* belowHome)
@@ -71,6 +73,18 @@ bool IsSameFolder(const std::string& first, const std::string& second)
     struct stat other = {};
     return stat(first.c_str(), &one) == 0 && stat(second.c_str(), &other) == 0 && one.st_dev == other.st_dev &&
            one.st_ino == other.st_ino;
+}
+
+// ".." behind a symbolic link leads out of the link's target, which the text of the path can't tell.
+std::string PathFromRoot(const std::string& path)
+{
+    const std::filesystem::path given = std::filesystem::absolute(path);
+    const std::filesystem::path readable = given.lexically_normal();
+    const std::filesystem::path last = given.filename();
+    const bool isFolder = last.empty() || last == "." || last == "..";
+    const bool same =
+        isFolder ? IsSameFolder(given, readable) : IsSameFolder(given.parent_path(), readable.parent_path());
+    return same ? readable : given;
 }
 
 bool IsRootOrHomeFolder(const std::string& path)

@@ -21,6 +21,10 @@ namespace veldrane {
 // Whether both paths lead to the same folder, by whatever road. False if one of them leads nowhere. Never throws.
 [[nodiscard]] bool IsSameFolder(const std::string& first, const std::string& second);
 
+// The path from the root, of a file or folder that need not be there, without "." and ".." where that leads to the same
+// place.
+[[nodiscard]] std::string PathFromRoot(const std::string& path);
+
 // Whether the path leads to "/" or to the home folder of any user, $HOME included. Never throws.
 [[nodiscard]] bool IsRootOrHomeFolder(const std::string& path);
 

@@ -39,10 +39,10 @@ SettingsDocument SettingsDocument::Parse(std::string_view text)
     SettingsDocument document;
     if (text.starts_with(kByteOrderMark))
         text.remove_prefix(kByteOrderMark.size());
-    if (text.ends_with('\n'))
-        text.remove_suffix(1);
     if (text.empty())
         return document;
+    if (text.ends_with('\n'))
+        text.remove_suffix(1);
     std::size_t number = 0;
     for (std::string_view line : text::Split(text, "\n")) {
         ++number;
@@ -72,23 +72,29 @@ void SettingsDocument::ParseLine(std::string_view line, std::size_t number)
 
 void SettingsDocument::OpenSection(std::string_view line, std::string_view name)
 {
-    std::string read = settings_notation::ReadName(settings_notation::Stripped(name));
-    if (const Section* section = FindSection(read)) {
-        open_ = static_cast<std::size_t>(section - sections_.data());
-        return;
-    }
-    open_ = sections_.size();
-    sections_.push_back({.Header = std::string(line), .Name = std::move(read), .Lines = {}});
+    const std::string read = settings_notation::ReadName(settings_notation::Stripped(name));
+    Section* section = FindSection(read);
+    if (section == nullptr)
+        section = &AddSection(std::string(line), read);
+    open_ = static_cast<std::size_t>(section - sections_.data());
+}
+
+SettingsDocument::Section& SettingsDocument::AddSection(std::string header, std::string_view name)
+{
+    names_.emplace(text::Fold(name), sections_.size());
+    sections_.push_back({.Header = std::move(header), .Lines = {}, .Names = {}});
+    return sections_.back();
 }
 
 void SettingsDocument::AddEntry(std::string_view line)
 {
     const std::size_t equals = line.find('=');
-    Put(sections_[open_].Lines,
+    Section& section = sections_[open_];
+    Put(section,
         {.Text = std::string(line),
          .Name = settings_notation::ReadName(settings_notation::Stripped(line.substr(0, equals))),
          .Value = settings_notation::ReadValue(settings_notation::Stripped(line.substr(equals + 1)))},
-        sections_[open_].Lines.end());
+        section.Lines.size());
 }
 
 std::string SettingsDocument::Text() const
@@ -106,11 +112,11 @@ std::string SettingsDocument::Text() const
 
 std::optional<std::string> SettingsDocument::Find(std::string_view section, std::string_view name) const
 {
-    if (const Section* found = FindSection(section))
-        for (const Line& line : found->Lines)
-            if (line.Name && text::EqualFolded(*line.Name, name))
-                return line.Value;
-    return std::nullopt;
+    const Section* found = FindSection(section);
+    if (found == nullptr)
+        return std::nullopt;
+    const auto place = found->Names.find(text::Fold(name));
+    return place == found->Names.end() ? std::nullopt : std::optional(found->Lines[place->second].Value);
 }
 
 std::vector<std::pair<std::string, std::string>> SettingsDocument::All(std::string_view section) const
@@ -129,45 +135,62 @@ void SettingsDocument::Set(std::string_view section, std::string_view name, std:
     if (found == nullptr) {
         if (!sections_.empty() && (sections_.back().Lines.empty() || !sections_.back().Lines.back().Text.empty()))
             sections_.back().Lines.push_back({}); // a blank line between sections
-        const std::string header = std::string("[").append(settings_notation::WriteName(section)).append("]");
-        sections_.push_back({.Header = header, .Name = std::string(section), .Lines = {}});
-        found = &sections_.back();
+        found = &AddSection(std::string("[").append(settings_notation::WriteName(section)).append("]"), section);
     }
     // Behind the last line that is not blank: what parts two sections stays between them.
-    std::vector<Line>& lines = found->Lines;
+    const std::vector<Line>& lines = found->Lines;
     const auto last = std::find_if(lines.rbegin(), lines.rend(), [](const Line& other) { return !other.Text.empty(); });
-    Put(lines,
+    Put(*found,
         {.Text = settings_notation::WriteName(name) + "=" + settings_notation::WriteValue(value),
          .Name = std::string(name),
          .Value = std::string(value)},
-        last.base());
+        static_cast<std::size_t>(last.base() - lines.begin()));
 }
 
-void SettingsDocument::Put(std::vector<Line>& lines, Line line, std::vector<Line>::iterator place)
+// No line behind the place has a name, or those of the others would move.
+void SettingsDocument::Put(Section& section, Line line, std::size_t place)
 {
-    const auto sameName = [&](const Line& other) { return other.Name && text::EqualFolded(*other.Name, *line.Name); };
-    if (const auto found = std::find_if(lines.begin(), lines.end(), sameName); found != lines.end())
-        *found = std::move(line);
+    const auto [found, isNew] = section.Names.try_emplace(text::Fold(*line.Name), place);
+    if (isNew)
+        section.Lines.insert(section.Lines.begin() + static_cast<std::ptrdiff_t>(place), std::move(line));
     else
-        lines.insert(place, std::move(line));
+        section.Lines[found->second] = std::move(line);
 }
 
 void SettingsDocument::Remove(std::string_view section, std::string_view name)
 {
-    if (Section* found = FindSection(section))
-        std::erase_if(found->Lines, [&](const Line& line) { return line.Name && text::EqualFolded(*line.Name, name); });
+    Section* found = FindSection(section);
+    if (found == nullptr)
+        return;
+    const auto place = found->Names.find(text::Fold(name));
+    if (place == found->Names.end())
+        return;
+    found->Lines.erase(found->Lines.begin() + static_cast<std::ptrdiff_t>(place->second));
+    Forget(found->Names, place);
 }
 
 void SettingsDocument::RemoveSection(std::string_view section)
 {
-    std::erase_if(sections_, [&](const Section& other) { return text::EqualFolded(other.Name, section); });
+    const auto place = names_.find(text::Fold(section));
+    if (place == names_.end())
+        return;
+    sections_.erase(sections_.begin() + static_cast<std::ptrdiff_t>(place->second));
+    Forget(names_, place);
+}
+
+void SettingsDocument::Forget(Places& places, Places::const_iterator name)
+{
+    const std::size_t freed = name->second;
+    places.erase(name);
+    for (auto& [other, place] : places)
+        if (place > freed)
+            --place;
 }
 
 const SettingsDocument::Section* SettingsDocument::FindSection(std::string_view name) const
 {
-    const auto found = std::find_if(sections_.begin(), sections_.end(),
-                                    [&](const Section& section) { return text::EqualFolded(section.Name, name); });
-    return found == sections_.end() ? nullptr : &*found;
+    const auto found = names_.find(text::Fold(name));
+    return found == names_.end() ? nullptr : &sections_[found->second];
 }
 
 SettingsDocument::Section* SettingsDocument::FindSection(std::string_view name)

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -46,24 +47,31 @@ class SettingsDocument
         std::optional<std::string> Name; // none for comments and blank lines
         std::string Value;
     };
+    using Places = std::unordered_map<std::string, std::size_t>; // by folded name
+
     struct Section
     {
         std::string Header; // the line
-        std::string Name;
         std::vector<Line> Lines;
+        Places Names; // of the lines that have one
     };
 
     void ParseLine(std::string_view line, std::size_t number);
     void OpenSection(std::string_view line, std::string_view name);
+    Section& AddSection(std::string header, std::string_view name);
     void AddEntry(std::string_view line);
     [[nodiscard]] const Section* FindSection(std::string_view name) const;
     [[nodiscard]] Section* FindSection(std::string_view name);
 
     // Over the line of that name, else to the place.
-    static void Put(std::vector<Line>& lines, Line line, std::vector<Line>::iterator place);
+    static void Put(Section& section, Line line, std::size_t place);
+
+    // Takes the name out; what stood behind it stands one place further ahead.
+    static void Forget(Places& places, Places::const_iterator name);
 
     std::vector<Line> preamble_; // lines before the first section
     std::vector<Section> sections_;
+    Places names_;         // of the sections
     std::size_t open_ = 0; // the section that the next line belongs to, while reading
 };
 

@@ -242,6 +242,20 @@ TEST(OdbcLogon, ABraceThatIsClosedEarlyStartsAnotherKeyAndADoubledOneDoesNot)
               "DSN=Shop;UID={a}};Driver=/tmp/x.so};MaxVarcharSize=8000;");
 }
 
+TEST(OdbcLogon, NoBraceIsDoubledForTdsWhichWouldEndTheValueThereAndReadAnotherKey)
+{
+    const std::string refusal =
+        "The driver can't be given the value of \"PWD\": it has a semicolon in it or begins with a brace.";
+    for (const StringOrigin origin : {StringOrigin::ProjectFile, StringOrigin::CommandLine}) {
+        EXPECT_EQ(Refusal("Driver=FreeTDS;PWD={a}};DumpFile=/tmp/x};", origin), refusal);
+        EXPECT_EQ(Refusal("Driver=FreeTDS;PWD={{a}}};", origin), refusal);
+        EXPECT_EQ(Built("Driver=FreeTDS;PWD={a}}b}", origin).Text,
+                  "Driver=FreeTDS;PWD=a}b;TDS_Version=7.4;ClientCharset=UTF-8;");
+        EXPECT_EQ(Built("Driver=FreeTDS;PWD={a;b}", origin).Text,
+                  "Driver=FreeTDS;PWD={a;b};TDS_Version=7.4;ClientCharset=UTF-8;");
+    }
+}
+
 TEST(OdbcLogon, ADatabaseOfAProjectIsAPlainName)
 {
     const std::string options = "The \"Database\" of a project's connection string may not carry options.";

@@ -1,8 +1,8 @@
 #include "shell/platform/abandoned_files.h"
 
-#include "support/child_process.h"
 #include "shell/platform/disk_file_system.h"
 #include "shell/platform/temporary_registry.h"
+#include "support/child_process.h"
 #include "temporary_folder.h"
 
 #include <csignal>

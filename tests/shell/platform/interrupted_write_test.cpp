@@ -1,6 +1,6 @@
-#include "support/child_process.h"
 #include "shell/platform/disk_file_system.h"
 #include "shell/platform/temporary_registry.h"
+#include "support/child_process.h"
 #include "temporary_folder.h"
 
 #include <atomic>

@@ -4,6 +4,7 @@
 #include "text/runtime_error.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <map>
 #include <optional>
@@ -71,6 +72,21 @@ TEST_F(OwnPaths, WithoutAHomeVariableTheUsersEntryCounts)
     unsetenv("HOME");
     EXPECT_TRUE(ConfigFolder().starts_with("/"));
     EXPECT_TRUE(ConfigFolder().ends_with("/.config/veldrane"));
+}
+
+TEST(PathsFromTheRoot, AreReadableWhereThatLeadsToTheSamePlace)
+{
+    const TemporaryFolder folder;
+    MakeFolder(folder / "far/away");
+    MakeFolder(folder / "near");
+    std::filesystem::create_directory_symlink(folder / "far/away", folder / "near/door");
+    EXPECT_EQ(PathFromRoot(folder / "far/../near"), folder / "near");
+    EXPECT_EQ(PathFromRoot(folder / "far/../near/."), folder / "near/");
+    EXPECT_EQ(PathFromRoot(folder / "far/../near/new.kzm"), folder / "near/new.kzm");
+    EXPECT_EQ(PathFromRoot(folder / "near/door"), folder / "near/door");
+    EXPECT_EQ(PathFromRoot(folder / "near/door/.."), folder / "near/door/..");
+    EXPECT_EQ(PathFromRoot(folder / "near/door/../new.kzm"), folder / "near/door/../new.kzm");
+    EXPECT_EQ(PathFromRoot("new.kzm"), (std::filesystem::current_path() / "new.kzm").string());
 }
 
 TEST(MakingFolders, MissingOnesAreMadeForTheUserAlone)

@@ -128,6 +128,39 @@ TEST(SettingsDocumentText, AnEmptyFileIsEmpty)
     EXPECT_EQ(SettingsDocument::Parse("\n\n").Text(), "\n\n");
 }
 
+TEST(SettingsDocumentText, AFileOfOneBlankLineIsOneHoweverTheLineEnds)
+{
+    EXPECT_EQ(SettingsDocument::Parse("\n").Text(), "\n");
+    EXPECT_EQ(SettingsDocument::Parse("\r\n").Text(), "\n");
+}
+
+TEST(SettingsDocumentText, ValuesAreFoundWhenOthersAndSectionsBeforeThemAreGone)
+{
+    SettingsDocument document = SettingsDocument::Parse("[A]\nx=1\n[B]\nx=2\n; note\ny=3\nz=4\n[C]\nx=5\n");
+    document.Remove("b", "X");
+    document.RemoveSection("a");
+    EXPECT_EQ(document.Find("B", "z"), "4");
+    document.Set("B", "y", "6");
+    document.Set("B", "w", "7");
+    document.Set("C", "x", "8");
+    EXPECT_EQ(document.Text(), "[B]\n; note\ny=6\nz=4\nw=7\n[C]\nx=8\n");
+    EXPECT_EQ(document.Find("A", "x"), std::nullopt);
+    EXPECT_EQ(document.Find("B", "x"), std::nullopt);
+}
+
+TEST(SettingsDocumentText, MayHoldManySectionsAndNames)
+{
+    constexpr int kMany = 100'000;
+    std::string text;
+    for (int i = 0; i < kMany; ++i)
+        text += "[Größe" + std::to_string(i) + "]\n";
+    for (int i = 0; i < kMany; ++i)
+        text += "Größe" + std::to_string(i) + "=\n";
+    const SettingsDocument document = SettingsDocument::Parse(text);
+    EXPECT_EQ(document.All("größe99999").size(), kMany);
+    EXPECT_EQ(document.Text(), text);
+}
+
 TEST(SettingsDocumentText, LinesThatCannotBeUnderstoodAreRefusedByNumber)
 {
     EXPECT_EQ(RefusalOf("[Options]\nAuthor=Ann\nnonsense\n"), "line 3 is no section and no value");

@@ -1,7 +1,7 @@
 #include "shell/platform/settings_file.h"
 
-#include "support/child_process.h"
 #include "shell/platform/disk_file_system.h"
+#include "support/child_process.h"
 #include "support/scripted_messages.h"
 #include "support/system_calls.h"
 #include "temporary_folder.h"

@@ -1,0 +1,16 @@
+#include "shell/open_project_file.h"
+
+#include "shell/platform/console_text.h"
+
+namespace veldrane {
+
+bool OpenProjectFile(const Application& application, ProjectSession& session, const std::string& path,
+                     DataSourceOnOpen dataSource)
+{
+    const bool opened = session.Open(path, dataSource);
+    if (!opened)
+        application.ErrorOutput << "veldrane: " << ConsoleLine(path) << " was not opened, and nothing was written.\n";
+    return opened;
+}
+
+} // namespace veldrane

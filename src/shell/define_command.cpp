@@ -133,6 +133,7 @@ class DefineRun
             AddPlanned(planned);
             application_.Progress(static_cast<int>(100 * ++done / plan.Classes.size()), planned.TableName);
         }
+        catalog_.reset();
     }
 
     std::vector<std::string> RelatedTablesOf(const std::string& table)

@@ -18,6 +18,9 @@ constexpr std::string_view kSystemPrefix = "sqlite_";
 // A virtual table has no page and keeps no keys; to ask for them fails where its module is not there.
 constexpr std::string_view kOfStoredTables = " WHERE m.type = 'table' AND m.rootpage > 0";
 
+// 1 marks the hidden columns of virtual tables, which a table does not open with.
+constexpr std::string_view kOpened = "hidden <> 1";
+
 std::string TypeWord(const std::string& name, const std::string& type)
 {
     if (text::FindFolded(name, kSystemPrefix) == 0)
@@ -28,6 +31,13 @@ std::string TypeWord(const std::string& name, const std::string& type)
 std::string Literal(const std::string& text)
 {
     return "'" + text::ReplaceAll(text, "'", "''") + "'";
+}
+
+// The 1-based place may lie behind the end.
+void PutAt(std::vector<std::string>& names, std::size_t place, const std::string& name)
+{
+    names.resize(std::max(names.size(), place));
+    names[place - 1] = name;
 }
 
 std::string OnlyTable(const std::string& name)
@@ -71,17 +81,23 @@ void SqliteCatalogSource::CompleteFields(const SourceTable& table, std::vector<C
             field.IsAutoIncrement = true;
 }
 
-void SqliteCatalogSource::RestoreNames(const SourceTable& table, std::vector<CatalogField>& fields) const
+void SqliteCatalogSource::RestoreNames(const SourceTable& table, std::vector<CatalogField>& fields)
 {
-    // 1 marks the hidden columns of virtual tables, which a table does not open with.
+    const std::vector<std::string>& known = DefinitionOf(table.Name).Names;
+    const std::vector<std::string> names = known.empty() ? ReadNames(table.Name) : known;
+    for (std::size_t at = 0; at < fields.size() && names.size() == fields.size(); ++at)
+        fields[at].Name = names[at];
+}
+
+std::vector<std::string> SqliteCatalogSource::ReadNames(const std::string& table) const
+{
     OdbcStatement statement(session_);
-    statement.Execute("SELECT name FROM pragma_table_xinfo(" + Literal(table.Name) +
-                      ") WHERE hidden <> 1 ORDER BY cid");
+    statement.Execute("SELECT name FROM pragma_table_xinfo(" + Literal(table) + ") WHERE " + std::string(kOpened) +
+                      " ORDER BY cid");
     std::vector<std::string> names;
     while (statement.Fetch())
         names.push_back(statement.Text(1).value_or(""));
-    for (std::size_t at = 0; at < fields.size() && names.size() == fields.size(); ++at)
-        fields[at].Name = names[at];
+    return names;
 }
 
 std::vector<CatalogIndex> SqliteCatalogSource::Indexes(const SourceTable& table)
@@ -149,14 +165,16 @@ void SqliteCatalogSource::ReadColumns(Definitions& definitions, const std::strin
         definitions[table].PrimaryKeyName = PrimaryKeyNameOf(statements.Text(2).value_or(""));
     }
     OdbcStatement columns(session_);
-    columns.Execute("SELECT m.name, c.name, c.pk FROM sqlite_master AS m JOIN pragma_table_info(m.name) AS c" +
-                    std::string(kOfStoredTables) + condition + " ORDER BY m.rowid, c.pk");
+    columns.Execute("SELECT m.name, c.name, c.pk FROM sqlite_master AS m JOIN pragma_table_xinfo(m.name) AS c" +
+                    std::string(kOfStoredTables) + " AND " + std::string(kOpened) + condition +
+                    " ORDER BY m.rowid, c.cid");
     while (columns.Fetch()) {
         Definition& definition = definitions[columns.Text(1).value_or("")];
         const std::string column = columns.Text(2).value_or("");
+        definition.Names.push_back(column);
         definition.Columns.emplace(text::Fold(column), column);
-        if (columns.Number(3) > 0)
-            definition.PrimaryKey.push_back(column);
+        if (const long place = columns.Number(3); place > 0)
+            PutAt(definition.PrimaryKey, static_cast<std::size_t>(place), column);
     }
 }
 

@@ -35,6 +35,7 @@ class SqliteCatalogSource : public CatalogSource
     // What the definition of one table holds.
     struct Definition
     {
+        std::vector<std::string> Names; // of the columns that the table opens with; none for a virtual table or a view
         std::unordered_map<std::string, std::string> Columns; // by their folded form
         std::string PrimaryKeyName;
         std::vector<std::string> PrimaryKey; // in the key's order
@@ -44,7 +45,8 @@ class SqliteCatalogSource : public CatalogSource
     };
     using Definitions = std::unordered_map<std::string, Definition>;
 
-    void RestoreNames(const SourceTable& table, std::vector<CatalogField>& fields) const;
+    void RestoreNames(const SourceTable& table, std::vector<CatalogField>& fields);
+    [[nodiscard]] std::vector<std::string> ReadNames(const std::string& table) const;
     void Read(Definitions& definitions, const std::string& condition) const;
     void ReadColumns(Definitions& definitions, const std::string& condition) const;
     void ReadIndexes(Definitions& definitions, const std::string& condition) const;

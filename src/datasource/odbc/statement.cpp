@@ -116,7 +116,7 @@ bool OdbcStatement::Fetch()
 std::optional<std::string> OdbcStatement::Text(SQLUSMALLINT column)
 {
     // In pieces: what is longer than the buffer comes with the next call. Each ends in a terminator of its own.
-    std::array<char, 4096> buffer{};
+    std::array<char, 512> buffer{};
     const bool wide = session_.IsWide();
     const std::size_t unit = wide ? sizeof(char16_t) : 1;
     const SQLSMALLINT type = wide ? SQL_C_WCHAR : SQL_C_CHAR;

@@ -56,10 +56,11 @@ Answer ConsoleMessages::Ask(const Question& question)
     if (told != told_.end() && std::find(offered.begin(), offered.end(), told->second) != offered.end())
         return told->second;
     const Answer answer = offered.front();
-    out_ << ConsoleText(question.Title.empty() ? question.Text : question.Title + ": " + question.Text) << '\n';
+    std::string shown = ConsoleText(question.Title.empty() ? question.Text : question.Title + ": " + question.Text);
+    shown += '\n';
     if (question.Offered != Buttons::Ok)
-        out_ << kConsoleIndent << "Answer: " << NameOf(answer) << '\n';
-    out_ << std::flush;
+        shown.append(kConsoleIndent).append("Answer: ").append(NameOf(answer)).append("\n");
+    out_ << shown << std::flush; // whole, however many programs write there
     return answer;
 }
 

@@ -24,7 +24,7 @@ struct EmptiedFolder : ::testing::Test
 
     testing::FailingFileSystem Files;
     testing::RecordedErrors Errors;
-    FolderOfProject Shop{.Folder = "/out", .ProjectFile = "/work/Shop.kzm", .VBProjectName = "Shop"};
+    FolderOfProject Shop{.Folder = "/out", .ProjectFile = "/projects/Shop.kzm", .VBProjectName = "Shop"};
 };
 
 // Without it nobody could tell that the rest may go as well.

@@ -43,9 +43,10 @@ class Measurement
 {
   public:
     Measurement(const Programs& programs, const fs::path& folder, std::size_t tables)
-        : programs_(programs), folder_(folder)
+        : programs_(programs), folder_(folder / std::to_string(tables))
     {
         result_.Tables = tables;
+        fs::create_directory(folder_);
     }
 
     WholeRun Take(int rounds)
@@ -70,7 +71,6 @@ class Measurement
         result_.CatalogSeconds = Median(floor.First);
         result_.WriteSeconds = Median(floor.Second);
         result_.FloorSeconds = Median(floor.Both);
-        RemoveAll();
         return result_;
     }
 
@@ -83,16 +83,8 @@ class Measurement
         RunProcess({"sqlite3", database_}, {.Input = sql_, .Output = log_});
     }
 
-    void RemoveAll() const
-    {
-        std::vector<fs::path> left;
-        for (const fs::directory_entry& entry : fs::directory_iterator(folder_))
-            left.push_back(entry.path());
-        for (const fs::path& path : left)
-            fs::remove_all(path);
-    }
-
-    // A new folder each time: a file system avoids what was removed just now, and looks for its files' places long.
+    // A new folder each time, and none removed: a file system avoids what was removed just now, and looks for its
+    // files' places long.
     // Everything written so far is on the disk, so that a run's own sync has its own files to sync alone.
     [[nodiscard]] fs::path NewFolder(const std::string& name)
     {
@@ -155,7 +147,7 @@ class Measurement
     }
 
     const Programs& programs_;
-    const fs::path& folder_;
+    const fs::path folder_;
     const fs::path sql_ = folder_ / "schema.sql";
     const fs::path database_ = folder_ / "schema.db";
     const fs::path pack_ = folder_ / "pack";

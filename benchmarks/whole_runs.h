@@ -30,7 +30,8 @@ struct WholeRun
 
 // Measures whole runs on a SQLite database with so many tables against the floor, in turn, so that whatever else the
 // machine does meets both; times are medians of the rounds, and the first run of each, which finds nothing in the
-// caches, is not counted. Works in the folder, an existing empty one, and empties it again.
+// caches, is not counted. Works in a new folder below the given one, which stays: to remove it would slow whatever is
+// measured next.
 //
 // Throws std::runtime_error with what a program printed if it fails.
 [[nodiscard]] WholeRun MeasureWholeRun(const Programs& programs, const std::filesystem::path& folder,

@@ -41,7 +41,8 @@ struct Bound
 
 // Growth is the exponent e with which the time rises as size^e: 1 is linear. A whole run is `define --all` and then
 // `generate` into an empty folder, both as processes, on a SQLite database with as many tables; its time is wall time,
-// and stands as a multiple of the floor, which floor_probe.cpp defines. Rates are by processor time, on one core.
+// and stands as a multiple of the floor, which floor_probe.cpp defines; its growth is measured on a file system in
+// memory. Rates are by processor time, on one core.
 inline constexpr auto kBounds = std::to_array<Bound>({
     {Measure::WholeRun10, "whole run, 10 tables", "x floor", Better::Lower, 6, 3},
     {Measure::WholeRun1000, "whole run, 1,000 tables", "x floor", Better::Lower, 4, 2},

@@ -1,7 +1,6 @@
 #include "generator/argument_list.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace veldrane {
 namespace {
@@ -24,15 +23,21 @@ void AppendArgument(std::string& list, const TTCParameter& parameter)
 }
 
 template <class Parameters>
-std::string Format(const Parameters& parameters)
+std::vector<const TTCParameter*> InOrder(const Parameters& parameters)
 {
     std::vector<const TTCParameter*> ordered;
     for (const TTCParameter& parameter : parameters)
         if (parameter.Index >= 1 && static_cast<std::size_t>(parameter.Index) <= parameters.Count())
             ordered.push_back(&parameter);
     std::stable_sort(ordered.begin(), ordered.end(), [](const TTCParameter* left, const TTCParameter* right) { return left->Index < right->Index; });
+    return ordered;
+}
+
+template <class Parameters>
+std::string Format(const Parameters& parameters)
+{
     std::string list;
-    for (const TTCParameter* parameter : ordered)
+    for (const TTCParameter* parameter : InOrder(parameters))
         AppendArgument(list, *parameter);
     constexpr std::size_t kSeparator = 2;
     if (list.size() > kSeparator)
@@ -50,6 +55,11 @@ std::string FormatArguments(const KZMArguments& arguments)
 std::string FormatArguments(const TTCEventParameters& parameters)
 {
     return Format(parameters);
+}
+
+std::vector<const TTCParameter*> ArgumentsInOrder(const KZMArguments& arguments)
+{
+    return InOrder(arguments);
 }
 
 } // namespace veldrane

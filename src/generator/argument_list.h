@@ -3,6 +3,7 @@
 #include "model/parameters.h"
 
 #include <string>
+#include <vector>
 
 namespace veldrane {
 
@@ -11,5 +12,8 @@ namespace veldrane {
 // the line that takes the text converts its quotes.
 [[nodiscard]] std::string FormatArguments(const KZMArguments& arguments);
 [[nodiscard]] std::string FormatArguments(const TTCEventParameters& parameters);
+
+// The arguments that this text is made of, in its order.
+[[nodiscard]] std::vector<const TTCParameter*> ArgumentsInOrder(const KZMArguments& arguments);
 
 } // namespace veldrane

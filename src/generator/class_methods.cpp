@@ -7,23 +7,6 @@
 namespace veldrane {
 namespace {
 
-struct MethodScope : ClassScope
-{
-    const TTCMethod& Method;
-};
-
-} // namespace
-
-template <>
-inline constexpr auto Vocabulary<MethodScope> = std::to_array<Placeholder<MethodScope>>({
-    {"Scope", [](std::string& line, const MethodScope& s) { line += s.Method.Scope; }},
-    {"MethodName", [](std::string& line, const MethodScope& s) { line += s.Method.MethodName; }},
-    {"Arguments", [](std::string& line, const MethodScope& s) { line += FormatArguments(s.Method.Arguments); }},
-    {"ReturnDataType", [](std::string& line, const MethodScope& s) { line += s.Method.ReturnDataType; }},
-});
-
-namespace {
-
 // A generated object clears itself at both ends of its life.
 void WriteCallOfClear(const ClassEmitter& emit)
 {
@@ -74,49 +57,81 @@ void EnsureClear(const ClassEmitter& emit, std::string_view methodName)
     WriteClearMethod(emit);
 }
 
+// A writer that needs nothing of the method's own definition.
+template <void (*Write)(const ClassEmitter&)>
+void WriteOfClass(const MethodEmitter& emit)
+{
+    Write(emit);
+}
+
+// A child takes back what the component has returned, which its parent's Add has asked for.
+void WriteAdd(const MethodEmitter& emit)
+{
+    WriteAddMethod(emit);
+    if (emit.Scope().Project.MTSEnabled && !IsTopLevel(emit.Scope().Class))
+        WriteStoreReturnValues(emit);
+}
+
 struct BuiltInMethod
 {
     std::string_view MethodName;
-    void (*Write)(const ClassEmitter& emit);
+    void (*Write)(const MethodEmitter& emit);
 };
 
 constexpr auto kBuiltInMethods = std::to_array<BuiltInMethod>({
-    {"Clear", WriteClearMethod},
-    {"Clone", WriteCloneMethod},
+    {"AddAttribute", WriteOfClass<WriteAddAttributeMethod>},
+    {"AddElement", WriteOfClass<WriteAddElementMethod>},
+    {"Add", WriteAdd},
+    {"Update", WriteOfClass<WriteUpdateMethod>},
+    {"Delete", WriteDeleteMethod},
+    {"Retrieve", WriteRetrieveMethod},
+    {"Clear", WriteOfClass<WriteClearMethod>},
+    {"Clone", WriteOfClass<WriteCloneMethod>},
+    {"RetrieveListToTreeView", WriteOfClass<WriteRetrieveListToTreeViewMethod>},
+    {"RetrieveList", WriteOfClass<WriteRetrieveListMethod>},
+    {"RetrieveIdentity", WriteOfClass<WriteRetrieveIdentityMethod>},
 });
 
-void WriteBuiltInMethod(const ClassEmitter& emit, std::string_view methodName)
+void WriteBuiltInMethod(const MethodEmitter& emit)
 {
-    EnsureClear(emit, methodName);
+    const std::string& methodName = emit.Scope().Method.MethodName;
     const auto known = std::find_if(kBuiltInMethods.begin(), kBuiltInMethods.end(), [&](const BuiltInMethod& row) { return row.MethodName == methodName; });
-    if (known != kBuiltInMethods.end())
-        known->Write(emit);
+    if (known == kBuiltInMethods.end())
+        return;
+    EnsureClear(emit, methodName);
+    known->Write(emit);
 }
 
 // The empty routine of a method of the user's.
-void WriteStub(const ClassEmitter& emit, const TTCMethod& method)
+void WriteStub(const MethodEmitter& emit)
 {
-    const MethodScope scope{emit.Scope(), method};
-    const Emitter<MethodScope> stub = emit.About(scope);
+    const TTCMethod& method = emit.Scope().Method;
     const bool isSub = method.ReturnDataType.empty();
     if (isSub)
-        stub("{Scope} Sub {MethodName}({Arguments})", LineClass::Head, Quotes::Convert);
+        emit("{Scope} Sub {MethodName}({Arguments})", LineClass::Head, Quotes::Convert);
     else
-        stub("{Scope} Function {MethodName}({Arguments}) as {ReturnDataType}", LineClass::Head, Quotes::Convert);
+        emit("{Scope} Function {MethodName}({Arguments}) as {ReturnDataType}", LineClass::Head, Quotes::Convert);
     if (method.DefaultMethod)
-        stub("Attribute {MethodName}.VB_UserMemId = 0", LineClass::Hidden);
+        emit("Attribute {MethodName}.VB_UserMemId = 0", LineClass::Hidden);
     if (isSub)
-        stub("End Sub", LineClass::Head);
+        emit("End Sub", LineClass::Head);
     else
-        stub("End Function", LineClass::Head);
+        emit("End Function", LineClass::Head);
 }
 
 void WriteMethod(const ClassEmitter& emit, const TTCMethod& method)
 {
+    if (!method.PlusMethod && method.MethodIsSP) {
+        if (method.StoredProcedure != nullptr)
+            WriteVBSourceCode(emit, *method.StoredProcedure);
+        return;
+    }
+    const std::string arguments = FormatArguments(method.Arguments);
+    const MethodScope scope{emit.Scope(), method, arguments};
     if (method.PlusMethod)
-        WriteBuiltInMethod(emit, method.MethodName);
-    else if (!method.MethodIsSP)
-        WriteStub(emit, method);
+        WriteBuiltInMethod(emit.About(scope));
+    else
+        WriteStub(emit.About(scope));
 }
 
 } // namespace

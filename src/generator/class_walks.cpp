@@ -3,21 +3,24 @@
 namespace veldrane {
 namespace {
 
-using ColumnProperties = std::unordered_map<std::string_view, std::vector<TTCProperty*>>;
+using ColumnList = std::vector<const TTCColumn*>;
 
-ColumnProperties PropertiesByColumn(const KZMClass& owner, std::int32_t keyType)
+// For each of the columns, each property on it, or the first one.
+std::vector<ColumnProperty> PropertiesOn(const ColumnList& columns, const KZMClass& owner, PropertiesOnColumn which)
 {
-    ColumnProperties byColumn;
-    for (const TTCKey& key : owner.TTCKeys)
-        if (key.KeyType == keyType)
-            for (const TTCColumn& column : key.TTCColumns)
-                byColumn.try_emplace(column.ColumnName);
+    std::unordered_map<std::string_view, std::vector<TTCProperty*>> byColumn;
+    for (const TTCColumn* column : columns)
+        byColumn.try_emplace(column->ColumnName);
     if (byColumn.empty())
-        return byColumn;
+        return {};
     for (TTCProperty& property : owner.TTCProperties)
-        if (const auto found = byColumn.find(property.FieldName); found != byColumn.end())
+        if (const auto found = byColumn.find(property.FieldName); found != byColumn.end() && (which == PropertiesOnColumn::Every || found->second.empty()))
             found->second.push_back(&property);
-    return byColumn;
+    std::vector<ColumnProperty> found;
+    for (const TTCColumn* column : columns)
+        for (TTCProperty* property : byColumn.at(column->ColumnName))
+            found.push_back({column, property});
+    return found;
 }
 
 } // namespace
@@ -35,16 +38,30 @@ const std::vector<KZMClass*>& ChildIndex::Of(std::string_view className) const
     return found == children_.end() ? kNone : found->second;
 }
 
+TTCProperty* FirstIdentityProperty(const KZMClass& owner)
+{
+    for (TTCProperty& property : owner.TTCProperties)
+        if (property.FieldIsIdentityCol && !property.FieldName.empty())
+            return &property;
+    return nullptr;
+}
+
 ColumnIndex::ColumnIndex(const KZMClass& owner)
 {
-    for (const TTCProperty& property : owner.TTCProperties)
-        properties_.try_emplace(property.FieldName, property.PropertyName);
+    for (TTCProperty& property : owner.TTCProperties)
+        properties_.try_emplace(property.FieldName, &property);
+}
+
+TTCProperty* ColumnIndex::PropertyOn(std::string_view columnName) const
+{
+    const auto found = properties_.find(columnName);
+    return found == properties_.end() ? nullptr : found->second;
 }
 
 std::string_view ColumnIndex::ColumnToProperty(std::string_view columnName) const
 {
-    const auto found = properties_.find(columnName);
-    return found == properties_.end() ? std::string_view() : found->second;
+    const TTCProperty* property = PropertyOn(columnName);
+    return property == nullptr ? std::string_view() : std::string_view(property->PropertyName);
 }
 
 RelationshipProperties::RelationshipProperties(const KZMClass& owner)
@@ -55,21 +72,23 @@ RelationshipProperties::RelationshipProperties(const KZMClass& owner)
             names_.insert(columns.ColumnToProperty(column.ColumnName));
 }
 
-std::vector<KeyColumnProperty> PropertiesBehindKey(const KZMClass& owner, std::int32_t keyType, PropertiesOnColumn which)
+std::vector<ColumnProperty> PropertiesBehindKey(const KZMClass& owner, std::int32_t keyType, PropertiesOnColumn which)
 {
-    const ColumnProperties byColumn = PropertiesByColumn(owner, keyType);
-    std::vector<KeyColumnProperty> found;
-    for (const TTCKey& key : owner.TTCKeys) {
-        if (key.KeyType != keyType)
-            continue;
-        for (const TTCColumn& column : key.TTCColumns)
-            for (TTCProperty* property : byColumn.at(column.ColumnName)) {
-                found.push_back({&column, property});
-                if (which == PropertiesOnColumn::First)
-                    break;
-            }
-    }
-    return found;
+    ColumnList columns;
+    for (const TTCKey& key : owner.TTCKeys)
+        if (key.KeyType == keyType)
+            for (const TTCColumn& column : key.TTCColumns)
+                columns.push_back(&column);
+    return PropertiesOn(columns, owner, which);
+}
+
+std::vector<ColumnProperty> PropertiesBehindRelationships(const KZMClass& owner, PropertiesOnColumn which)
+{
+    ColumnList columns;
+    for (const TTCRelationship& relationship : owner.TTCRelationships)
+        for (const TTCColumn& column : relationship.Columns)
+            columns.push_back(&column);
+    return PropertiesOn(columns, owner, which);
 }
 
 } // namespace veldrane

@@ -25,8 +25,8 @@ class ChildIndex
     std::unordered_map<std::string, std::vector<KZMClass*>> children_; // by the parent's name
 };
 
-// A column of a key, and a property on that column.
-struct KeyColumnProperty
+// A column of a key or of a relationship, and a property on that column.
+struct ColumnProperty
 {
     const TTCColumn* Column;
     TTCProperty* Property;
@@ -40,7 +40,13 @@ enum class PropertiesOnColumn
 
 // The properties behind the keys of a type: for each such key, each of its columns, each property (or the first one)
 // whose FieldName is exactly the column's name.
-[[nodiscard]] std::vector<KeyColumnProperty> PropertiesBehindKey(const KZMClass& owner, std::int32_t keyType, PropertiesOnColumn which = PropertiesOnColumn::Every);
+[[nodiscard]] std::vector<ColumnProperty> PropertiesBehindKey(const KZMClass& owner, std::int32_t keyType, PropertiesOnColumn which = PropertiesOnColumn::Every);
+
+// The same for the columns of the class's relationships.
+[[nodiscard]] std::vector<ColumnProperty> PropertiesBehindRelationships(const KZMClass& owner, PropertiesOnColumn which);
+
+// The first property on a column that is an identity column; null if there is none.
+[[nodiscard]] TTCProperty* FirstIdentityProperty(const KZMClass& owner);
 
 // The first property on each column of a class. A picture, as ChildIndex is.
 class ColumnIndex
@@ -48,11 +54,14 @@ class ColumnIndex
   public:
     explicit ColumnIndex(const KZMClass& owner);
 
-    // The name of the first property whose FieldName is exactly the column's name; "" if there is none.
+    // The first property whose FieldName is exactly the column's name; null if there is none.
+    [[nodiscard]] TTCProperty* PropertyOn(std::string_view columnName) const;
+
+    // Its name; "" if there is none.
     [[nodiscard]] std::string_view ColumnToProperty(std::string_view columnName) const;
 
   private:
-    std::unordered_map<std::string_view, std::string_view> properties_; // by the column's name
+    std::unordered_map<std::string_view, TTCProperty*> properties_; // by the column's name
 };
 
 // The properties on the columns of a class's relationships: the values of its foreign keys. A picture, too.

@@ -49,51 +49,65 @@ std::string CodeGeneration::GeneratedClassModuleText(KZMClass& owner, const KZMC
     return OutputsToText(WriteClassHeader(owner, classes)) + OutputsToText(WriteClassDeclarations(owner, classes)) + OutputsToText(WriteClassProperties(owner, classes));
 }
 
+template <class Write>
+auto CodeGeneration::WithClass(KZMClass& owner, const KZMClasses& classes, Write&& write)
+{
+    const ChildIndex children(classes);
+    const GenerationContext context{{project_, Settings}, classes, children, ports_.Asking, ErrorText};
+    return write(ClassScope{context, owner});
+}
+
 TTCOutputs CodeGeneration::WriteClassHeader(KZMClass& owner, const KZMClasses& classes)
 {
-    return WriteSection(veldrane::WriteClassHeader, owner, classes);
+    return WithClass(owner, classes, veldrane::WriteClassHeader);
 }
 
 TTCOutputs CodeGeneration::WriteClassDeclarations(KZMClass& owner, const KZMClasses& classes)
 {
-    return WriteSection(veldrane::WriteClassDeclarations, owner, classes);
+    return WithClass(owner, classes, veldrane::WriteClassDeclarations);
 }
 
 TTCOutputs CodeGeneration::WriteClassProperties(KZMClass& owner, const KZMClasses& classes)
 {
-    return WriteSection(veldrane::WriteClassProperties, owner, classes);
+    return WithClass(owner, classes, veldrane::WriteClassProperties);
 }
 
 TTCOutputs CodeGeneration::WriteClassMethods(KZMClass& owner, const KZMClasses& classes)
 {
-    return WriteSection(veldrane::WriteClassMethods, owner, classes);
+    return WithClass(owner, classes, veldrane::WriteClassMethods);
 }
 
 TTCOutputs CodeGeneration::WriteCollectionHeader(KZMClass& owner, const KZMClasses& classes)
 {
-    return WriteSection(veldrane::WriteCollectionHeader, owner, classes);
+    return WithClass(owner, classes, veldrane::WriteCollectionHeader);
 }
 
 TTCOutputs CodeGeneration::WriteCollectionDeclarations(KZMClass& owner, const KZMClasses& classes)
 {
-    return WriteSection(veldrane::WriteCollectionDeclarations, owner, classes);
+    return WithClass(owner, classes, veldrane::WriteCollectionDeclarations);
 }
 
 TTCOutputs CodeGeneration::WriteCollectionProperties(KZMClass& owner, const KZMClasses& classes)
 {
-    return WriteSection(veldrane::WriteCollectionProperties, owner, classes);
+    return WithClass(owner, classes, veldrane::WriteCollectionProperties);
 }
 
 TTCOutputs CodeGeneration::WriteCollectionMethods(KZMClass& owner, const KZMClasses& classes)
 {
-    return WriteSection(veldrane::WriteCollectionMethods, owner, classes);
+    return WithClass(owner, classes, veldrane::WriteCollectionMethods);
 }
 
-TTCOutputs CodeGeneration::WriteSection(TTCOutputs (*write)(const ClassScope&), KZMClass& owner, const KZMClasses& classes)
+std::string CodeGeneration::GetRelationshipArguments(KZMClass& owner, const KZMClasses& classes)
 {
-    const ChildIndex children(classes);
-    const GenerationContext context{{project_, Settings}, classes, children, ports_.Asking, ErrorText};
-    return write({context, owner});
+    return WithClass(owner, classes, [&](const ClassScope& scope) {
+        TTCOutputs none(Settings.Colors);
+        return veldrane::GetRelationshipArguments(ClassEmitter(none, scope));
+    });
+}
+
+void CodeGeneration::GenerateRetrieveRelatedMethod(TTCOutputs& lines, KZMClass& owner, const KZMClasses& classes)
+{
+    WithClass(owner, classes, [&](const ClassScope& scope) { veldrane::GenerateRetrieveRelatedMethod(ClassEmitter(lines, scope)); });
 }
 
 } // namespace veldrane

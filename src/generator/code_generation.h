@@ -99,6 +99,12 @@ class CodeGeneration
     [[nodiscard]] TTCOutputs WriteCollectionProperties(KZMClass& owner, const KZMClasses& classes);
     [[nodiscard]] TTCOutputs WriteCollectionMethods(KZMClass& owner, const KZMClasses& classes);
 
+    // The parameters for the columns that join the class to its parent: "ByVal OrderID as Long".
+    [[nodiscard]] std::string GetRelationshipArguments(KZMClass& owner, const KZMClasses& classes);
+
+    // Appends the method by which the collection of a child class reads its rows; nothing if it has no parent or table.
+    void GenerateRetrieveRelatedMethod(TTCOutputs& lines, KZMClass& owner, const KZMClasses& classes);
+
     // Writes the project into the folder and ends with exactly one of OperationComplete and OperationAborted; never
     // throws. Nothing is written if a name would make a file outside the folder; files that share a name are named in a
     // warning, and the later one meets the earlier as it would any file that exists. A run that ends early leaves the
@@ -116,7 +122,9 @@ class CodeGeneration
     bool FilesShareNames = false; // in the latest run: one of two files was lost, or would be where letter case does not count
 
   private:
-    TTCOutputs WriteSection(TTCOutputs (*write)(const ClassScope&), KZMClass& owner, const KZMClasses& classes);
+    // Calls `write` with the scope of the class.
+    template <class Write>
+    auto WithClass(KZMClass& owner, const KZMClasses& classes, Write&& write);
 
     // False if the run ended early; what was written by then is not yet in place.
     bool WriteProject(const KZMClasses& classes, const std::string& targetFolder, TargetFiles& files);

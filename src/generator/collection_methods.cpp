@@ -161,8 +161,10 @@ TTCOutputs WriteCollectionMethods(const ClassScope& scope)
     // The parent's code fills a top-level collection, so that has it always.
     if (isTopLevel || scope.Class.IncludeAddExisting)
         WriteAddExisting(emit);
-    if (!isTopLevel)
+    if (!isTopLevel) {
         WriteAdd(emit);
+        GenerateRetrieveRelatedMethod(emit);
+    }
     return lines;
 }
 

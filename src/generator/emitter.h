@@ -50,6 +50,13 @@ class Emitter
     template <class Other>
     Emitter<Other> About(const Other&& scope) const = delete;
 
+    // A narrower scope knows all that a wider one does, so an emitter about it can write the lines of both.
+    template <class Wider>
+    requires(std::is_base_of_v<Wider, ScopeType> && !std::is_same_v<Wider, ScopeType>) operator Emitter<Wider>() const // NOLINT(google-explicit-constructor): passed as it stands
+    {
+        return Emitter<Wider>(lines_, scope_, quotes_);
+    }
+
     [[nodiscard]] const ScopeType& Scope() const { return scope_; }
     [[nodiscard]] TTCOutputs& Lines() const { return lines_; }
 

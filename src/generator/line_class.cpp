@@ -31,6 +31,7 @@ constexpr auto kRows = std::to_array<LineClassRow>({
     {"head:Sub", true, Ink::Header, "Sub"},
     {"head:Function", true, Ink::Header, "Function"},
     {"head:PlusMethod", true, Ink::Header, "PlusMethod"},
+    {"head:SP", true, Ink::Header, "SP"},
     {"mark:MTS", false, Ink::Code, "MTS"},
     {"mark:Globe", false, Ink::Code, "Globe"},
     {"mark:Event", false, Ink::Code, "Event"},

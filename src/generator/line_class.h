@@ -15,6 +15,7 @@ enum class LineClass
     HeadSub,
     HeadFunction,
     HeadPlusMethod, // first line of a built-in method that the class carries
+    HeadSP,         // first line of a function that calls a stored procedure
     MarkMTS,        // lines that exist for transaction-server support,
     MarkGlobe,      // for web compatibility,
     MarkEvent,      // and declarations of the user's

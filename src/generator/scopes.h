@@ -1,6 +1,7 @@
 #pragma once
 
 #include "generator/class_walks.h"
+#include "generator/column_names.h"
 #include "generator/emitter.h"
 #include "generator/generation_settings.h"
 #include "generator/type_rules.h"
@@ -27,9 +28,11 @@ inline constexpr auto Vocabulary<ProjectScope> = std::to_array<Placeholder<Proje
     {"Save", [](std::string& line, const ProjectScope&) { line += kSavePrefix; }},
     {"m:Boolean", [](std::string& line, const ProjectScope& s) { AppendVariablePrefix(line, s.Project, "Boolean"); }},
     {"m:Collection", [](std::string& line, const ProjectScope& s) { AppendVariablePrefix(line, s.Project, "Collection"); }},
+    {"m:Long", [](std::string& line, const ProjectScope& s) { AppendVariablePrefix(line, s.Project, "Long"); }},
     {"m:Object", [](std::string& line, const ProjectScope& s) { AppendVariablePrefix(line, s.Project, "Object"); }},
     {"m:Other", [](std::string& line, const ProjectScope& s) { AppendVariablePrefix(line, s.Project, "Other"); }},
     {"m:String", [](std::string& line, const ProjectScope& s) { AppendVariablePrefix(line, s.Project, "String"); }},
+    {"Ado", [](std::string& line, const ProjectScope& s) { line += s.Project.UseADOR ? "R" : "DB"; }},
     {"AppTitle", [](std::string& line, const ProjectScope& s) { line += s.Settings.AppTitle; }},
     {"ProjectName", [](std::string& line, const ProjectScope& s) { line += s.Project.ProjectName(); }},
     {"ConnectionString", [](std::string& line, const ProjectScope& s) { line += s.Project.ConnectionString(); }},
@@ -75,6 +78,7 @@ inline constexpr auto Vocabulary<ClassScope> = JoinVocabularies(std::to_array<Pl
                                                                     {"ClassName", [](std::string& line, const ClassScope& s) { line += s.Class.ClassName; }},
                                                                     {"CollectionName", [](std::string& line, const ClassScope& s) { line += s.Class.CollectionName; }},
                                                                     {"TableName", [](std::string& line, const ClassScope& s) { line += s.Class.TableName; }},
+                                                                    {"Table", [](std::string& line, const ClassScope& s) { AppendBracketed(line, s.Class.TableName); }},
                                                                 }),
                                                                 InheritedVocabulary<ClassScope, ProjectScope>());
 
@@ -90,13 +94,36 @@ inline constexpr auto Vocabulary<PropertyScope> =
                          {"Scope", [](std::string& line, const PropertyScope& s) { line += s.Property.Scope; }},
                          {"PropertyName", [](std::string& line, const PropertyScope& s) { line += s.Property.PropertyName; }},
                          {"DataType", [](std::string& line, const PropertyScope& s) { line += s.Property.DataType; }},
+                         {"FieldName", [](std::string& line, const PropertyScope& s) { line += s.Property.FieldName; }},
+                         {"Col", [](std::string& line, const PropertyScope& s) { AppendBracketed(line, s.Property.FieldName); }},
+                         {"Ref", [](std::string& line, const PropertyScope& s) { AppendColumnReference(line, s.Property.FieldName); }},
                          {"m:DataType", [](std::string& line, const PropertyScope& s) { AppendVariablePrefix(line, s.Project, s.Property.DataType); }},
+                         {"FieldAlias", [](std::string& line, const PropertyScope& s) { line += s.Property.FieldAlias; }},
+                         {"F", [](std::string& line, const PropertyScope& s) { AppendFieldReference(line, s.Property.FieldReference); }},
+                         {"adoRS:F", [](std::string& line, const PropertyScope& s) { AppendQualifiedFieldReference(line, s.Property.FieldReference); }},
                          {"Empty", [](std::string& line, const PropertyScope& s) { line += DefaultValueForType(s.Property.DataType, s.Property.FieldDataType == kGuidFieldType); }},
+                         {"NullValue", [](std::string& line, const PropertyScope& s) { line += DefaultValueForType(s.Property.DataType, false); }},
                          {"MaxLength", [](std::string& line, const PropertyScope& s) { line += std::to_string(s.Property.MaxLength); }},
                          {"FormatStringOnGet", [](std::string& line, const PropertyScope& s) { line += s.Property.FormatStringOnGet; }},
                          {"FormatStringOnLet", [](std::string& line, const PropertyScope& s) { line += s.Property.FormatStringOnLet; }},
                      }),
                      InheritedVocabulary<PropertyScope, ClassScope>());
+
+// A line about one of the class's methods.
+struct MethodScope : ClassScope
+{
+    const TTCMethod& Method;
+    const std::string& Arguments; // the text between the parentheses of its first line
+};
+
+template <>
+inline constexpr auto Vocabulary<MethodScope> = JoinVocabularies(std::to_array<Placeholder<MethodScope>>({
+                                                                     {"Scope", [](std::string& line, const MethodScope& s) { line += s.Method.Scope; }},
+                                                                     {"MethodName", [](std::string& line, const MethodScope& s) { line += s.Method.MethodName; }},
+                                                                     {"Arguments", [](std::string& line, const MethodScope& s) { line += s.Arguments; }},
+                                                                     {"ReturnDataType", [](std::string& line, const MethodScope& s) { line += s.Method.ReturnDataType; }},
+                                                                 }),
+                                                                 InheritedVocabulary<MethodScope, ClassScope>());
 
 // A line about a field that a lookup property brings in.
 struct LookupFieldScope : PropertyScope
@@ -104,12 +131,20 @@ struct LookupFieldScope : PropertyScope
     TTCLookupField& L;
 };
 
+// The name by which a lookup's field is read from a row.
+[[nodiscard]] inline const std::string& NameInResult(const TTCLookupField& field)
+{
+    return field.FieldAlias.empty() ? field.FieldName : field.FieldAlias;
+}
+
 template <>
 inline constexpr auto
     Vocabulary<LookupFieldScope> = JoinVocabularies(std::to_array<Placeholder<LookupFieldScope>>({
                                                         {"L.PropertyName", [](std::string& line, const LookupFieldScope& s) { line += s.L.PropertyName; }},
                                                         {"L.FieldDataType", [](std::string& line, const LookupFieldScope& s) { line += s.L.FieldDataType; }},
                                                         {"m:L.FieldDataType", [](std::string& line, const LookupFieldScope& s) { AppendVariablePrefix(line, s.Project, s.L.FieldDataType); }},
+                                                        {"L.F", [](std::string& line, const LookupFieldScope& s) { AppendFieldReference(line, NameInResult(s.L)); }},
+                                                        {"adoRS:L.F", [](std::string& line, const LookupFieldScope& s) { AppendQualifiedFieldReference(line, NameInResult(s.L)); }},
                                                         {"L.Empty", [](std::string& line, const LookupFieldScope& s) { line += DefaultValueForType(s.L.FieldDataType, false); }},
                                                     }),
                                                     InheritedVocabulary<LookupFieldScope, PropertyScope>());
@@ -130,6 +165,7 @@ inline constexpr auto Vocabulary<ChildScope> = JoinVocabularies(std::to_array<Pl
 using ProjectEmitter = Emitter<ProjectScope>;
 using ListedClassEmitter = Emitter<ListedClassScope>;
 using ClassEmitter = Emitter<ClassScope>;
+using MethodEmitter = Emitter<MethodScope>;
 using PropertyEmitter = Emitter<PropertyScope>;
 using LookupFieldEmitter = Emitter<LookupFieldScope>;
 using ChildEmitter = Emitter<ChildScope>;
@@ -158,7 +194,7 @@ void ForEachProperty(const ClassEmitter& emit, Body&& body)
 template <class Body>
 void ForEachPrimaryKeyProperty(const ClassEmitter& emit, Body&& body)
 {
-    for (const KeyColumnProperty& found : PropertiesBehindKey(emit.Scope().Class, key_type::kPrimaryKey)) {
+    for (const ColumnProperty& found : PropertiesBehindKey(emit.Scope().Class, key_type::kPrimaryKey)) {
         const PropertyScope scope{emit.Scope(), *found.Property};
         body(emit.About(scope));
     }

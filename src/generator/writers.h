@@ -28,7 +28,28 @@ namespace veldrane {
 [[nodiscard]] TTCOutputs WriteCollectionMethods(const ClassScope& scope);
 
 // The text of built-in methods.
+void WriteAddMethod(const MethodEmitter& emit);
+void WriteUpdateMethod(const ClassEmitter& emit);
+void WriteDeleteMethod(const MethodEmitter& emit);
+void WriteRetrieveMethod(const MethodEmitter& emit);
 void WriteClearMethod(const ClassEmitter& emit);
 void WriteCloneMethod(const ClassEmitter& emit);
+void WriteRetrieveListMethod(const ClassEmitter& emit);
+void WriteRetrieveListToTreeViewMethod(const ClassEmitter& emit);
+void WriteRetrieveIdentityMethod(const ClassEmitter& emit); // nothing without an identity column
+void WriteAddAttributeMethod(const ClassEmitter& emit);
+void WriteAddElementMethod(const ClassEmitter& emit);
+
+// The routine by which a child takes the values that the component has returned.
+void WriteStoreReturnValues(const ClassEmitter& emit);
+
+// The function that calls the stored procedure.
+void WriteVBSourceCode(const ClassEmitter& emit, const SP& procedure);
+
+// The parameter list of the columns that join a child class to its parent.
+[[nodiscard]] std::string GetRelationshipArguments(const ClassEmitter& emit);
+
+// The method by which a child collection reads its rows; nothing for a class without a parent or a table.
+void GenerateRetrieveRelatedMethod(const ClassEmitter& emit);
 
 } // namespace veldrane

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "generator/methods/data_routine.h"
+
+#include <exception>
+
+// What the routines that write a row to the database have in common.
+namespace veldrane {
+
+// Whether the property's value is stored in a column.
+[[nodiscard]] bool IsStored(const TTCProperty& property);
+
+// Whether only a change of the property is written: changes are tracked, and code outside the class can make one.
+[[nodiscard]] bool IsTracked(const PropertyScope& scope);
+
+// Whether the class has the transaction of the write to itself: a child's write runs inside its parent's.
+[[nodiscard]] bool RunsTransaction(const ClassScope& scope);
+
+// Whether rows go to a Jet database, whose provider refuses a variable that holds an empty text.
+[[nodiscard]] bool StoresInJet(const TTCProject& project);
+
+// Calls `body` with an emitter of lines about each property that is stored.
+template <class Body>
+void ForEachStoredProperty(const ClassEmitter& emit, Body&& body)
+{
+    ForEachProperty(emit, [&](const PropertyEmitter& property) {
+        if (IsStored(property.Scope().Property))
+            body(property);
+    });
+}
+
+// The comment on the workaround for Jet, where the routine has one.
+void WriteJetComment(const ClassEmitter& emit);
+
+// The routine whose fields are assigned: Update has two kinds of lines of its own.
+enum class AssignmentIn
+{
+    Add,
+    Update,
+};
+
+// A line, or a block, for each stored property: its value goes to the field of the recordset. Identity columns are left
+// to the database.
+void WriteAssignments(const ClassEmitter& emit, AssignmentIn routine);
+
+// A line that hands a value of this object to a child that is about to be written.
+struct HandedDownScope : PropertyScope
+{
+    const KZMClass& C;
+    const TTCProperty& ChildProperty;
+};
+
+template <>
+inline constexpr auto Vocabulary<HandedDownScope> = JoinVocabularies(std::to_array<Placeholder<HandedDownScope>>({
+                                                                         {"C.ClassName", [](std::string& line, const HandedDownScope& s) { line += s.C.ClassName; }},
+                                                                         {"ChildProperty", [](std::string& line, const HandedDownScope& s) { line += s.ChildProperty.PropertyName; }},
+                                                                     }),
+                                                                     InheritedVocabulary<HandedDownScope, PropertyScope>());
+
+// A line for each column that joins the child to this class, whose properties `columns` knows. Throws DatasourceChanged if
+// either class has no property for it.
+void WriteHandedDownKeys(const ChildEmitter& emit, const ColumnIndex& columns, const TemplateLine<HandedDownScope>& line);
+
+// A column that the model knows has no property any more.
+class DatasourceChanged : public std::exception
+{};
+
+// Says that the definition no longer fits the data source: to the person, and in the text, with lines that no compiler
+// lets pass.
+void WriteDatasourceWarning(const ClassEmitter& emit);
+
+// Runs the writer of a routine; if that meets a column without a property, its text ends with the warning.
+template <class Writer>
+void TrapDatasourceChange(const ClassEmitter& emit, Writer&& write)
+{
+    try {
+        write();
+    } catch (const DatasourceChanged&) {
+        WriteDatasourceWarning(emit);
+    }
+}
+
+} // namespace veldrane

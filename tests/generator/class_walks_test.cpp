@@ -38,7 +38,7 @@ TEST_F(ClassWalks, KeyPropertiesFollowTheColumnsAndEveryPropertyOnThem)
 
     const auto names = [&](std::int32_t keyType, PropertiesOnColumn which) {
         std::string list;
-        for (const KeyColumnProperty& found : PropertiesBehindKey(order, keyType, which))
+        for (const ColumnProperty& found : PropertiesBehindKey(order, keyType, which))
             list += found.Column->ColumnName + "=" + found.Property->PropertyName + " ";
         return list;
     };

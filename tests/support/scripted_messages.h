@@ -26,6 +26,8 @@ class ScriptedMessages : public Messages
 
     [[nodiscard]] const std::vector<Question>& Asked() const { return asked_; }
 
+    void Forget() { asked_.clear(); }
+
   private:
     std::deque<Answer> answers_;
     std::vector<Question> asked_;

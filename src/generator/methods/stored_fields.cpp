@@ -150,6 +150,9 @@ void WriteHandedDownKeys(const ChildEmitter& emit, const ColumnIndex& columns, c
         for (const TTCColumn& column : relationship.Columns) {
             TTCProperty* property = columns.PropertyOn(column.JoinColumnName);
             const TTCProperty* childProperty = childColumns.PropertyOn(column.ColumnName);
+            // A key of the parent to its child stands among the relationships the other way round.
+            if (property == nullptr && childProperty == nullptr)
+                continue;
             if (property == nullptr || childProperty == nullptr)
                 throw DatasourceChanged();
             const PropertyScope about{emit.Scope(), *property};

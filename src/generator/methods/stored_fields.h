@@ -58,7 +58,7 @@ inline constexpr auto Vocabulary<HandedDownScope> = JoinVocabularies(std::to_arr
                                                                      InheritedVocabulary<HandedDownScope, PropertyScope>());
 
 // A line for each column that joins the child to this class, whose properties `columns` knows. Throws DatasourceChanged if
-// either class has no property for it.
+// one of the two classes has a property for it and the other has lost its own.
 void WriteHandedDownKeys(const ChildEmitter& emit, const ColumnIndex& columns, const TemplateLine<HandedDownScope>& line);
 
 // A column that the model knows has no property any more.

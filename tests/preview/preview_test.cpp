@@ -3,29 +3,29 @@
 namespace veldrane::testing {
 namespace {
 
-using Preview = PreviewTest;
+using NodePreview = PreviewTest;
 
-TEST_F(Preview, OfATypeBeyondTheLastIsNothing)
+TEST_F(NodePreview, OfATypeBeyondTheLastIsNothing)
 {
     for (const int number : {15, 16, 1000, -1}) {
         EXPECT_FALSE(PreviewOf({.Type = static_cast<NodeType>(number)}, {project, classes, generation, errors}).has_value()) << number;
     }
 }
 
-TEST_F(Preview, OfAClassOrACollectionWithoutItsClassIsNothing)
+TEST_F(NodePreview, OfAClassOrACollectionWithoutItsClassIsNothing)
 {
     for (const NodeType type : {NodeType::Class, NodeType::Collection})
         EXPECT_FALSE(PreviewOf({.Type = type}, {project, classes, generation, errors}).has_value());
 }
 
-TEST_F(Preview, OfEveryTypeHasLines)
+TEST_F(NodePreview, OfEveryTypeHasLines)
 {
     KZMClass& order = AddClass("Order");
     for (int number = 0; number <= 14; ++number)
         EXPECT_GT(Blocks(static_cast<NodeType>(number), &order).at(0).Count(), 0U) << number;
 }
 
-TEST_F(Preview, KeepsItsHeadingAndReportsWhenAWriterFails)
+TEST_F(NodePreview, KeepsItsHeadingAndReportsWhenAWriterFails)
 {
     project.ConnectSameDirectory = true; // without a connection string there is no file to look for
     const auto text = PreviewOf({.Type = NodeType::WrapperClass}, {project, classes, generation, errors});
@@ -41,7 +41,7 @@ code File|File Name: cAuto.cls|
     EXPECT_EQ(errors.Reported[0].Place.RoutineName, "DisplayPreview");
 }
 
-TEST_F(Preview, HasTheUsersColours)
+TEST_F(NodePreview, HasTheUsersColours)
 {
     generation.Settings.Colors = {.ColorCode = 1, .ColorHeader = 2, .ColorHidden = 3, .ColorComment = 4, .ColorKey = 5};
     const TTCOutputs lines = Blocks(NodeType::RequiredModules).at(0);
@@ -50,7 +50,7 @@ TEST_F(Preview, HasTheUsersColours)
     EXPECT_EQ(lines.Item(3).ForeColor, 4);
 }
 
-TEST_F(Preview, LeavesBackticksOfNamesAsTheyAre)
+TEST_F(NodePreview, LeavesBackticksOfNamesAsTheyAre)
 {
     project.VBProjectName = "`Shop`";
     EXPECT_EQ(Blocks(NodeType::ProjectFile).at(0).Item(1).LineText, "Required Visual Basic Project: `Shop`");

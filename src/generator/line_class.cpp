@@ -12,6 +12,8 @@ enum class Ink
     Header,
     Hidden,
     Alert,
+    Comment,
+    Key,
 };
 
 struct LineClassRow
@@ -37,8 +39,10 @@ constexpr auto kRows = std::to_array<LineClassRow>({
     {"mark:Event", false, Ink::Code, "Event"},
     {"mark:PlusEvent", false, Ink::Code, "PlusEvent"},
     {"alert", true, Ink::Alert, ""},
+    {"note", true, Ink::Comment, ""},
+    {"key", false, Ink::Key, ""},
 });
-static_assert(kRows.size() == static_cast<std::size_t>(LineClass::Alert) + 1);
+static_assert(kRows.size() == static_cast<std::size_t>(LineClass::Key) + 1);
 
 Color ColorOf(Ink ink, const LineColors& colors)
 {
@@ -49,6 +53,10 @@ Color ColorOf(Ink ink, const LineColors& colors)
         return colors.ColorHidden;
     case Ink::Alert:
         return kAlertColor;
+    case Ink::Comment:
+        return colors.ColorComment;
+    case Ink::Key:
+        return colors.ColorKey;
     case Ink::Code:
         break;
     }

@@ -21,6 +21,8 @@ enum class LineClass
     MarkEvent,      // and declarations of the user's
     MarkPlusEvent,  // and of built-in events
     Alert,          // a warning in the text itself
+    Note,           // an explanation, in the preview alone
+    Key,            // a key of a table, in the preview alone
 };
 
 // 32-bit colours with red in the low byte; the top bit marks a colour of the system.

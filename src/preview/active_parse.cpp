@@ -44,8 +44,7 @@ void AddPiece(Words& words, std::string_view piece)
 void SplitWhole(Words& words, std::string_view text, std::string_view delimiter, CaseRule caseRule)
 {
     std::size_t from = 0;
-    for (std::size_t at = FindDelimiter(text, delimiter, from, caseRule); at != std::string_view::npos;
-         at = FindDelimiter(text, delimiter, from, caseRule)) {
+    for (std::size_t at = FindDelimiter(text, delimiter, from, caseRule); at != std::string_view::npos; at = FindDelimiter(text, delimiter, from, caseRule)) {
         AddPiece(words, text.substr(from, at - from));
         from = at + MatchedSize(text, delimiter, at);
     }
@@ -70,13 +69,10 @@ void SplitByChar(Words& words, std::string_view text, std::string_view delimiter
 
 std::shared_ptr<Word> Words::Add(std::string_view text, long sequence, std::any userData, std::string_view key)
 {
-    return Insert(
-        std::make_shared<Word>(Word{.Text = std::string(text), .Sequence = sequence, .UserData = std::move(userData)}),
-        key);
+    return Insert(std::make_shared<Word>(Word{.Text = std::string(text), .Sequence = sequence, .UserData = std::move(userData)}), key);
 }
 
-const Words& ActiveParse::ParseText(std::string_view text, std::string_view delimiters, DelimiterMode mode,
-                                    CaseRule caseRule)
+const Words& ActiveParse::ParseText(std::string_view text, std::string_view delimiters, DelimiterMode mode, CaseRule caseRule)
 {
     if (!delimiters.empty())
         Delimiters = delimiters;
@@ -94,8 +90,7 @@ const Words& ActiveParse::ParseText(std::string_view text, std::string_view deli
     return Words;
 }
 
-std::string ActiveParse::ReplaceText(std::string_view text, std::string_view find, std::string_view replaceWith,
-                                     Messages& messages)
+std::string ActiveParse::ReplaceText(std::string_view text, std::string_view find, std::string_view replaceWith, Messages& messages)
 {
     if (find.empty()) {
         messages.Tell("", "You must provide text to find.");

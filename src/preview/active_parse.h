@@ -48,13 +48,11 @@ class ActiveParse
     // Splits the text at the delimiters; empty pieces are dropped and take no number. An empty `delimiters` uses those
     // of the last call. Returns `Words`, made anew. Throws RuntimeError 1000 (no delimiters) or 1001 (no text), both
     // from the source "ActiveParse"; `Words` is then as it was.
-    const veldrane::Words& ParseText(std::string_view text, std::string_view delimiters, DelimiterMode mode,
-                                     CaseRule caseRule);
+    const veldrane::Words& ParseText(std::string_view text, std::string_view delimiters, DelimiterMode mode, CaseRule caseRule);
 
     // The text with every occurrence of `find` replaced, compared exactly. An empty `find` is answered with a message
     // and an empty text.
-    [[nodiscard]] static std::string ReplaceText(std::string_view text, std::string_view find,
-                                                 std::string_view replaceWith, Messages& messages);
+    [[nodiscard]] static std::string ReplaceText(std::string_view text, std::string_view find, std::string_view replaceWith, Messages& messages);
 };
 
 } // namespace veldrane

@@ -1,12 +1,14 @@
 #include "shell/command_line.h"
 
 #include "generator/generation_settings.h"
+#include "preview/tree_node.h"
 #include "shell/switch_line.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <array>
+#include <iomanip>
 #include <memory>
 #include <sstream>
 #include <string_view>
@@ -23,12 +25,13 @@ struct CommandUsage
 };
 
 constexpr auto kUsages = std::to_array<CommandUsage>({
-    {"", "veldrane tables | define | generate  (veldrane COMMAND --help tells more)\n"
+    {"", "veldrane tables | define | generate | preview  (veldrane COMMAND --help tells more)\n"
          "       veldrane /C [/DEBUG] [/DELETE] [/NOSPLASH] FILE.kzm [FOLDER]"},
     {"tables", "veldrane tables --connection STRING"},
     {"define", "veldrane define FILE.kzm [--connection STRING] [--table NAME[=PARENT]]... [--lookup NAME]... [--all] "
                "[--collections] [--by identity|primary-key] [--set NAME=VALUE]..."},
     {"generate", "veldrane generate FILE.kzm FOLDER [--overwrite prompt|leave|backup] [--compile]"},
+    {"preview", "veldrane preview FILE.kzm NODE"},
 });
 
 std::string UsageOf(std::string_view command)
@@ -135,6 +138,15 @@ void Require(const std::string& name, const std::string& value)
         throw CLI::RequiredError(name);
 }
 
+std::string NodeHelp()
+{
+    std::ostringstream help;
+    help << "NODE is the name of a class, or else of a collection, or else one of these; letter case does not count:\n";
+    for (const FixedNode& node : FixedNodes())
+        help << "  " << std::left << std::setw(25) << node.Key << node.Shows << '\n';
+    return help.str();
+}
+
 std::vector<std::pair<std::string, std::string>> SplitSettings(const std::vector<std::string>& arguments)
 {
     std::vector<std::pair<std::string, std::string>> settings;
@@ -165,6 +177,7 @@ class Parser
         AddTables();
         AddDefine();
         AddGenerate();
+        AddPreview();
     }
 
     Command Parse(const std::vector<std::string>& arguments)
@@ -221,6 +234,15 @@ class Parser
         command->add_flag("--compile", generate_.Compile, "Compile the project afterwards");
     }
 
+    void AddPreview()
+    {
+        CLI::App* command = app_.add_subcommand("preview", "Print what the preview shows for a node of the project");
+        command->set_help_flag("--help", "Print this help");
+        AddText(*command, "file", preview_.File, "The project file", "FILE.kzm")->required();
+        AddText(*command, "node", preview_.Node, "What to show, as told below", "NODE")->required();
+        command->footer(NodeHelp());
+    }
+
     Command Parsed()
     {
         if (app_.got_subcommand("tables")) {
@@ -235,6 +257,11 @@ class Parser
             define_.Connection = ResolveConnection(define_.Connection, files_);
             define_.Settings = SplitSettings(settings_);
             return define_;
+        }
+        if (app_.got_subcommand("preview")) {
+            Require("file", preview_.File);
+            Require("node", preview_.Node);
+            return preview_;
         }
         Require("file", generate_.File);
         Require("folder", generate_.Folder);
@@ -271,6 +298,7 @@ class Parser
     TablesCommand tables_;
     DefineCommand define_;
     GenerateCommand generate_;
+    PreviewCommand preview_;
     std::vector<std::string> settings_;
 };
 

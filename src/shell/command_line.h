@@ -51,6 +51,13 @@ struct GenerateCommand
     bool Compile = false;
 };
 
+// `veldrane preview`
+struct PreviewCommand
+{
+    std::string File;
+    std::string Node; // a node's key, or a class or a collection
+};
+
 // A line without a command: the program's own switches, a project and a folder to write into. Without a desktop it is
 // for /C alone, the run with nobody to ask.
 struct StartCommand
@@ -69,7 +76,7 @@ struct PrintAndExit
     int ExitCode = 0;
 };
 
-using Command = std::variant<StartCommand, TablesCommand, DefineCommand, GenerateCommand, PrintAndExit>;
+using Command = std::variant<StartCommand, TablesCommand, DefineCommand, GenerateCommand, PreviewCommand, PrintAndExit>;
 
 // The command that the arguments ask for (without the program's own name). `--connection @FILE` is resolved here, so
 // that a password stays out of the list of processes.

@@ -10,5 +10,6 @@ namespace veldrane {
 [[nodiscard]] int RunTables(const Application& application, const TablesCommand& command);
 [[nodiscard]] int RunDefine(const Application& application, const DefineCommand& command);
 [[nodiscard]] int RunGenerate(const Application& application, const GenerateCommand& command);
+[[nodiscard]] int RunPreview(const Application& application, const PreviewCommand& command);
 
 } // namespace veldrane

@@ -75,6 +75,7 @@ int RunOn(const Application& application, const Command& command)
         int operator()(const TablesCommand& tables) const { return RunTables(application, tables); }
         int operator()(const DefineCommand& define) const { return RunDefine(application, define); }
         int operator()(const GenerateCommand& generate) const { return RunGenerate(application, generate); }
+        int operator()(const PreviewCommand& preview) const { return RunPreview(application, preview); }
         int operator()(const PrintAndExit& print) const { return print.ExitCode; }
     };
     return std::visit(Runner{application}, command);

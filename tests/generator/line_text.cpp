@@ -4,7 +4,7 @@ namespace veldrane::testing {
 
 std::string LineClassOf(const TTCOutput& line)
 {
-    for (int number = 0; number <= static_cast<int>(LineClass::Alert); ++number) {
+    for (int number = 0; number <= static_cast<int>(LineClass::Key); ++number) {
         const auto lineClass = static_cast<LineClass>(number);
         const LineColors colors;
         const LineLook look = LookOf(lineClass, colors);

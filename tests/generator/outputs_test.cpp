@@ -94,7 +94,7 @@ TEST(LineClass, LooksLikeItsBoldColourAndIcon)
         Color ForeColor;
         std::string_view Icon;
     };
-    const LineColors colors{.ColorCode = 1, .ColorHeader = 2, .ColorHidden = 3};
+    const LineColors colors{.ColorCode = 1, .ColorHeader = 2, .ColorHidden = 3, .ColorComment = 4, .ColorKey = 5};
     const std::vector<Case> cases{
         {LineClass::Code, "code", false, 1, ""},
         {LineClass::Hidden, "hidden", true, 3, ""},
@@ -108,6 +108,8 @@ TEST(LineClass, LooksLikeItsBoldColourAndIcon)
         {LineClass::MarkEvent, "mark:Event", false, 1, "Event"},
         {LineClass::MarkPlusEvent, "mark:PlusEvent", false, 1, "PlusEvent"},
         {LineClass::Alert, "alert", true, 255, ""},
+        {LineClass::Note, "note", true, 4, ""},
+        {LineClass::Key, "key", false, 5, ""},
     };
     for (const Case& one : cases) {
         TTCOutputs lines(colors);

@@ -24,8 +24,7 @@ std::vector<std::string> Texts(const Words& words)
     return texts;
 }
 
-std::vector<std::string> Parsed(std::string_view text, std::string_view delimiters, DelimiterMode mode,
-                                CaseRule caseRule = CaseRule::Sensitive)
+std::vector<std::string> Parsed(std::string_view text, std::string_view delimiters, DelimiterMode mode, CaseRule caseRule = CaseRule::Sensitive)
 {
     ActiveParse parse;
     return Texts(parse.ParseText(text, delimiters, mode, caseRule));
@@ -97,8 +96,7 @@ TEST(ParseText, UsesTheDelimitersOfTheLastCallIfItIsGivenNone)
 {
     ActiveParse parse;
     parse.ParseText("a;b", ";", DelimiterMode::Whole, CaseRule::Sensitive);
-    EXPECT_THAT(Texts(parse.ParseText("c;d,e", "", DelimiterMode::Whole, CaseRule::Sensitive)),
-                ElementsAre("c", "d,e"));
+    EXPECT_THAT(Texts(parse.ParseText("c;d,e", "", DelimiterMode::Whole, CaseRule::Sensitive)), ElementsAre("c", "d,e"));
     EXPECT_EQ(parse.Delimiters, ";");
 }
 
@@ -106,10 +104,8 @@ TEST(ParseText, UsesTheDelimitersThatWereSetIfItIsGivenNone)
 {
     ActiveParse parse;
     parse.Delimiters = ";,";
-    EXPECT_THAT(Texts(parse.ParseText("a;b,c", "", DelimiterMode::ByChar, CaseRule::Sensitive)),
-                ElementsAre("a", "b", "c"));
-    EXPECT_THAT(Texts(parse.ParseText("a;b,c", "", DelimiterMode::ByChar, CaseRule::Sensitive)),
-                ElementsAre("a", "b", "c"));
+    EXPECT_THAT(Texts(parse.ParseText("a;b,c", "", DelimiterMode::ByChar, CaseRule::Sensitive)), ElementsAre("a", "b", "c"));
+    EXPECT_THAT(Texts(parse.ParseText("a;b,c", "", DelimiterMode::ByChar, CaseRule::Sensitive)), ElementsAre("a", "b", "c"));
 }
 
 TEST(ParseText, RaisesWithoutDelimitersAndLeavesTheWords)
@@ -147,8 +143,7 @@ TEST(ParseText, MayTakeAWordOfTheLastCallApart)
 {
     ActiveParse parse;
     parse.ParseText("DSN=a long name of a source;UID=b", ";", DelimiterMode::Whole, CaseRule::Sensitive);
-    EXPECT_THAT(Texts(parse.ParseText(parse.Words.begin()->Text, "=", DelimiterMode::Whole, CaseRule::Sensitive)),
-                ElementsAre("DSN", "a long name of a source"));
+    EXPECT_THAT(Texts(parse.ParseText(parse.Words.begin()->Text, "=", DelimiterMode::Whole, CaseRule::Sensitive)), ElementsAre("DSN", "a long name of a source"));
 }
 
 TEST(Words, KeysAWordOnlyIfItIsGivenAKey)

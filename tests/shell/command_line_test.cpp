@@ -7,6 +7,7 @@ namespace veldrane {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Pair;
 using ::testing::StartsWith;
@@ -54,6 +55,20 @@ TEST(CommandLine, GenerateBacksUpUnlessToldOtherwise)
     EXPECT_TRUE(Parsed<GenerateCommand>({"generate", "x.kzm", "out", "--compile"}).Compile);
 }
 
+TEST(CommandLine, PreviewTakesAFileAndANode)
+{
+    const auto command = Parsed<PreviewCommand>({"preview", "a b.kzm", "Order Lines"});
+    EXPECT_EQ(command.File, "a b.kzm");
+    EXPECT_EQ(command.Node, "Order Lines");
+}
+
+TEST(CommandLine, PreviewSaysWhichNodesThereAre)
+{
+    const std::string help = Parsed<PrintAndExit>({"preview", "--help"}).Text;
+    EXPECT_THAT(help, HasSubstr("Usage: veldrane preview FILE.kzm NODE\n"));
+    EXPECT_THAT(help, HasSubstr("\n  KZMWRAPPER               the text of the wrapper class\n"));
+}
+
 TEST(CommandLine, AConnectionStringCanStandInAFile)
 {
     testing::MemoryFileSystem files;
@@ -78,7 +93,7 @@ TEST(CommandLine, AConnectionFileThatIsMissingOrEmptyIsNamed)
 TEST(CommandLine, HelpAndVersionAreAnswersAndNoErrors)
 {
     for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
-             {"--help"}, {"--version"}, {"define", "--help"}, {"generate", "--help"}}) {
+             {"--help"}, {"--version"}, {"define", "--help"}, {"generate", "--help"}, {"preview", "--help"}}) {
         const auto print = Parsed<PrintAndExit>(arguments);
         EXPECT_EQ(print.ExitCode, 0);
         EXPECT_FALSE(print.OnStandardError);
@@ -100,6 +115,11 @@ TEST(CommandLine, WrongUsageIsOneLineAndTheUsage)
         {{"generate", "x.kzm"}, "veldrane: folder is required.\nUsage: veldrane generate FILE.kzm FOLDER"},
         {{"generate", "x.kzm", ""}, "veldrane: folder is required.\nUsage: veldrane generate FILE.kzm FOLDER"},
         {{"generate", "", "out"}, "veldrane: file is required.\nUsage: veldrane generate FILE.kzm FOLDER"},
+        {{"preview", "x.kzm"}, "veldrane: node is required.\nUsage: veldrane preview FILE.kzm NODE"},
+        {{"preview", "x.kzm", ""}, "veldrane: node is required.\nUsage: veldrane preview FILE.kzm NODE"},
+        {{"preview", "", "Root"}, "veldrane: file is required.\nUsage: veldrane preview FILE.kzm NODE"},
+        {{"preview", "x.kzm", "Root", "more"},
+         "veldrane: The following argument was not expected: more.\nUsage: veldrane preview"},
         {{"define", ""}, "veldrane: file is required.\nUsage: veldrane define FILE.kzm"},
         {{"define", "Shop.txt"}, "veldrane: 'Shop.txt' does not end in .kzm.\nUsage: veldrane define FILE.kzm"},
         {{"tables", "--connection", "@"}, "veldrane: --connection: '@' names no file.\nUsage: veldrane tables"},

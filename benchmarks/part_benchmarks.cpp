@@ -44,16 +44,19 @@ class OpenedProject
     {
         world_.Files.Files[kProjectPath] = bytes;
         project_.Clear();
-        Require(files_.OpenProject(project_, classes_, kProjectPath) && !files_.LostClasses(), "reading");
+        Require(files_.OpenProject(project_, classes_, kProjectPath) && !files_.LostClasses() &&
+                    world_.Messages.Asked().empty(),
+                "reading");
     }
 
     void Generate()
     {
         generation_.GenerateCode(classes_, {.TargetFolder = kTargetFolder});
-        Require(world_.Errors.Reported.empty() && generation_.ErrorText.empty(), "generating");
+        Require(world_.Errors.Reported.empty() && generation_.ErrorText.empty() && ToldOfLongStatementsAlone(),
+                "generating");
     }
 
-    void Save() { Require(files_.SaveProject(project_, classes_), "writing"); }
+    void Save() { Require(files_.SaveProject(project_, classes_) && world_.Messages.Asked().empty(), "writing"); }
 
     // Removes the generated files and says how many lines they had.
     double TakeGeneratedLines()
@@ -69,10 +72,19 @@ class OpenedProject
     }
 
   private:
-    void Require(bool done, const std::string& what) const
+    static void Require(bool done, const std::string& what)
     {
-        if (!done || !world_.Messages.Asked().empty())
+        if (!done)
             throw std::runtime_error(what + " in memory does not do its work");
+    }
+
+    // A query of some hundred columns is longer than the generated language can hold, which the person is told.
+    [[nodiscard]] bool ToldOfLongStatementsAlone() const
+    {
+        const auto& told = world_.Messages.Asked();
+        return std::all_of(told.begin(), told.end(), [](const Question& message) {
+            return message.Text == "Unable to add lines to code. The splitting of lines is limited to 16.";
+        });
     }
 
     MemoryWorld world_;

@@ -1,11 +1,11 @@
 #include "random_model.h"
 
 #include "projectfile/value_tables.h"
+#include "support/random_numbers.h"
 
 #include <array>
 #include <cstddef>
 #include <limits>
-#include <random>
 #include <string>
 
 namespace veldrane::testing {
@@ -13,13 +13,10 @@ namespace {
 
 using namespace project_format;
 
-class Random
+class Random : public RandomNumbers
 {
   public:
-    explicit Random(unsigned seed) : engine_(seed) {}
-
-    std::size_t Below(std::size_t limit) { return engine_() % limit; }
-    bool Flag() { return Below(2) == 0; }
+    using RandomNumbers::RandomNumbers;
 
     std::string Text()
     {
@@ -41,7 +38,7 @@ class Random
             "\xC2\x81",
             "True",
         });
-        return std::string(kTexts[Below(kTexts.size())]);
+        return std::string(Pick(kTexts));
     }
 
     // A name that is not given twice, blanks and foreign letters among its characters.
@@ -50,9 +47,8 @@ class Random
     template <class Integer>
     Integer Number()
     {
-        const auto numbers = std::to_array<Integer>(
-            {0, 1, -1, 5, 255, std::numeric_limits<Integer>::max(), std::numeric_limits<Integer>::min()});
-        return numbers[Below(numbers.size())];
+        return Pick(std::to_array<Integer>(
+            {0, 1, -1, 5, 255, std::numeric_limits<Integer>::max(), std::numeric_limits<Integer>::min()}));
     }
 
     void Fill(std::string& value) { value = Text(); }
@@ -78,7 +74,6 @@ class Random
   private:
     inline static const std::vector<std::string> kNameHeads = {"Order", "größe", "With blank ", " lead", "@p", "Ü"};
 
-    std::mt19937 engine_;
     unsigned names_ = 0;
 };
 

@@ -29,12 +29,13 @@ struct HandedOnScope : ClassScope
 } // namespace
 
 template <>
-inline constexpr auto Vocabulary<RelatedScope> = JoinVocabularies(std::to_array<Placeholder<RelatedScope>>({
-                                                                      {"Arguments", [](std::string& line, const RelatedScope& s) { line += s.Arguments; }},
-                                                                      {"Tail", [](std::string& line, const RelatedScope& s) { line += s.Tail; }},
-                                                                      {"RecordsetLibrary", [](std::string& line, const RelatedScope& s) { line += s.Project.UseADOR && s.Project.MTSEnabled ? "ADOR" : "ADODB"; }},
-                                                                  }),
-                                                                  InheritedVocabulary<RelatedScope, ClassScope>());
+inline constexpr auto
+    Vocabulary<RelatedScope> = JoinVocabularies(std::to_array<Placeholder<RelatedScope>>({
+                                                    {"Arguments", [](std::string& line, const RelatedScope& s) { line += s.Arguments; }},
+                                                    {"Tail", [](std::string& line, const RelatedScope& s) { line += s.Tail; }},
+                                                    {"RecordsetLibrary", [](std::string& line, const RelatedScope& s) { line += s.Project.UseADOR && s.Project.MTSEnabled ? "ADOR" : "ADODB"; }},
+                                                }),
+                                                InheritedVocabulary<RelatedScope, ClassScope>());
 
 template <>
 inline constexpr auto

@@ -51,16 +51,6 @@ void WriteOperation(const ClassEmitter& emit)
         emit("    End If");
 }
 
-void WriteFields(const ClassEmitter& emit)
-{
-    if (HasProperty(emit.Scope(), "Modified"))
-        WriteFieldElements(emit, "    If {m:Boolean}Modified Then Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : "
-                                 "xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
-    else
-        WriteFieldElements(emit, "    Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : "
-                                 "xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
-}
-
 void WriteDocument(const ClassEmitter& emit)
 {
     WriteDocumentRoot(emit, "    xmlAssist.AddAttribute `OP`, `Update`, Directives.documentElement", OperationAttribute::Once);
@@ -70,7 +60,7 @@ void WriteDocument(const ClassEmitter& emit)
     WriteConditionLine(emit, WhereOfStoredRow(emit.Scope(), WhereEnd::ClosedByTheLine), "    xmlAssist.AddAttribute `Query`, `{Where}`, Modification");
     WriteOperation(emit);
     WriteTimingLine(emit, "    StartTime = Timer");
-    WriteFields(emit);
+    WriteFieldElements(emit, HasProperty(emit.Scope(), "Modified") ? UntrackedFields::OfModifiedRows : UntrackedFields::Always);
     WritePropogations(emit);
     if (IsTopLevel(emit.Scope().Class))
         WriteNumberedCalls(emit, "        q{C.ClassName}.Update `{ClassName}`, `{C.ClassName}` & KeyCounter, `{ClassName}`");

@@ -8,7 +8,7 @@ namespace veldrane {
 namespace {
 
 constexpr std::string_view kAnd = " AND ";
-constexpr std::string_view kQuotedEnd = "& `'";  // of a value between single quotes: the string behind it is still open
+constexpr std::string_view kQuotedEnd = "& `'"; // of a value between single quotes: the string behind it is still open
 constexpr std::string_view kNumberEnd = " & `"; // of any other value: the string behind it would be empty
 
 // One column of the condition and the variable that holds its value.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "generator/methods/data_routine.h"
 #include "generator/methods/stored_fields.h"
 
 // The document of directives by which an object and its children have the component change the database in one

@@ -1,5 +1,7 @@
+#include "generator/methods/datasource_trap.h"
 #include "generator/methods/deleted_children.h"
 #include "generator/methods/directives.h"
+#include "generator/methods/transaction.h"
 #include "generator/writers.h"
 
 // Update, like Add, has two bodies. It saves a changed row, deletes one that is marked, adds one that has vanished, and
@@ -216,21 +218,12 @@ void WriteSuccess(const ClassEmitter& emit)
     emit("");
 }
 
-void WriteFailure(const ClassEmitter& emit)
-{
-    emit("errUpdate:");
-    emit("    Screen.MousePointer = vbDefault");
-    if (RunsTransaction(emit.Scope()))
-        emit("    Gosub UpdateRollback");
-    WriteErrorReport(emit, "    msg = ErrorMessage(`{ClassName}`, `Update`, vbLogEventTypeWarning)");
-    if (RunsTransaction(emit.Scope())) {
-        emit("    Exit Function");
-        emit("UpdateRollback:");
-        emit("    adoCon.RollbackTrans");
-        emit("    Return");
-    }
-    emit("End Function", LineClass::Head);
-}
+constexpr FailureLines kFailure{
+    .Label = "errUpdate:",
+    .Rollback = "    Gosub UpdateRollback",
+    .Message = "    msg = ErrorMessage(`{ClassName}`, `Update`, vbLogEventTypeWarning)",
+    .RollbackLabel = "UpdateRollback:",
+};
 
 void WriteRecordset(const ClassEmitter& emit)
 {
@@ -238,7 +231,8 @@ void WriteRecordset(const ClassEmitter& emit)
     WriteRow(emit);
     WriteChildren(emit);
     WriteSuccess(emit);
-    WriteFailure(emit);
+    WriteFailure(emit, kFailure);
+    emit("End Function", LineClass::Head);
 }
 
 } // namespace

@@ -142,6 +142,7 @@ void WriteAssignments(const ClassEmitter& emit, AssignmentIn routine)
 
 void WriteHandedDownKeys(const ChildEmitter& emit, const ColumnIndex& columns, const TemplateLine<HandedDownScope>& line)
 {
+    const ClassScope& owner = emit.Scope();
     const KZMClass& child = emit.Scope().C;
     const ColumnIndex childColumns(child);
     for (const TTCRelationship& relationship : child.TTCRelationships)
@@ -153,7 +154,7 @@ void WriteHandedDownKeys(const ChildEmitter& emit, const ColumnIndex& columns, c
                 continue;
             if (property == nullptr || childProperty == nullptr)
                 throw DatasourceChanged();
-            const PropertyScope about{emit.Scope(), *property};
+            const PropertyScope about{owner, *property};
             const HandedDownScope scope{about, child, *childProperty};
             emit.About(scope)(line);
         }

@@ -1,4 +1,6 @@
+#include "generator/methods/datasource_trap.h"
 #include "generator/methods/directives.h"
+#include "generator/methods/transaction.h"
 #include "generator/writers.h"
 
 // Add has two bodies: with component services an object makes or fills a document of directives, without it adds its row
@@ -43,8 +45,7 @@ void WriteDocument(const ClassEmitter& emit)
     WriteTableHasID(emit);
     emit("    xmlAssist.AddAttribute `Table`, `{TableName}`, Modification");
     WriteTimingLine(emit, "    StartTime = Timer");
-    WriteFieldElements(emit,
-                       "    Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
+    WriteFieldElements(emit, UntrackedFields::Always);
     WritePropogations(emit);
     if (IsTopLevel(emit.Scope().Class))
         WriteNumberedCalls(emit, "        q{C.ClassName}.Add `{ClassName}`, `{C.ClassName}` & KeyCounter, `{ClassName}`");
@@ -183,22 +184,12 @@ void WriteSuccess(const ClassEmitter& emit)
     emit("");
 }
 
-void WriteFailure(const ClassEmitter& emit)
-{
-    emit("errAdd:");
-    emit("    Screen.MousePointer = vbDefault");
-    if (RunsTransaction(emit.Scope()))
-        emit("    Gosub AddRollback");
-    WriteErrorReport(emit, "    msg = ErrorMessage(`{ClassName}`, `Add`, vbLogEventTypeWarning)");
-    if (RunsTransaction(emit.Scope())) {
-        emit("    Exit Function");
-        emit("AddRollback:");
-        emit("    adoCon.RollbackTrans");
-        emit("    Return");
-    }
-    // As the rest of the text, for a Function, even where there is nothing to return: on purpose.
-    emit("End Function", LineClass::Head);
-}
+constexpr FailureLines kFailure{
+    .Label = "errAdd:",
+    .Rollback = "    Gosub AddRollback",
+    .Message = "    msg = ErrorMessage(`{ClassName}`, `Add`, vbLogEventTypeWarning)",
+    .RollbackLabel = "AddRollback:",
+};
 
 void WriteRecordset(const MethodEmitter& emit)
 {
@@ -206,7 +197,9 @@ void WriteRecordset(const MethodEmitter& emit)
     WriteRow(emit);
     WriteChildren(emit);
     WriteSuccess(emit);
-    WriteFailure(emit);
+    WriteFailure(emit, kFailure);
+    // As the rest of the text, for a Function, even where there is nothing to return: on purpose.
+    emit("End Function", LineClass::Head);
 }
 
 } // namespace

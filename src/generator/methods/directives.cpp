@@ -10,14 +10,6 @@ struct PropogationScope : ClassScope
     int N;
 };
 
-bool HasIdentityColumn(const KZMClass& owner)
-{
-    for (const TTCProperty& property : owner.TTCProperties)
-        if (property.FieldIsIdentityCol)
-            return true;
-    return false;
-}
-
 } // namespace
 
 template <>
@@ -27,6 +19,32 @@ inline constexpr auto Vocabulary<PropogationScope> = JoinVocabularies(std::to_ar
                                                                           {"ParentColumn", [](std::string& line, const PropogationScope& s) { line += s.Column.JoinColumnName; }},
                                                                       }),
                                                                       InheritedVocabulary<PropogationScope, ClassScope>());
+
+namespace {
+
+bool HasIdentityColumn(const KZMClass& owner)
+{
+    for (const TTCProperty& property : owner.TTCProperties)
+        if (property.FieldIsIdentityCol)
+            return true;
+    return false;
+}
+
+void WriteFieldElement(const PropertyEmitter& emit, UntrackedFields untracked)
+{
+    if (IsTracked(emit.Scope()))
+        emit(
+            "    If {m:Boolean}z{PropertyName} Then Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
+    else if (untracked == UntrackedFields::OfModifiedRows)
+        emit(
+            "    If {m:Boolean}Modified Then Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
+    else
+        emit("    Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
+    if (emit.Scope().Property.FieldIsIdentityCol)
+        emit("    xmlAssist.AddAttribute `IsID`, `1`, Field");
+}
+
+} // namespace
 
 void WriteLogAttributes(const ProjectEmitter& emit)
 {
@@ -67,18 +85,10 @@ void WriteTableHasID(const ClassEmitter& emit)
         emit("    xmlAssist.AddAttribute `TableHasID`, `0`, Modification");
 }
 
-void WriteFieldElements(const ClassEmitter& emit, const TemplateLine<PropertyScope>& untracked)
+void WriteFieldElements(const ClassEmitter& emit, UntrackedFields untracked)
 {
     emit("    Set Fields = xmlAssist.AddElement(`Fields`, Modification)");
-    ForEachStoredProperty(emit, [&](const PropertyEmitter& property) {
-        if (IsTracked(property.Scope()))
-            property(
-                "    If {m:Boolean}z{PropertyName} Then Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
-        else
-            property(untracked);
-        if (property.Scope().Property.FieldIsIdentityCol)
-            property("    xmlAssist.AddAttribute `IsID`, `1`, Field");
-    });
+    ForEachStoredProperty(emit, [&](const PropertyEmitter& property) { WriteFieldElement(property, untracked); });
 }
 
 void WritePropogations(const ClassEmitter& emit)

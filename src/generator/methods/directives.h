@@ -1,5 +1,6 @@
 #pragma once
 
+#include "generator/methods/data_routine.h"
 #include "generator/methods/stored_fields.h"
 
 // The document of directives by which an object and its children have the component change the database in one
@@ -31,8 +32,15 @@ void WriteModificationElement(const ClassEmitter& emit);
 // Whether the table makes a number of its own for each row.
 void WriteTableHasID(const ClassEmitter& emit);
 
-// The fields of the row. `untracked` is the line of a field that is written whether or not it was changed.
-void WriteFieldElements(const ClassEmitter& emit, const TemplateLine<PropertyScope>& untracked);
+// When the fields go out that are not tracked one by one.
+enum class UntrackedFields
+{
+    Always,
+    OfModifiedRows,
+};
+
+// The fields of the row.
+void WriteFieldElements(const ClassEmitter& emit, UntrackedFields untracked);
 
 // For a child: which of the parent's new values go into which columns.
 void WritePropogations(const ClassEmitter& emit);

@@ -1,5 +1,7 @@
 #include "generator/methods/stored_fields.h"
 
+#include "generator/methods/datasource_trap.h"
+
 namespace veldrane {
 namespace {
 
@@ -28,6 +30,12 @@ using AssignmentEmitter = Emitter<AssignmentScope>;
 using AssignmentLine = TemplateLine<AssignmentScope>;
 
 constexpr std::string_view kLevel = "    ";
+
+// The provider of Jet databases refuses a variable that holds an empty text.
+bool StoresInJet(const TTCProject& project)
+{
+    return project.ConnectionString().find("Microsoft.Jet.OLEDB.") != std::string::npos;
+}
 
 // An assignment without its indentation, which stands behind the test whether the value was changed where there is one.
 void WriteAssignment(const AssignmentEmitter& emit, const AssignmentLine& assignment)
@@ -114,16 +122,6 @@ bool IsTracked(const PropertyScope& scope)
     return scope.Project.TrackPropertyChanges && scope.Property.PropertyLetSet;
 }
 
-bool RunsTransaction(const ClassScope& scope)
-{
-    return IsTopLevel(scope.Class) && scope.Project.UseTransactions;
-}
-
-bool StoresInJet(const TTCProject& project)
-{
-    return project.ConnectionString().find("Microsoft.Jet.OLEDB.") != std::string::npos;
-}
-
 void WriteJetComment(const ClassEmitter& emit)
 {
     if (!StoresInJet(emit.Scope().Project) || !HasTextField(emit.Scope().Class))
@@ -144,6 +142,7 @@ void WriteAssignments(const ClassEmitter& emit, AssignmentIn routine)
 
 void WriteHandedDownKeys(const ChildEmitter& emit, const ColumnIndex& columns, const TemplateLine<HandedDownScope>& line)
 {
+    const ClassScope& owner = emit.Scope();
     const KZMClass& child = emit.Scope().C;
     const ColumnIndex childColumns(child);
     for (const TTCRelationship& relationship : child.TTCRelationships)
@@ -155,19 +154,10 @@ void WriteHandedDownKeys(const ChildEmitter& emit, const ColumnIndex& columns, c
                 continue;
             if (property == nullptr || childProperty == nullptr)
                 throw DatasourceChanged();
-            const PropertyScope about{emit.Scope(), *property};
+            const PropertyScope about{owner, *property};
             const HandedDownScope scope{about, child, *childProperty};
             emit.About(scope)(line);
         }
-}
-
-void WriteDatasourceWarning(const ClassEmitter& emit)
-{
-    emit.Scope().Asking.Tell(
-        "Datasource Error",
-        "An error occurred while generating your code. The error is due to a change in the underlying datasource tables. You will need to verify your datasource against this project definition.");
-    emit("!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!", LineClass::Alert);
-    emit("THERE WAS AN ERROR GENERATING CODE DUE TO A CHANGE IN THE UNDERLYING DATASOURCE TABLES. YOU WILL NEED TO VERIFY YOUR DATASOURCE AGAINST THIS PROJECT DEFINITION.", LineClass::Alert);
 }
 
 } // namespace veldrane

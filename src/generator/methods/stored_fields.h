@@ -1,8 +1,6 @@
 #pragma once
 
-#include "generator/methods/data_routine.h"
-
-#include <exception>
+#include "generator/scopes.h"
 
 // What the routines that write a row to the database have in common.
 namespace veldrane {
@@ -12,12 +10,6 @@ namespace veldrane {
 
 // Whether only a change of the property is written: changes are tracked, and code outside the class can make one.
 [[nodiscard]] bool IsTracked(const PropertyScope& scope);
-
-// Whether the class has the transaction of the write to itself: a child's write runs inside its parent's.
-[[nodiscard]] bool RunsTransaction(const ClassScope& scope);
-
-// Whether rows go to a Jet database, whose provider refuses a variable that holds an empty text.
-[[nodiscard]] bool StoresInJet(const TTCProject& project);
 
 // Calls `body` with an emitter of lines about each property that is stored.
 template <class Body>
@@ -60,24 +52,5 @@ inline constexpr auto Vocabulary<HandedDownScope> = JoinVocabularies(std::to_arr
 // A line for each column that joins the child to this class, whose properties `columns` knows. Throws DatasourceChanged if
 // one of the two classes has a property for it and the other has lost its own.
 void WriteHandedDownKeys(const ChildEmitter& emit, const ColumnIndex& columns, const TemplateLine<HandedDownScope>& line);
-
-// A column that the model knows has no property any more.
-class DatasourceChanged : public std::exception
-{};
-
-// Says that the definition no longer fits the data source: to the person, and in the text, with lines that no compiler
-// lets pass.
-void WriteDatasourceWarning(const ClassEmitter& emit);
-
-// Runs the writer of a routine; if that meets a column without a property, its text ends with the warning.
-template <class Writer>
-void TrapDatasourceChange(const ClassEmitter& emit, Writer&& write)
-{
-    try {
-        write();
-    } catch (const DatasourceChanged&) {
-        WriteDatasourceWarning(emit);
-    }
-}
 
 } // namespace veldrane

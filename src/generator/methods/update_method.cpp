@@ -1,5 +1,7 @@
+#include "generator/methods/datasource_trap.h"
 #include "generator/methods/deleted_children.h"
 #include "generator/methods/directives.h"
+#include "generator/methods/transaction.h"
 #include "generator/writers.h"
 
 // Update, like Add, has two bodies. It saves a changed row, deletes one that is marked, adds one that has vanished, and
@@ -51,17 +53,6 @@ void WriteOperation(const ClassEmitter& emit)
         emit("    End If");
 }
 
-void WriteFields(const ClassEmitter& emit)
-{
-    if (HasProperty(emit.Scope(), "Modified"))
-        WriteFieldElements(
-            emit,
-            "    If {m:Boolean}Modified Then Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
-    else
-        WriteFieldElements(emit,
-                           "    Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
-}
-
 void WriteDocument(const ClassEmitter& emit)
 {
     WriteDocumentRoot(emit, "    xmlAssist.AddAttribute `OP`, `Update`, Directives.documentElement", OperationAttribute::Once);
@@ -71,7 +62,7 @@ void WriteDocument(const ClassEmitter& emit)
     WriteConditionLine(emit, WhereOfStoredRow(emit.Scope(), WhereEnd::ClosedByTheLine), "    xmlAssist.AddAttribute `Query`, `{Where}`, Modification");
     WriteOperation(emit);
     WriteTimingLine(emit, "    StartTime = Timer");
-    WriteFields(emit);
+    WriteFieldElements(emit, HasProperty(emit.Scope(), "Modified") ? UntrackedFields::OfModifiedRows : UntrackedFields::Always);
     WritePropogations(emit);
     if (IsTopLevel(emit.Scope().Class))
         WriteNumberedCalls(emit, "        q{C.ClassName}.Update `{ClassName}`, `{C.ClassName}` & KeyCounter, `{ClassName}`");
@@ -227,21 +218,12 @@ void WriteSuccess(const ClassEmitter& emit)
     emit("");
 }
 
-void WriteFailure(const ClassEmitter& emit)
-{
-    emit("errUpdate:");
-    emit("    Screen.MousePointer = vbDefault");
-    if (RunsTransaction(emit.Scope()))
-        emit("    Gosub UpdateRollback");
-    WriteErrorReport(emit, "    msg = ErrorMessage(`{ClassName}`, `Update`, vbLogEventTypeWarning)");
-    if (RunsTransaction(emit.Scope())) {
-        emit("    Exit Function");
-        emit("UpdateRollback:");
-        emit("    adoCon.RollbackTrans");
-        emit("    Return");
-    }
-    emit("End Function", LineClass::Head);
-}
+constexpr FailureLines kFailure{
+    .Label = "errUpdate:",
+    .Rollback = "    Gosub UpdateRollback",
+    .Message = "    msg = ErrorMessage(`{ClassName}`, `Update`, vbLogEventTypeWarning)",
+    .RollbackLabel = "UpdateRollback:",
+};
 
 void WriteRecordset(const ClassEmitter& emit)
 {
@@ -249,7 +231,8 @@ void WriteRecordset(const ClassEmitter& emit)
     WriteRow(emit);
     WriteChildren(emit);
     WriteSuccess(emit);
-    WriteFailure(emit);
+    WriteFailure(emit, kFailure);
+    emit("End Function", LineClass::Head);
 }
 
 } // namespace

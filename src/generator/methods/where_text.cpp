@@ -78,7 +78,7 @@ const TTCColumn* ColumnOfKeys(const KZMClass& owner, std::int32_t keyType, std::
 // How a method finds its row by its arguments.
 struct RowCondition
 {
-    bool ByIdentity;
+    bool ByIdentity = false;
     ConditionLine Quoted;
 };
 
@@ -136,9 +136,11 @@ std::string WhereOfDelete(const KZMClass& owner, const KZMArguments& arguments)
 std::string WhereOfStoredRow(const ClassScope& scope, WhereEnd end)
 {
     std::string where;
-    if (scope.Class.RetrieveByPrimaryKey && !scope.Class.RetrieveByIdentityCol)
+    const TTCProperty* identity = FirstIdentityProperty(scope.Class);
+    const bool identityComesFirst = scope.Class.RetrieveByIdentityCol && identity != nullptr;
+    if (scope.Class.RetrieveByPrimaryKey && !identityComesFirst)
         AppendStoredPrimaryKey(where, scope.Class);
-    if (const TTCProperty* identity = FirstIdentityProperty(scope.Class); where.empty() && identity != nullptr)
+    if (where.empty() && identity != nullptr)
         AppendStored(where, identity->FieldName, identity->DataType, VariablePrefix(scope.Project, identity->DataType) + identity->PropertyName);
     if (end == WhereEnd::Statement)
         EndStatement(where);

@@ -29,8 +29,8 @@ enum class WhereEnd
     ClosedByTheLine, // the line's own quote closes the string
 };
 
-// The condition on the row as it was last read: by the identity property, or by the kept values of the primary key where
-// the class keeps them.
+// The condition on the row as it was last read: by the identity property of a class that is found by it, else by the
+// values of the primary key that the class keeps, else by whatever identity property there is.
 [[nodiscard]] std::string WhereOfStoredRow(const ClassScope& scope, WhereEnd end);
 
 // The condition on the arguments of RetrieveIdentity. It ends its statement.

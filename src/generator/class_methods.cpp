@@ -123,7 +123,7 @@ void WriteMethod(const ClassEmitter& emit, const TTCMethod& method)
 {
     if (!method.PlusMethod && method.MethodIsSP) {
         if (method.StoredProcedure != nullptr)
-            WriteVBSourceCode(emit, *method.StoredProcedure);
+            VBSourceCode(emit, *method.StoredProcedure);
         return;
     }
     const std::string arguments = FormatArguments(method.Arguments);

@@ -1,11 +1,9 @@
 #include "generator/outputs.h"
 
 #include "text/case_folding.h"
-#include "text/characters.h"
 #include "text/runtime_error.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace veldrane {
 
@@ -22,11 +20,6 @@ TTCOutput& TTCOutputs::Add(std::string lineText, LineClass lineClass)
 {
     LineLook look = LookOf(lineClass, colors_);
     return Add(std::move(lineText), look.Bold, look.ForeColor, look.Icon);
-}
-
-void TTCOutputs::Append(const TTCOutputs& lines)
-{
-    lines_.insert(lines_.end(), lines.lines_.begin(), lines.lines_.end());
 }
 
 const TTCOutput& TTCOutputs::Item(std::size_t position) const

@@ -34,9 +34,6 @@ class TTCOutputs
     // Appends a line of the class, as it stands.
     TTCOutput& Add(std::string lineText, LineClass lineClass = LineClass::Code);
 
-    // Appends the lines of another list.
-    void Append(const TTCOutputs& lines);
-
     // By 1-based position (RuntimeError 9) or by key (RuntimeError 5).
     [[nodiscard]] const TTCOutput& Item(std::size_t position) const;
     [[nodiscard]] const TTCOutput& Item(std::string_view key) const;

@@ -44,7 +44,7 @@ void WriteAddElementMethod(const ClassEmitter& emit);
 void WriteStoreReturnValues(const ClassEmitter& emit);
 
 // The function that calls the stored procedure.
-void WriteVBSourceCode(const ClassEmitter& emit, const SP& procedure);
+void VBSourceCode(const ClassEmitter& emit, const SP& procedure);
 
 // The parameter list of the columns that join a child class to its parent.
 [[nodiscard]] std::string GetRelationshipArguments(const ClassEmitter& emit);

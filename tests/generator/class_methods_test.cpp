@@ -239,6 +239,30 @@ head|End Function|
 )");
 }
 
+TEST_F(ClassMethods, LeaveTheKeyAloneThatTheClassIsNotFoundBy)
+{
+    AddProperty(order, "No", "Long");
+    AddKey(order, key_type::kPrimaryKey, {"No"});
+    for (const std::string_view method : {"Clear", "Clone"}) {
+        AddMethod(order, std::string(method), true);
+        EXPECT_EQ(OwnMethods().find("push"), std::string::npos) << method;
+        order.TTCMethods.Remove(method);
+    }
+}
+
+TEST_F(ClassMethods, ClearAndCloneEveryPropertyOnAColumnOfTheKey)
+{
+    AddProperty(order, "No", "Long");
+    AddProperty(order, "SameNo", "String").FieldName = "No";
+    AddKey(order, key_type::kPrimaryKey, {"No"});
+    order.RetrieveByPrimaryKey = true;
+    AddMethod(order, "Clear", true);
+    AddMethod(order, "Clone", true);
+    const std::string methods = OwnMethods();
+    EXPECT_NE(methods.find("code|    pushNo=0|\ncode|    pushSameNo=\"\"|\nhead|End Sub|\n"), std::string::npos) << methods;
+    EXPECT_NE(methods.find("code|    c.SaveNo=pushNo|\ncode|    c.SaveSameNo=pushSameNo|\ncode|    Set Clone = c|\n"), std::string::npos) << methods;
+}
+
 TEST_F(ClassMethods, CloneChildrenUnderTheirKeys)
 {
     AddMethod(order, "Clone", true);

@@ -153,6 +153,7 @@ TEST_F(GenerateCode, KeepsTheBackupOfWhatWasThereBeforeTheRun)
     files.Files.erase("/out/Auto.cls");
     Run(overwrite_mode::kBackupAndOverwrite);
     EXPECT_EQ(files.Files.at("/out/Auto.cls.BAK"), "mine");
+    EXPECT_TRUE(errors.Reported.empty()) << "a file of this run has nothing to back up";
 }
 
 TEST_F(GenerateCode, WritesBothFilesWhoseNamesDifferInCaseAloneAndWarns)

@@ -78,9 +78,7 @@ TEST(TTCOutputs, BecomeTextWithALineEndBehindEachLine)
     EXPECT_EQ(OutputsToText(lines), "");
     lines.Add("a");
     lines.Add("");
-    TTCOutputs more;
-    more.Add("b");
-    lines.Append(more);
+    lines.Add("b");
     EXPECT_EQ(OutputsToText(lines), "a\r\n\r\nb\r\n");
 }
 
@@ -103,6 +101,7 @@ TEST(LineClass, LooksLikeItsBoldColourAndIcon)
         {LineClass::HeadSub, "head:Sub", true, 2, "Sub"},
         {LineClass::HeadFunction, "head:Function", true, 2, "Function"},
         {LineClass::HeadPlusMethod, "head:PlusMethod", true, 2, "PlusMethod"},
+        {LineClass::HeadSP, "head:SP", true, 2, "SP"},
         {LineClass::MarkMTS, "mark:MTS", false, 1, "MTS"},
         {LineClass::MarkGlobe, "mark:Globe", false, 1, "Globe"},
         {LineClass::MarkEvent, "mark:Event", false, 1, "Event"},
@@ -111,6 +110,7 @@ TEST(LineClass, LooksLikeItsBoldColourAndIcon)
         {LineClass::Note, "note", true, 4, ""},
         {LineClass::Key, "key", false, 5, ""},
     };
+    ASSERT_EQ(cases.size(), static_cast<std::size_t>(LineClass::Key) + 1);
     for (const Case& one : cases) {
         TTCOutputs lines(colors);
         const TTCOutput& line = lines.Add("x", one.Class);

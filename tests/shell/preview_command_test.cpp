@@ -44,6 +44,28 @@ struct Preview : ::testing::Test
         return ended.Output;
     }
 
+    void Generate() const
+    {
+        fs::create_directory(Workspace.Path("out"));
+        ASSERT_EQ(Workspace.Run({"generate", Workspace.Path("Clinic.kzm"), Workspace.Path("out")}).ExitCode, 0);
+    }
+
+    // The text of a generated file, as the preview would print it.
+    std::string Written(const std::string& file) const
+    {
+        std::string written = text::ReplaceAll(Workspace.ReadFile("out/" + file), "\r\n", "\n");
+        written = text::ReplaceAll(written, "\xE4", "ä");
+        return text::ReplaceAll(written, "\xC4", "Ä");
+    }
+
+    // The preview has no empty line between the sections of a module.
+    static std::string WithoutEmptyLines(std::string text)
+    {
+        while (text.find("\n\n") != std::string::npos)
+            text = text::ReplaceAll(text, "\n\n", "\n");
+        return text;
+    }
+
     // Changes the project file as a hand with an editor would.
     void Edit(const std::string& find, const std::string& replacement) const
     {
@@ -89,8 +111,7 @@ TEST_F(Preview, NamesNodesWithoutRegardToCase)
 
 TEST_F(Preview, ShowsTheVeryTextThatIsGenerated)
 {
-    fs::create_directory(Workspace.Path("out"));
-    ASSERT_EQ(Workspace.Run({"generate", Workspace.Path("Clinic.kzm"), Workspace.Path("out")}).ExitCode, 0);
+    Generate();
     const std::vector<std::pair<std::string, std::string>> cases{
         {"VBProjectFile", "Clinic.vbp"},
         {"VBProjectTestFile", "TestClinic.vbp"},
@@ -99,11 +120,19 @@ TEST_F(Preview, ShowsTheVeryTextThatIsGenerated)
         {"KZMWRAPPER", "Auto.cls"},
     };
     for (const auto& [node, file] : cases) {
-        std::string written = text::ReplaceAll(Workspace.ReadFile("out/" + file), "\r\n", "\n");
-        written = text::ReplaceAll(written, "\xE4", "ä");
-        written = text::ReplaceAll(written, "\xC4", "Ä");
+        std::string written = Written(file);
         written.pop_back(); // a file has one more line end behind each of its sections
         EXPECT_TRUE(Shown(node).ends_with("\n" + written)) << node;
+    }
+}
+
+TEST_F(Preview, ShowsTheVeryModulesThatAreGenerated)
+{
+    Generate();
+    for (const std::string node : {"Termine", "Termines", "Ärzte", "Länder", "xmlAssist"}) {
+        const std::string written = WithoutEmptyLines(Written(node + ".cls"));
+        EXPECT_THAT(written, HasSubstr("\nEnd ")) << node;
+        EXPECT_TRUE(WithoutEmptyLines(Shown(node)).ends_with("FileName: " + node + ".cls\n" + written)) << node;
     }
 }
 

@@ -4,12 +4,13 @@
 namespace veldrane {
 namespace {
 
-// A line about a cloned child: a property of the child's own that its key is made of, and the key's text so far.
+// A line about a cloned child, with the text of the key that it gets.
 struct ClonedChildScope : ChildScope
 {
     const std::string& Key;
 };
 
+// The part of a child's key that one of the child's own properties makes.
 struct KeyPartScope : ChildScope
 {
     const TTCProperty& KeyProperty;

@@ -64,12 +64,4 @@ void WritePushCopies(const ClassEmitter& emit, const TemplateLine<PropertyScope>
         ForEachPrimaryKeyProperty(emit, [&](const PropertyEmitter& property) { property(IsObjectType(property.Scope().Property.DataType) ? object : value); });
 }
 
-void WriteErrorReport(const ClassEmitter& emit, const ClassLine& message)
-{
-    emit("    nbr = Err.Number");
-    emit(message);
-    if (HasEvent(emit.Scope(), "ErrorOccurred"))
-        emit("    RaiseEvent ErrorOccurred(nbr, msg)");
-}
-
 } // namespace veldrane

@@ -2,6 +2,8 @@
 
 #include "generator/methods/where_text.h"
 
+#include <type_traits>
+
 // Lines that the routines which read and write rows have in common. A line that names the routine is given whole, as a
 // template, so that it stands in the source of that routine.
 namespace veldrane {
@@ -41,6 +43,13 @@ void WriteReadThroughComponent(const ClassEmitter& emit, const ClassLine& raise)
 void WritePushCopies(const ClassEmitter& emit, const TemplateLine<PropertyScope>& object, const TemplateLine<PropertyScope>& value);
 
 // What a routine does about an error: `message` forms the text. The event is raised if the class has it.
-void WriteErrorReport(const ClassEmitter& emit, const ClassLine& message);
+template <class ScopeType>
+void WriteErrorReport(const Emitter<ScopeType>& emit, const TemplateLine<std::type_identity_t<ScopeType>>& message)
+{
+    emit("    nbr = Err.Number");
+    emit(message);
+    if (HasEvent(emit.Scope(), "ErrorOccurred"))
+        emit("    RaiseEvent ErrorOccurred(nbr, msg)");
+}
 
 } // namespace veldrane

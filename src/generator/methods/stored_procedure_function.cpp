@@ -13,7 +13,7 @@ struct ProcedureScope : ClassScope
     const std::string& Args;
 };
 
-struct ParameterScope : ProcedureScope
+struct ParameterScope
 {
     const SPParameter& Parameter;
 };
@@ -24,24 +24,21 @@ template <>
 inline constexpr auto Vocabulary<ProcedureScope> = JoinVocabularies(std::to_array<Placeholder<ProcedureScope>>({
                                                                         {"Method", [](std::string& line, const ProcedureScope& s) { line += s.Procedure.SPMethodName; }},
                                                                         {"Name", [](std::string& line, const ProcedureScope& s) { line += s.Procedure.SPName; }},
-                                                                        {"Class", [](std::string& line, const ProcedureScope& s) { line += s.Class.ClassName; }},
                                                                         {"Args", [](std::string& line, const ProcedureScope& s) { line += s.Args; }},
-                                                                        {"Lib", [](std::string& line, const ProcedureScope& s) { line += s.Project.UseADOR ? "R" : "DB"; }},
                                                                     }),
                                                                     InheritedVocabulary<ProcedureScope, ClassScope>());
 
 template <>
-inline constexpr auto Vocabulary<ParameterScope> = JoinVocabularies(std::to_array<Placeholder<ParameterScope>>({
-                                                                        {"P", [](std::string& line, const ParameterScope& s) { line += s.Parameter.ParameterCleanName(); }},
-                                                                        {"PN", [](std::string& line, const ParameterScope& s) { line += s.Parameter.ParameterName; }},
-                                                                        {"PT", [](std::string& line, const ParameterScope& s) { line += s.Parameter.VBDataType(); }},
-                                                                        {"Direction", [](std::string& line, const ParameterScope& s) { line += std::to_string(s.Parameter.Direction); }},
-                                                                        {"DataTypeNumber", [](std::string& line, const ParameterScope& s) { line += std::to_string(s.Parameter.DataTypeNumber); }},
-                                                                        {"CharacterMaximumLength", [](std::string& line, const ParameterScope& s) { line += s.Parameter.CharacterMaximumLength; }},
-                                                                        {"NumericScale", [](std::string& line, const ParameterScope& s) { line += s.Parameter.NumericScale; }},
-                                                                        {"NumericPrecision", [](std::string& line, const ParameterScope& s) { line += s.Parameter.NumericPrecision; }},
-                                                                    }),
-                                                                    InheritedVocabulary<ParameterScope, ProcedureScope>());
+inline constexpr auto Vocabulary<ParameterScope> = std::to_array<Placeholder<ParameterScope>>({
+    {"P", [](std::string& line, const ParameterScope& s) { line += s.Parameter.ParameterCleanName(); }},
+    {"PN", [](std::string& line, const ParameterScope& s) { line += s.Parameter.ParameterName; }},
+    {"PT", [](std::string& line, const ParameterScope& s) { line += s.Parameter.VBDataType(); }},
+    {"Direction", [](std::string& line, const ParameterScope& s) { line += std::to_string(s.Parameter.Direction); }},
+    {"DataTypeNumber", [](std::string& line, const ParameterScope& s) { line += std::to_string(s.Parameter.DataTypeNumber); }},
+    {"CharacterMaximumLength", [](std::string& line, const ParameterScope& s) { line += s.Parameter.CharacterMaximumLength; }},
+    {"NumericScale", [](std::string& line, const ParameterScope& s) { line += s.Parameter.NumericScale; }},
+    {"NumericPrecision", [](std::string& line, const ParameterScope& s) { line += s.Parameter.NumericPrecision; }},
+});
 
 namespace {
 
@@ -49,18 +46,18 @@ using ProcedureEmitter = Emitter<ProcedureScope>;
 using ParameterEmitter = Emitter<ParameterScope>;
 
 template <class Body>
-void ForEachParameter(const ProcedureEmitter& emit, Body&& body)
+void ForEachParameter(const ClassEmitter& emit, const SP& procedure, Body&& body)
 {
-    for (const SPParameter& parameter : emit.Scope().Procedure.SPParameters) {
-        const ParameterScope scope{emit.Scope(), parameter};
+    for (const SPParameter& parameter : procedure.SPParameters) {
+        const ParameterScope scope{parameter};
         body(emit.About(scope));
     }
 }
 
-std::string Arguments(const ProcedureEmitter& emit)
+std::string ArgumentsOf(const ClassEmitter& emit, const SP& procedure)
 {
     std::string arguments;
-    ForEachParameter(emit, [&](const ParameterEmitter& parameter) {
+    ForEachParameter(emit, procedure, [&](const ParameterEmitter& parameter) {
         if (parameter.Scope().Parameter.Direction == parameter_direction::kInput)
             arguments += parameter.Text("ByVal {P} as {PT}, ");
         else
@@ -71,7 +68,7 @@ std::string Arguments(const ProcedureEmitter& emit)
 
 void WriteHeader(const ProcedureEmitter& emit)
 {
-    emit("Public Function {Method}({Args}Optional ByVal Timeout as Integer = 60, Optional ByVal DiscardRecordset as Boolean = False, Optional ByRef RecordsAffected as Long) as ADO{Lib}.Recordset",
+    emit("Public Function {Method}({Args}Optional ByVal Timeout as Integer = 60, Optional ByVal DiscardRecordset as Boolean = False, Optional ByRef RecordsAffected as Long) as ADO{Ado}.Recordset",
          LineClass::HeadSP);
 }
 
@@ -86,7 +83,7 @@ void WriteDocument(const ProcedureEmitter& emit)
     emit("    xmlAssist.AddAttribute `DiscardRecordset`, DiscardRecordset, Directives.documentElement");
     emit("    xmlAssist.AddAttribute `RecordsAffected`, RecordsAffected, Directives.documentElement");
     emit("    Set Parameters = xmlAssist.AddElement(`Params`, Directives.documentElement)");
-    ForEachParameter(emit, [](const ParameterEmitter& parameter) {
+    ForEachParameter(emit, emit.Scope().Procedure, [](const ParameterEmitter& parameter) {
         parameter("    Set Parameter = xmlAssist.AddElement(`{P}`, Parameters)");
         parameter("        xmlAssist.AddAttribute `V`, {P}, Parameter");
         parameter("        xmlAssist.AddAttribute `D`, `{Direction}`, Parameter");
@@ -111,7 +108,7 @@ void WriteReply(const ProcedureEmitter& emit)
     emit("        For Each Parameter In tmpParameters");
     emit("            Value = Parameter.Attributes.getNamedItem(`V`).nodeValue");
     emit("            Select Case Parameter.baseName");
-    ForEachParameter(emit, [](const ParameterEmitter& parameter) { parameter("            Case `{P}` : {P} = Value"); });
+    ForEachParameter(emit, emit.Scope().Procedure, [](const ParameterEmitter& parameter) { parameter("            Case `{P}` : {P} = Value"); });
     emit("            End Select");
     emit("        Next");
     emit("        Set {Method} = adoRS");
@@ -128,7 +125,7 @@ void WriteThroughComponent(const ProcedureEmitter& emit)
     emit("");
     emit("    Set Directives = Nothing");
     emit("    Set Directives = New DOMDocument");
-    emit("    Dim adoRS as New ADO{Lib}.Recordset");
+    emit("    Dim adoRS as New ADO{Ado}.Recordset");
     emit("    Dim Parameters as IXMLDOMElement");
     emit("    Dim tmpParameters as IXMLDOMNodeList");
     emit("    Dim Parameter as IXMLDOMElement");
@@ -172,7 +169,7 @@ void WriteParameterAfterCall(const ParameterEmitter& emit)
 void WriteWithCommand(const ProcedureEmitter& emit)
 {
     emit("    Dim cmd as New ADODB.Command");
-    emit("    Dim adoRS as New ADO{Lib}.Recordset");
+    emit("    Dim adoRS as New ADO{Ado}.Recordset");
     emit("    Dim SaveCursorLocation as CursorLocationEnum");
     emit("    On Error goto err{Method}");
     emit("");
@@ -183,7 +180,7 @@ void WriteWithCommand(const ProcedureEmitter& emit)
     emit("    cmd.CommandTimeout = Timeout");
     emit("    cmd.CommandType = adCmdStoredProc + IIF(DiscardRecordset, adExecuteNoRecords, 0)");
     emit("    cmd.Parameters.Refresh");
-    ForEachParameter(emit, [](const ParameterEmitter& parameter) {
+    ForEachParameter(emit, emit.Scope().Procedure, [](const ParameterEmitter& parameter) {
         const std::int32_t direction = parameter.Scope().Parameter.Direction;
         if (direction == parameter_direction::kInput || direction == parameter_direction::kInputOutput)
             parameter("    cmd.Parameters(`{PN}`).Value = {P}");
@@ -196,7 +193,7 @@ void WriteWithCommand(const ProcedureEmitter& emit)
     emit("        Set {Method} = adoRS");
     emit("    End If");
     emit("");
-    ForEachParameter(emit, WriteParameterAfterCall);
+    ForEachParameter(emit, emit.Scope().Procedure, WriteParameterAfterCall);
     emit("");
     emit("    'Set the adoCon.CursorLocation value back to its original state");
     emit("    adoCon.CursorLocation = SaveCursorLocation");
@@ -207,21 +204,17 @@ void WriteTail(const ProcedureEmitter& emit)
 {
     emit("");
     emit("err{Method}:");
-    emit("    nbr = Err.Number");
-    emit("    msg = ErrorMessage(`{Class}`, `{Method}`, vbLogEventTypeWarning)");
-    if (HasEvent(emit.Scope(), "ErrorOccurred"))
-        emit("    RaiseEvent ErrorOccurred(nbr, msg)");
+    WriteErrorReport(emit, "    msg = ErrorMessage(`{ClassName}`, `{Method}`, vbLogEventTypeWarning)");
     emit("End Function", LineClass::Head);
 }
 
 } // namespace
 
-void WriteVBSourceCode(const ClassEmitter& emit, const SP& procedure)
+void VBSourceCode(const ClassEmitter& emit, const SP& procedure)
 {
-    std::string arguments;
+    const std::string arguments = ArgumentsOf(emit, procedure);
     const ProcedureScope scope{emit.Scope(), procedure, arguments};
     const ProcedureEmitter about = emit.About(scope);
-    arguments = Arguments(about);
     WriteHeader(about);
     if (scope.Project.MTSEnabled)
         WriteThroughComponent(about);

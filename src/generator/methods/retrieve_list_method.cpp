@@ -26,9 +26,9 @@ inline constexpr auto Vocabulary<ListedScope> = JoinVocabularies(std::to_array<P
                                                                  InheritedVocabulary<ListedScope, ClassScope>());
 
 template <>
-inline constexpr auto
-    Vocabulary<KeyColumnScope> = JoinVocabularies(std::to_array<Placeholder<KeyColumnScope>>({{"Ref", [](std::string& line, const KeyColumnScope& s) { AppendColumnReference(line, s.Column.ColumnName); }}}),
-                                                  InheritedVocabulary<KeyColumnScope, ClassScope>());
+inline constexpr auto Vocabulary<KeyColumnScope> =
+    JoinVocabularies(std::to_array<Placeholder<KeyColumnScope>>({{"Ref", [](std::string& line, const KeyColumnScope& s) { AppendColumnReference(line, s.Column.ColumnName); }}}),
+                     InheritedVocabulary<KeyColumnScope, ClassScope>());
 
 namespace {
 
@@ -47,9 +47,8 @@ constexpr ReadForms<LookupFieldScope> kLookupField{
 void WriteFields(const ClassEmitter& emit)
 {
     ForEachReadProperty(emit, [](const PropertyEmitter& property) { WriteRead(property, property.Scope().Property.DataType, kProperty); });
-    ForEachReadProperty(emit, [](const PropertyEmitter& property) {
-        ForEachLookupField(property, [](const LookupFieldEmitter& field) { WriteRead(field, field.Scope().L.FieldDataType, kLookupField); });
-    });
+    ForEachReadProperty(emit,
+                        [](const PropertyEmitter& property) { ForEachLookupField(property, [](const LookupFieldEmitter& field) { WriteRead(field, field.Scope().L.FieldDataType, kLookupField); }); });
 }
 
 const TTCColumn* FirstIdentityColumn(const KZMClass& owner)
@@ -90,9 +89,9 @@ void WriteLoop(const ClassEmitter& emit)
     const ListedScope scope{emit.Scope(), key};
     emit.About(scope)("        mcol.AddExisting a{ClassName}, {K}", LineClass::Code, Quotes::Convert);
     if (scope.Class.IsDomainTable)
-        WriteRelatedCalls(emit, "        a{ClassName}.{C.CollectionName}.RetrieveRelated {List}");
+        WriteRelatedCalls(emit, MembersForChild, "        a{ClassName}.{C.CollectionName}.RetrieveRelated {List}");
     else
-        WriteRelatedCalls(emit, "        If RetrieveChildren Then a{ClassName}.{C.CollectionName}.RetrieveRelated {List}");
+        WriteRelatedCalls(emit, MembersForChild, "        If RetrieveChildren Then a{ClassName}.{C.CollectionName}.RetrieveRelated {List}");
     emit("        .MoveNext");
     emit("    Loop");
     emit("    .Close");

@@ -7,6 +7,19 @@
 namespace veldrane {
 namespace {
 
+constexpr ReadForms<PropertyScope> kProperty{
+    "        SET {m:DataType}{PropertyName}=IIF(IsNull({F}),{DataType}, {F})",
+    "        {m:DataType}{PropertyName}={F}",
+    "        {m:DataType}{PropertyName}=IIF(IsNull({F}),{Empty}, {F})",
+};
+
+// The blanks behind the commas are not those of a property's lines: on purpose.
+constexpr ReadForms<LookupFieldScope> kLookupField{
+    "        SET {m:L.FieldDataType}{L.PropertyName}=IIF(IsNull({L.F}), {L.FieldDataType}, {L.F})",
+    "        {m:L.FieldDataType}{L.PropertyName}={L.F}",
+    "        {m:L.FieldDataType}{L.PropertyName}=IIF(IsNull({L.F}),{L.Empty},{L.F})",
+};
+
 void WriteFirstLine(const MethodEmitter& emit)
 {
     std::string arguments = emit.Scope().Arguments;
@@ -39,7 +52,7 @@ void WriteRow(const ClassEmitter& emit)
 {
     emit("    With adoRS");
     emit("    If Not .EOF Then");
-    WriteRetrieveFields(emit);
+    WriteFieldReads(emit, kProperty, kLookupField);
     WritePushCopies(emit, "        SET {Push}{PropertyName}={m:DataType}{PropertyName}", "        {Push}{PropertyName}={m:DataType}{PropertyName}");
     emit("    Else");
     emit("        Retrieve = False");
@@ -58,7 +71,7 @@ void WriteSuccess(const ClassEmitter& emit)
     const ClassScope& scope = emit.Scope();
     if (HasProperty(scope, "Modified"))
         emit("    {m:Boolean}Modified = False");
-    WriteRelatedCalls(emit, "    If RetrieveChildren Then {m:Collection}{C.CollectionName}.RetrieveRelated {List}");
+    WriteRelatedCalls(emit, MembersForChild, "    If RetrieveChildren Then {m:Collection}{C.CollectionName}.RetrieveRelated {List}");
     if (IsTopLevel(scope.Class) && scope.Project.TrackPropertyChanges)
         emit("    ClearPropertyTracking {True}");
     emit("    Retrieve = {True}");

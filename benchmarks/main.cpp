@@ -62,15 +62,17 @@ void PrintRun(const WholeRun& run)
               << std::flush;
 }
 
-// How the whole run grows, without the disk: how fast that makes thousands of files depends on what was removed on it
-// before.
-double GrowthInMemory(const Options& options, const Sizes& sizes)
+// How runs grow, without the disk: how fast that makes thousands of files depends on what was removed on it before.
+void MeasureGrowthInMemory(const Options& options, const Sizes& sizes, Figures& figures)
 {
-    const auto seconds = [&](std::size_t tables) {
-        return MeasureWholeRun(options.Tools, options.MemoryScratch, tables, options.Rounds).ProgramSeconds;
+    const WholeRun many = MeasureWholeRun(options.Tools, options.MemoryScratch, sizes.Many, options.Rounds);
+    const WholeRun most = MeasureWholeRun(options.Tools, options.MemoryScratch, sizes.Most, options.Rounds);
+    const auto growth = [&](double WholeRun::*seconds) {
+        return GrowthExponent(static_cast<double>(sizes.Many), many.*seconds, static_cast<double>(sizes.Most),
+                              most.*seconds);
     };
-    return GrowthExponent(static_cast<double>(sizes.Many), seconds(sizes.Many), static_cast<double>(sizes.Most),
-                          seconds(sizes.Most));
+    figures[Measure::WholeRunGrowth] = growth(&WholeRun::ProgramSeconds);
+    figures[Measure::FilesGrowth] = growth(&WholeRun::GenerateSeconds);
 }
 
 void MeasureRuns(const Options& options, Figures& figures)
@@ -86,7 +88,9 @@ void MeasureRuns(const Options& options, Figures& figures)
     const WholeRun most = measure(sizes.Most, options.Rounds);
     figures[Measure::WholeRun10] = few.TimesFloor();
     figures[Measure::WholeRun1000] = many.TimesFloor();
-    figures[Measure::WholeRunGrowth] = GrowthInMemory(options, sizes);
+    figures[Measure::FilesOf1000] = many.FilesTimesFloor();
+    figures[Measure::FilesOf5000] = most.FilesTimesFloor();
+    MeasureGrowthInMemory(options, sizes, figures);
     figures[Measure::PeakMemory1000] = many.PeakMiB;
     figures[Measure::PeakMemory5000] = most.PeakMiB;
 }

@@ -26,6 +26,7 @@ struct WholeRun
     double PeakMiB = 0; // of the larger of both commands
 
     [[nodiscard]] double TimesFloor() const { return ProgramSeconds / FloorSeconds; }
+    [[nodiscard]] double FilesTimesFloor() const { return GenerateSeconds / WriteSeconds; }
 };
 
 // Measures whole runs on a SQLite database with so many tables against the floor, in turn, so that whatever else the

@@ -66,7 +66,8 @@ std::size_t TTCOutputs::PositionOf(std::string_view key) const
 
 std::string ConvertQuotes(std::string text)
 {
-    std::replace(text.begin(), text.end(), '`', '"');
+    for (std::size_t at = text.find('`'); at != std::string::npos; at = text.find('`', at + 1))
+        text[at] = '"';
     return text;
 }
 

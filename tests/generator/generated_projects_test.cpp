@@ -143,6 +143,17 @@ constexpr auto kOddities = std::to_array<Oddity>({
      [](const FoundDefect& found) { return found.Defect == BlockDefect::NotClosed && found.Text.starts_with("Friend Property Set "); }},
     {"A database beside the component: the text of its connection has no closing quote.",
      [](const FoundDefect& found) { return found.Defect == BlockDefect::StringLeftOpen && found.Text.starts_with("DefaultConnectionString = \""); }},
+    {"A condition on no column leaves its string open.",
+     [](const FoundDefect& found) { return found.Defect == BlockDefect::StringLeftOpen && found.Text.starts_with("SQL") && found.Text.ends_with(" WHERE"); }},
+    {"Once a long line was broken inside a string, every later piece of it begins with a quote.",
+     [](const FoundDefect& found) { return found.Defect == BlockDefect::StringLeftOpen && found.Text.starts_with("\""); }},
+    {"Update without Retrieve is a line for the developer, who is to meet it when compiling.",
+     [](const FoundDefect& found) { return found.Defect == BlockDefect::OutsideRoutine && found.Text.starts_with("You MUST add the Retrieve Function"); }},
+    {"Without a return type these begin as a Sub and end as a Function.",
+     [](const FoundDefect& found) {
+         const auto opens = [&](std::string_view routine) { return found.Text.find(routine) != std::string::npos; };
+         return found.Defect == BlockDefect::ClosedAsOther && (opens("Sub Retrieve(") || opens("Sub Add()") || opens("Sub Delete("));
+     }},
 });
 
 bool IsVisualBasic(const std::string& path)

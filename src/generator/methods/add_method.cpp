@@ -43,7 +43,8 @@ void WriteDocument(const ClassEmitter& emit)
     WriteTableHasID(emit);
     emit("    xmlAssist.AddAttribute `Table`, `{TableName}`, Modification");
     WriteTimingLine(emit, "    StartTime = Timer");
-    WriteFieldElements(emit, "    Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
+    WriteFieldElements(emit,
+                       "    Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
     WritePropogations(emit);
     if (IsTopLevel(emit.Scope().Class))
         WriteNumberedCalls(emit, "        q{C.ClassName}.Add `{ClassName}`, `{C.ClassName}` & KeyCounter, `{ClassName}`");

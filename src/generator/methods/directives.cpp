@@ -72,8 +72,8 @@ void WriteFieldElements(const ClassEmitter& emit, const TemplateLine<PropertySco
     emit("    Set Fields = xmlAssist.AddElement(`Fields`, Modification)");
     ForEachStoredProperty(emit, [&](const PropertyEmitter& property) {
         if (IsTracked(property.Scope()))
-            property("    If {m:Boolean}z{PropertyName} Then Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : "
-                     "xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
+            property(
+                "    If {m:Boolean}z{PropertyName} Then Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
         else
             property(untracked);
         if (property.Scope().Property.FieldIsIdentityCol)

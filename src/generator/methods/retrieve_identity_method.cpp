@@ -13,12 +13,11 @@ struct IdentityScope : PropertyScope
 } // namespace
 
 template <>
-inline constexpr auto
-    Vocabulary<IdentityScope> = JoinVocabularies(std::to_array<Placeholder<IdentityScope>>({
-                                                     {"Args", [](std::string& line, const IdentityScope& s) { line += s.Args; }},
-                                                     {"Where", [](std::string& line, const IdentityScope& s) { line += s.Where; }},
-                                                 }),
-                                                 InheritedVocabulary<IdentityScope, PropertyScope>());
+inline constexpr auto Vocabulary<IdentityScope> = JoinVocabularies(std::to_array<Placeholder<IdentityScope>>({
+                                                                       {"Args", [](std::string& line, const IdentityScope& s) { line += s.Args; }},
+                                                                       {"Where", [](std::string& line, const IdentityScope& s) { line += s.Where; }},
+                                                                   }),
+                                                                   InheritedVocabulary<IdentityScope, PropertyScope>());
 
 namespace {
 

@@ -31,18 +31,17 @@ inline constexpr auto Vocabulary<ProcedureScope> = JoinVocabularies(std::to_arra
                                                                     InheritedVocabulary<ProcedureScope, ClassScope>());
 
 template <>
-inline constexpr auto
-    Vocabulary<ParameterScope> = JoinVocabularies(std::to_array<Placeholder<ParameterScope>>({
-                                                      {"P", [](std::string& line, const ParameterScope& s) { line += s.Parameter.ParameterCleanName(); }},
-                                                      {"PN", [](std::string& line, const ParameterScope& s) { line += s.Parameter.ParameterName; }},
-                                                      {"PT", [](std::string& line, const ParameterScope& s) { line += s.Parameter.VBDataType(); }},
-                                                      {"Direction", [](std::string& line, const ParameterScope& s) { line += std::to_string(s.Parameter.Direction); }},
-                                                      {"DataTypeNumber", [](std::string& line, const ParameterScope& s) { line += std::to_string(s.Parameter.DataTypeNumber); }},
-                                                      {"CharacterMaximumLength", [](std::string& line, const ParameterScope& s) { line += s.Parameter.CharacterMaximumLength; }},
-                                                      {"NumericScale", [](std::string& line, const ParameterScope& s) { line += s.Parameter.NumericScale; }},
-                                                      {"NumericPrecision", [](std::string& line, const ParameterScope& s) { line += s.Parameter.NumericPrecision; }},
-                                                  }),
-                                                  InheritedVocabulary<ParameterScope, ProcedureScope>());
+inline constexpr auto Vocabulary<ParameterScope> = JoinVocabularies(std::to_array<Placeholder<ParameterScope>>({
+                                                                        {"P", [](std::string& line, const ParameterScope& s) { line += s.Parameter.ParameterCleanName(); }},
+                                                                        {"PN", [](std::string& line, const ParameterScope& s) { line += s.Parameter.ParameterName; }},
+                                                                        {"PT", [](std::string& line, const ParameterScope& s) { line += s.Parameter.VBDataType(); }},
+                                                                        {"Direction", [](std::string& line, const ParameterScope& s) { line += std::to_string(s.Parameter.Direction); }},
+                                                                        {"DataTypeNumber", [](std::string& line, const ParameterScope& s) { line += std::to_string(s.Parameter.DataTypeNumber); }},
+                                                                        {"CharacterMaximumLength", [](std::string& line, const ParameterScope& s) { line += s.Parameter.CharacterMaximumLength; }},
+                                                                        {"NumericScale", [](std::string& line, const ParameterScope& s) { line += s.Parameter.NumericScale; }},
+                                                                        {"NumericPrecision", [](std::string& line, const ParameterScope& s) { line += s.Parameter.NumericPrecision; }},
+                                                                    }),
+                                                                    InheritedVocabulary<ParameterScope, ProcedureScope>());
 
 namespace {
 

@@ -54,11 +54,12 @@ void WriteOperation(const ClassEmitter& emit)
 void WriteFields(const ClassEmitter& emit)
 {
     if (HasProperty(emit.Scope(), "Modified"))
-        WriteFieldElements(emit, "    If {m:Boolean}Modified Then Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : "
-                                 "xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
+        WriteFieldElements(
+            emit,
+            "    If {m:Boolean}Modified Then Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
     else
-        WriteFieldElements(emit, "    Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : "
-                                 "xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
+        WriteFieldElements(emit,
+                           "    Set Field = xmlAssist.AddElement(`{FieldName}`, Fields) : xmlAssist.AddAttribute `F`, `{Col}`, Field : xmlAssist.AddAttribute `V`, {m:DataType}{PropertyName}, Field");
 }
 
 void WriteDocument(const ClassEmitter& emit)

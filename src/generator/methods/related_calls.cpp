@@ -4,11 +4,12 @@ namespace veldrane {
 
 std::string MembersForChild(const ChildEmitter& child, const ColumnIndex& columns)
 {
+    const ClassScope& owner = child.Scope();
     std::string list;
     for (const TTCRelationship& relationship : child.Scope().C.TTCRelationships)
         for (const TTCColumn& column : relationship.Columns)
             if (TTCProperty* property = columns.PropertyOn(column.JoinColumnName); property != nullptr) {
-                const PropertyScope scope{child.Scope(), *property};
+                const PropertyScope scope{owner, *property};
                 list += child.About(scope).Text("{m:DataType}{PropertyName},");
             }
     if (!list.empty())

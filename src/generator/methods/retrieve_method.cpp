@@ -28,7 +28,8 @@ void WriteFirstLine(const MethodEmitter& emit)
             arguments += ", ";
         arguments += emit.Text("Optional ByVal RetrieveChildren as Boolean = {False}");
     }
-    const MethodScope scope{emit.Scope(), emit.Scope().Method, arguments};
+    const ClassScope& owner = emit.Scope();
+    const MethodScope scope{owner, emit.Scope().Method, arguments};
     const MethodEmitter line = emit.About(scope);
     if (scope.Method.ReturnDataType.empty())
         line("{Scope} Sub Retrieve({Arguments})", LineClass::HeadPlusMethod, Quotes::Convert);

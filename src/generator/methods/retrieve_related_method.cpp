@@ -128,9 +128,10 @@ void WriteFields(const ClassEmitter& emit)
 // The properties that the child's relationships join, then the flag, whether or not the child takes it.
 std::string PropertiesForChild(const ChildEmitter& emit, const ColumnIndex& columns)
 {
+    const ClassScope& owner = emit.Scope();
     std::string arguments;
     for (const ColumnProperty& found : PropertiesBehindRelationships(emit.Scope().C, PropertiesOnColumn::First)) {
-        const HandedOnScope scope{emit.Scope(), columns.ColumnToProperty(found.Column->JoinColumnName)};
+        const HandedOnScope scope{owner, columns.ColumnToProperty(found.Column->JoinColumnName)};
         arguments += emit.About(scope).Text("r{ClassName}.{ParentProperty}, ");
     }
     return arguments + std::string(kRetrieveChildren);

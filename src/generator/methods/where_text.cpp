@@ -79,7 +79,7 @@ const TTCColumn* ColumnOfKeys(const KZMClass& owner, std::int32_t keyType, std::
 // How a method finds its row by its arguments.
 struct RowCondition
 {
-    bool ByIdentity;
+    bool ByIdentity = false;
     ConditionLine Quoted;
 };
 

@@ -105,6 +105,43 @@ TEST_F(ReadingMethods, CountNewNamesAndReferencesAsTaken)
                            "((Orders a INNER JOIN Cities b ON a.CityNo=b.ID) INNER JOIN Owners c ON a.OwnerNo=c.ID) \"");
 }
 
+TEST_F(ReadingMethods, PassOverAnIdentityWithoutAColumn)
+{
+    TTCProperty& gone = AddProperty(order, "Gone", "Long");
+    gone.FieldIsIdentityCol = true;
+    gone.FieldName.clear();
+    AddProperty(order, "OrderNo", "Long").FieldIsIdentityCol = true;
+    ExpectLine("RetrieveIdentity", "        mlngOrderNo = !OrderNo");
+}
+
+TEST_F(ReadingMethods, KeepARelatedRowUnderTheRenamedIdentityInBrackets)
+{
+    KZMClass& line = AddClass("Line", "Order");
+    line.TableName = "Lines";
+    AddProperty(line, "LineNo", "Long").FieldName = "Line No";
+    AddKey(line, key_type::kIdentityColumn, {"Line No"});
+    line.RetrieveByIdentityCol = true;
+    TTCProperty& item = AddProperty(line, "ItemNo", "Long");
+    item.LookupTable = "Items";
+    item.LookupJoinField = "ID";
+    AddLookupField(item, "Line No", "Long");
+    EXPECT_NE(Lines(generation.WriteCollectionMethods(line, classes)).find("|        mcol.Add rLine, \":\" & (adoRS(\"[aLine No]\"))|\n"), std::string::npos);
+}
+
+TEST_F(ReadingMethods, HandAColumnToAGrandchildOnceThoughTwoPropertiesReadIt)
+{
+    KZMClass& line = AddClass("Line", "Order");
+    line.TableName = "Lines";
+    AddProperty(line, "LineNo", "Long");
+    KZMClass& note = AddClass("Note", "Line");
+    AddProperty(note, "LineNo", "Long");
+    AddProperty(note, "AgainNo", "Long").FieldName = "LineNo";
+    Columns columns;
+    columns.Add("LineNo", "Long", "LineNo", "LineNo");
+    note.TTCRelationships.Add("FK_Line", "Lines", std::move(columns), "FK_Line");
+    EXPECT_NE(Lines(generation.WriteCollectionMethods(line, classes)).find("|        If RetrieveChildren then rLine.Notes.RetrieveRelated rLine.LineNo, RetrieveChildren|\n"), std::string::npos);
+}
+
 // The sign marks the place of the parentheses while the statement is made.
 TEST_F(ReadingMethods, OpenAParenthesisAtEveryTilde)
 {

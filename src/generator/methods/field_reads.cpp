@@ -15,7 +15,7 @@ void SettleFieldReference(TTCProperty& property)
         property.FieldReference = property.FieldAlias;
 }
 
-void WriteFieldReads(const ClassEmitter& emit, const ReadForms<PropertyScope>& propertyForms, const ReadForms<LookupFieldScope>& lookupForms)
+void WriteRetrieveFields(const ClassEmitter& emit, const ReadForms<PropertyScope>& propertyForms, const ReadForms<LookupFieldScope>& lookupForms)
 {
     ForEachReadProperty(emit, [&](const PropertyEmitter& property) {
         WriteRead(property, property.Scope().Property.DataType, propertyForms);

@@ -46,6 +46,6 @@ void ForEachReadProperty(const ClassEmitter& emit, Body&& body)
 }
 
 // Lines that take a row into an object: each property, and behind it the fields of its lookup.
-void WriteFieldReads(const ClassEmitter& emit, const ReadForms<PropertyScope>& propertyForms, const ReadForms<LookupFieldScope>& lookupForms);
+void WriteRetrieveFields(const ClassEmitter& emit, const ReadForms<PropertyScope>& propertyForms, const ReadForms<LookupFieldScope>& lookupForms);
 
 } // namespace veldrane

@@ -53,7 +53,7 @@ void WriteRow(const ClassEmitter& emit)
 {
     emit("    With adoRS");
     emit("    If Not .EOF Then");
-    WriteFieldReads(emit, kProperty, kLookupField);
+    WriteRetrieveFields(emit, kProperty, kLookupField);
     WritePushCopies(emit, "        SET {Push}{PropertyName}={m:DataType}{PropertyName}", "        {Push}{PropertyName}={m:DataType}{PropertyName}");
     emit("    Else");
     emit("        Retrieve = False");

@@ -119,7 +119,7 @@ void WriteQuery(const ClassEmitter& emit)
 
 void WriteFields(const ClassEmitter& emit)
 {
-    WriteFieldReads(emit, kProperty, kLookupField);
+    WriteRetrieveFields(emit, kProperty, kLookupField);
     WritePushCopies(emit, "        SET r{ClassName}.{Save}{PropertyName}= r{ClassName}.{PropertyName}", "        r{ClassName}.{Save}{PropertyName}= r{ClassName}.{PropertyName}");
     if (HasProperty(emit.Scope(), "Modified"))
         emit("        r{ClassName}.Modified = False");

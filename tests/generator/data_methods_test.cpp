@@ -139,10 +139,13 @@ TEST_F(DataMethods, SettleTheNamesByWhichFieldsAreRead)
     property.LookupTable = "Cities";
     property.LookupJoinField = "ID";
     AddLookupField(property, "City", "String");
+    AddLookupField(property, "Mayor", "String");
     const std::string first = Methods();
     EXPECT_EQ(property.FieldAlias, "aCity");
     EXPECT_EQ(property.FieldReference, "aCity");
     EXPECT_EQ(property.TTCLookupFields.Item(1)->FieldAlias, "bCity");
+    EXPECT_EQ(property.TTCLookupFields.Item(2)->FieldAlias, "Mayor");
+    EXPECT_EQ(property.TTCLookupFields.Item(2)->FieldReference, "b.Mayor");
     EXPECT_EQ(order.TTCProperties.Item("OrderNo")->FieldAlias, "OrderNo");
     EXPECT_EQ(Methods(), first) << "and settle them anew each time";
 }

@@ -1,22 +1,6 @@
 #include "generator/methods/field_reads.h"
 
 namespace veldrane {
-namespace {
-
-constexpr ReadForms<PropertyScope> kProperty{
-    "        SET {m:DataType}{PropertyName}=IIF(IsNull({F}),{DataType}, {F})",
-    "        {m:DataType}{PropertyName}={F}",
-    "        {m:DataType}{PropertyName}=IIF(IsNull({F}),{Empty}, {F})",
-};
-
-// The blanks behind the commas are the other way round than a property's: on purpose.
-constexpr ReadForms<LookupFieldScope> kLookupField{
-    "        SET {m:L.FieldDataType}{L.PropertyName}=IIF(IsNull({L.F}), {L.FieldDataType}, {L.F})",
-    "        {m:L.FieldDataType}{L.PropertyName}={L.F}",
-    "        {m:L.FieldDataType}{L.PropertyName}=IIF(IsNull({L.F}),{L.Empty},{L.F})",
-};
-
-} // namespace
 
 bool IsReadFromRow(const TTCProperty& property)
 {
@@ -31,11 +15,11 @@ void SettleFieldReference(TTCProperty& property)
         property.FieldReference = property.FieldAlias;
 }
 
-void WriteRetrieveFields(const ClassEmitter& emit)
+void WriteRetrieveFields(const ClassEmitter& emit, const ReadForms<PropertyScope>& propertyForms, const ReadForms<LookupFieldScope>& lookupForms)
 {
-    ForEachReadProperty(emit, [](const PropertyEmitter& property) {
-        WriteRead(property, property.Scope().Property.DataType, kProperty);
-        ForEachLookupField(property, [](const LookupFieldEmitter& field) { WriteRead(field, field.Scope().L.FieldDataType, kLookupField); });
+    ForEachReadProperty(emit, [&](const PropertyEmitter& property) {
+        WriteRead(property, property.Scope().Property.DataType, propertyForms);
+        ForEachLookupField(property, [&](const LookupFieldEmitter& field) { WriteRead(field, field.Scope().L.FieldDataType, lookupForms); });
     });
 }
 

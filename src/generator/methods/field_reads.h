@@ -45,7 +45,7 @@ void ForEachReadProperty(const ClassEmitter& emit, Body&& body)
     });
 }
 
-// Lines that take a row into the members of the object itself.
-void WriteRetrieveFields(const ClassEmitter& emit);
+// Lines that take a row into an object: each property, and behind it the fields of its lookup.
+void WriteRetrieveFields(const ClassEmitter& emit, const ReadForms<PropertyScope>& propertyForms, const ReadForms<LookupFieldScope>& lookupForms);
 
 } // namespace veldrane

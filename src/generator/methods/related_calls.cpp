@@ -1,21 +1,20 @@
 #include "generator/methods/related_calls.h"
 
 namespace veldrane {
-namespace {
 
-// The members that the child's relationships join, then the flag if the child has children of its own to hand it to.
-std::string MembersForChild(const ChildEmitter& emit, const ColumnIndex& columns)
+std::string MembersForChild(const ChildEmitter& child, const ColumnIndex& columns)
 {
+    const ClassScope& owner = child.Scope();
     std::string list;
-    for (const TTCRelationship& relationship : emit.Scope().C.TTCRelationships)
+    for (const TTCRelationship& relationship : child.Scope().C.TTCRelationships)
         for (const TTCColumn& column : relationship.Columns)
             if (TTCProperty* property = columns.PropertyOn(column.JoinColumnName); property != nullptr) {
-                const PropertyScope scope{emit.Scope(), *property};
-                list += emit.About(scope).Text("{m:DataType}{PropertyName},");
+                const PropertyScope scope{owner, *property};
+                list += child.About(scope).Text("{m:DataType}{PropertyName},");
             }
     if (!list.empty())
         list.pop_back();
-    if (emit.Scope().Children.Of(emit.Scope().C.ClassName).empty())
+    if (child.Scope().Children.Of(child.Scope().C.ClassName).empty())
         return list;
     if (!list.empty())
         list += ", ";
@@ -23,16 +22,14 @@ std::string MembersForChild(const ChildEmitter& emit, const ColumnIndex& columns
     return list;
 }
 
-} // namespace
-
-void WriteRelatedCalls(const ClassEmitter& emit, const TemplateLine<RelatedCallScope>& call)
+void WriteRelatedCalls(const ClassEmitter& emit, RelatedCallList list, const TemplateLine<RelatedCallScope>& call)
 {
     if (!HasChildren(emit.Scope()))
         return;
     const ColumnIndex columns(emit.Scope().Class);
     ForEachChild(emit, [&](const ChildEmitter& child) {
-        const std::string list = MembersForChild(child, columns);
-        const RelatedCallScope scope{child.Scope(), list};
+        const std::string arguments = list(child, columns);
+        const RelatedCallScope scope{child.Scope(), arguments};
         child.About(scope)(call);
     });
 }

@@ -89,9 +89,9 @@ void WriteLoop(const ClassEmitter& emit)
     const ListedScope scope{emit.Scope(), key};
     emit.About(scope)("        mcol.AddExisting a{ClassName}, {K}", LineClass::Code, Quotes::Convert);
     if (scope.Class.IsDomainTable)
-        WriteRelatedCalls(emit, "        a{ClassName}.{C.CollectionName}.RetrieveRelated {List}");
+        WriteRelatedCalls(emit, MembersForChild, "        a{ClassName}.{C.CollectionName}.RetrieveRelated {List}");
     else
-        WriteRelatedCalls(emit, "        If RetrieveChildren Then a{ClassName}.{C.CollectionName}.RetrieveRelated {List}");
+        WriteRelatedCalls(emit, MembersForChild, "        If RetrieveChildren Then a{ClassName}.{C.CollectionName}.RetrieveRelated {List}");
     emit("        .MoveNext");
     emit("    Loop");
     emit("    .Close");

@@ -7,6 +7,19 @@
 namespace veldrane {
 namespace {
 
+constexpr ReadForms<PropertyScope> kProperty{
+    "        SET {m:DataType}{PropertyName}=IIF(IsNull({F}),{DataType}, {F})",
+    "        {m:DataType}{PropertyName}={F}",
+    "        {m:DataType}{PropertyName}=IIF(IsNull({F}),{Empty}, {F})",
+};
+
+// The blanks behind the commas are not those of a property's lines: on purpose.
+constexpr ReadForms<LookupFieldScope> kLookupField{
+    "        SET {m:L.FieldDataType}{L.PropertyName}=IIF(IsNull({L.F}), {L.FieldDataType}, {L.F})",
+    "        {m:L.FieldDataType}{L.PropertyName}={L.F}",
+    "        {m:L.FieldDataType}{L.PropertyName}=IIF(IsNull({L.F}),{L.Empty},{L.F})",
+};
+
 void WriteFirstLine(const MethodEmitter& emit)
 {
     std::string arguments = emit.Scope().Arguments;
@@ -15,7 +28,8 @@ void WriteFirstLine(const MethodEmitter& emit)
             arguments += ", ";
         arguments += emit.Text("Optional ByVal RetrieveChildren as Boolean = {False}");
     }
-    const MethodScope scope{emit.Scope(), emit.Scope().Method, arguments};
+    const ClassScope& owner = emit.Scope();
+    const MethodScope scope{owner, emit.Scope().Method, arguments};
     const MethodEmitter line = emit.About(scope);
     if (scope.Method.ReturnDataType.empty())
         line("{Scope} Sub Retrieve({Arguments})", LineClass::HeadPlusMethod, Quotes::Convert);
@@ -39,7 +53,7 @@ void WriteRow(const ClassEmitter& emit)
 {
     emit("    With adoRS");
     emit("    If Not .EOF Then");
-    WriteRetrieveFields(emit);
+    WriteRetrieveFields(emit, kProperty, kLookupField);
     WritePushCopies(emit, "        SET {Push}{PropertyName}={m:DataType}{PropertyName}", "        {Push}{PropertyName}={m:DataType}{PropertyName}");
     emit("    Else");
     emit("        Retrieve = False");
@@ -58,7 +72,7 @@ void WriteSuccess(const ClassEmitter& emit)
     const ClassScope& scope = emit.Scope();
     if (HasProperty(scope, "Modified"))
         emit("    {m:Boolean}Modified = False");
-    WriteRelatedCalls(emit, "    If RetrieveChildren Then {m:Collection}{C.CollectionName}.RetrieveRelated {List}");
+    WriteRelatedCalls(emit, MembersForChild, "    If RetrieveChildren Then {m:Collection}{C.CollectionName}.RetrieveRelated {List}");
     if (IsTopLevel(scope.Class) && scope.Project.TrackPropertyChanges)
         emit("    ClearPropertyTracking {True}");
     emit("    Retrieve = {True}");

@@ -3,7 +3,6 @@
 #include "generator/methods/field_reads.h"
 #include "generator/methods/related_calls.h"
 #include "generator/writers.h"
-#include "text/characters.h"
 
 namespace veldrane {
 namespace {
@@ -73,38 +72,6 @@ std::string Tail(const ClassEmitter& emit, const std::string& arguments)
     return tail + emit.Text(", Optional ByVal SQLWhereClause as String = ``");
 }
 
-// The condition ends with the name of a property, or with the apostrophe behind one.
-void TrimCondition(std::string& where)
-{
-    constexpr std::string_view kNumberEnd = R"( & " AND )";
-    constexpr std::string_view kQuotedEnd = R"( & "' AND )";
-    constexpr std::string_view kAnd = " AND ";
-    constexpr std::size_t kShortest = 9; // characters; a shorter text is left as it is
-    if (text::Length(where) < kShortest)
-        return;
-    if (where.ends_with(kNumberEnd)) {
-        where.resize(where.size() - kNumberEnd.size());
-    } else if (where.ends_with(kQuotedEnd)) {
-        where.resize(where.size() - kAnd.size());
-        where += '"';
-    }
-}
-
-std::string Condition(const ClassEmitter& emit)
-{
-    std::string where;
-    for (const ColumnProperty& found : PropertiesBehindRelationships(emit.Scope().Class, PropertiesOnColumn::Every)) {
-        const PropertyScope scope{emit.Scope(), *found.Property};
-        const std::string& type = found.Property->DataType;
-        if (type == "String" || type == "Date")
-            where += emit.About(scope).Text("a.{Col}= '` & {PropertyName} & `' AND ");
-        else
-            where += emit.About(scope).Text("a.{Col}=` & {PropertyName} & ` AND ");
-    }
-    TrimCondition(where);
-    return where;
-}
-
 std::string KeyText(const ClassEmitter& emit)
 {
     std::string key;
@@ -140,7 +107,7 @@ void WriteCallersClause(const ClassEmitter& emit)
 void WriteQuery(const ClassEmitter& emit)
 {
     WriteSelectStatement(emit, "    SQL = `{Select}`");
-    WriteConditionLine(emit, Condition(emit), "    SQL = SQL & ` WHERE {Where}");
+    WriteConditionLine(emit, WhereOfRelationships(emit.Scope().Class), "    SQL = SQL & ` WHERE {Where}");
     WriteCallersClause(emit);
     if (RetrievesThroughComponent(emit.Scope().Project)) {
         WriteReadThroughComponent(emit, "        Err.Raise ErrorNumber, `Component Services RetrieveRelated Error`, ErrorDescription");
@@ -152,42 +119,22 @@ void WriteQuery(const ClassEmitter& emit)
 
 void WriteFields(const ClassEmitter& emit)
 {
-    ForEachReadProperty(emit, [](const PropertyEmitter& property) {
-        WriteRead(property, property.Scope().Property.DataType, kProperty);
-        ForEachLookupField(property, [](const LookupFieldEmitter& field) { WriteRead(field, field.Scope().L.FieldDataType, kLookupField); });
-    });
-    if (emit.Scope().Class.RetrieveByPrimaryKey)
-        ForEachPrimaryKeyProperty(emit, [](const PropertyEmitter& property) {
-            if (IsObjectType(property.Scope().Property.DataType))
-                property("        SET r{ClassName}.{Save}{PropertyName}= r{ClassName}.{PropertyName}");
-            else
-                property("        r{ClassName}.{Save}{PropertyName}= r{ClassName}.{PropertyName}");
-        });
+    WriteRetrieveFields(emit, kProperty, kLookupField);
+    WritePushCopies(emit, "        SET r{ClassName}.{Save}{PropertyName}= r{ClassName}.{PropertyName}", "        r{ClassName}.{Save}{PropertyName}= r{ClassName}.{PropertyName}");
     if (HasProperty(emit.Scope(), "Modified"))
         emit("        r{ClassName}.Modified = False");
 }
 
 // The properties that the child's relationships join, then the flag, whether or not the child takes it.
-std::string ArgumentsForChild(const ChildEmitter& emit, const ColumnIndex& columns)
+std::string PropertiesForChild(const ChildEmitter& emit, const ColumnIndex& columns)
 {
+    const ClassScope& owner = emit.Scope();
     std::string arguments;
     for (const ColumnProperty& found : PropertiesBehindRelationships(emit.Scope().C, PropertiesOnColumn::First)) {
-        const HandedOnScope scope{emit.Scope(), columns.ColumnToProperty(found.Column->JoinColumnName)};
+        const HandedOnScope scope{owner, columns.ColumnToProperty(found.Column->JoinColumnName)};
         arguments += emit.About(scope).Text("r{ClassName}.{ParentProperty}, ");
     }
     return arguments + std::string(kRetrieveChildren);
-}
-
-void WriteCallsOfChildren(const ClassEmitter& emit)
-{
-    if (!HasChildren(emit.Scope()))
-        return;
-    const ColumnIndex columns(emit.Scope().Class);
-    ForEachChild(emit, [&](const ChildEmitter& child) {
-        const std::string arguments = ArgumentsForChild(child, columns);
-        const RelatedCallScope scope{child.Scope(), arguments};
-        child.About(scope)("        If RetrieveChildren then r{ClassName}.{C.CollectionName}.RetrieveRelated {List}");
-    });
 }
 
 void WriteHead(const RelatedEmitter& emit)
@@ -216,7 +163,7 @@ void WriteLoop(const ClassEmitter& emit)
     const std::string key = KeyText(emit);
     const RelatedMemberScope member{emit.Scope(), key};
     emit.About(member)("        mcol.Add r{ClassName}, {Key}");
-    WriteCallsOfChildren(emit);
+    WriteRelatedCalls(emit, PropertiesForChild, "        If RetrieveChildren then r{ClassName}.{C.CollectionName}.RetrieveRelated {List}");
     emit("        .MoveNext");
     emit("    Loop");
     emit("    .Close");

@@ -34,8 +34,9 @@ constexpr ConditionLine kIdentity("a.{Col} = ` & {Var} & ` AND ");
 constexpr ConditionLine kNumber("a.{Col}=` & {Var} & ` AND ");
 constexpr ConditionLine kQuoted("a.{Col}='` & Replace({Var}, `'`, `''`) & `' AND ");
 constexpr ConditionLine kQuotedForDelete("a.{Col}='` & Replace({Var}, `'`,`''`) & `' AND ");
-// Single quotes in a key value are not doubled here: on purpose.
+// Single quotes in a value are not doubled in these two: on purpose.
 constexpr ConditionLine kQuotedAsItIs("a.{Col}='` & {Var} & `'` & ` AND ");
+constexpr ConditionLine kQuotedRelated("a.{Col}= '` & {Var} & `' AND ");
 constexpr ConditionLine kIdentityAlone("{Col}= ` & {Var}");
 
 void Append(std::string& where, const ConditionLine& line, std::string_view columnName, const std::string& variable)
@@ -154,10 +155,16 @@ std::string WhereOfRetrieveIdentity(const KZMClass& owner)
     std::string where;
     for (const ColumnProperty& found : PropertiesBehindKey(owner, key_type::kPrimaryKey))
         Append(where, IsQuotedInSql(found.Column->ColumnDataType) ? kQuotedAsItIs : kNumber, found.Column->ColumnName, "a" + found.Property->PropertyName);
-    if (where.ends_with(kAnd))
-        Cut(where, kAnd.size());
-    if (where.ends_with(kNumberEnd))
-        Cut(where, kNumberEnd.size());
+    EndStatement(where);
+    return where;
+}
+
+std::string WhereOfRelationships(const KZMClass& owner)
+{
+    std::string where;
+    for (const ColumnProperty& found : PropertiesBehindRelationships(owner, PropertiesOnColumn::Every))
+        Append(where, IsQuotedInSql(found.Property->DataType) ? kQuotedRelated : kNumber, found.Column->ColumnName, found.Property->PropertyName);
+    EndStatement(where);
     return where;
 }
 

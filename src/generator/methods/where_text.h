@@ -36,4 +36,8 @@ enum class WhereEnd
 // The condition on the arguments of RetrieveIdentity. It ends its statement.
 [[nodiscard]] std::string WhereOfRetrieveIdentity(const KZMClass& owner);
 
+// The condition on the arguments of RetrieveRelated, in the order of the relationships. It ends its statement; "" if no
+// column of a relationship has a property.
+[[nodiscard]] std::string WhereOfRelationships(const KZMClass& owner);
+
 } // namespace veldrane

@@ -4,31 +4,55 @@
 const { Errors } = require('./visual_basic');
 
 const kContinuation = / _$/;
+const kEndOfRoutine = /^End (Sub|Function|Property)\b/;
 
 // The physical lines that make the statement at `index`: [first, last].
 function StatementAround(lines, index) {
     let first = index;
     let last = index;
-    while (first > 0 && kContinuation.test(lines[first - 1])) {
+    while (first > 0 && kContinuation.test(lines[first - 1].text)) {
         --first;
     }
-    while (last + 1 < lines.length && kContinuation.test(lines[last])) {
+    while (last + 1 < lines.length && kContinuation.test(lines[last].text)) {
         ++last;
     }
     return [first, last];
 }
 
-// Puts what the statement stands for in its place, on as many lines; says which oddity it was, or undefined.
+function TextOf(lines) {
+    return lines.map((line) => line.text).join('\r\n');
+}
+
+// Puts what the statement stands for in its place, under the same line numbers; says which oddity it was, or undefined.
 function Settle(lines, index, oddities) {
     const [first, last] = StatementAround(lines, index);
-    const statement = lines.slice(first, last + 1).join('\n');
+    const statement = lines.slice(first, last + 1).map((line) => line.text).join('\n');
     for (const oddity of oddities) {
         const wellFormed = statement.replace(oddity.line, oddity.readAs);
         if (wellFormed !== statement) {
-            const pieces = wellFormed.split('\n');
-            for (let i = first; i <= last; ++i) {
-                lines[i] = pieces[i - first] ?? '';
-            }
+            const pieces = wellFormed.split('\n').map(
+                (text, i) => ({ text, number: lines[Math.min(first + i, last)].number }));
+            lines.splice(first, last + 1 - first, ...pieces);
+            return oddity;
+        }
+    }
+    return undefined;
+}
+
+function IsRefusedAlone(lines) {
+    return Errors(`Sub Alone()\r\n${TextOf(lines)}\r\nEnd Sub`).length > 0;
+}
+
+// An error inside a block may be reported where the block begins, or before it. What is meant is then a statement
+// further down in the routine, which the grammar refuses by itself as well.
+function SettleBehind(lines, index, oddities) {
+    for (let i = index; i < lines.length && !kEndOfRoutine.test(lines[i].text); ++i) {
+        const [first, last] = StatementAround(lines, i);
+        const statement = lines.slice(first, last + 1);
+        const settled = [...statement];
+        const oddity = Settle(settled, i - first, oddities);
+        if (oddity !== undefined && IsRefusedAlone(statement)) {
+            lines.splice(first, statement.length, ...settled);
             return oddity;
         }
     }
@@ -40,15 +64,17 @@ function Settle(lines, index, oddities) {
 // statement, so that an oddity hides nothing of what stands around it.
 function CheckText(text, oddities) {
     const original = text.split(/\r?\n/);
-    const lines = [...original];
+    const lines = original.map((line, index) => ({ text: line, number: index + 1 }));
     const used = new Set();
     for (;;) {
-        const errors = Errors(lines.join('\r\n'));
-        const settled = errors
-            .map((error) => Settle(lines, error.line - 1, oddities))
+        const errors = Errors(TextOf(lines));
+        // From the last to the first: to settle one may add lines.
+        const settled = [...errors].reverse()
+            .map((error) => Settle(lines, error.line - 1, oddities) ?? SettleBehind(lines, error.line - 1, oddities))
             .filter((oddity) => oddity !== undefined);
         if (settled.length === 0) {
-            return { errors: errors.map((error) => ({ ...error, text: original[error.line - 1] })), used: [...used] };
+            const numbered = errors.map((error) => ({ ...error, line: lines[error.line - 1].number }));
+            return { errors: numbered.map((error) => ({ ...error, text: original[error.line - 1] })), used: [...used] };
         }
         settled.forEach((oddity) => used.add(oddities.indexOf(oddity)));
     }

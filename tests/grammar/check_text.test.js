@@ -106,3 +106,27 @@ test('ends with the error where an oddity stands for what is no better', () => {
     const { errors } = CheckText(text, [{ line: /x = 1\)$/, readAs: 'x = 2)' }]);
     assert.deepStrictEqual(errors.map(({ line }) => line), [2]);
 });
+
+const kOpenParenthesis = { line: /(Add \(!\w+)$/, readAs: '$1)' };
+
+test('takes an oddity inside a block whose beginning the grammar refuses for it', () => {
+    const text = TextOf(['Sub Run()', '    If Open Then', '    Wait', '    End If', '    With list', '    mCol.Add (!Number',
+        '    End With', 'End Sub']);
+    assert.deepStrictEqual(CheckText(text, []).errors.map(({ line }) => line), [5]);
+    assert.deepStrictEqual(CheckText(text, [kOpenParenthesis]), { errors: [], used: [0] });
+});
+
+test('leaves what the grammar takes, though it looks like an oddity behind an error', () => {
+    const { errors, used } = CheckText(
+        TextOf(['Sub Run()', '    x = y z', '    msg = "a"', 'End Sub']), [{ line: /"a"$/, readAs: '"b"' }]);
+    assert.deepStrictEqual(errors.map(({ line }) => line), [2]);
+    assert.deepStrictEqual(used, []);
+});
+
+test('takes an oddity that stands for several lines, and keeps the numbers of the lines behind it', () => {
+    const withoutEnd = { line: /^Property Get Code\(\)$/, readAs: 'End Property\n$&' };
+    const text = TextOf(['Property Set Map(x)', 'Property Get Code()', '    x = 1)', 'End Property']);
+    const { errors, used } = CheckText(text, [withoutEnd]);
+    assert.deepStrictEqual(errors.map(({ line, text: shown }) => [line, shown]), [[3, '    x = 1)']]);
+    assert.deepStrictEqual(used, [0]);
+});

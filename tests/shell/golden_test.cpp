@@ -1,6 +1,6 @@
-// Whole projects, byte for byte: tests/golden/NAME holds the arguments with which the sample database is defined, and
-// what comes of it. With VELDRANE_RENEW_GOLDEN set, the folders are rewritten instead, and the run fails.
+// Whole projects, byte for byte. With VELDRANE_RENEW_GOLDEN set, the folders are rewritten instead, and the run fails.
 
+#include "golden_projects.h"
 #include "program.h"
 
 #include "text/case_folding.h"
@@ -15,79 +15,72 @@
 #include <set>
 #include <sstream>
 
-namespace veldrane {
+namespace veldrane::testing {
 namespace {
 
 namespace fs = std::filesystem;
 
 using FilesByName = std::map<std::string, std::string>;
 
-fs::path GoldenRoot()
-{
-    return fs::path(VELDRANE_SOURCE_DIR) / "tests" / "golden";
-}
-
-std::vector<std::string> GoldenNames()
-{
-    std::vector<std::string> names;
-    for (const fs::directory_entry& entry : fs::directory_iterator(GoldenRoot()))
-        names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-std::vector<std::string> Lines(const std::string& text)
-{
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);)
-        lines.push_back(line);
-    return lines;
-}
-
 FilesByName FilesIn(const fs::path& folder)
 {
     FilesByName files;
     if (fs::exists(folder))
         for (const fs::directory_entry& entry : fs::directory_iterator(folder))
-            files[entry.path().filename().string()] = testing::BytesOf(entry.path());
+            files[entry.path().filename().string()] = BytesOf(entry.path());
     return files;
 }
 
-// Defines and generates in a folder of its own; where that lies must not show in the golden files.
-FilesByName Made(const fs::path& golden)
+void Define(const Program& program, const GoldenProject& golden)
 {
-    const testing::Program program;
-    const std::string connection = program.MakeShop();
-    fs::create_directory(program.Path("generated"));
-    std::vector<std::string> define{"define", program.Path("Shop.kzm"), "--connection", connection};
-    for (const std::string& argument : Lines(testing::BytesOf(golden / "define.txt")))
+    std::vector<std::string> define{"define", program.Path(golden.ProjectFile()), "--connection", program.MakeShop()};
+    for (const std::string& argument : golden.LinesOf("define.txt"))
         define.push_back(argument);
-    const testing::Ended defined = program.Run(define);
+    const Ended defined = program.Run(define);
     EXPECT_EQ(defined.ExitCode, 0) << defined.ErrorOutput;
-    const testing::Ended generated = program.Run({"generate", program.Path("Shop.kzm"), program.Path("generated")});
+}
+
+void Generate(const Program& program, const GoldenProject& golden)
+{
+    std::vector<std::string> words = golden.LinesOf("switches.txt");
+    words.insert(words.begin(), words.empty() ? "generate" : "/C");
+    words.push_back(program.Path(golden.ProjectFile()));
+    words.push_back(program.Path("generated"));
+    fs::create_directory(program.Path("generated"));
+    const Ended generated = program.Run(words);
     EXPECT_EQ(generated.ExitCode, 0) << generated.ErrorOutput;
+}
+
+// Generates in a folder of its own; where that lies must not show in the golden files.
+FilesByName Made(const GoldenProject& golden)
+{
+    const Program program;
+    if (golden.IsDefined())
+        Define(program, golden);
+    else
+        program.WriteFile(golden.ProjectFile(), BytesOf(golden.Path(golden.ProjectFile())));
+    Generate(program, golden);
     FilesByName made = FilesIn(program.Path("generated"));
-    made["Shop.kzm"] = program.ReadFile("Shop.kzm");
+    made[golden.ProjectFile()] = program.ReadFile(golden.ProjectFile());
     for (auto& [name, bytes] : made)
         bytes = text::ReplaceAll(bytes, program.Path(""), "FOLDER/");
     return made;
 }
 
-FilesByName Kept(const fs::path& golden)
+FilesByName Kept(const GoldenProject& golden)
 {
-    FilesByName kept = FilesIn(golden / "generated");
-    if (fs::exists(golden / "Shop.kzm"))
-        kept["Shop.kzm"] = testing::BytesOf(golden / "Shop.kzm");
+    FilesByName kept = FilesIn(golden.Path("generated"));
+    if (fs::exists(golden.Path(golden.ProjectFile())))
+        kept[golden.ProjectFile()] = BytesOf(golden.Path(golden.ProjectFile()));
     return kept;
 }
 
-void Renew(const fs::path& golden, const FilesByName& made)
+void Renew(const GoldenProject& golden, const FilesByName& made)
 {
-    fs::remove_all(golden / "generated");
-    fs::create_directory(golden / "generated");
+    fs::remove_all(golden.Path("generated"));
+    fs::create_directory(golden.Path("generated"));
     for (const auto& [name, bytes] : made) {
-        const fs::path path = name == "Shop.kzm" ? golden / name : golden / "generated" / name;
+        const fs::path path = golden.Path(name == golden.ProjectFile() ? name : "generated/" + name);
         std::ofstream(path, std::ios::binary) << bytes;
         ADD_FAILURE() << "rewrote " << path;
     }
@@ -131,7 +124,7 @@ class Golden : public ::testing::TestWithParam<std::string>
 
 TEST_P(Golden, IsMadeAgainByteForByte)
 {
-    const fs::path golden = GoldenRoot() / GetParam();
+    const GoldenProject golden(GetParam());
     const FilesByName made = Made(golden);
     if (std::getenv("VELDRANE_RENEW_GOLDEN") != nullptr)
         return Renew(golden, made);
@@ -149,7 +142,7 @@ TEST_P(Golden, NamesEachOfItsFilesAndNoneThatIsMissing)
 {
     std::set<std::string> named;
     std::set<std::string> there;
-    for (const auto& [name, bytes] : FilesIn(GoldenRoot() / GetParam() / "generated")) {
+    for (const auto& [name, bytes] : FilesIn(GoldenProject(GetParam()).Path("generated"))) {
         if (!name.ends_with(".vbg")) // the group is what a person opens
             there.insert(text::Fold(name));
         if (name.ends_with(".vbp") || name.ends_with(".vbg"))
@@ -160,12 +153,7 @@ TEST_P(Golden, NamesEachOfItsFilesAndNoneThatIsMissing)
     EXPECT_EQ(named, there);
 }
 
-std::string TestName(const ::testing::TestParamInfo<std::string>& golden)
-{
-    return text::ReplaceAll(golden.param, "-", "_");
-}
-
-INSTANTIATE_TEST_SUITE_P(Projects, Golden, ::testing::ValuesIn(GoldenNames()), TestName);
+INSTANTIATE_TEST_SUITE_P(Projects, Golden, ::testing::ValuesIn(GoldenNames()), TestNameOf);
 
 } // namespace
-} // namespace veldrane
+} // namespace veldrane::testing

@@ -106,7 +106,7 @@ class SelectBuilder
         field.FieldAlias = letter + field.FieldName;
         record.FieldAlias = field.FieldAlias;
         lookups_ += reference + " as " + BracketedAs(field.FieldName, field.FieldAlias) + ",";
-        Track(std::move(record), reference);
+        Track(record, reference);
     }
 
     // Two tables have the name. The property that had it first is read by an alias, which keeps the brackets it needs
@@ -120,7 +120,7 @@ class SelectBuilder
         owner->FieldAlias = BracketedAs(owner->FieldName, "a" + owner->FieldName);
         owner->FieldReference = "a." + BracketedAs(owner->FieldName, owner->FieldReference);
         record.FieldAlias = owner->FieldAlias;
-        Track(std::move(record), owner->FieldAlias);
+        Track(record, owner->FieldAlias);
     }
 
     void ListColumns()
@@ -136,7 +136,7 @@ class SelectBuilder
     }
 
     // False if the name is taken.
-    bool Track(TrackFields record, std::string_view name) { return tracked_.try_emplace(text::Fold(name), std::move(record)).second; }
+    bool Track(const TrackFields& record, std::string_view name) { return tracked_.try_emplace(text::Fold(name), record).second; }
 
     const ClassScope& scope_;
     std::unordered_map<std::string, TrackFields> tracked_; // by the name, without regard to case

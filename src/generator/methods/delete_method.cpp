@@ -71,7 +71,8 @@ void WriteRecordset(const MethodEmitter& emit)
     emit("");
     if (HasEvent(emit.Scope(), "RecordDeleted")) {
         const std::string names = ArgumentNames(emit.Scope().Method.Arguments);
-        const DeletedScope scope{emit.Scope(), names};
+        const ClassScope& owner = emit.Scope();
+        const DeletedScope scope{owner, names};
         emit.About(scope)("    RaiseEvent RecordDeleted({Event})");
     }
     emit("    Exit Function");

@@ -72,7 +72,7 @@ template <class Scope>
 class TemplateLine
 {
   public:
-    consteval TemplateLine(const char* literal) : literal_(literal), hasBacktick_(literal_.find('`') != std::string_view::npos) // NOLINT(google-explicit-constructor): emit("...")
+    consteval TemplateLine(const char* literal) : literal_(literal) // NOLINT(google-explicit-constructor): emit("...")
     {
         std::string_view rest = literal_;
         while (!rest.empty()) {
@@ -106,7 +106,7 @@ class TemplateLine
     }
 
     // Whether the literal asks for double quotes.
-    [[nodiscard]] bool HasBacktick() const { return hasBacktick_; }
+    [[nodiscard]] bool HasBacktick() const { return literal_.find('`') != std::string_view::npos; }
 
     [[nodiscard]] std::string_view Literal() const { return literal_; }
 
@@ -136,7 +136,6 @@ class TemplateLine
     }
 
     std::string_view literal_;
-    bool hasBacktick_;
     std::array<Piece, kMostPieces> pieces_{};
     std::size_t count_ = 0;
 };

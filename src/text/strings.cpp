@@ -53,6 +53,14 @@ std::vector<std::string_view> Split(std::string_view text, std::string_view sepa
     return pieces;
 }
 
+void AppendSentence(std::string& text, std::string_view sentence)
+{
+    constexpr std::string_view kMarks = ".?!:;,";
+    if (!text.empty())
+        text += kMarks.find(text.back()) == std::string_view::npos ? ". " : " ";
+    text += sentence;
+}
+
 bool LineStartsWith(std::string_view text, std::string_view prefix)
 {
     const std::string_view line = TrimLeft(text);

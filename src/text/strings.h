@@ -23,6 +23,9 @@ namespace veldrane::text {
 // The pieces between the separators, empty ones included; one more than there are separators.
 [[nodiscard]] std::vector<std::string_view> Split(std::string_view text, std::string_view separator);
 
+// Puts a sentence behind the text, which is ended first unless it ends in a mark of its own.
+void AppendSentence(std::string& text, std::string_view sentence);
+
 // Left-trims both and tells whether the text then starts with the prefix, letter by letter.
 [[nodiscard]] bool LineStartsWith(std::string_view text, std::string_view prefix);
 

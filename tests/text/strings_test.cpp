@@ -32,6 +32,18 @@ TEST(Without, DropsEachOfTheCharacters)
     EXPECT_EQ(Without("größe", ""), "größe");
 }
 
+TEST(AppendSentence, EndsWhatStandsBeforeUnlessAMarkDoes)
+{
+    const auto appended = [](std::string text) {
+        AppendSentence(text, "Try again.");
+        return text;
+    };
+    EXPECT_EQ(appended(""), "Try again.");
+    EXPECT_EQ(appended("It failed"), "It failed. Try again.");
+    for (const std::string marked : {"It failed.", "Does it run?", "No!", "Failed:", "failed;", "failed,"})
+        EXPECT_EQ(appended(marked), marked + " Try again.");
+}
+
 TEST(Split, KeepsEmptyPieces)
 {
     EXPECT_THAT(Split("a,,b,", ","), ElementsAre("a", "", "b", ""));

@@ -1,6 +1,7 @@
 #include "shell/platform/console_error_report.h"
 
 #include "shell/platform/console_text.h"
+#include "text/strings.h"
 
 #include <utility>
 
@@ -15,7 +16,7 @@ std::string ClearLine(const std::string& description, const std::string& hint)
 {
     std::string line = ConsoleLine(description);
     if (!hint.empty())
-        line.append(line.ends_with('.') ? " " : ". ").append(ConsoleLine(hint));
+        text::AppendSentence(line, ConsoleLine(hint));
     return line;
 }
 

@@ -67,6 +67,12 @@ TEST_F(ErrorsOnTheConsole, ADescriptionOfSeveralLinesIsOneClearLine)
     EXPECT_TRUE(out_.str().starts_with("veldrane: It failed. Twice.\n    Last Error Number: 5.\n")) << out_.str();
 }
 
+TEST_F(ErrorsOnTheConsole, AQuestionIsNotEndedASecondTime)
+{
+    report_.ReportError(RuntimeError(5, "Driver", "Is the server running?"), At(2, "Start it."));
+    EXPECT_TRUE(out_.str().starts_with("veldrane: Is the server running? Start it.\n")) << out_.str();
+}
+
 TEST_F(ErrorsOnTheConsole, Mode4PrintsTheHintAlone)
 {
     report_.ReportError(error_, At(4, "Set the command first.\r\nSee Options."));

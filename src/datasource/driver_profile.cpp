@@ -75,7 +75,7 @@ constexpr std::array kSqliteAdditions{
 constexpr std::array kPostgreSqlAdditions{
     DriverAddition{"BoolsAsChar", "0"},
     // The driver's own 255 turns every longer text column into a memo.
-    DriverAddition{"MaxVarcharSize", "8000"},
+    DriverAddition{"MaxVarcharSize", kAddedMaxVarcharSize},
 };
 
 // The attribute for it is accepted and not heeded.
@@ -104,9 +104,22 @@ bool IsNoConnectionInfo(std::string_view name)
     return name.find('=') == std::string_view::npos && name.find("://") == std::string_view::npos;
 }
 
+// Told with each statement, the driver sends a SET before nearly every one, and another before each of its own.
+std::string StatementTimeout(std::chrono::seconds limit)
+{
+    return "SET statement_timeout = '" + std::to_string(limit.count()) + "s'";
+}
+
+// The attribute for it is accepted and not heeded.
+std::string MaxStatementTime(std::chrono::seconds limit)
+{
+    return "SET SESSION max_statement_time = " + std::to_string(limit.count());
+}
+
 constexpr std::array kProfiles{
     DriverProfile{.Family = DriverFamily::Sqlite,
                   .Width = CallWidth::Narrow,
+                  .ValueWidth = CallWidth::Narrow,
                   .Syntax = ValueSyntax::Plain,
                   .Marks = kSqliteMarks,
                   .ProjectKeys = kSqliteKeys,
@@ -119,13 +132,15 @@ constexpr std::array kProfiles{
                   .ProjectKeys = kPostgreSqlKeys,
                   .Additions = kPostgreSqlAdditions,
                   .PortIsOwnKey = true,
-                  .IsPlainDatabase = IsNoConnectionInfo},
+                  .IsPlainDatabase = IsNoConnectionInfo,
+                  .LimitStatements = StatementTimeout},
     DriverProfile{.Family = DriverFamily::MariaDb,
+                  .ValueWidth = CallWidth::Narrow, // wide ones cost the driver more than all the rest
                   .Marks = kMariaDbMarks,
                   .ProjectKeys = kMariaDbKeys,
                   .Additions = kMariaDbAdditions,
                   .PortIsOwnKey = true,
-                  .StatementTimeout = "SET SESSION max_statement_time="},
+                  .LimitStatements = MaxStatementTime},
     DriverProfile{.Family = DriverFamily::Tds,
                   .Syntax = ValueSyntax::Unescaped,
                   .Marks = kTdsMarks,

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <chrono>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace veldrane {
@@ -49,6 +51,9 @@ struct DriverProfile
 {
     DriverFamily Family = DriverFamily::Other;
     CallWidth Width = CallWidth::Wide;
+    // How the values of a row come. One that comes narrow and is not all ASCII is read again as `Width` says, for what
+    // its bytes mean hangs on the connection's character set.
+    CallWidth ValueWidth = CallWidth::Wide;
     ValueSyntax Syntax = ValueSyntax::Braced;
     std::span<const std::string_view> Marks{};       // one of them, in lower case, is in the name of the library
     std::span<const std::string_view> ProjectKeys{}; // what a project file may set
@@ -57,9 +62,14 @@ struct DriverProfile
     bool PortIsOwnKey = false; // "host:port" and "host,port" are taken apart
     // Whether a database's name is one and nothing else: some drivers read options out of it.
     bool (*IsPlainDatabase)(std::string_view name) = nullptr;
-    std::string_view Probe{};            // a statement that fails where opening should have failed
-    std::string_view StatementTimeout{}; // a statement that bounds the others; the seconds follow it
+    std::string_view Probe{}; // a statement that fails where opening should have failed
+    // A statement that bounds every other of the session; a driver without one is told with each statement.
+    std::string (*LimitStatements)(std::chrono::seconds limit) = nullptr;
 };
+
+// The characters up to which PostgreSQL's driver is told to call a text short (its option MaxVarcharSize), unless the
+// string or the data source has the option.
+inline constexpr std::string_view kAddedMaxVarcharSize = "8000";
 
 // The profile of the driver with this library, a path or a name. One that is not known has the general profile.
 [[nodiscard]] const DriverProfile& ProfileOf(std::string_view library);

@@ -27,11 +27,10 @@ void Run(const OdbcSession& session, const std::string& statement)
 // A server that does not know such a limit goes without.
 void LimitStatements(const OdbcSession& session)
 {
-    const std::string_view command = session.Profile().StatementTimeout;
-    if (command.empty())
+    if (session.Profile().LimitStatements == nullptr)
         return;
     try {
-        Run(session, std::string(command) + std::to_string(session.StatementTimeout().count()));
+        Run(session, session.Profile().LimitStatements(session.StatementTimeout()));
     } catch (const DataSourceError& error) {
         if (error.Number == data_source_error::kNoOpenConnection)
             throw;

@@ -71,6 +71,9 @@ void OdbcSession::Connect(const std::string& logon)
     }
     Check(result, connection_);
     open_ = true;
+    SQLUINTEGER extensions = 0;
+    SQLGetInfo(Handle(), SQL_GETDATA_EXTENSIONS, &extensions, sizeof(extensions), nullptr);
+    readsBoundValuesAgain_ = (extensions & SQL_GD_BOUND) != 0;
 }
 
 void OdbcSession::Disconnect()

@@ -66,6 +66,9 @@ class OdbcSession
     [[nodiscard]] SQLHDBC Handle() const { return connection_.Get(); }
     [[nodiscard]] std::chrono::seconds StatementTimeout() const { return options_.StatementTimeout; }
 
+    // Whether the driver gives a value in pieces that it has already put, cut off, where the row's values go.
+    [[nodiscard]] bool ReadsBoundValuesAgain() const { return readsBoundValuesAgain_; }
+
     // A text that the driver tells of itself, "" if it has none.
     [[nodiscard]] std::string Info(SQLUSMALLINT what) const;
 
@@ -81,6 +84,7 @@ class OdbcSession
     OdbcHandle environment_;
     OdbcHandle connection_;
     bool open_ = false;
+    bool readsBoundValuesAgain_ = false;
 };
 
 } // namespace veldrane

@@ -3,9 +3,11 @@
 #include "datasource/odbc/utf16.h"
 #include "text/characters.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <tuple>
+#include <utility>
 
 namespace veldrane {
 namespace {
@@ -49,6 +51,21 @@ SQLRETURN Apply(Function function, SQLHSTMT statement, const Names&... names)
     return call(Argument(names)...);
 }
 
+SQLSMALLINT TextType(CallWidth width)
+{
+    return width == CallWidth::Wide ? SQL_C_WCHAR : SQL_C_CHAR;
+}
+
+std::size_t UnitSize(CallWidth width)
+{
+    return width == CallWidth::Wide ? sizeof(char16_t) : 1;
+}
+
+bool IsAscii(std::string_view bytes)
+{
+    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 } // namespace
 
 template <class Narrow, class Wide, class... Names>
@@ -65,6 +82,8 @@ OdbcStatement::OdbcStatement(const OdbcSession& session) : session_(session)
     handle_ = OdbcHandle(SQL_HANDLE_STMT, session.Handle());
     if (handle_.Get() == nullptr)
         throw DataSourceError(data_source_error::kNoOpenConnection, "ODBC", "The connection is lost.");
+    if (session.Profile().LimitStatements != nullptr)
+        return; // the whole session has the limit
     const auto seconds = static_cast<std::uintptr_t>(session.StatementTimeout().count());
     // Drivers that know no such limit say so, and go on without it.
     SQLSetStmtAttr(handle_.Get(), SQL_ATTR_QUERY_TIMEOUT,
@@ -108,37 +127,71 @@ void OdbcStatement::Procedures(const OdbcName& catalog, const OdbcName& schema)
 
 bool OdbcStatement::Fetch()
 {
+    if (!std::exchange(fetched_, true) && session_.ReadsBoundValuesAgain())
+        Bind();
     const SQLRETURN result = SQLFetch(handle_.Get());
     session_.Check(result, handle_);
     return result != SQL_NO_DATA;
 }
 
+// A call for each value costs more than all the rest of a large answer.
+void OdbcStatement::Bind()
+{
+    SQLSMALLINT count = 0;
+    session_.Check(SQLNumResultCols(handle_.Get(), &count), handle_);
+    row_.resize(static_cast<std::size_t>(count));
+    const SQLSMALLINT type = TextType(session_.Profile().ValueWidth);
+    SQLUSMALLINT column = 0;
+    for (BoundValue& value : row_)
+        session_.Check(SQLBindCol(handle_.Get(), ++column, type, value.Units.data(),
+                                  static_cast<SQLLEN>(sizeof(value.Units)), &value.Length),
+                       handle_);
+}
+
 std::optional<std::string> OdbcStatement::Text(SQLUSMALLINT column)
 {
-    // In pieces: what is longer than the buffer comes with the next call. Each ends in a terminator of its own.
-    std::array<char, 512> buffer{};
-    const bool wide = session_.IsWide();
-    const std::size_t unit = wide ? sizeof(char16_t) : 1;
-    const SQLSMALLINT type = wide ? SQL_C_WCHAR : SQL_C_CHAR;
+    if (column > row_.size())
+        return ReadInPieces(column);
+    const BoundValue& value = row_[column - 1U];
+    if (value.Length == SQL_NULL_DATA)
+        return std::nullopt;
+    const CallWidth width = session_.Profile().ValueWidth;
+    const auto size = static_cast<std::size_t>(value.Length);
+    if (value.Length == SQL_NO_TOTAL || size > sizeof(value.Units) - UnitSize(width))
+        return ReadInPieces(column);
+    if (width == CallWidth::Wide)
+        return FromUtf16({value.Units.data(), size / sizeof(char16_t)});
+    const std::string_view bytes(reinterpret_cast<const char*>(value.Units.data()), size);
+    if (session_.IsWide() && !IsAscii(bytes))
+        return ReadInPieces(column);
+    return text::WellFormed(bytes);
+}
+
+// What is longer than the buffer comes with the next call. Each piece ends in a terminator of its own.
+std::optional<std::string> OdbcStatement::ReadInPieces(SQLUSMALLINT column)
+{
+    const CallWidth width = session_.Profile().Width;
+    std::array<char, 4096> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): the driver fills it
+    const std::size_t room = buffer.size() - UnitSize(width);
     std::string bytes;
     for (SQLRETURN result = SQL_SUCCESS_WITH_INFO; result == SQL_SUCCESS_WITH_INFO;) {
         SQLLEN length = 0;
-        result = SQLGetData(handle_.Get(), column, type, buffer.data(), static_cast<SQLLEN>(buffer.size()), &length);
+        result = SQLGetData(handle_.Get(), column, TextType(width), buffer.data(), static_cast<SQLLEN>(buffer.size()),
+                            &length);
         session_.Check(result, handle_);
         if (result == SQL_NO_DATA)
             break;
         if (length == SQL_NULL_DATA)
             return std::nullopt;
-        const std::size_t room = buffer.size() - unit;
         const bool whole = length != SQL_NO_TOTAL && static_cast<std::size_t>(length) <= room;
         bytes.append(buffer.data(), whole ? static_cast<std::size_t>(length) : room);
         if (whole)
             break;
     }
-    if (!wide)
+    if (width == CallWidth::Narrow)
         return text::WellFormed(bytes);
-    std::u16string units(bytes.size() / unit, u'\0');
-    bytes.copy(reinterpret_cast<char*>(units.data()), units.size() * unit);
+    std::u16string units(bytes.size() / sizeof(char16_t), u'\0');
+    bytes.copy(reinterpret_cast<char*>(units.data()), units.size() * sizeof(char16_t));
     return FromUtf16(units);
 }
 

@@ -2,6 +2,7 @@
 
 #include "datasource/odbc/session.h"
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -56,11 +57,22 @@ class OdbcStatement
   private:
     template <class Narrow, class Wide, class... Arguments>
     void Call(Narrow narrow, Wide wide, const Arguments&... arguments);
+    void Bind();
+    [[nodiscard]] std::optional<std::string> ReadInPieces(SQLUSMALLINT column);
     [[nodiscard]] OdbcColumn Column(SQLUSMALLINT number);
     [[nodiscard]] std::string TypeName(SQLUSMALLINT number);
     [[nodiscard]] std::optional<SQLLEN> Attribute(SQLUSMALLINT number, SQLUSMALLINT what);
 
+    // A value as the driver leaves it with each row; what is longer is asked for in pieces.
+    struct BoundValue
+    {
+        std::array<char16_t, 128> Units{}; // or the bytes of a narrow one
+        SQLLEN Length = 0;                 // in bytes
+    };
+
     const OdbcSession& session_;
+    std::vector<BoundValue> row_; // outlives the statement, which knows its addresses
+    bool fetched_ = false;
     OdbcHandle handle_;
 };
 

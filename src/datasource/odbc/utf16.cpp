@@ -47,7 +47,9 @@ std::string FromUtf16(std::u16string_view text)
     result.reserve(text.size());
     for (std::size_t at = 0; at < text.size(); ++at) {
         const char16_t unit = text[at];
-        if (IsHigh(unit) && at + 1 < text.size() && IsLow(text[at + 1]))
+        if (unit < 0x80) // nearly every letter of a name
+            result.push_back(static_cast<char>(unit));
+        else if (IsHigh(unit) && at + 1 < text.size() && IsLow(text[at + 1]))
             text::AppendCodePoint(result, kFirstSupplementary + ((unit & 0x3FFU) << 10) + (text[++at] & 0x3FFU));
         else
             text::AppendCodePoint(result, IsHigh(unit) || IsLow(unit) ? kReplacement : unit);

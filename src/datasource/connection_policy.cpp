@@ -88,9 +88,11 @@ void RefuseUnknownTarget(const Target& target, const InstalledDrivers& installed
     if (IsPath(target.Driver))
         Refuse("A project may not name a library as its \"Driver\".");
     if (!target.Driver.empty() && installed.DriverSetting(target.Driver, "Driver").empty())
-        Refuse("There is no ODBC driver named \"" + target.Driver + "\" on this machine.");
+        Refuse("There is no ODBC driver named \"" + target.Driver +
+               "\" on this machine: \"odbcinst -q -d\" lists those that are set up.");
     if (!target.DataSource.empty() && installed.DataSourceSetting(target.DataSource, "Driver").empty())
-        Refuse("There is no ODBC data source named \"" + target.DataSource + "\" on this machine.");
+        Refuse("There is no ODBC data source named \"" + target.DataSource +
+               "\" on this machine: \"odbcinst -q -s\" lists those that are set up.");
 }
 
 void RefuseForeignKeys(const ConnectionString& given, const DriverProfile& profile)
@@ -131,18 +133,37 @@ void SplitPort(Entries& entries)
     }
 }
 
+bool IsSet(const Entries& entries, const Target& target, const InstalledDrivers& installed, const std::string& key)
+{
+    return HasKey(entries, key) ||
+           (!target.DataSource.empty() && !installed.DataSourceSetting(target.DataSource, key).empty());
+}
+
+bool IsTimeout(const DriverAddition& addition)
+{
+    return addition.Value.empty();
+}
+
+std::string TimeoutKeyOf(const Entries& entries, const Target& target, const InstalledDrivers& installed)
+{
+    const auto& additions = target.Profile->Additions;
+    const auto found = std::find_if(additions.begin(), additions.end(), [&](const DriverAddition& addition) {
+        return IsTimeout(addition) && IsSet(entries, target, installed, std::string(addition.Key));
+    });
+    return found == additions.end() ? "" : std::string(found->Key);
+}
+
 void AddForDriver(Entries& entries, const Target& target, const InstalledDrivers& installed, const LogonRules& rules)
 {
     for (const DriverAddition& addition : target.Profile->Additions) {
         const std::string key(addition.Key);
         if (addition.Rule == AdditionRule::AlwaysOfProject && rules.Origin == StringOrigin::ProjectFile)
             RemoveKey(entries, key);
-        else if (HasKey(entries, key) ||
-                 (!target.DataSource.empty() && !installed.DataSourceSetting(target.DataSource, key).empty()))
+        else if (IsSet(entries, target, installed, key))
             continue;
         entries.push_back({.Key = key,
-                           .Value = addition.Value.empty() ? std::to_string(rules.ConnectTimeout.count())
-                                                           : std::string(addition.Value)});
+                           .Value = IsTimeout(addition) ? std::to_string(rules.ConnectTimeout.count())
+                                                        : std::string(addition.Value)});
     }
 }
 
@@ -186,6 +207,14 @@ std::string Written(const ConnectionEntry& entry, ValueSyntax syntax, StringOrig
     return entry.Value;
 }
 
+std::string ServerOf(const ConnectionString& given)
+{
+    for (const std::string_view key : kServerKeys)
+        if (!given.Value(key).empty())
+            return given.Value(key);
+    return given.Value("Socket");
+}
+
 } // namespace
 
 OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& installed, const LogonRules& rules)
@@ -203,9 +232,16 @@ OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& 
     });
     if (target.Profile->PortIsOwnKey)
         SplitPort(entries);
+    const std::string timeoutKey = TimeoutKeyOf(entries, target, installed);
     AddForDriver(entries, target, installed, rules);
 
-    OdbcLogon logon{.Text = {}, .Profile = target.Profile, .Database = given.Value("Database")};
+    OdbcLogon logon{.Text = {},
+                    .Profile = target.Profile,
+                    .Database = given.Value("Database"),
+                    .Server = ServerOf(given),
+                    .Driver = target.Driver,
+                    .DataSource = target.DataSource,
+                    .TimeoutKey = timeoutKey};
     for (const ConnectionEntry& entry : entries)
         logon.Text += entry.Key + "=" + Written(entry, target.Profile->Syntax, rules.Origin) + ";";
     return logon;

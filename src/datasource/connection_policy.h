@@ -35,7 +35,11 @@ struct OdbcLogon
 {
     std::string Text;
     const DriverProfile* Profile = nullptr;
-    std::string Database; // as given; "" if the data source names it
+    std::string Database; // as given, like the next three; "" if the data source names it
+    std::string Server{};
+    std::string Driver{};
+    std::string DataSource{};
+    std::string TimeoutKey{}; // by which the string or the data source limits connecting itself, "" if neither does
 };
 
 struct LogonRules

@@ -11,7 +11,8 @@ namespace veldrane {
 
 // The error numbers of a data source that the rules test.
 namespace data_source_error {
-inline constexpr long kTableUnknown = -2147217865; // the table is unknown to the provider
+inline constexpr long kTableUnknown = -2147217865;     // the table is unknown to the provider
+inline constexpr long kPermissionDenied = -2147217911; // the login may not do this
 inline constexpr long kNoOpenConnection = 3709;
 inline constexpr long kNotSupported = 3251;
 inline constexpr long kFailed = -2147467259; // anything else that a driver refuses

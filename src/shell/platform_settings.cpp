@@ -4,8 +4,13 @@
 #include "text/runtime_error.h"
 #include "text/strings.h"
 
+#include <algorithm>
+
 namespace veldrane {
 namespace {
+
+// Drivers count in milliseconds, in numbers that hold some weeks.
+constexpr std::chrono::seconds kLongestTime = std::chrono::hours(24);
 
 std::string Value(const RegistryAccess& settings, std::string_view name)
 {
@@ -15,7 +20,7 @@ std::string Value(const RegistryAccess& settings, std::string_view name)
 std::chrono::seconds Seconds(const RegistryAccess& settings, std::string_view name, std::chrono::seconds whenUnset)
 {
     const std::chrono::seconds value(text::LeadingNumber(Value(settings, name)));
-    return value.count() > 0 ? value : whenUnset;
+    return value.count() > 0 ? std::min(value, kLongestTime) : whenUnset;
 }
 
 text::CodePage CodePageOf(const std::string& value)

@@ -17,7 +17,8 @@ struct PlatformSettings
     std::string VisualBasicCommand;
 };
 
-// Reads them. A time that is no positive number counts as not set. Throws RuntimeError for a code page that is none,
+// Reads them. A time that is no positive number counts as not set, one of more than a
+// day as a day. Throws RuntimeError for a code page that is none,
 // naming the key.
 [[nodiscard]] PlatformSettings ReadPlatformSettings(const RegistryAccess& settings);
 

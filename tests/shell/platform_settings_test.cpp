@@ -41,6 +41,15 @@ TEST(PlatformSettings, TakeATimeThatIsNoneForUnset)
     }
 }
 
+TEST(PlatformSettings, TakeATimeOfMoreThanADayForADay)
+{
+    for (const char* value : {"86401", "2147483647", "99999999999999999999"}) {
+        MemorySettings settings;
+        settings.SaveSetting(settings_section::kPlatform, "StatementTimeout", value);
+        EXPECT_EQ(ReadPlatformSettings(settings).StatementTimeout, std::chrono::hours(24)) << value;
+    }
+}
+
 TEST(PlatformSettings, NameACodePageThatIsNone)
 {
     for (const char* value : {"932", "latin", "99999"}) {

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <optional>
 #include <string_view>
 
@@ -35,10 +36,19 @@ constexpr std::array kMeanings{
     Meaning{"42P01", 0, "", data_source_error::kTableUnknown},
     Meaning{"S0002", 0, "", data_source_error::kTableUnknown},
     Meaning{"HY000", 1, "[SQLite]no such table:", data_source_error::kTableUnknown},
+    Meaning{"42501", 0, "", data_source_error::kPermissionDenied},
+    Meaning{"42000", 1142, "", data_source_error::kPermissionDenied}, // a table
+    Meaning{"42000", 1143, "", data_source_error::kPermissionDenied}, // a column
     Meaning{"08S01", 0, "", data_source_error::kNoOpenConnection},
     Meaning{"08003", 0, "", data_source_error::kNoOpenConnection},
-    Meaning{"57P01", 0, "", data_source_error::kNoOpenConnection},
-    Meaning{"HY018", 1927, "", data_source_error::kNoOpenConnection},
+    Meaning{"08006", 0, "", data_source_error::kNoOpenConnection},
+    Meaning{"57P01", 0, "", data_source_error::kNoOpenConnection},    // an administrator's command
+    Meaning{"57P02", 0, "", data_source_error::kNoOpenConnection},    // another session crashed
+    Meaning{"57P03", 0, "", data_source_error::kNoOpenConnection},    // the server starts or stops
+    Meaning{"HY018", 1927, "", data_source_error::kNoOpenConnection}, // killed
+    Meaning{"HY000", 2006, "", data_source_error::kNoOpenConnection}, // the server has gone away
+    Meaning{"HY000", 2013, "", data_source_error::kNoOpenConnection}, // lost during the statement
+    Meaning{"HY000", 5014, "", data_source_error::kNoOpenConnection}, // written to a closed socket
     Meaning{"IM001", 0, "", data_source_error::kNotSupported},
     Meaning{"HYC00", 0, "", data_source_error::kNotSupported},
     Meaning{"S1C00", 0, "", data_source_error::kNotSupported},
@@ -89,30 +99,44 @@ std::optional<ADOError> ReadWide(SQLSMALLINT handleType, SQLHANDLE handle, SQLSM
                     .SQLState = FromUtf16(state.data())};
 }
 
-// The words in one line: some drivers break theirs.
-std::string OneLine(std::string_view words)
+// A driver tells in brackets which component speaks: "[vendor][component][data source]It failed.". That stays in the
+// record, where those look who know what it means.
+std::string_view WithoutSpeakers(std::string_view words)
 {
-    std::string line;
-    for (const char c : words) {
-        const bool isBlank = c == '\n' || c == '\r' || c == '\t' || c == ' ';
-        if (!isBlank)
-            line.push_back(c);
-        else if (!line.empty() && line.back() != ' ')
-            line.push_back(' ');
-    }
-    return std::string(text::Trim(line));
+    while (words.starts_with('[') && words.find(']') != std::string_view::npos)
+        words = text::TrimLeft(words.substr(words.find(']') + 1));
+    return words;
 }
 
+std::string WithSingleBlanks(std::string_view line)
+{
+    std::string words;
+    for (const std::string_view word : text::Split(line, " "))
+        if (!word.empty())
+            words.append(words.empty() ? "" : " ").append(word);
+    return words;
+}
+
+bool GoesOn(std::string_view line)
+{
+    return std::isupper(static_cast<unsigned char>(line.front())) == 0;
+}
+
+// The words of all records in one line, each once: some drivers break theirs into several, as sentences or within one.
 std::string Joined(const std::vector<ADOError>& records)
 {
     std::string all;
     for (const ADOError& record : records) {
-        const std::string line = OneLine(record.Description);
-        if (all.find(line) != std::string::npos)
-            continue;
-        if (!all.empty())
-            all += " ";
-        all += line;
+        const std::string words = text::ReplaceAll(text::ReplaceAll(record.Description, "\r", "\n"), "\t", " ");
+        for (const std::string_view broken : text::Split(WithoutSpeakers(words), "\n")) {
+            const std::string line = WithSingleBlanks(broken);
+            if (line.find_first_not_of(";.") == std::string::npos || all.find(line) != std::string::npos)
+                continue;
+            if (GoesOn(line) && !all.empty())
+                all.append(" ").append(line);
+            else
+                text::AppendSentence(all, line);
+        }
     }
     return all.empty() ? "The driver gave no reason." : all;
 }
@@ -133,12 +157,14 @@ std::vector<ADOError> ReadDiagnostics(SQLSMALLINT handleType, SQLHANDLE handle, 
     return records;
 }
 
-DataSourceError ErrorFrom(std::vector<ADOError> records)
+DataSourceError ErrorFrom(std::vector<ADOError> records, const std::string& hint)
 {
     const auto told = std::find_if(records.begin(), records.end(),
                                    [](const ADOError& record) { return record.Number != data_source_error::kFailed; });
     const long number = told == records.end() ? data_source_error::kFailed : told->Number;
-    const std::string description = Joined(records);
+    std::string description = Joined(records);
+    if (!hint.empty())
+        text::AppendSentence(description, hint);
     return {number, std::string(kSource), description, std::move(records)};
 }
 

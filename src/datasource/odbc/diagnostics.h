@@ -5,6 +5,7 @@
 
 #include <sql.h>
 
+#include <string>
 #include <vector>
 
 namespace veldrane {
@@ -14,7 +15,8 @@ namespace veldrane {
 [[nodiscard]] std::vector<ADOError> ReadDiagnostics(SQLSMALLINT handleType, SQLHANDLE handle, CallWidth width);
 
 // The failure that these records tell of. Its number is the first that a rule tests, else kFailed; its description
-// holds the words of all records in one line, for some drivers put the useful ones last.
-[[nodiscard]] DataSourceError ErrorFrom(std::vector<ADOError> records);
+// holds the words of all records in one line, for some drivers put the useful ones last, without the names of the
+// components that speak, and the hint behind them.
+[[nodiscard]] DataSourceError ErrorFrom(std::vector<ADOError> records, const std::string& hint = "");
 
 } // namespace veldrane

@@ -41,15 +41,16 @@ OdbcHandle::~OdbcHandle()
 }
 
 OdbcSession::OdbcSession(const OdbcLogon& logon, const SessionOptions& options, std::shared_ptr<OdbcErrors> errors)
-    : profile_(logon.Profile), options_(options), errors_(std::move(errors)),
-      environment_(SQL_HANDLE_ENV, SQL_NULL_HANDLE)
+    : scene_{.Logon = logon, .ConnectTimeout = options.ConnectTimeout, .StatementTimeout = options.StatementTimeout},
+      errors_(std::move(errors)), environment_(SQL_HANDLE_ENV, SQL_NULL_HANDLE)
 {
     SQLSetEnvAttr(environment_.Get(), SQL_ATTR_ODBC_VERSION, AsPointer(SQL_OV_ODBC3), 0);
     connection_ = OdbcHandle(SQL_HANDLE_DBC, environment_.Get());
     // Drivers that know no such limit say so, and connect all the same.
     SQLSetConnectAttr(connection_.Get(), SQL_ATTR_LOGIN_TIMEOUT,
-                      AsPointer(static_cast<std::uintptr_t>(options_.ConnectTimeout.count())), 0);
-    Connect(logon.Text);
+                      AsPointer(static_cast<std::uintptr_t>(options.ConnectTimeout.count())), 0);
+    Connect();
+    scene_.Logon.Text.clear(); // it holds the password
 }
 
 OdbcSession::~OdbcSession()
@@ -57,15 +58,15 @@ OdbcSession::~OdbcSession()
     Disconnect();
 }
 
-void OdbcSession::Connect(const std::string& logon)
+void OdbcSession::Connect()
 {
     SQLRETURN result = SQL_ERROR;
     if (IsWide()) {
-        std::u16string wide = ToUtf16(logon);
+        std::u16string wide = ToUtf16(scene_.Logon.Text);
         result = SQLDriverConnectW(connection_.Get(), nullptr, reinterpret_cast<SQLWCHAR*>(wide.data()), SQL_NTS,
                                    nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
     } else {
-        std::string narrow = logon;
+        std::string narrow = scene_.Logon.Text;
         result = SQLDriverConnect(connection_.Get(), nullptr, reinterpret_cast<SQLCHAR*>(narrow.data()), SQL_NTS,
                                   nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
     }
@@ -107,8 +108,8 @@ void OdbcSession::Check(SQLRETURN result, const OdbcHandle& handle) const
 {
     if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA)
         return;
-    *errors_ = ReadDiagnostics(handle.Type(), handle.Get(), profile_->Width);
-    throw ErrorFrom(*errors_);
+    *errors_ = ReadDiagnostics(handle.Type(), handle.Get(), Profile().Width);
+    throw ErrorFrom(*errors_, open_ ? HintOnStatement(*errors_, scene_) : HintOnConnecting(*errors_, scene_));
 }
 
 } // namespace veldrane

@@ -2,6 +2,7 @@
 
 #include "datasource/connection_policy.h"
 #include "datasource/data_source_error.h"
+#include "datasource/odbc/failure_hint.h"
 
 #include <sql.h>
 #include <sqlext.h>
@@ -61,10 +62,10 @@ class OdbcSession
     // Throws DataSourceError kNoOpenConnection after Disconnect.
     void RequireOpen() const;
 
-    [[nodiscard]] const DriverProfile& Profile() const { return *profile_; }
-    [[nodiscard]] bool IsWide() const { return profile_->Width == CallWidth::Wide; }
+    [[nodiscard]] const DriverProfile& Profile() const { return *scene_.Logon.Profile; }
+    [[nodiscard]] bool IsWide() const { return Profile().Width == CallWidth::Wide; }
     [[nodiscard]] SQLHDBC Handle() const { return connection_.Get(); }
-    [[nodiscard]] std::chrono::seconds StatementTimeout() const { return options_.StatementTimeout; }
+    [[nodiscard]] std::chrono::seconds StatementTimeout() const { return scene_.StatementTimeout; }
 
     // Whether the driver gives a value in pieces that it has already put, cut off, where the row's values go.
     [[nodiscard]] bool ReadsBoundValuesAgain() const { return readsBoundValuesAgain_; }
@@ -72,14 +73,13 @@ class OdbcSession
     // A text that the driver tells of itself, "" if it has none.
     [[nodiscard]] std::string Info(SQLUSMALLINT what) const;
 
-    // Throws what the driver says about the handle unless the call went well.
+    // Throws what the driver says about the handle, and what can be done, unless the call went well.
     void Check(SQLRETURN result, const OdbcHandle& handle) const;
 
   private:
-    void Connect(const std::string& logon);
+    void Connect();
 
-    const DriverProfile* profile_;
-    SessionOptions options_;
+    FailureScene scene_;
     std::shared_ptr<OdbcErrors> errors_;
     OdbcHandle environment_;
     OdbcHandle connection_;

@@ -44,6 +44,8 @@ class SampleDrivers : public InstalledDrivers
         {{"Shop", "BoolsAsChar"}, "1"},
         {{"Files", "Driver"}, "/usr/lib/odbc/libsqlite3odbc.so"},
         {{"Files", "Timeout"}, "10"},
+        {{"Impatient", "Driver"}, "MariaDB Unicode"},
+        {{"Impatient", "CONN_TIMEOUT"}, "3"},
     };
 };
 
@@ -97,6 +99,15 @@ TEST(OdbcLogon, WritesTheTimeLimitForMariaDbIntoTheString)
 {
     EXPECT_EQ(OfProject("Driver=MariaDB Unicode;Server=h,3307;UID=u;PWD={p}}q};"),
               "Driver=MariaDB Unicode;Server=h;UID=u;PWD={p}}q};Port=3307;CONN_TIMEOUT=7;");
+}
+
+TEST(OdbcLogon, KnowsTheKeyByWhichConnectingIsLimitedAlready)
+{
+    const auto keyOf = [](std::string_view text) { return Built(text, StringOrigin::ProjectFile).TimeoutKey; };
+    EXPECT_EQ(keyOf("Driver=MariaDB Unicode;Server=h;"), "");
+    EXPECT_EQ(keyOf("Driver=MariaDB Unicode;Server=h;conn_timeout=3;"), "CONN_TIMEOUT");
+    EXPECT_EQ(keyOf("DSN=Impatient;"), "CONN_TIMEOUT");
+    EXPECT_EQ(keyOf("DSN=Files;"), ""); // it limits waiting for a lock
 }
 
 TEST(OdbcLogon, NamesTheProtocolVersionForTds)
@@ -179,10 +190,14 @@ TEST(OdbcLogon, AProjectCannotLoadALibrary)
     EXPECT_EQ(Refusal("Driver=/tmp/evil.so;"), "A project may not name a library as its \"Driver\".");
     EXPECT_EQ(Refusal("DRIVER={/tmp/evil.so}"), "A project may not name a library as its \"Driver\".");
     EXPECT_EQ(Refusal("Driver=..\\evil.so"), "A project may not name a library as its \"Driver\".");
-    EXPECT_EQ(Refusal("Driver=libc.so.6"), "There is no ODBC driver named \"libc.so.6\" on this machine.");
+    EXPECT_EQ(
+        Refusal("Driver=libc.so.6"),
+        "There is no ODBC driver named \"libc.so.6\" on this machine: \"odbcinst -q -d\" lists those that are set up.");
     EXPECT_EQ(Refusal("DSN=Shop;Driver=/tmp/evil.so"),
               "The connection string of a project may set \"DSN\" or \"Driver\", not both.");
-    EXPECT_EQ(Refusal("DSN=Missing;UID=u"), "There is no ODBC data source named \"Missing\" on this machine.");
+    EXPECT_EQ(
+        Refusal("DSN=Missing;UID=u"),
+        "There is no ODBC data source named \"Missing\" on this machine: \"odbcinst -q -s\" lists those that are set up.");
 }
 
 TEST(OdbcLogon, AProjectSetsOnlyKeysOfTheDriversList)

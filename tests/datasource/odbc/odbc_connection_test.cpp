@@ -126,7 +126,9 @@ TEST(OdbcConnection, AWrongPathMakesNoFile)
     EXPECT_THAT(Refusal(StringFor(missing)).Description(), HasSubstr("connect failed"));
     EXPECT_THAT(Refusal("Driver=SQLite3;NoCreat=0;Database=" + missing).Description(), HasSubstr("connect failed"));
     EXPECT_FALSE(std::filesystem::exists(missing));
-    EXPECT_THAT(Refusal("Driver=SQLite3;").Description(), HasSubstr("connect failed"));
+    EXPECT_EQ(Refusal("Driver=SQLite3;").Description(),
+              "connect failed. The database's file is not there or can't be read: check its path in the connection "
+              "string (\"Database\").");
 }
 
 TEST(OdbcConnection, WhatIsNoDatabaseIsRefusedWithTheDriversWords)
@@ -134,7 +136,9 @@ TEST(OdbcConnection, WhatIsNoDatabaseIsRefusedWithTheDriversWords)
     SqliteFile file("CREATE TABLE a (x);\n");
     const std::string other = file.Folder() + "/text.db";
     std::ofstream(other) << std::string(5000, 'x');
-    EXPECT_THAT(Refusal(StringFor(other)).Description(), HasSubstr("not a database"));
+    EXPECT_EQ(Refusal(StringFor(other)).Description(),
+              "file is not a database (26). The file \"" + other +
+                  "\" is of another kind: check its path in the connection string (\"Database\").");
 }
 
 TEST(OdbcConnection, AFolderIsNoDatabase)
@@ -152,7 +156,9 @@ TEST(OdbcConnection, ALockedFileIsRefusedWithTheDriversWords)
                           .Database = file.Path()};
     const OdbcSession locking(logon, {}, std::make_shared<OdbcErrors>());
     OdbcStatement(locking).Execute("BEGIN EXCLUSIVE");
-    EXPECT_THAT(Refusal("Driver=SQLite3;Timeout=1;Database=" + file.Path()).Description(), HasSubstr("locked"));
+    EXPECT_THAT(Refusal("Driver=SQLite3;Timeout=1;Database=" + file.Path()).Description(),
+                testing::EndsWith("locked (5). The file \"" + file.Path() +
+                                  "\" is in use by another program: let that come to its end, then try again."));
     OdbcStatement(locking).Execute("COMMIT");
 }
 
@@ -183,10 +189,12 @@ TEST(OdbcConnection, AUserMayNameALibraryAndAProjectMayNot)
 
 TEST(OdbcConnection, ADriverThatIsNotThereIsNamed)
 {
-    EXPECT_EQ(Refusal("Driver=No Such Driver").Description(),
-              "There is no ODBC driver named \"No Such Driver\" on this machine.");
-    EXPECT_EQ(Refusal("DSN=No Such Source").Description(),
-              "There is no ODBC data source named \"No Such Source\" on this machine.");
+    EXPECT_EQ(
+        Refusal("Driver=No Such Driver").Description(),
+        "There is no ODBC driver named \"No Such Driver\" on this machine: \"odbcinst -q -d\" lists those that are set up.");
+    EXPECT_EQ(
+        Refusal("DSN=No Such Source").Description(),
+        "There is no ODBC data source named \"No Such Source\" on this machine: \"odbcinst -q -s\" lists those that are set up.");
 }
 
 // The user's data sources while a test runs.

@@ -103,6 +103,30 @@ TEST(Diagnostics, AFailureHoldsTheWordsOfAllRecordsOnceAndTheFirstNumberThatTell
     EXPECT_EQ(error.Errors[2].NativeError, 2);
 }
 
+std::string DescriptionOf(const std::vector<std::string>& words)
+{
+    std::vector<ADOError> records;
+    for (const std::string& each : words)
+        records.push_back(Record("HY000", 0, each, data_source_error::kFailed));
+    return ErrorFrom(records).Description();
+}
+
+TEST(Diagnostics, RecordsAndLinesThatBeginASentenceAreSentencesOfTheDescription)
+{
+    EXPECT_EQ(DescriptionOf({"Unable to connect", "Login failed"}), "Unable to connect. Login failed");
+    EXPECT_EQ(DescriptionOf({"connection refused\n\tIs the server running?\r\n"}),
+              "connection refused. Is the server running?");
+    EXPECT_EQ(DescriptionOf({"the server  closed\n\tthe connection.\n;\nThe connection is lost"}),
+              "the server closed the connection. The connection is lost");
+}
+
+TEST(Diagnostics, TheNamesOfTheComponentsThatSpeakStayInTheRecords)
+{
+    EXPECT_EQ(DescriptionOf({"[vendor][the manager]Can't open", "[vendor][driver] [server]It's [closed]", "[open"}),
+              "Can't open. It's [closed] [open");
+    EXPECT_EQ(ErrorFrom({Record("HY000", 0, "[vendor]No", 1)}).Errors.at(0).Description, "[vendor]No");
+}
+
 TEST(Diagnostics, ADriverThatSaysNothingIsSpokenFor)
 {
     const DataSourceError error = ErrorFrom({});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "datasource/data_source_error.h"
+#include "model/stored_procedures.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -16,8 +17,7 @@ struct CatalogTable
 {
     std::string Name;
     std::string Type;
-    std::size_t SchemaSize =
-        0; // bytes of the schema and its point in front of the table's own name; 0 if there are none
+    std::size_t SchemaSize = 0; // bytes in front of the table's own name: its schema and the point behind that
 };
 
 // Bits of CatalogField::Attributes (the published ADO FieldAttributeEnum).
@@ -73,6 +73,15 @@ struct CatalogKey
     std::vector<CatalogKeyColumn> Columns; // in the key's order
 };
 
+// A parameter of a stored procedure. One that the data source gives no name is called "RETURN_VALUE" if it is the
+// return value, else "arg1", "arg2" and so on by its place. Its `DataType` is SQL Server's word for the type where it
+// has one, for the rules know those words alone; `IsNullable` is set where the data source does not know.
+struct CatalogParameter
+{
+    std::string ProcedureName;
+    SPParameter Parameter;
+};
+
 // What a data source holds. A catalog lives for one operation: what it has read it keeps, so the answers of one object
 // agree with each other, and a new object sees the data source as it is now. Names of tables are those that Tables()
 // gives; others are looked up without regard to case where the data source does so.
@@ -100,12 +109,28 @@ class Catalog
     // The foreign keys of a table.
     [[nodiscard]] virtual std::vector<CatalogKey> Keys(const std::string& table) = 0;
 
-    // The names of the stored procedures.
+    // Names of tables and views that are there and that the login may not read. They are not among the tables; to open
+    // one throws kPermissionDenied. Empty where the data source keeps them from the login itself.
+    [[nodiscard]] virtual std::vector<std::string> HiddenTables() { return {}; }
+
+    // The names of the stored procedures. Overloaded ones share a name.
     [[nodiscard]] virtual std::vector<std::string> Procedures() = 0;
+
+    // The parameters of all stored procedures, those of one procedure in their order. Of overloaded ones the first
+    // alone has its parameters here.
+    [[nodiscard]] virtual std::vector<CatalogParameter> ProcedureParameters() = 0;
 
     // Says that facts of many tables will be asked for, so that they are worth reading together.
     virtual void ExpectManyTables() {}
 };
+
+// The catalog of the data source. Throws DataSourceError kNoOpenConnection if there is none, as none is open.
+[[nodiscard]] inline Catalog& OpenSource(Catalog* source)
+{
+    if (source == nullptr)
+        throw DataSourceError(data_source_error::kNoOpenConnection, "Catalog", "No data source is open.");
+    return *source;
+}
 
 // A connection to a data source. One is shared by everything that reads a catalog.
 class DataSourceConnection

@@ -27,12 +27,4 @@ struct ClassEdit
     bool FieldLeftOut = false; // a field of the table could not become a property, which was told
 };
 
-// The catalog of the data source. Throws DataSourceError kNoOpenConnection if none is open.
-inline Catalog& OpenSource(const ClassEdit& edit)
-{
-    if (!edit.Source)
-        throw DataSourceError(data_source_error::kNoOpenConnection, "Catalog", "No data source is open.");
-    return *edit.Source;
-}
-
 } // namespace veldrane

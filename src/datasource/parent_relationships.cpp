@@ -51,7 +51,7 @@ std::vector<JoinField> ReadFields(ClassEdit& edit, const std::string& table)
 {
     std::vector<JoinField> fields;
     Guarded(edit.Errors, kClassEditorModule, "DisplayFields", [&] {
-        for (const CatalogColumn& column : OpenSource(edit).Columns(table))
+        for (const CatalogColumn& column : OpenSource(edit.Source).Columns(table))
             fields.push_back({.ColumnName = column.Name, .DataType = std::string(VBTypeOfADOType(column.Type))});
     });
     return fields;
@@ -67,7 +67,7 @@ void RetrieveParentRelationships(ClassEdit& edit, const std::string& parentTable
     edit.Class.TTCKeys.Clear();
     RetrieveTableKeys(edit);
     try {
-        Catalog& source = OpenSource(edit);
+        Catalog& source = OpenSource(edit.Source);
         const std::vector<CatalogKey> parentKeys = source.Keys(parentTable);
         const std::vector<CatalogKey> ownKeys = source.Keys(ownTable);
         // The columns mean the same in both directions, whichever table the key belongs to: on purpose.

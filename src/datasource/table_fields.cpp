@@ -103,7 +103,7 @@ void Prune(KZMClass& item, const std::vector<CatalogField>& fields)
 
 void FollowTable(ClassEdit& edit)
 {
-    const std::vector<CatalogField> fields = OpenSource(edit).Fields(FieldStatement(edit.Class.TableName));
+    const std::vector<CatalogField> fields = OpenSource(edit.Source).Fields(FieldStatement(edit.Class.TableName));
     PropertiesByField index = IndexByField(edit.Class);
     for (const CatalogField& field : fields)
         if (const auto existing = index.find(field.Name); existing != index.end())

@@ -55,7 +55,7 @@ void AddIdentityKey(KZMClass& item)
 // Everything is read before the old keys go, so that a failure leaves them.
 void ReadKeys(ClassEdit& edit)
 {
-    Catalog& source = OpenSource(edit);
+    Catalog& source = OpenSource(edit.Source);
     std::vector<CatalogIndex> indexes = source.Indexes(edit.Class.TableName);
     std::erase_if(indexes, [&](const CatalogIndex& index) { return !IsPrimaryKey(index, edit.CodePage); });
     const ColumnTypes types = indexes.empty() ? ColumnTypes{} : ReadColumnTypes(source, edit.Class.TableName);

@@ -72,7 +72,21 @@ class FakeCatalog : public Catalog
         return ProcedureNames;
     }
 
+    std::vector<std::string> HiddenTables() override
+    {
+        Record("HiddenTables", "");
+        return Hidden;
+    }
+
+    std::vector<CatalogParameter> ProcedureParameters() override
+    {
+        Record("ProcedureParameters", "");
+        return Parameters;
+    }
+
     std::vector<CatalogTable> Listed;
+    std::vector<std::string> Hidden;
+    std::vector<CatalogParameter> Parameters;
     std::map<std::string, FakeTable> Content;
     std::vector<std::string> ProcedureNames;
     std::map<std::string, long> Failures; // error number by the name of the call

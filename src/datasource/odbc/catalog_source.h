@@ -30,6 +30,13 @@ class CatalogSource
     // In the data source's own order; asked once.
     [[nodiscard]] virtual std::vector<SourceTable> Tables() = 0;
 
+    // Names, as they would be shown, of tables that are there and that the login may not read.
+    [[nodiscard]] virtual std::vector<std::string> HiddenTables() { return {}; }
+
+    // The fields of a table, where the database's own catalog tells them just as the opened table would; none where it
+    // has to be opened.
+    [[nodiscard]] virtual std::optional<std::vector<CatalogField>> FieldsOf(const SourceTable&) { return std::nullopt; }
+
     // The field that a column of an opened table stands for.
     [[nodiscard]] virtual CatalogField FieldOf(const OdbcColumn& column) = 0;
 
@@ -39,6 +46,7 @@ class CatalogSource
     [[nodiscard]] virtual std::vector<CatalogIndex> Indexes(const SourceTable& table) = 0;
     [[nodiscard]] virtual std::vector<CatalogKey> Keys(const SourceTable& table) = 0;
     [[nodiscard]] virtual std::vector<std::string> Procedures() = 0;
+    [[nodiscard]] virtual std::vector<CatalogParameter> Parameters() = 0;
 
     // Facts of many tables will be asked for: whatever can be read together may be read now.
     virtual void ReadTogether() {}

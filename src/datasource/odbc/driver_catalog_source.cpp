@@ -22,14 +22,6 @@ constexpr SQLUSMALLINT kSequence = 5;
 constexpr SQLUSMALLINT kName = 6;
 } // namespace primary_keys_column
 
-namespace statistics_column {
-constexpr SQLUSMALLINT kNonUnique = 4;
-constexpr SQLUSMALLINT kName = 6;
-constexpr SQLUSMALLINT kType = 7;
-constexpr SQLUSMALLINT kSequence = 8;
-constexpr SQLUSMALLINT kColumn = 9;
-} // namespace statistics_column
-
 namespace foreign_keys_column {
 constexpr SQLUSMALLINT kRelatedSchema = 2;
 constexpr SQLUSMALLINT kRelatedTable = 3;
@@ -38,8 +30,6 @@ constexpr SQLUSMALLINT kColumn = 8;
 constexpr SQLUSMALLINT kSequence = 9;
 constexpr SQLUSMALLINT kName = 12;
 } // namespace foreign_keys_column
-
-constexpr SQLUSMALLINT kProcedureName = 3;
 
 // A column's name with its place in the key, for answers that come in the table's order.
 template <class Column>
@@ -69,26 +59,13 @@ struct KeyRows
     std::vector<Placed<CatalogKeyColumn>> Columns;
 };
 
-struct IndexRows
-{
-    CatalogIndex Index;
-    std::vector<Placed<std::string>> Columns;
-};
-
-// The rows of the named thing; a new one at the end if there is none yet.
-template <class Rows, class IsIt>
-Rows& FindOrAdd(std::vector<Rows>& all, IsIt isIt)
-{
-    const auto found = std::find_if(all.begin(), all.end(), isIt);
-    return found == all.end() ? all.emplace_back() : *found;
-}
-
 // Without a name, a key begins where its columns are counted from 1 again.
 KeyRows& RowsOfKey(std::vector<KeyRows>& keys, const std::string& name, long sequence)
 {
     if (name.empty())
         return keys.empty() || sequence == 1 ? keys.emplace_back() : keys.back();
-    return FindOrAdd(keys, [&](const KeyRows& key) { return key.Name == name; });
+    const auto found = std::find_if(keys.begin(), keys.end(), [&](const KeyRows& key) { return key.Name == name; });
+    return found == keys.end() ? keys.emplace_back() : *found;
 }
 
 } // namespace
@@ -102,15 +79,17 @@ DriverCatalogSource::DriverCatalogSource(const OdbcSession& session) : session_(
     hasSchemas_ = !session.Info(SQL_SCHEMA_TERM).empty();
 }
 
-std::vector<SourceTable> DriverCatalogSource::TablesOf(const OdbcName& schema) const
+std::vector<SourceTable> DriverCatalogSource::TablesOf(const OdbcName& schema, const std::string& pattern) const
 {
     OdbcStatement statement(session_);
-    statement.Tables(catalog_, schema, "%");
+    statement.Tables(catalog_, schema, pattern);
     std::vector<SourceTable> tables;
     while (statement.Fetch()) {
         SourceTable table;
         table.Catalog = catalog_;
-        table.Schema = statement.Text(tables_column::kSchema);
+        // Kept where the bare name would do: told no schema, some drivers first ask the server for one.
+        if (hasSchemas_)
+            table.Schema = statement.Text(tables_column::kSchema);
         table.Name = statement.Text(tables_column::kName).value_or("");
         table.Shown.Name = table.Name;
         table.Shown.Type = statement.Text(tables_column::kType).value_or("");
@@ -121,6 +100,11 @@ std::vector<SourceTable> DriverCatalogSource::TablesOf(const OdbcName& schema) c
 
 namespace {
 
+TableId IdOf(const SourceTable& table)
+{
+    return {table.Schema.value_or(""), table.Name};
+}
+
 void ShowWithSchema(SourceTable& table)
 {
     const std::string prefix = table.Schema.value_or("") + ".";
@@ -128,27 +112,55 @@ void ShowWithSchema(SourceTable& table)
     table.Shown.SchemaSize = prefix.size();
 }
 
+bool HasEachNameOnce(const std::vector<SourceTable>& tables)
+{
+    std::set<std::string_view> names;
+    return std::ranges::all_of(tables, [&](const SourceTable& table) { return names.insert(table.Name).second; });
+}
+
 } // namespace
+
+bool DriverCatalogSource::FindsBare(const SourceTable& table) const
+{
+    const std::string name = PatternOf(table.Name, session_.Info(SQL_SEARCH_PATTERN_ESCAPE));
+    return std::ranges::any_of(TablesOf(std::nullopt, name),
+                               [&](const SourceTable& found) { return IdOf(found) == IdOf(table); });
+}
+
+// One table tells for its whole schema, unless another schema has a table of some name too.
+std::set<TableId> DriverCatalogSource::BareTablesAmong(const std::vector<SourceTable>& tables) const
+{
+    std::set<TableId> bare;
+    if (!HasEachNameOnce(tables)) {
+        std::set<std::string> taken;
+        for (const SourceTable& table : TablesOf(std::nullopt, "%"))
+            if (taken.insert(table.Name).second)
+                bare.insert(IdOf(table));
+        return bare;
+    }
+    std::map<std::string, bool> schemas;
+    for (const SourceTable& table : tables) {
+        const auto [schema, isNew] = schemas.emplace(table.Schema.value_or(""), false);
+        if (isNew)
+            schema->second = FindsBare(table);
+        if (schema->second)
+            bare.insert(IdOf(table));
+    }
+    return bare;
+}
 
 std::vector<SourceTable> DriverCatalogSource::Tables()
 {
-    std::vector<SourceTable> tables = TablesOf(std::nullopt);
-    std::set<std::string> taken;
-    for (SourceTable& table : tables) {
-        const std::string schema = table.Schema.value_or("");
-        if (!taken.insert(table.Name).second && table.Schema)
-            ShowWithSchema(table);
-        else
-            table.Schema.reset();
-        shown_.emplace(std::pair(schema, table.Name), table.Shown.Name);
+    std::vector<SourceTable> tables = TablesOf(hasSchemas_ ? OdbcName("%") : std::nullopt, "%");
+    if (hasSchemas_) {
+        const std::set<TableId> bare = BareTablesAmong(tables);
+        const auto others = std::stable_partition(tables.begin(), tables.end(), [&](const SourceTable& table) {
+            return !table.Schema || bare.contains(IdOf(table));
+        });
+        std::for_each(others, tables.end(), ShowWithSchema);
     }
-    if (!hasSchemas_)
-        return tables;
-    for (SourceTable& table : TablesOf("%")) {
-        ShowWithSchema(table);
-        if (table.Schema && shown_.emplace(std::pair(*table.Schema, table.Name), table.Shown.Name).second)
-            tables.push_back(std::move(table));
-    }
+    for (const SourceTable& table : tables)
+        shown_.emplace(IdOf(table), table.Shown.Name);
     return tables;
 }
 
@@ -157,7 +169,7 @@ CatalogField DriverCatalogSource::FieldOf(const OdbcColumn& column)
     return veldrane::FieldOf(column, session_.Profile().Width);
 }
 
-std::vector<CatalogIndex> DriverCatalogSource::PrimaryKeyOf(const SourceTable& table) const
+std::vector<CatalogIndex> DriverCatalogSource::Indexes(const SourceTable& table)
 {
     OdbcStatement statement(session_);
     statement.PrimaryKeys(table.Catalog, table.Schema, table.Name);
@@ -175,39 +187,6 @@ std::vector<CatalogIndex> DriverCatalogSource::PrimaryKeyOf(const SourceTable& t
              .PrimaryKey = true,
              .Unique = true,
              .Columns = InOrder(std::move(columns))}};
-}
-
-std::vector<CatalogIndex> DriverCatalogSource::StatisticsOf(const SourceTable& table) const
-{
-    OdbcStatement statement(session_);
-    statement.Statistics(table.Catalog, table.Schema, table.Name);
-    std::vector<IndexRows> indexes;
-    while (statement.Fetch()) {
-        const bool unique = statement.Number(statistics_column::kNonUnique) == SQL_FALSE;
-        const std::string name = statement.Text(statistics_column::kName).value_or("");
-        if (statement.Number(statistics_column::kType) == SQL_TABLE_STAT)
-            continue;
-        IndexRows& rows = FindOrAdd(indexes, [&](const IndexRows& each) { return each.Index.Name == name; });
-        rows.Index.Name = name;
-        rows.Index.Unique = unique;
-        const long sequence = statement.Number(statistics_column::kSequence);
-        rows.Columns.push_back({sequence, statement.Text(statistics_column::kColumn).value_or("")});
-    }
-    std::vector<CatalogIndex> result;
-    for (IndexRows& rows : indexes) {
-        rows.Index.Columns = InOrder(std::move(rows.Columns));
-        result.push_back(std::move(rows.Index));
-    }
-    return result;
-}
-
-std::vector<CatalogIndex> DriverCatalogSource::Indexes(const SourceTable& table)
-{
-    std::vector<CatalogIndex> indexes = PrimaryKeyOf(table);
-    for (CatalogIndex& index : StatisticsOf(table))
-        if (indexes.empty() || index.Name != indexes.front().Name)
-            indexes.push_back(std::move(index));
-    return indexes;
 }
 
 std::vector<CatalogKey> DriverCatalogSource::Keys(const SourceTable& table)
@@ -237,14 +216,47 @@ std::vector<CatalogKey> DriverCatalogSource::Keys(const SourceTable& table)
     return keys;
 }
 
+// Those with a table: a list of all holds the system's own, with thousands of functions.
+std::set<std::string> DriverCatalogSource::Schemas() const
+{
+    std::set<std::string> schemas;
+    for (const auto& [table, name] : shown_)
+        schemas.insert(table.first);
+    if (hasSchemas_ && shown_.empty())
+        for (const SourceTable& table : TablesOf("%", "%"))
+            schemas.insert(table.Schema.value_or(""));
+    schemas.erase("");
+    return schemas;
+}
+
+const std::vector<DriverProcedure>& DriverCatalogSource::ReadProcedures()
+{
+    if (procedures_)
+        return *procedures_;
+    procedures_ = ReadDriverProcedures(session_, catalog_, std::nullopt);
+    std::set<std::string> read;
+    for (const DriverProcedure& procedure : *procedures_)
+        read.insert(procedure.Schema.value_or(""));
+    for (const std::string& schema : Schemas())
+        if (read.insert(schema).second)
+            for (DriverProcedure& procedure : ReadDriverProcedures(session_, catalog_, schema)) {
+                procedure.Shown = schema + "." + procedure.Name;
+                procedures_->push_back(std::move(procedure));
+            }
+    return *procedures_;
+}
+
 std::vector<std::string> DriverCatalogSource::Procedures()
 {
-    OdbcStatement statement(session_);
-    statement.Procedures(catalog_, std::nullopt);
     std::vector<std::string> names;
-    while (statement.Fetch())
-        names.push_back(statement.Text(kProcedureName).value_or(""));
+    for (const DriverProcedure& procedure : ReadProcedures())
+        names.push_back(procedure.Shown);
     return names;
+}
+
+std::vector<CatalogParameter> DriverCatalogSource::Parameters()
+{
+    return ReadDriverParameters(session_, catalog_, ReadProcedures());
 }
 
 } // namespace veldrane

@@ -21,6 +21,19 @@ bool IsPlainName(std::string_view name)
     });
 }
 
+// Whether a statement puts the name in brackets; around another name they may be its own.
+bool NeedsBrackets(std::string_view name)
+{
+    return name.find(' ') != std::string_view::npos || text::StartsWithDigit(name);
+}
+
+// Sent on, the name might be one that the server does not know as it stands.
+[[noreturn]] void RefuseHidden(const std::string& table)
+{
+    throw DataSourceError(data_source_error::kPermissionDenied, "ODBC",
+                          "The login may not read the table \"" + table + "\".");
+}
+
 } // namespace
 
 std::optional<std::string> TableOfStatement(std::string_view statement)
@@ -53,10 +66,16 @@ void OdbcCatalog::ReadTables()
         return;
     for (SourceTable& table : source_->Tables()) {
         byName_.emplace(table.Shown.Name, entries_.size());
-        byFoldedName_.emplace(text::Fold(table.Shown.Name), entries_.size());
         tables_.push_back(table.Shown);
         entries_.push_back({.Table = std::move(table), .Fields = {}, .Indexes = {}, .Keys = {}});
     }
+    // A name as it is shown goes before the same one with a schema.
+    for (std::size_t at = 0; at < entries_.size(); ++at)
+        if (const SourceTable& table = entries_[at].Table; table.Schema && table.Shown.SchemaSize == 0)
+            byName_.emplace(*table.Schema + "." + table.Name, at);
+    for (const auto& [name, at] : byName_)
+        if (const auto [known, isNew] = byFoldedName_.emplace(text::Fold(name), at); !isNew)
+            known->second = std::min(known->second, at);
     tablesRead_ = true;
 }
 
@@ -66,8 +85,14 @@ OdbcCatalog::Entry* OdbcCatalog::Find(const std::string& table)
     ReadTables();
     if (const auto found = byName_.find(table); found != byName_.end())
         return &entries_[found->second];
-    const auto found = byFoldedName_.find(text::Fold(table));
-    return found == byFoldedName_.end() ? nullptr : &entries_[found->second];
+    const std::vector<std::string> hidden = source_->HiddenTables();
+    if (std::find(hidden.begin(), hidden.end(), table) != hidden.end())
+        RefuseHidden(table);
+    if (const auto found = byFoldedName_.find(text::Fold(table)); found != byFoldedName_.end())
+        return &entries_[found->second];
+    if (std::any_of(hidden.begin(), hidden.end(), [&](const auto& name) { return text::EqualFolded(name, table); }))
+        RefuseHidden(table);
+    return nullptr;
 }
 
 OdbcCatalog::Entry& OdbcCatalog::FindOrThrow(const std::string& table)
@@ -84,6 +109,9 @@ std::vector<CatalogField> OdbcCatalog::Fields(const std::string& statement)
     if (!name)
         throw DataSourceError(data_source_error::kFailed, "ODBC",
                               "The statement does not open a table for its fields.");
+    const bool isBracketed = statement[statement.size() - kClosing.size() - 1] == ']';
+    if (Entry* entry = isBracketed && !NeedsBrackets(*name) ? Find("[" + *name + "]") : nullptr)
+        return FieldsOf(*entry);
     if (Entry* entry = Find(*name))
         return FieldsOf(*entry);
     return Open(IsPlainName(*name) ? *name : Quoted(*name));
@@ -91,6 +119,9 @@ std::vector<CatalogField> OdbcCatalog::Fields(const std::string& statement)
 
 const std::vector<CatalogField>& OdbcCatalog::FieldsOf(Entry& entry)
 {
+    if (!entry.Fields) {
+        entry.Fields = source_->FieldsOf(entry.Table);
+    }
     if (!entry.Fields) {
         std::vector<CatalogField> fields = Open(ReferenceTo(entry.Table));
         source_->CompleteFields(entry.Table, fields);
@@ -146,12 +177,27 @@ std::vector<CatalogKey> OdbcCatalog::Keys(const std::string& table)
     return *entry.Keys;
 }
 
+std::vector<std::string> OdbcCatalog::HiddenTables()
+{
+    session_->RequireOpen();
+    ReadTables();
+    return source_->HiddenTables();
+}
+
 std::vector<std::string> OdbcCatalog::Procedures()
 {
     session_->RequireOpen();
     if (!procedures_)
         procedures_ = source_->Procedures();
     return *procedures_;
+}
+
+std::vector<CatalogParameter> OdbcCatalog::ProcedureParameters()
+{
+    session_->RequireOpen();
+    if (!parameters_)
+        parameters_ = source_->Parameters();
+    return *parameters_;
 }
 
 void OdbcCatalog::ExpectManyTables()

@@ -27,7 +27,9 @@ class OdbcCatalog : public Catalog
     [[nodiscard]] std::vector<CatalogColumn> Columns(const std::string& table) override;
     [[nodiscard]] std::vector<CatalogIndex> Indexes(const std::string& table) override;
     [[nodiscard]] std::vector<CatalogKey> Keys(const std::string& table) override;
+    [[nodiscard]] std::vector<std::string> HiddenTables() override;
     [[nodiscard]] std::vector<std::string> Procedures() override;
+    [[nodiscard]] std::vector<CatalogParameter> ProcedureParameters() override;
     void ExpectManyTables() override;
 
   private:
@@ -40,6 +42,8 @@ class OdbcCatalog : public Catalog
     };
 
     void ReadTables();
+    // By the name that is shown, then by "schema.table", then without regard to case. Throws kPermissionDenied for one
+    // that the login may not read.
     [[nodiscard]] Entry* Find(const std::string& table);
     [[nodiscard]] Entry& FindOrThrow(const std::string& table);
     [[nodiscard]] const std::vector<CatalogField>& FieldsOf(Entry& entry);
@@ -56,6 +60,7 @@ class OdbcCatalog : public Catalog
     std::unordered_map<std::string, std::size_t> byName_;
     std::unordered_map<std::string, std::size_t> byFoldedName_;
     std::optional<std::vector<std::string>> procedures_;
+    std::optional<std::vector<CatalogParameter>> parameters_;
 };
 
 // The name of the table that "SELECT * FROM name WHERE 1=0" opens, brackets taken off; none for another statement.

@@ -29,6 +29,7 @@ class SqliteCatalogSource : public CatalogSource
     [[nodiscard]] std::vector<CatalogKey> Keys(const SourceTable& table) override;
 
     [[nodiscard]] std::vector<std::string> Procedures() override { return {}; }
+    [[nodiscard]] std::vector<CatalogParameter> Parameters() override { return {}; }
     void ReadTogether() override;
 
   private:

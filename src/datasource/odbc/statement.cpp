@@ -107,14 +107,6 @@ void OdbcStatement::PrimaryKeys(const OdbcName& catalog, const OdbcName& schema,
     Call(SQLPrimaryKeys, SQLPrimaryKeysW, catalog, schema, table);
 }
 
-void OdbcStatement::Statistics(const OdbcName& catalog, const OdbcName& schema, const OdbcName& table)
-{
-    const auto all = [](auto function) {
-        return [function](auto... arguments) { return function(arguments..., SQL_INDEX_ALL, SQL_QUICK); };
-    };
-    Call(all(SQLStatistics), all(SQLStatisticsW), catalog, schema, table);
-}
-
 void OdbcStatement::ForeignKeys(const OdbcName& catalog, const OdbcName& schema, const OdbcName& table)
 {
     Call(SQLForeignKeys, SQLForeignKeysW, OdbcName(), OdbcName(), OdbcName(), catalog, schema, table);
@@ -123,6 +115,12 @@ void OdbcStatement::ForeignKeys(const OdbcName& catalog, const OdbcName& schema,
 void OdbcStatement::Procedures(const OdbcName& catalog, const OdbcName& schema)
 {
     Call(SQLProcedures, SQLProceduresW, catalog, schema, OdbcName("%"));
+}
+
+void OdbcStatement::ProcedureColumns(const OdbcName& catalog, const OdbcName& schema)
+{
+    // Given a pattern for the columns, even one that everything matches, some drivers leave out return values or all.
+    Call(SQLProcedureColumns, SQLProcedureColumnsW, catalog, schema, OdbcName("%"), OdbcName());
 }
 
 bool OdbcStatement::Fetch()

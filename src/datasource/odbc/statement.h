@@ -39,9 +39,9 @@ class OdbcStatement
     // one (see PatternOf).
     void Tables(const OdbcName& catalog, const OdbcName& schema, const OdbcName& table);
     void PrimaryKeys(const OdbcName& catalog, const OdbcName& schema, const OdbcName& table);
-    void Statistics(const OdbcName& catalog, const OdbcName& schema, const OdbcName& table);
     void ForeignKeys(const OdbcName& catalog, const OdbcName& schema, const OdbcName& table);
     void Procedures(const OdbcName& catalog, const OdbcName& schema);
+    void ProcedureColumns(const OdbcName& catalog, const OdbcName& schema);
 
     // Goes to the next row; false behind the last.
     [[nodiscard]] bool Fetch();

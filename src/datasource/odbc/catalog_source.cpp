@@ -1,6 +1,7 @@
 #include "datasource/odbc/catalog_source.h"
 
 #include "datasource/odbc/driver_catalog_source.h"
+#include "datasource/odbc/mariadb_catalog_source.h"
 #include "datasource/odbc/postgresql_catalog_source.h"
 #include "datasource/odbc/sqlite_catalog_source.h"
 
@@ -29,6 +30,8 @@ std::unique_ptr<CatalogSource> MakeCatalogSource(const OdbcSession& session)
         return std::make_unique<SqliteCatalogSource>(session);
     if (session.Profile().Family == DriverFamily::PostgreSql && MajorVersion(session) >= kOldestPostgreSql)
         return std::make_unique<PostgreSqlCatalogSource>(session);
+    if (session.Profile().Family == DriverFamily::MariaDb)
+        return std::make_unique<MariaDbCatalogSource>(session);
     return std::make_unique<DriverCatalogSource>(session);
 }
 

@@ -6,7 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <functional>
 #include <string>
+#include <vector>
 
 namespace veldrane {
 namespace {
@@ -115,6 +117,24 @@ TYPED_TEST(ServerStatement, HasNoOpenConnectionOnceThatIsLost)
     for (int attempt = 0; attempt < 3; ++attempt)
         EXPECT_EQ(this->FailureOf([&] { OdbcStatement(*session).Execute("SELECT 1"); }),
                   data_source_error::kNoOpenConnection);
+}
+
+TYPED_TEST(ServerStatement, OfACatalogHasNoOpenConnectionWhateverIsAskedOnceThatIsLost)
+{
+    typename TypeParam::Database database;
+    database.Run("create table a (id int primary key); create table b (id int primary key);");
+    const auto catalog = database.OpenCatalog();
+    EXPECT_GE(catalog->Tables().size(), 2U);
+    database.CutConnections();
+    const std::vector<std::function<void()>> questions{
+        [&] { (void)catalog->Fields("SELECT * FROM a WHERE 1=0"); },
+        [&] { (void)catalog->Indexes("a"); },
+        [&] { (void)catalog->Keys("b"); },
+        [&] { (void)catalog->Procedures(); },
+        [&] { catalog->ExpectManyTables(); },
+    };
+    for (const auto& question : questions)
+        EXPECT_EQ(this->FailureOf(question), data_source_error::kNoOpenConnection);
 }
 
 TYPED_TEST(ServerStatement, OfACatalogFindsATableGoneThatWasListed)

@@ -53,6 +53,12 @@ ListRow NoDataSourceRow()
     return Row(kNoDataSourceKey, "<no datasource defined>");
 }
 
+// Without a connection there is nothing to show, and nothing that a person could name by hand.
+void RequireSource(const DataSourceView& view)
+{
+    static_cast<void>(OpenSource(view.Source));
+}
+
 // What a data source does not support is passed over, so that it yields shorter lists and no message.
 template <class Body>
 void PassingOverUnsupported(Body&& body)
@@ -63,13 +69,6 @@ void PassingOverUnsupported(Body&& body)
         if (error.Number != data_source_error::kNotSupported)
             throw;
     }
-}
-
-Catalog& OpenSource(const DataSourceView& view)
-{
-    if (!view.Source)
-        throw DataSourceError(data_source_error::kNoOpenConnection, "Catalog", "No data source is open.");
-    return *view.Source;
 }
 
 // A settings store that can't be written is reported and keeps no list from being filled.
@@ -112,7 +111,7 @@ void AddCatalogTables(RowList& rows, const DataSourceView& view, std::string_vie
 {
     const std::string_view systemWord = ShowsSystemTables(view) ? "SYSTEM TABLE" : "";
     std::int32_t next = 1;
-    for (const CatalogTable& table : OpenSource(view).Tables()) {
+    for (const CatalogTable& table : view.Source->Tables()) {
         if (limit >= 1 && next > limit)
             return;
         if (table.Type != "TABLE" && (systemWord.empty() || table.Type != systemWord))
@@ -146,11 +145,8 @@ void AddTableRows(RowList& rows, const DataSourceView& view, std::string_view ic
 void AddProcedures(RowList& rows, const DataSourceView& view)
 {
     PassingOverUnsupported([&] {
-        for (const std::string& name : OpenSource(view).Procedures()) {
-            ListRow row = Row(name, name);
-            row.Icon = "SP";
-            rows.Add(std::move(row));
-        }
+        for (const std::string& name : view.Source->Procedures())
+            rows.Add(ProcedureRow(name));
     });
 }
 
@@ -164,6 +160,13 @@ void WarnOfSuspectNames(Messages& messages)
 
 } // namespace
 
+ListRow ProcedureRow(std::string_view name)
+{
+    ListRow row = Row(name, name);
+    row.Icon = "SP";
+    return row;
+}
+
 DataSourceLists DisplayDataSourceTables(const DataSourceView& view, std::string_view tableIcon)
 {
     constexpr std::string_view kRoutine = "DisplayDataSourceTables";
@@ -172,6 +175,7 @@ DataSourceLists DisplayDataSourceTables(const DataSourceView& view, std::string_
     RowList tables;
     RowList procedures;
     Guarded(view.Errors, kModule, kRoutine, [&] {
+        RequireSource(view);
         const std::int32_t limit = ReadLimit(view, "MaxTablesToDisplay", kRoutine);
         // Kept for the settings alone: the list of procedures is always complete.
         static_cast<void>(ReadLimit(view, "MaxProcsToDisplay", kRoutine));
@@ -195,6 +199,7 @@ std::vector<ListRow> DisplayDataSourceTablesInComboBox(const DataSourceView& vie
         return {NoDataSourceRow()};
     RowList rows;
     Guarded(view.Errors, kModule, kRoutine, [&] {
+        RequireSource(view);
         const std::int32_t limit = ReadLimit(view, "MaxTablesToDisplay", kRoutine);
         AddTableRows(rows, view, icon, limit, RowColour::Default, [](ListRow&, const CatalogTable&) {});
     });

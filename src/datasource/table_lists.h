@@ -40,6 +40,9 @@ struct ListRow
     bool Bold = false;
 };
 
+// The row of a stored procedure, in whichever list it stands.
+[[nodiscard]] ListRow ProcedureRow(std::string_view name);
+
 struct DataSourceLists
 {
     std::vector<ListRow> Tables;
@@ -51,7 +54,7 @@ struct DataSourceLists
 struct DataSourceView
 {
     std::string ConnectionString; // of the open connection; "" for no data source
-    Catalog* Source = nullptr;
+    Catalog* Source = nullptr;    // nothing while the connection is closed
     const TTCProject& Project;
     veldrane::Settings& Settings; // `MaxTablesToDisplay` and `MaxProcsToDisplay` are written when they are missing
     veldrane::Messages& Messages;

@@ -162,9 +162,11 @@ TEST_F(TableListsTest, MissingLimitsAre3000AndWrittenBack)
 
 TEST_F(TableListsTest, AnEmptiedLimitIsMissing)
 {
-    settings.UpdateKey(settings_section::kOptions, "MaxTablesToDisplay", "");
-    Display();
-    EXPECT_EQ(Option("MaxTablesToDisplay"), "3000");
+    for (const char* value : {"", "  "}) {
+        settings.UpdateKey(settings_section::kOptions, "MaxTablesToDisplay", value);
+        EXPECT_EQ(Shown(Display().Tables), Texts{"<Add a Table>"});
+        EXPECT_EQ(Option("MaxTablesToDisplay"), "3000");
+    }
 }
 
 TEST_F(TableListsTest, TheLimitOfProceduresLimitsNothing)
@@ -185,6 +187,7 @@ TEST_F(TableListsTest, ViewsAndOtherKindsAreNotListed)
     catalog.Add("S", "SYNONYM");
     catalog.Add("ST", "SYSTEM TABLE");
     catalog.Add("SV", "SYSTEM VIEW");
+    catalog.Add("Untyped", "");
     const DataSourceLists lists = Display();
     EXPECT_EQ(Shown(lists.Tables), Texts{"<Add a Table>"});
     EXPECT_TRUE(lists.Views.empty());
@@ -270,10 +273,28 @@ TEST_F(TableListsTest, AnyOtherFailureIsReportedAndTheListsStay)
     EXPECT_TRUE(messages.Asked().empty());
 }
 
-TEST_F(TableListsTest, AConnectionThatIsGoneIsReported)
+TEST_F(TableListsTest, AConnectionThatIsGoneIsReportedAndLeavesTheListsEmpty)
 {
     view.Source = nullptr;
-    EXPECT_EQ(Shown(Display().Tables), Texts{"<Add a Table>"});
+    for (const char* limit : {"-1", "0", "2"}) {
+        Option("MaxTablesToDisplay", limit);
+        errors.Reported.clear();
+        const DataSourceLists lists = Display();
+        EXPECT_EQ(lists.Tables.size() + lists.Views.size() + lists.StoredProcedures.size(), 0U) << limit;
+        EXPECT_TRUE(DisplayDataSourceTablesInComboBox(view, "Table").empty()) << limit;
+        ASSERT_EQ(errors.Reported.size(), 2U);
+        EXPECT_EQ(errors.Reported.at(0).Error.Number, 3709);
+        EXPECT_EQ(errors.Reported.at(1).Error.Number, 3709);
+    }
+}
+
+TEST_F(TableListsTest, AConnectionLostOnTheWayLeavesTheListsAsFarAsTheyWereFilled)
+{
+    catalog.ProcedureNames = {"P"};
+    catalog.Failures["Tables"] = data_source_error::kNoOpenConnection;
+    const DataSourceLists lists = Display();
+    EXPECT_EQ(Shown(lists.Tables), Texts{"<Add a Table>"});
+    EXPECT_TRUE(lists.StoredProcedures.empty());
     ASSERT_EQ(errors.Reported.size(), 1U);
     EXPECT_EQ(errors.Reported.front().Error.Number, 3709);
 }
@@ -329,6 +350,39 @@ TEST_F(TableListsTest, AComboBoxKnowsTheOtherModesToo)
     EXPECT_EQ(Shown(DisplayDataSourceTablesInComboBox(view, "")), Texts{"<Add a Table>"});
     view.ConnectionString = "";
     EXPECT_EQ(Shown(DisplayDataSourceTablesInComboBox(view, "")), Texts{"<no datasource defined>"});
+}
+
+TEST_F(TableListsTest, RowsOfAComboBoxHaveTheKeysOfTheLists)
+{
+    AddTables({"A"});
+    catalog.Add("ST", "SYSTEM TABLE");
+    project.AttachedTables.Add("Mine", "Mine");
+    Option("ShowSystemTables", "1");
+    const std::vector<ListRow> rows = DisplayDataSourceTablesInComboBox(view, "");
+    Texts keys;
+    for (const ListRow& row : rows) {
+        keys.push_back(row.Key);
+        EXPECT_EQ(row.Icon, "");
+    }
+    EXPECT_EQ(keys, (Texts{":ADD", "Mine", "A", "ST"}));
+    EXPECT_EQ(Option("MaxTablesToDisplay"), "3000");
+    view.ConnectionString = "";
+    EXPECT_EQ(DisplayDataSourceTablesInComboBox(view, "Table").front().Key, "NONE");
+}
+
+TEST_F(TableListsTest, SystemTablesAreRequestedByTheNumberOneAlone)
+{
+    catalog.Add("ST", "SYSTEM TABLE");
+    for (const char* value : {"", "0", "True", "-1", "11"}) {
+        Option("ShowSystemTables", value);
+        EXPECT_EQ(Shown(Display().Tables), Texts{"<Add a Table>"}) << value;
+    }
+}
+
+TEST_F(TableListsTest, ProceduresAttachedByHandAreNotListed)
+{
+    project.AttachedSPs.Add("Mine", "Mine");
+    EXPECT_TRUE(Display().StoredProcedures.empty());
 }
 
 TEST_F(TableListsTest, AComboBoxReportsUnderItsOwnName)

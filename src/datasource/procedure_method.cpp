@@ -1,0 +1,119 @@
+#include "datasource/procedure_method.h"
+
+#include "datasource/naming.h"
+#include "text/case_folding.h"
+
+#include <unordered_set>
+#include <utility>
+
+namespace veldrane {
+namespace {
+
+// The first parameter whose name another one has already, without regard to case; nothing if there is none.
+const SPParameter* SecondOfAName(const SPParameters& parameters)
+{
+    std::unordered_set<std::string> names;
+    for (const SPParameter& parameter : parameters)
+        if (!names.insert(text::Fold(parameter.ParameterName)).second)
+            return &parameter;
+    return nullptr;
+}
+
+} // namespace
+
+std::string_view DirectionText(std::int32_t direction)
+{
+    switch (direction) {
+    case parameter_direction::kInput:
+        return "Input";
+    case parameter_direction::kInputOutput:
+        return "In/Out";
+    case parameter_direction::kOutput:
+        return "Output";
+    case parameter_direction::kReturnValue:
+        return "Return";
+    default:
+        return "";
+    }
+}
+
+// A project file holds no two parameters of one name: the second would be gone when it is opened again.
+bool ProcedureFitsProject(const SP& procedure, const text::CodePage& codePage, Messages& messages)
+{
+    if (!FitsProject(procedure.SPName, codePage, messages))
+        return false;
+    for (const SPParameter& parameter : procedure.SPParameters)
+        if (!FitsProject(parameter.ParameterName, codePage, messages))
+            return false;
+    const SPParameter* second = SecondOfAName(procedure.SPParameters);
+    if (second == nullptr)
+        return true;
+    messages.Tell("Duplicate Parameter Name",
+                  "The stored procedure '" + procedure.SPName + "' has two parameters named '" + second->ParameterName +
+                      "', letter case aside, so it can't enter the project. Rename one of them.",
+                  MessageIcon::Warning);
+    return false;
+}
+
+frmAddEditSP::frmAddEditSP(ProcedureEdit edit)
+    : txtMethodName(edit.Mode == ProcedureMode::Add ? edit.Procedure->SPMethodName : edit.Key), edit_(std::move(edit))
+{}
+
+std::string frmAddEditSP::Caption() const
+{
+    return edit_.Mode == ProcedureMode::Add ? "Add New Stored Procedure: " + edit_.Procedure->SPMethodName
+                                            : "Edit " + edit_.Key;
+}
+
+std::vector<ParameterRow> frmAddEditSP::lstParameters() const
+{
+    std::vector<ParameterRow> rows;
+    for (const SPParameter& parameter : edit_.Procedure->SPParameters)
+        rows.push_back({.Name = parameter.ParameterName,
+                        .Direction = std::string(DirectionText(parameter.Direction)),
+                        .DataType = parameter.DataType});
+    return rows;
+}
+
+ProcedureNaming frmAddEditSP::cmdOK_Click()
+{
+    txtMethodName = MakeValidName(txtMethodName, edit_.Messages);
+    if (!FitsProject(txtMethodName, edit_.CodePage, edit_.Messages) ||
+        !ProcedureFitsProject(*edit_.Procedure, edit_.CodePage, edit_.Messages))
+        return ProcedureNaming::NotWritable;
+    return edit_.Mode == ProcedureMode::Add ? AddMethod() : RenameMethod();
+}
+
+ProcedureNaming frmAddEditSP::AddMethod()
+{
+    KZMClass& item = edit_.Class;
+    if (!item.TTCMembers.Add(txtMethodName, txtMethodName))
+        return ProcedureNaming::NameTaken;
+    const auto method = item.TTCMethods.Add(txtMethodName, false, KZMArguments{}, "", "Public", false, txtMethodName);
+    method->MethodIsSP = true;
+    method->StoredProcedure = edit_.Procedure;
+    edit_.Procedure->SPMethodName = txtMethodName;
+    return ProcedureNaming::Done;
+}
+
+ProcedureNaming frmAddEditSP::RenameMethod()
+{
+    const std::string before = edit_.Key;
+    if (txtMethodName == before)
+        return ProcedureNaming::Done;
+    KZMClass& item = edit_.Class;
+    // The method's own name is in nobody's way, in whatever letter case.
+    if (!text::EqualFolded(txtMethodName, before) && item.TTCMembers.Contains(txtMethodName))
+        return ProcedureNaming::NameTaken;
+    const std::shared_ptr<TTCMethod> renamed = item.TTCMethods.Item(before)->Clone();
+    renamed->MethodName = txtMethodName;
+    item.TTCMembers.Remove(before);
+    item.TTCMembers.Add(txtMethodName, txtMethodName);
+    item.TTCMethods.Remove(before);
+    item.TTCMethods.AddExisting(renamed, txtMethodName);
+    edit_.Procedure->SPMethodName = txtMethodName;
+    edit_.Key = txtMethodName;
+    return ProcedureNaming::Done;
+}
+
+} // namespace veldrane

@@ -1,0 +1,205 @@
+#include "datasource/procedure_method.h"
+
+#include "class_fixture.h"
+
+namespace veldrane {
+namespace {
+
+class NameProcedureMethod : public testing::ClassFixture
+{
+  protected:
+    static std::shared_ptr<SP> Procedure(const std::string& name)
+    {
+        auto procedure = std::make_shared<SP>();
+        procedure->SPName = name;
+        procedure->SPMethodName = procedure->SPCleanName();
+        return procedure;
+    }
+
+    static void AddParameter(SP& procedure, const std::string& name, std::int32_t direction)
+    {
+        procedure.SPParameters.Add(name, "int", 3, name)->Direction = direction;
+    }
+
+    frmAddEditSP Form(ProcedureMode mode, const std::shared_ptr<SP>& procedure, const std::string& key = "")
+    {
+        return frmAddEditSP({.Mode = mode,
+                             .Procedure = procedure,
+                             .Class = item,
+                             .Key = key,
+                             .Messages = messages,
+                             .CodePage = codePage});
+    }
+
+    // A method bound to the procedure under the name.
+    std::shared_ptr<SP> Bind(const std::string& name)
+    {
+        std::shared_ptr<SP> procedure = Procedure(name);
+        EXPECT_EQ(Form(ProcedureMode::Add, procedure).cmdOK_Click(), ProcedureNaming::Done);
+        return procedure;
+    }
+
+    text::CodePage codePage;
+};
+
+TEST_F(NameProcedureMethod, CaptionsNameTheMethod)
+{
+    const auto procedure = Procedure("GetOrders;1");
+    EXPECT_EQ(Form(ProcedureMode::Add, procedure).Caption(), "Add New Stored Procedure: GetOrders");
+    EXPECT_EQ(Form(ProcedureMode::Edit, procedure, "Fetch").Caption(), "Edit Fetch");
+    EXPECT_EQ(Form(ProcedureMode::Edit, procedure, "Fetch").txtMethodName, "Fetch");
+}
+
+TEST_F(NameProcedureMethod, ParametersShowTheirDirectionsInWords)
+{
+    const auto procedure = Procedure("p");
+    for (int direction = 0; direction <= 5; ++direction)
+        AddParameter(*procedure, "@p" + std::to_string(direction), direction);
+    std::vector<std::string> shown;
+    for (const ParameterRow& row : Form(ProcedureMode::Add, procedure).lstParameters())
+        shown.push_back(row.Name + ":" + row.Direction + ":" + row.DataType);
+    EXPECT_EQ(shown, (std::vector<std::string>{"@p0::int", "@p1:Input:int", "@p2:In/Out:int", "@p3:Output:int",
+                                               "@p4:Return:int", "@p5::int"}));
+}
+
+TEST_F(NameProcedureMethod, OkAddsAPublicMethodThatHoldsTheProcedure)
+{
+    const auto procedure = Bind("GetOrders;1");
+    const auto method = item.TTCMethods.Item("GetOrders");
+    ASSERT_NE(method, nullptr);
+    EXPECT_EQ(method->MethodName, "GetOrders");
+    EXPECT_EQ(method->Scope, "Public");
+    EXPECT_EQ(method->ReturnDataType, "");
+    EXPECT_FALSE(method->PlusMethod);
+    EXPECT_FALSE(method->DefaultMethod);
+    EXPECT_EQ(method->Arguments.Count(), 0U);
+    EXPECT_TRUE(method->MethodIsSP);
+    EXPECT_EQ(method->StoredProcedure, procedure);
+    EXPECT_EQ(procedure->SPName, "GetOrders;1") << "the procedure is called by its whole name";
+    EXPECT_TRUE(item.TTCMembers.Contains("getorders"));
+    EXPECT_TRUE(messages.Asked().empty());
+}
+
+TEST_F(NameProcedureMethod, ATypedNameBecomesThatOfTheFunctionToo)
+{
+    const auto procedure = Procedure("GetOrders;1");
+    frmAddEditSP form = Form(ProcedureMode::Add, procedure);
+    form.txtMethodName = "Fetch";
+    EXPECT_EQ(form.cmdOK_Click(), ProcedureNaming::Done);
+    EXPECT_EQ(procedure->SPMethodName, "Fetch");
+}
+
+TEST_F(NameProcedureMethod, ANameThatIsNoneIsMadeOneAndTold)
+{
+    const std::vector<std::pair<std::string, std::string>> cases{{"Ten Most Expensive", "Ten_Most_Expensive"},
+                                                                 {"2004 sales", "A2004_sales"},
+                                                                 {"print", "aprint"},
+                                                                 {";1", "InvalidName"}};
+    for (const auto& [name, expected] : cases) {
+        messages.Forget();
+        EXPECT_EQ(Bind(name)->SPMethodName, expected);
+        ASSERT_EQ(Titles(), std::vector<std::string>{"Invalid Name Detected"}) << name;
+    }
+    EXPECT_EQ(MethodNames(), (std::vector<std::string>{"Ten_Most_Expensive", "A2004_sales", "aprint", "InvalidName"}));
+}
+
+TEST_F(NameProcedureMethod, TheDialogStaysWhileAMemberHasTheName)
+{
+    item.TTCMembers.Add("GetOrders", "GetOrders");
+    const auto procedure = Procedure("getorders");
+    frmAddEditSP form = Form(ProcedureMode::Add, procedure);
+    EXPECT_EQ(form.cmdOK_Click(), ProcedureNaming::NameTaken);
+    EXPECT_EQ(item.TTCMethods.Count(), 0U);
+    EXPECT_EQ(item.TTCMembers.Count(), 1U);
+    form.txtMethodName = "FetchOrders";
+    EXPECT_EQ(form.cmdOK_Click(), ProcedureNaming::Done);
+    EXPECT_EQ(MethodNames(), std::vector<std::string>{"FetchOrders"});
+}
+
+TEST_F(NameProcedureMethod, ARenamedMethodIsACloneUnderTheNewNameAndTheProcedureFollows)
+{
+    const auto procedure = Bind("GetOrders");
+    Bind("Other");
+    const auto before = item.TTCMethods.Item("GetOrders");
+    before->Scope = "Friend";
+    frmAddEditSP form = Form(ProcedureMode::Edit, procedure, "GetOrders");
+    form.txtMethodName = "Fetch Orders";
+    EXPECT_EQ(form.cmdOK_Click(), ProcedureNaming::Done);
+    EXPECT_EQ(MethodNames(), (std::vector<std::string>{"Other", "Fetch_Orders"}));
+    const auto after = item.TTCMethods.Item("Fetch_Orders");
+    EXPECT_NE(after, before);
+    EXPECT_EQ(after->MethodName, "Fetch_Orders");
+    EXPECT_EQ(after->Scope, "Friend");
+    EXPECT_TRUE(after->MethodIsSP);
+    EXPECT_EQ(after->StoredProcedure, procedure);
+    EXPECT_EQ(procedure->SPMethodName, "Fetch_Orders");
+    EXPECT_FALSE(item.TTCMembers.Contains("GetOrders")) << "the old name is free again";
+    EXPECT_TRUE(item.TTCMembers.Contains("Fetch_Orders"));
+    EXPECT_EQ(form.Caption(), "Edit Fetch_Orders");
+}
+
+TEST_F(NameProcedureMethod, ANameThatStaysNeedsNoPlaceAmongTheMembers)
+{
+    const auto procedure = Bind("GetOrders");
+    const auto before = item.TTCMethods.Item("GetOrders");
+    EXPECT_EQ(Form(ProcedureMode::Edit, procedure, "GetOrders").cmdOK_Click(), ProcedureNaming::Done);
+    EXPECT_EQ(item.TTCMethods.Item("GetOrders"), before);
+}
+
+TEST_F(NameProcedureMethod, TheLettersOfANameCanChangeTheirCase)
+{
+    const auto procedure = Bind("getorders");
+    frmAddEditSP form = Form(ProcedureMode::Edit, procedure, "getorders");
+    form.txtMethodName = "GetOrders";
+    EXPECT_EQ(form.cmdOK_Click(), ProcedureNaming::Done);
+    EXPECT_EQ(MethodNames(), std::vector<std::string>{"GetOrders"});
+    EXPECT_EQ(item.TTCMembers.Item("getorders")->MemberName, "GetOrders");
+    EXPECT_EQ(procedure->SPMethodName, "GetOrders");
+}
+
+TEST_F(NameProcedureMethod, ARenameToATakenNameChangesNothing)
+{
+    const auto procedure = Bind("GetOrders");
+    Bind("Other");
+    frmAddEditSP form = Form(ProcedureMode::Edit, procedure, "GetOrders");
+    form.txtMethodName = "OTHER";
+    EXPECT_EQ(form.cmdOK_Click(), ProcedureNaming::NameTaken);
+    EXPECT_EQ(MethodNames(), (std::vector<std::string>{"GetOrders", "Other"}));
+    EXPECT_EQ(procedure->SPMethodName, "GetOrders");
+    EXPECT_TRUE(item.TTCMembers.Contains("GetOrders"));
+}
+
+TEST_F(NameProcedureMethod, NamesThatTheFileCannotHoldAreRefused)
+{
+    EXPECT_EQ(Form(ProcedureMode::Add, Procedure("łódź")).cmdOK_Click(), ProcedureNaming::NotWritable);
+    const auto procedure = Procedure("łódź");
+    frmAddEditSP renamed = Form(ProcedureMode::Add, procedure);
+    renamed.txtMethodName = "Lodz";
+    EXPECT_EQ(renamed.cmdOK_Click(), ProcedureNaming::NotWritable) << "the name that is called is written too";
+    frmAddEditSP typed = Form(ProcedureMode::Add, Procedure("p"));
+    typed.txtMethodName = "łódź";
+    EXPECT_EQ(typed.cmdOK_Click(), ProcedureNaming::NotWritable) << "and so is the name of the method";
+    const auto withParameter = Procedure("p");
+    AddParameter(*withParameter, "ł", parameter_direction::kInput);
+    EXPECT_EQ(Form(ProcedureMode::Add, withParameter).cmdOK_Click(), ProcedureNaming::NotWritable);
+    for (const Question& question : messages.Asked())
+        EXPECT_EQ(question.Title, "Name Not Writable");
+    EXPECT_EQ(messages.Asked().size(), 4U);
+    EXPECT_EQ(item.TTCMethods.Count() + item.TTCMembers.Count(), 0U);
+}
+
+TEST_F(NameProcedureMethod, TwoParametersOfOneNameAreRefused)
+{
+    const auto procedure = Procedure("Sum");
+    AddParameter(*procedure, "n", parameter_direction::kInput);
+    procedure->SPParameters.Add("N", "int", 3, "");
+    EXPECT_EQ(Form(ProcedureMode::Add, procedure).cmdOK_Click(), ProcedureNaming::NotWritable);
+    ASSERT_EQ(messages.Asked().size(), 1U);
+    EXPECT_EQ(
+        messages.Asked().front().Text,
+        "The stored procedure 'Sum' has two parameters named 'N', letter case aside, so it can't enter the project. Rename one of them.");
+    EXPECT_EQ(item.TTCMembers.Count(), 0U);
+}
+
+} // namespace
+} // namespace veldrane

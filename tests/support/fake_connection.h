@@ -1,0 +1,35 @@
+#pragma once
+
+#include "support/fake_catalog.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace veldrane::testing {
+
+// An open connection to a catalog that is data: each catalog that it opens is a copy of `Content` as it is then.
+class FakeConnection : public DataSourceConnection
+{
+  public:
+    void Open(const std::string& connectionString) override { text_ = connectionString; }
+    void Close() override { text_.clear(); }
+    [[nodiscard]] bool IsOpen() const override { return !text_.empty(); }
+    [[nodiscard]] const std::string& ConnectionString() const override { return text_; }
+    [[nodiscard]] const std::vector<ADOError>& Errors() const override { return errors_; }
+
+    [[nodiscard]] std::unique_ptr<Catalog> OpenCatalog() override
+    {
+        if (!IsOpen())
+            throw DataSourceError(data_source_error::kNoOpenConnection, "FakeConnection", "nothing is open");
+        return std::make_unique<FakeCatalog>(Content);
+    }
+
+    FakeCatalog Content;
+
+  private:
+    std::string text_ = "DSN=x;";
+    std::vector<ADOError> errors_;
+};
+
+} // namespace veldrane::testing

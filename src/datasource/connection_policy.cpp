@@ -60,12 +60,6 @@ bool IsPath(std::string_view driver)
     return driver.find_first_of("/\\") != std::string_view::npos;
 }
 
-std::string LibraryOf(const std::string& driver, const InstalledDrivers& installed)
-{
-    const std::string library = IsPath(driver) ? driver : installed.DriverSetting(driver, "Driver");
-    return library.empty() ? driver : library;
-}
-
 Target FindTarget(const ConnectionString& given, const InstalledDrivers& installed)
 {
     for (const ConnectionEntry& entry : given.Entries())
@@ -76,7 +70,7 @@ Target FindTarget(const ConnectionString& given, const InstalledDrivers& install
         Refuse("The connection string names neither a data source (DSN) nor a driver (Driver).");
     const std::string driver =
         target.Driver.empty() ? installed.DataSourceSetting(target.DataSource, "Driver") : target.Driver;
-    target.Profile = &ProfileOf(LibraryOf(driver, installed));
+    target.Profile = &ProfileOfDriver(driver, installed);
     return target;
 }
 
@@ -110,6 +104,15 @@ void RefuseForeignKeys(const ConnectionString& given, const DriverProfile& profi
             !profile.IsPlainDatabase(entry.Value))
             Refuse("The \"Database\" of a project's connection string may not carry options.");
     }
+}
+
+// Beside a data source the connection dialog writes login and password even where none was typed. To a driver such an
+// entry would be the login, in place of the data source's own.
+bool IsIdle(const ConnectionEntry& entry, const Target& target)
+{
+    constexpr std::array kLoginKeys{"UID"sv, "PWD"sv};
+    return entry.Value.empty() &&
+           (text::EqualFolded(entry.Key, "DSN") || (!target.DataSource.empty() && IsOneOf(entry.Key, kLoginKeys)));
 }
 
 bool IsNumber(std::string_view text)
@@ -167,14 +170,6 @@ void AddForDriver(Entries& entries, const Target& target, const InstalledDrivers
     }
 }
 
-std::string Braced(std::string_view value)
-{
-    std::string braced = "{";
-    for (const char c : value)
-        braced.append(c == '}' ? 2 : 1, c);
-    return braced + "}";
-}
-
 bool NeedsBraces(const ConnectionEntry& entry)
 {
     return !entry.Value.empty() &&
@@ -217,6 +212,12 @@ std::string ServerOf(const ConnectionString& given)
 
 } // namespace
 
+const DriverProfile& ProfileOfDriver(const std::string& driver, const InstalledDrivers& installed)
+{
+    const std::string library = IsPath(driver) ? driver : installed.DriverSetting(driver, "Driver");
+    return ProfileOf(library.empty() ? driver : library);
+}
+
 OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& installed, const LogonRules& rules)
 {
     RefuseOtherProviders(given);
@@ -227,9 +228,7 @@ OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& 
     }
     Entries entries = given.Entries();
     RemoveKey(entries, "PROVIDER");
-    std::erase_if(entries, [](const ConnectionEntry& entry) {
-        return entry.Value.empty() && text::EqualFolded(entry.Key, "DSN");
-    });
+    std::erase_if(entries, [&](const ConnectionEntry& entry) { return IsIdle(entry, target); });
     if (target.Profile->PortIsOwnKey)
         SplitPort(entries);
     const std::string timeoutKey = TimeoutKeyOf(entries, target, installed);

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace veldrane {
 
@@ -13,7 +14,7 @@ namespace veldrane {
 enum class StringOrigin
 {
     ProjectFile, // a stranger's, perhaps: it may not run anything nor write anywhere
-    CommandLine, // the user's own: every key goes
+    CommandLine, // the user's own, typed there or into the connection dialog: every key goes
 };
 
 // What the driver manager has been told by the user of the machine.
@@ -29,6 +30,28 @@ class InstalledDrivers
     // The value of a key of a driver, "" if there is no such driver or key. "Driver" is its library.
     [[nodiscard]] virtual std::string DriverSetting(const std::string& driver, const std::string& key) const = 0;
 };
+
+// A data source of the driver manager.
+struct OdbcDataSource
+{
+    std::string Name;
+    std::string
+        Driver; // the name under which its driver is set up, or its library's path if it is under none; may be ""
+};
+
+// All that the driver manager knows.
+class DriverManager : public InstalledDrivers
+{
+  public:
+    // Every data source, in the driver manager's order. Empty if there is none or the driver manager does not answer.
+    [[nodiscard]] virtual std::vector<OdbcDataSource> DataSources() const = 0;
+
+    // The name of every driver that is set up, likewise.
+    [[nodiscard]] virtual std::vector<std::string> Drivers() const = 0;
+};
+
+// The profile of a driver by its name or its library's path; the general one for a name that is not set up.
+[[nodiscard]] const DriverProfile& ProfileOfDriver(const std::string& driver, const InstalledDrivers& installed);
 
 // What is handed to the driver manager.
 struct OdbcLogon
@@ -48,7 +71,8 @@ struct LogonRules
     std::chrono::seconds ConnectTimeout{15};
 };
 
-// Makes the driver manager's string of the user's. Throws DataSourceError, before any driver is loaded, for
+// Makes the driver manager's string of the user's. An empty login or password leaves that of a data source in force.
+// Throws DataSourceError, before any driver is loaded, for
 // - a provider other than that for ODBC;
 // - a string that names neither a data source nor a driver: the driver manager would pick one;
 // - a value that the driver can't be given, because it would read another one out of it;

@@ -66,6 +66,14 @@ std::string TakeValue(std::string_view& rest, const std::string& key)
 
 } // namespace
 
+std::string Braced(std::string_view value)
+{
+    std::string braced = "{";
+    for (const char c : value)
+        braced.append(c == '}' ? 2 : 1, c);
+    return braced + "}";
+}
+
 ConnectionString::ConnectionString(std::string_view text)
 {
     RefuseUnreadable(text);

@@ -44,4 +44,7 @@ class ConnectionString
     std::vector<ConnectionEntry> entries_;
 };
 
+// The value in braces, so that whatever it holds is read as part of it.
+[[nodiscard]] std::string Braced(std::string_view value);
+
 } // namespace veldrane

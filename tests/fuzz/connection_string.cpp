@@ -243,7 +243,9 @@ void CheckValuesArrive(const ConnectionString& given, const Pairs& arrived)
     auto next = arrived.begin();
     for (const ConnectionEntry& entry : given.Entries()) {
         const std::string key = Lower(entry.Key);
-        if (key == "provider" || (key == "dsn" && entry.Value.empty()))
+        const bool isIdle =
+            entry.Value.empty() && (key == "dsn" || (!given.Value("DSN").empty() && (key == "uid" || key == "pwd")));
+        if (key == "provider" || isIdle)
             continue;
         Require(next != arrived.end() && next->first == key, "keys arrive in their order");
         const bool isServer = key == "server" || key == "servername"; // its port may be taken off

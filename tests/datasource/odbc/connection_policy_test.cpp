@@ -95,6 +95,13 @@ TEST(OdbcLogon, AddsWhatPostgreSqlNeedsAndTakesThePortOffTheServer)
         "MaxVarcharSize=8000;");
 }
 
+TEST(OdbcLogon, LeavesADataSourceTheLoginThatIsNotGiven)
+{
+    EXPECT_EQ(OfProject("PROVIDER=MSDASQL;DSN=Files;UID=;PWD=;"), "DSN=Files;NoCreat=1;");
+    EXPECT_EQ(OfUser("DSN=Files;uid=ann;pwd=;"), "DSN=Files;uid=ann;NoCreat=1;");
+    EXPECT_EQ(OfUser("Driver=MariaDB Unicode;UID=;PWD=;"), "Driver=MariaDB Unicode;UID=;PWD=;CONN_TIMEOUT=7;");
+}
+
 TEST(OdbcLogon, WritesTheTimeLimitForMariaDbIntoTheString)
 {
     EXPECT_EQ(OfProject("Driver=MariaDB Unicode;Server=h,3307;UID=u;PWD={p}}q};"),
@@ -143,7 +150,7 @@ TEST(OdbcLogon, AProjectCannotHaveADatabaseFileMade)
 
 TEST(OdbcLogon, KeepsWhatTheDataSourceSaysOverWhatWouldBeAdded)
 {
-    EXPECT_EQ(OfProject("PROVIDER=MSDASQL;DSN=Shop;UID=;PWD=;"), "DSN=Shop;UID=;PWD=;MaxVarcharSize=8000;");
+    EXPECT_EQ(OfProject("PROVIDER=MSDASQL;DSN=Shop;UID=;PWD=;"), "DSN=Shop;MaxVarcharSize=8000;");
 }
 
 TEST(OdbcLogon, LetsASecondPasswordStand)

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "datasource/catalog.h"
-#include "datasource/connection_policy.h"
+#include "datasource/open_data_source.h"
 #include "generator/generation_settings.h"
 #include "ports/clock.h"
 #include "ports/error_report.h"
@@ -16,10 +15,6 @@
 #include <string>
 
 namespace veldrane {
-
-// Opens a data source. Throws DataSourceError with the driver's own words.
-using OpenDataSource =
-    std::function<std::unique_ptr<DataSourceConnection>(const std::string& text, StringOrigin origin)>;
 
 // Lines for whoever watches the run; nothing where nobody does.
 using ShowProgress = std::function<void(int percent, const std::string& line)>;

@@ -5,6 +5,7 @@
 #include "text/strings.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace veldrane {
 namespace {
@@ -43,6 +44,8 @@ PlatformSettings ReadPlatformSettings(const RegistryAccess& settings)
     read.ConnectTimeout = Seconds(settings, "ConnectTimeout", read.ConnectTimeout);
     read.StatementTimeout = Seconds(settings, "StatementTimeout", read.StatementTimeout);
     read.VisualBasicCommand = Value(settings, "VisualBasicCommand");
+    if (std::string driver = Value(settings, "TdsDriver"); !driver.empty())
+        read.TdsDriver = std::move(driver);
     return read;
 }
 

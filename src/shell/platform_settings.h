@@ -15,6 +15,7 @@ struct PlatformSettings
     std::chrono::seconds ConnectTimeout{15};
     std::chrono::seconds StatementTimeout{60};
     std::string VisualBasicCommand;
+    std::string TdsDriver{"FreeTDS"}; // the ODBC driver that reaches SQL Server
 };
 
 // Reads them. A time that is no positive number counts as not set, one of more than a

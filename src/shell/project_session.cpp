@@ -19,7 +19,7 @@ void ProjectSession::StartDocument(DataSourceOnOpen dataSource)
     connectionChanged_ = Connection();
     if (dataSource == DataSourceOnOpen::Connect)
         connectionChanged_ = Project().ProjectConnectionChanged.Connect([this](const std::string& text) {
-            if (!text.empty())
+            if (!text.empty() && !IsOpenOn(text))
                 ConnectDataSource(StringOrigin::ProjectFile);
         });
 }
@@ -48,6 +48,13 @@ bool ProjectSession::Save()
     TTCFileManagement files(application_.Files, application_.Asking, application_.Errors,
                             application_.State.Generation.CodePage);
     return files.SaveProject(Project(), Classes());
+}
+
+// The connection dialog hands over what it has opened, as the user's own word, with the string.
+bool ProjectSession::IsOpenOn(const std::string& text)
+{
+    return ActiveConnection() != nullptr && ActiveConnection()->IsOpen() &&
+           ActiveConnection()->ConnectionString() == text;
 }
 
 bool ProjectSession::ConnectDataSource(StringOrigin origin)

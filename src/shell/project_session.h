@@ -16,7 +16,8 @@ enum class DataSourceOnOpen
 };
 
 // The project of a session, and the one connection that everything which reads a catalog shares. Assigning a changed
-// connection string to the project opens the data source; a failure is reported, and the project goes on without one.
+// connection string to the project opens the data source unless it is open already; a failure is reported, and the
+// project goes on without one.
 class ProjectSession
 {
   public:
@@ -45,6 +46,7 @@ class ProjectSession
 
   private:
     void StartDocument(DataSourceOnOpen dataSource);
+    [[nodiscard]] bool IsOpenOn(const std::string& text);
 
     const Application& application_;
     std::unique_ptr<Document> document_;

@@ -16,6 +16,7 @@ TEST(PlatformSettings, HaveDefaults)
     EXPECT_EQ(read.ConnectTimeout.count(), 15);
     EXPECT_EQ(read.StatementTimeout.count(), 60);
     EXPECT_EQ(read.VisualBasicCommand, "");
+    EXPECT_EQ(read.TdsDriver, "FreeTDS");
 }
 
 TEST(PlatformSettings, AreReadFromTheirSection)
@@ -25,7 +26,9 @@ TEST(PlatformSettings, AreReadFromTheirSection)
     settings.SaveSetting(settings_section::kPlatform, "ConnectTimeout", "3");
     settings.SaveSetting(settings_section::kPlatform, "StatementTimeout", "120");
     settings.SaveSetting(settings_section::kPlatform, "VisualBasicCommand", "wine \"C:\\VB98\\VB6.EXE\" \"%1\"");
+    settings.SaveSetting(settings_section::kPlatform, "TdsDriver", " My TDS ");
     const PlatformSettings read = ReadPlatformSettings(settings);
+    EXPECT_EQ(read.TdsDriver, "My TDS");
     EXPECT_EQ(read.CodePage.Number(), 1250);
     EXPECT_EQ(read.ConnectTimeout.count(), 3);
     EXPECT_EQ(read.StatementTimeout.count(), 120);

@@ -32,9 +32,20 @@ TEST(ProjectConnection, ReplacesTheFactsOfTheFormerOne)
     SetConnection(project, "DSN=Shop;UID=ann;");
     SetConnection(project, "PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=/data/a.mdb;USER ID=Admin;PASSWORD=;");
     EXPECT_EQ(project.DataSourceName, "");
+    EXPECT_EQ(project.DataSourceDriver, "Microsoft.Jet.OLEDB.4.0");
     EXPECT_EQ(project.DataSourceDatabaseName, "/data/a.mdb");
     EXPECT_EQ(project.DataSourceLogin, "Admin");
     EXPECT_EQ(project.DataSource(), data_source_kind::kJet);
+}
+
+TEST(ProjectConnection, TheServerIsNoDatabase)
+{
+    TTCProject project;
+    SetConnection(project, "PROVIDER=SQLOLEDB;DSN=Ledger;Integrated Security=SSPI;Data Source=host;");
+    EXPECT_EQ(project.DataSourceDatabaseName, "");
+    SetConnection(project, "PROVIDER=SQLOLEDB;Driver=FreeTDS;Data Source=host;UID=ann;PWD=;Initial Catalog=main;");
+    EXPECT_EQ(project.DataSourceDatabaseName, "main");
+    EXPECT_EQ(project.DataSource(), data_source_kind::kSqlServer);
 }
 
 TEST(ProjectConnection, OnlyAJetFileMayStandBesideTheComponent)

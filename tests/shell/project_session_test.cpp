@@ -124,6 +124,15 @@ TEST_F(ProjectSessionTest, TheSameStringAndAnEmptyOneLeaveTheConnectionAsItIs)
     EXPECT_TRUE(session.ActiveConnection());
 }
 
+TEST_F(ProjectSessionTest, AStringThatIsOpenAlreadyIsNotOpenedAgain)
+{
+    OpenProjectOn("DSN=Shop;");
+    state.ActiveConnection = Connect("DSN=Other;", StringOrigin::CommandLine);
+    session.Project().SetConnectionString("DSN=Other;");
+    EXPECT_EQ(Log, (Texts{"open DSN=Shop;", "open for the user DSN=Other;", "close DSN=Shop;"}));
+    EXPECT_EQ(session.ActiveConnection()->ConnectionString(), "DSN=Other;");
+}
+
 TEST_F(ProjectSessionTest, AProjectWhoseDataSourceFailsStaysOpenWithoutOne)
 {
     Fails = true;

@@ -1,0 +1,18 @@
+#include "datasource/logon/edit_data_source.h"
+
+namespace veldrane {
+
+bool ConfirmEditDataSource(Messages& messages)
+{
+    const Question question{
+        .Title = "Edit DataSource Message",
+        .Text = "Warning! Changing DataSources may render this project unusable. Only change your data source if: \r\n"
+                "  1) The new DataSource has the same structure as the existing DataSource\r\n"
+                "OR 2) The existing DataSource is moving locations (i.e. to a different directory or server)\r\n\r\n"
+                "Are you sure you want to edit the DataSource?",
+        .Offered = Buttons::YesNo,
+        .Default = Answer::No};
+    return messages.Ask(question) == Answer::Yes;
+}
+
+} // namespace veldrane

@@ -1,0 +1,254 @@
+#include "datasource/logon/frm_odbc_logon.h"
+
+#include "datasource/logon/browse_filter.h"
+#include "datasource/logon/data_source_lists.h"
+#include "datasource/logon/logon_string.h"
+#include "datasource/logon/read_back.h"
+#include "text/case_folding.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace veldrane {
+namespace {
+
+constexpr std::string_view kModuleName = "frmODBCLogon";
+
+} // namespace
+
+frmODBCLogon::frmODBCLogon(TTCProject& project, LogonPurpose purpose, LogonMode mode, LogonSurroundings surroundings)
+    : project_(project), purpose_(purpose), mode_(mode), surroundings_(std::move(surroundings)),
+      providers_(kLogonProviders.begin(), kLogonProviders.end())
+{
+    SelectProvider(kJetProvider);
+}
+
+void frmODBCLogon::Load()
+{
+    GetDSNsAndDrivers();
+    chkConnectSameDirectory = project_.ConnectSameDirectory;
+    if (!pages_[logon_page::kOdbc].cmbDrivers.Rows.empty())
+        ReadConnectionString(mode_ == LogonMode::Normal ? project_.ConnectionString() : ConnectionString);
+}
+
+void frmODBCLogon::GetDSNsAndDrivers()
+{
+    FillDataSourceLists(pages_, surroundings_.Installed, surroundings_.TdsDriver);
+    LogonPage& odbc = pages_[logon_page::kOdbc];
+    LogonPage& sqlServer = pages_[logon_page::kSqlServer];
+    OfferFileOrServer(odbc, odbc.DriverName(), surroundings_.Installed);
+    OfferFileOrServer(sqlServer, sqlServer.DriverName(), surroundings_.Installed);
+    if (odbc.cmbDrivers.Rows.empty()) {
+        odbc.fraConnectEnabled = false;
+        surroundings_.Asking.Tell(
+            "No Drivers Found",
+            "There are no Datasource Drivers installed on this machine. Please install MDAC 2.1 from https://www.unixodbc.org/drivers.html or, in its place, the ODBC drivers that your distribution has; on Debian: apt install libsqliteodbc odbc-postgresql odbc-mariadb tdsodbc",
+            MessageIcon::Critical);
+    }
+    if (sqlServer.cmbDrivers.Rows.empty()) {
+        std::erase_if(providers_, [](const LogonProvider& each) { return each.Key == kSqlServerProvider; });
+        sqlServer.fraConnectEnabled = false;
+    }
+}
+
+// A provider that is not offered has no page for what stands behind it: on another page a server would be taken for a
+// file.
+void frmODBCLogon::ReadConnectionString(const std::string& text)
+{
+    std::vector<ConnectionEntry> ofPage;
+    const auto readPage = [&] {
+        ReadBack(Page(), page_, ofPage, surroundings_.Installed, surroundings_.Asking);
+        ofPage.clear();
+    };
+    for (const ConnectionEntry& entry : ReadableEntries(text)) {
+        if (!text::EqualFolded(entry.Key, "PROVIDER")) {
+            ofPage.push_back(entry);
+            continue;
+        }
+        readPage();
+        if (!SelectProvider(entry.Value))
+            return;
+    }
+    readPage();
+}
+
+bool frmODBCLogon::SelectProvider(std::string_view key)
+{
+    const auto found = std::find_if(providers_.begin(), providers_.end(),
+                                    [&](const LogonProvider& each) { return text::EqualFolded(each.Key, key); });
+    if (found == providers_.end())
+        return false;
+    cmbProviders_Click(static_cast<std::size_t>(found - providers_.begin()));
+    return true;
+}
+
+void frmODBCLogon::cmbProviders_Click(std::size_t row)
+{
+    if (row >= providers_.size())
+        return;
+    provider_ = row;
+    page_ = Provider().Page;
+    if (page_ == logon_page::kOdbc)
+        optUseDSN_Click();
+}
+
+void frmODBCLogon::tabMain_Click(std::size_t page)
+{
+    const auto found = std::find_if(providers_.begin(), providers_.end(),
+                                    [&](const LogonProvider& each) { return each.Page == page; });
+    if (found == providers_.end())
+        return;
+    provider_ = static_cast<std::size_t>(found - providers_.begin());
+    page_ = page;
+}
+
+void frmODBCLogon::cmbDSN_Click(std::size_t row)
+{
+    if (row >= Page().cmbDSN.Rows.size())
+        return;
+    Page().cmbDSN.Selected = row;
+    OfferFileOrServer(Page(), Page().cmbDSN.Tag(), surroundings_.Installed);
+}
+
+void frmODBCLogon::cmbDrivers_Click(std::size_t row)
+{
+    if (row >= Page().cmbDrivers.Rows.size())
+        return;
+    Page().cmbDrivers.Selected = row;
+    OfferFileOrServer(Page(), Page().cmbDrivers.Text(), surroundings_.Installed);
+}
+
+void frmODBCLogon::optUseDSN_Click()
+{
+    Choose(Target::DataSource);
+}
+
+void frmODBCLogon::optDSNLess_Click()
+{
+    Choose(Target::Driver);
+}
+
+void frmODBCLogon::Choose(Target target)
+{
+    if (page_ == logon_page::kJet)
+        return;
+    Page().optUseDSN = target == Target::DataSource;
+    OfferFileOrServer(Page(), Page().DriverName(), surroundings_.Installed);
+}
+
+void frmODBCLogon::cmdBrowse_Click()
+{
+    const std::string filter = page_ == logon_page::kJet
+                                   ? "Microsoft Access Databases|*.mdb|All Files|*.*"
+                                   : BrowseFilter(Page().DriverName(), surroundings_.Installed, surroundings_.Asking);
+    const auto path = surroundings_.Files.AskForFileToOpen(
+        {.Title = "Select DataSource File", .Filter = filter, .DefaultName = Page().txtDatabase});
+    if (path)
+        Page().txtDatabase = *path;
+}
+
+void frmODBCLogon::cmdOK_Click()
+{
+    focus_.clear();
+    if (!MayContinue())
+        return;
+    const Logon logon = FinishedLogon();
+    if (mode_ == LogonMode::Normal)
+        FinishForProject(logon);
+    else
+        FinishForCaller(logon);
+}
+
+bool frmODBCLogon::MayContinue()
+{
+    if (page_ == logon_page::kJet) {
+        if (!Page().txtDatabase.empty())
+            return true;
+        surroundings_.Asking.Tell("Invalid Datasource Name", "Please select a datasource.");
+        return false;
+    }
+    if (Page().optUseDSN || Page().cmbDrivers.SelectedRow() != nullptr)
+        return true;
+    surroundings_.Asking.Tell("No Driver Specified", "Please select a database driver before continuing.");
+    focus_ = "cmbDrivers";
+    return false;
+}
+
+Logon frmODBCLogon::FinishedLogon() const
+{
+    const LogonPage& page = pages_.at(page_);
+    Logon logon{.ConnectionString = BuildLogonString(Provider(), page),
+                .DataSourceName = "",
+                .DataSourceDriver = page.DriverName(),
+                .DataSourceDatabaseName = page.txtDatabase,
+                .DataSourceLogin = page.txtUID};
+    if (page_ == logon_page::kJet) {
+        logon.DataSourceDriver = kJetProvider;
+        logon.ConnectSameDirectory = chkConnectSameDirectory;
+        return logon;
+    }
+    if (page.optUseDSN)
+        logon.DataSourceName = page.cmbDSN.Text();
+    if (page_ == logon_page::kSqlServer)
+        logon.DataSourceDriver = page.cmbDrivers.Text();
+    return logon;
+}
+
+void frmODBCLogon::FinishForProject(const Logon& logon)
+{
+    CloseShared();
+    std::unique_ptr<DataSourceConnection> opened = TryOut(logon.ConnectionString);
+    if (!opened)
+        return;
+    surroundings_.ActiveConnection = std::move(opened);
+    closedString_.clear();
+    StoreLogon(project_, logon);
+    project_.SetModified(true);
+    state_ = DialogState::Closed;
+}
+
+// The shared connection stays the project's: nobody would open that again, and a reader of the catalog would find
+// another database behind it.
+void frmODBCLogon::FinishForCaller(const Logon& logon)
+{
+    if (!TryOut(logon.ConnectionString))
+        return;
+    ConnectionString = logon.ConnectionString;
+    state_ = DialogState::Hidden;
+}
+
+std::unique_ptr<DataSourceConnection> frmODBCLogon::TryOut(const std::string& text)
+{
+    std::unique_ptr<DataSourceConnection> opened;
+    Guarded(surroundings_.Errors, kModuleName, "cmdOK_Click", [&] {
+        const PointerWhile hourglass(surroundings_.Pointer, PointerShape::Hourglass);
+        opened = surroundings_.Connect(text, StringOrigin::CommandLine);
+    });
+    return opened;
+}
+
+void frmODBCLogon::CloseShared()
+{
+    DataSourceConnection* shared = surroundings_.ActiveConnection.get();
+    if (shared == nullptr || !shared->IsOpen())
+        return;
+    closedString_ = shared->ConnectionString();
+    try {
+        shared->Close();
+    } catch (const RuntimeError&) {
+        // Whatever is wrong with a connection that is given up is no concern of the next one.
+    }
+}
+
+void frmODBCLogon::cmdCancel_Click()
+{
+    state_ = DialogState::Closed;
+    if (closedString_.empty() || !surroundings_.ActiveConnection)
+        return;
+    Guarded(surroundings_.Errors, kModuleName, "cmdCancel_Click", [&] {
+        const PointerWhile hourglass(surroundings_.Pointer, PointerShape::Hourglass);
+        surroundings_.ActiveConnection->Open(std::exchange(closedString_, ""));
+    });
+}
+
+} // namespace veldrane

@@ -1,0 +1,152 @@
+#include "logon_fixture.h"
+
+namespace veldrane {
+namespace {
+
+class LogonBrowse : public LogonTest
+{
+  protected:
+    // The filter offered for the driver of the ODBC page.
+    std::string FilterFor(const std::string& driver)
+    {
+        installed.Libraries[driver];
+        const auto dialog = LoadedAt("MSDASQL");
+        dialog->optDSNLess_Click();
+        SelectDriver(*dialog, driver);
+        dialog->cmdBrowse_Click();
+        return files.AskedToOpen().back().Filter;
+    }
+
+    void ExpectNoFilterSaid()
+    {
+        ASSERT_EQ(messages.Asked().size(), 1U);
+        EXPECT_EQ(messages.Asked().front().Text, "Unable to determine file type. No Filter will be applied.");
+    }
+};
+
+TEST_F(LogonBrowse, ADriverOfFilesOffersAFileAndAnyOtherAServer)
+{
+    const auto dialog = LoadedAt("MSDASQL");
+    EXPECT_FALSE(dialog->Page().cmdBrowseEnabled);
+    EXPECT_TRUE(dialog->Page().txtServerEnabled);
+    for (const char* ofFiles : {"Old Files", "Größe; {neu}"}) {
+        SelectDSN(*dialog, ofFiles);
+        EXPECT_TRUE(dialog->Page().cmdBrowseEnabled) << ofFiles;
+        EXPECT_FALSE(dialog->Page().txtServerEnabled) << ofFiles;
+    }
+    SelectDSN(*dialog, "Ledger");
+    EXPECT_FALSE(dialog->Page().cmdBrowseEnabled);
+    EXPECT_TRUE(dialog->Page().txtServerEnabled);
+    for (const char* ofFiles : {kAccess, "SQLite3"}) {
+        SelectDriver(*dialog, ofFiles);
+        EXPECT_TRUE(dialog->Page().cmdBrowseEnabled) << ofFiles;
+        EXPECT_FALSE(dialog->Page().txtServerEnabled) << ofFiles;
+    }
+    SelectDriver(*dialog, "MariaDB Unicode");
+    EXPECT_FALSE(dialog->Page().cmdBrowseEnabled);
+    EXPECT_TRUE(dialog->Page().txtServerEnabled);
+}
+
+TEST_F(LogonBrowse, SqlServerOffersAServerFromTheStart)
+{
+    const auto dialog = LoadedAt("SQLOLEDB");
+    EXPECT_FALSE(dialog->Page().cmdBrowseEnabled);
+    EXPECT_TRUE(dialog->Page().txtServerEnabled);
+}
+
+TEST_F(LogonBrowse, TheOptionsOfferWhatTheirSelectionReads)
+{
+    const auto dialog = LoadedAt("MSDASQL");
+    SelectDSN(*dialog, "Shop");
+    SelectDriver(*dialog, "SQLite3");
+    dialog->optUseDSN_Click();
+    EXPECT_TRUE(dialog->Page().txtServerEnabled);
+    dialog->optDSNLess_Click();
+    EXPECT_FALSE(dialog->Page().txtServerEnabled);
+}
+
+TEST_F(LogonBrowse, TheJetPageAlwaysOffersAFile)
+{
+    const auto dialog = Loaded();
+    EXPECT_TRUE(dialog->Page().cmdBrowseEnabled);
+    dialog->optDSNLess_Click();
+    dialog->cmbDSN_Click(0);
+    EXPECT_TRUE(dialog->Page().cmdBrowseEnabled);
+}
+
+TEST_F(LogonBrowse, OffersDatabasesOfJetOnItsPage)
+{
+    files = {"/data/Größe; neu.mdb"};
+    const auto dialog = Loaded();
+    dialog->Page().txtDatabase = "/data/old.mdb";
+    dialog->cmdBrowse_Click();
+    ASSERT_EQ(files.AskedToOpen().size(), 1U);
+    EXPECT_EQ(files.AskedToOpen().front().Title, "Select DataSource File");
+    EXPECT_EQ(files.AskedToOpen().front().Filter, "Microsoft Access Databases|*.mdb|All Files|*.*");
+    EXPECT_EQ(files.AskedToOpen().front().DefaultName, "/data/old.mdb");
+    EXPECT_EQ(dialog->Page().txtDatabase, "/data/Größe; neu.mdb");
+    EXPECT_EQ(dialog->Pages()[0].txtDatabase, "");
+    EXPECT_TRUE(messages.Asked().empty());
+}
+
+TEST_F(LogonBrowse, CancelKeepsThePath)
+{
+    files = {std::nullopt};
+    const auto dialog = Loaded();
+    dialog->Page().txtDatabase = "/data/old.mdb";
+    dialog->cmdBrowse_Click();
+    EXPECT_EQ(dialog->Page().txtDatabase, "/data/old.mdb");
+}
+
+TEST_F(LogonBrowse, ReadsTheFileTypeOutOfTheDriversName)
+{
+    // The blank before the bracket belongs to the file type.
+    EXPECT_EQ(FilterFor(kAccess), "Microsoft Access Files |*.mdb|All Files|*.*");
+    EXPECT_EQ(FilterFor("Text Driver (*.txt; *.csv)"), "Text Files |*.txt; *.csv|All Files|*.*");
+    EXPECT_EQ(FilterFor("Größen(*.größe)"), "Größen|*.größe|All Files|*.*");
+    EXPECT_TRUE(messages.Asked().empty());
+}
+
+TEST_F(LogonBrowse, ReadsTheFileTypeOutOfTheDriverOfADataSource)
+{
+    const auto dialog = LoadedAt("MSDASQL");
+    SelectDSN(*dialog, "Old Files");
+    dialog->cmdBrowse_Click();
+    EXPECT_EQ(files.AskedToOpen().back().Filter, "Microsoft Access Files |*.mdb|All Files|*.*");
+}
+
+TEST_F(LogonBrowse, OffersDatabasesOfSqliteForItsDriver)
+{
+    EXPECT_EQ(FilterFor("SQLite3"), "SQLite Databases|*.db;*.sqlite;*.sqlite3|All Files|*.*");
+    EXPECT_TRUE(messages.Asked().empty());
+}
+
+TEST_F(LogonBrowse, SaysThatANameTellsNoFileType)
+{
+    EXPECT_EQ(FilterFor("MariaDB Unicode"), "All Files|*.*");
+    ExpectNoFilterSaid();
+}
+
+TEST_F(LogonBrowse, SaysThatANameWithTwoBracketsTellsNoFileType)
+{
+    EXPECT_EQ(FilterFor("Old (very) Driver (*.old)"), "All Files|*.*");
+    ExpectNoFilterSaid();
+}
+
+TEST_F(LogonBrowse, SaysThatABracketAloneTellsNoFileType)
+{
+    EXPECT_EQ(FilterFor("(*.old)"), "All Files|*.*");
+    ExpectNoFilterSaid();
+}
+
+TEST_F(LogonBrowse, SaysThatNoDriverTellsNoFileType)
+{
+    installed.Sources.clear();
+    const auto dialog = LoadedAt("MSDASQL");
+    dialog->cmdBrowse_Click();
+    EXPECT_EQ(files.AskedToOpen().back().Filter, "All Files|*.*");
+    ExpectNoFilterSaid();
+}
+
+} // namespace
+} // namespace veldrane

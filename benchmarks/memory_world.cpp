@@ -58,6 +58,7 @@ std::string DefineInMemory(const std::vector<SchemaTable>& schema)
 {
     MemoryWorld world;
     ModuleState state;
+    NoProgress progress;
     const Application application{
         .UserSettings = world.UserSettings,
         .Asking = world.Messages,
@@ -70,7 +71,7 @@ std::string DefineInMemory(const std::vector<SchemaTable>& schema)
         .State = state,
         .Output = world.Output,
         .ErrorOutput = world.Output,
-        .Progress = [](int /*percent*/, const std::string& /*line*/) {},
+        .Progress = progress,
     };
     const DefineCommand command{
         .File = kProjectPath,

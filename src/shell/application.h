@@ -8,6 +8,7 @@
 #include "ports/messages.h"
 #include "ports/process_starter.h"
 #include "ports/settings.h"
+#include "shell/progress.h"
 
 #include <functional>
 #include <memory>
@@ -15,9 +16,6 @@
 #include <string>
 
 namespace veldrane {
-
-// Lines for whoever watches the run; nothing where nobody does.
-using ShowProgress = std::function<void(int percent, const std::string& line)>;
 
 // What there is one of, from start-up to the end.
 struct ModuleState
@@ -41,7 +39,7 @@ struct Application
     ModuleState& State;
     std::ostream& Output;
     std::ostream& ErrorOutput;
-    ShowProgress Progress;
+    veldrane::Progress& Progress;
 };
 
 // Exit codes of the program.

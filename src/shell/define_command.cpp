@@ -1,18 +1,16 @@
-#include "datasource/class_names.h"
-#include "datasource/collection_rule.h"
 #include "datasource/naming.h"
-#include "datasource/table_to_class.h"
 #include "model/xml_assist.h"
 #include "projectfile/project_settings.h"
+#include "shell/attentive_catalog.h"
 #include "shell/commands.h"
+#include "shell/define_classes.h"
 #include "shell/open_project_file.h"
 #include "shell/platform/console_text.h"
 #include "shell/platform/paths.h"
 #include "shell/project_connection.h"
-#include "text/case_folding.h"
+#include "shell/remembered_reports.h"
 
 #include <filesystem>
-#include <unordered_map>
 
 namespace veldrane {
 namespace {
@@ -23,19 +21,20 @@ class DefineRun
 {
   public:
     DefineRun(const Application& application, const DefineCommand& command)
-        : application_(application), command_(command), path_(PathFromRoot(command.File)), session_(application)
+        : application_(application), command_(command), path_(PathFromRoot(command.File)), session_(application),
+          reports_(application.Errors)
     {}
 
     int Run()
     {
         if (!StartProject() || !ApplySettings() || !NameFits() || !ConnectDataSource())
             return exit_code::kFailed;
-        if (session_.ActiveConnection() != nullptr &&
-            !Guarded(application_.Errors, "Veldrane", "define", [&] { DefineClasses(); }))
+        if (session_.ActiveConnection() != nullptr && !ReadDataSource())
             return exit_code::kFailed;
         if (!session_.Save())
             return exit_code::kFailed;
-        return leftOut_ ? exit_code::kFailed : exit_code::kDone;
+        application_.Progress.Stage(100, "The project is in " + path_);
+        return leftOut_ || reports_.Any() ? exit_code::kFailed : exit_code::kDone;
     }
 
   private:
@@ -118,141 +117,31 @@ class DefineRun
         return session_.ConnectDataSource(StringOrigin::CommandLine);
     }
 
-    void DefineClasses()
+    // False if nothing can be saved: the catalog can't be read, or not to its end.
+    bool ReadDataSource()
     {
-        catalog_ = session_.ActiveConnection()->OpenCatalog();
-        catalog_->ExpectManyTables();
-        ListClassTables();
-        RefreshClasses();
-        const DefinePlan plan = PlanDefinition(catalog_->Tables(), command_.Request,
-                                               [this](const std::string& table) { return RelatedTablesOf(table); });
-        for (const std::string& name : plan.Unknown)
-            Refuse("the data source has no table or view named '" + name + "'.");
-        std::size_t done = 0;
-        for (const PlannedClass& planned : plan.Classes) {
-            AddPlanned(planned);
-            application_.Progress(static_cast<int>(100 * ++done / plan.Classes.size()), planned.TableName);
-        }
-        catalog_.reset();
-    }
-
-    std::vector<std::string> RelatedTablesOf(const std::string& table)
-    {
-        std::vector<std::string> related;
         try {
-            for (const CatalogKey& key : catalog_->Keys(table))
-                if (key.Type == catalog_key_type::kForeign)
-                    related.push_back(key.RelatedTable);
-        } catch (const DataSourceError& error) {
-            if (error.Number != data_source_error::kNotSupported)
-                throw;
+            return Guarded(reports_, "Veldrane", "define", [&] {
+                AttentiveCatalog catalog(session_.ActiveConnection()->OpenCatalog());
+                leftOut_ = !DefineClasses({.Application = application_,
+                                           .Command = command_,
+                                           .Session = session_,
+                                           .Source = catalog,
+                                           .Errors = reports_});
+            });
+        } catch (const ConnectionLost& lost) {
+            reports_.ReportError(lost.Reason, {.ModuleName = "Veldrane",
+                                               .RoutineName = "define",
+                                               .Hint = "Nothing was written to " + path_ + ": run the command again."});
         }
-        return related;
-    }
-
-    void ListClassTables()
-    {
-        for (const KZMClass& item : session_.Classes())
-            if (!item.TableName.empty())
-                classesByTable_.try_emplace(text::Fold(item.TableName), item.ClassName);
-    }
-
-    ClassEdit EditOf(KZMClass& item)
-    {
-        return {.Class = item,
-                .Source = catalog_.get(),
-                .Messages = application_.Asking,
-                .Errors = application_.Errors,
-                .CodePage = application_.State.Generation.CodePage};
-    }
-
-    void RefreshClasses()
-    {
-        for (KZMClass& item : session_.Classes()) {
-            if (item.TableName.empty())
-                continue;
-            ClassEdit edit = EditOf(item);
-            if (RefreshClass(edit) != FieldsOutcome::Read)
-                Refuse("the class " + item.ClassName + " stays as it was: its table '" + item.TableName +
-                       "' could not be read.");
-            leftOut_ = leftOut_ || edit.FieldLeftOut;
-        }
-    }
-
-    void AddPlanned(const PlannedClass& planned)
-    {
-        const std::string leftOut = "'" + planned.TableName + "' is left out.";
-        if (classesByTable_.contains(text::Fold(planned.TableName)))
-            return;
-        const std::string parent = planned.Place == PlannedPlace::Child ? ParentClassOf(planned) : "";
-        if (planned.Place == PlannedPlace::Child && parent.empty())
-            return Refuse("there is no class or table '" + planned.Parent +
-                          "' in the project to stand above: " + leftOut);
-        if (!AddClass(planned, parent))
-            Refuse(leftOut);
-    }
-
-    // The class with this name, else the class of the table with this name.
-    std::string ParentClassOf(const PlannedClass& planned)
-    {
-        if (const auto item = session_.Classes().Item(planned.Parent))
-            return item->ClassName;
-        const auto found = classesByTable_.find(text::Fold(planned.Parent));
-        return found == classesByTable_.end() ? "" : found->second;
-    }
-
-    bool AddClass(const PlannedClass& planned, const std::string& parent)
-    {
-        const auto item = std::make_shared<KZMClass>();
-        ClassEdit edit = EditOf(*item);
-        const BuildOutcome outcome =
-            BuildClass(edit,
-                       {.TableName = planned.TableName,
-                        .ParentClassName = parent,
-                        .Place = PlacementOf(planned.Place),
-                        .Access = planned.IsView ? ClassAccess::ReadOnly : ClassAccess::Updatable},
-                       session_.Classes());
-        if (outcome != BuildOutcome::Built)
-            return false;
-        if (command_.Collections && IsRootClass(*item)) {
-            item->CreateCollection = true;
-            ChangeCollectionBox(*item, CollectionBox::Ticked, Buttons::OkCancel, application_.Asking);
-        }
-        const ProjectNames names{.Project = Project(),
-                                 .Classes = session_.Classes(),
-                                 .Messages = application_.Asking,
-                                 .Errors = application_.Errors,
-                                 .CodePage = application_.State.Generation.CodePage};
-        ClassForm form = FormOf(*item);
-        if (CheckNames(form, {}, names) != NameCheck::Accepted)
-            return false;
-        StoreForm(form, *item);
-        if (!AddClassToProject(item, names))
-            return false;
-        classesByTable_.try_emplace(text::Fold(item->TableName), item->ClassName);
-        leftOut_ = leftOut_ || edit.FieldLeftOut;
-        return true;
-    }
-
-    static Placement PlacementOf(PlannedPlace place)
-    {
-        switch (place) {
-        case PlannedPlace::Child:
-            return Placement::UnderParent;
-        case PlannedPlace::Lookup:
-            return Placement::Lookup;
-        case PlannedPlace::Root:
-            break;
-        }
-        return Placement::Root;
+        return false;
     }
 
     const Application& application_;
     const DefineCommand& command_;
     const std::string path_;
     ProjectSession session_;
-    std::unique_ptr<Catalog> catalog_;
-    std::unordered_map<std::string, std::string> classesByTable_; // folded table name to class name
+    RememberedReports reports_;
     bool leftOut_ = false;
 };
 

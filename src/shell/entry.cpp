@@ -13,9 +13,10 @@
 #include "shell/platform/system_clock.h"
 #include "shell/platform_settings.h"
 #include "shell/preview_colors.h"
+#include "shell/terminal_progress.h"
 
 #include <exception>
-#include <iomanip>
+#include <memory>
 #include <variant>
 
 namespace veldrane {
@@ -57,13 +58,11 @@ ConsoleMessages::AnswersByTitle ToldAnswers(const Command& command)
     return {{"Choose Retrieval Method", answer}, {"Add Delete Method to Class", answer}};
 }
 
-ShowProgress ProgressOn(const ProgramStreams& streams)
+std::unique_ptr<Progress> ProgressOn(const ProgramStreams& streams, const Clock& time)
 {
-    if (!streams.ErrorOutputIsTerminal)
-        return [](int /*percent*/, const std::string& /*line*/) {};
-    return [&out = streams.ErrorOutput](int percent, const std::string& line) {
-        out << '[' << std::setw(3) << percent << "%] " << ConsoleLine(line) << '\n';
-    };
+    if (streams.ErrorOutputIsTerminal)
+        return std::make_unique<TerminalProgress>(streams.ErrorOutput, time);
+    return std::make_unique<NoProgress>();
 }
 
 int RunOn(const Application& application, const Command& command)
@@ -89,6 +88,7 @@ int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStrea
         return ADOErrorsOf(error, state.ActiveConnection.get());
     });
     SystemClock clock;
+    const std::unique_ptr<Progress> progress = ProgressOn(streams, clock);
     DetachedProcessStarter programs;
     SettingsFile settings(SettingsPath(), files, messages);
     const PlatformSettings platform = ReadPlatformSettings(settings);
@@ -110,13 +110,14 @@ int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStrea
                 std::make_unique<OdbcConnection>(OdbcConnectionOptions{.Origin = origin,
                                                                        .ConnectTimeout = platform.ConnectTimeout,
                                                                        .StatementTimeout = platform.StatementTimeout});
+            progress->Stage(0, "Connecting to the data source");
             connection->Open(text);
             return connection;
         },
         .State = state,
         .Output = streams.Output,
         .ErrorOutput = streams.ErrorOutput,
-        .Progress = ProgressOn(streams),
+        .Progress = *progress,
     };
     return RunOn(application, command);
 }

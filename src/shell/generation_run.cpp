@@ -3,8 +3,10 @@
 #include "generator/code_generation.h"
 #include "generator/compile_step.h"
 #include "shell/platform/paths.h"
+#include "shell/remembered_reports.h"
 
 #include <array>
+#include <utility>
 
 namespace veldrane {
 namespace {
@@ -28,25 +30,6 @@ class LeaveAndTell : public ConflictResolver
     Messages& messages_;
 };
 
-// Passes reports on and remembers that there was one: a run that goes on after a failure has not done all it was asked.
-class RememberedReports : public ErrorReport
-{
-  public:
-    explicit RememberedReports(ErrorReport& report) : report_(report) {}
-
-    void ReportError(const RuntimeError& error, const ErrorPlace& place) override
-    {
-        any_ = true;
-        report_.ReportError(error, place);
-    }
-
-    [[nodiscard]] bool Any() const { return any_; }
-
-  private:
-    ErrorReport& report_;
-    bool any_ = false;
-};
-
 // One generation run and how it ended.
 class GenerationRun
 {
@@ -64,8 +47,7 @@ class GenerationRun
     {
         connections_ = {
             generation_.Progress.Connect([this](int percent) { percent_ = percent; }),
-            generation_.StatusChanged.Connect(
-                [this](int /*stage*/, const std::string& line) { application_.Progress(percent_, line); }),
+            generation_.StatusChanged.Connect([this](int stage, const std::string& line) { Show(stage, line); }),
             generation_.OperationComplete.Connect([this](const std::string& message) { Complete(message); }),
             generation_.OperationAborted.Connect([this](const std::string& message) { Abort(message); }),
         };
@@ -75,11 +57,19 @@ class GenerationRun
     {
         generation_.GenerateCode(classes, target);
         if (exitCode_ == exit_code::kDone)
-            application_.Progress(percent_, "The project is in " + target.TargetFolder);
+            application_.Progress.Stage(percent_, "The project is in " + target.TargetFolder);
         return reports_.Any() || generation_.FilesShareNames ? exit_code::kFailed : exitCode_;
     }
 
   private:
+    void Show(int stage, const std::string& line)
+    {
+        if (std::exchange(stage_, stage) == stage)
+            application_.Progress.Step(percent_, line);
+        else
+            application_.Progress.Stage(percent_, line);
+    }
+
     void Complete(const std::string& message)
     {
         exitCode_ = message.find(kCompilationFailed) == std::string::npos ? exit_code::kDone : exit_code::kFailed;
@@ -99,6 +89,7 @@ class GenerationRun
     RememberedReports reports_;
     CodeGeneration generation_;
     std::array<Connection, 4> connections_;
+    int stage_ = 0;
     int percent_ = 0;
     int exitCode_ = exit_code::kFailed; // until the run says that it came to its end
 };

@@ -7,6 +7,7 @@ namespace veldrane {
 bool OpenProjectFile(const Application& application, ProjectSession& session, const std::string& path,
                      DataSourceOnOpen dataSource)
 {
+    application.Progress.Stage(0, "Reading the project " + path);
     const bool opened = session.Open(path, dataSource);
     if (!opened)
         application.ErrorOutput << "veldrane: " << ConsoleLine(path) << " was not opened, and nothing was written.\n";

@@ -1,13 +1,17 @@
 #include "program.h"
 
+#include "shell/entry.h"
 #include "text/strings.h"
 
 #include <gmock/gmock.h>
+
+#include <sstream>
 
 namespace veldrane {
 namespace {
 
 using testing::Ended;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::Not;
 using testing::Program;
@@ -47,6 +51,17 @@ struct Define : ::testing::Test
     Program Workspace;
     std::string Notes = Workspace.MakeDatabase("notes.db", kNotes);
 };
+
+TEST_F(Define, ShowsItsStagesOnATerminalAndNothingInAPipe)
+{
+    const std::vector<std::string> words{"define", Workspace.Path("Desk.kzm"), "--connection", Notes, "--all"};
+    std::ostringstream output;
+    std::ostringstream watched;
+    EXPECT_EQ(RunProgram(words, {.Output = output, .ErrorOutput = watched, .ErrorOutputIsTerminal = true}), 0);
+    EXPECT_THAT(watched.str(), StartsWith("[  0%] Connecting to the data source\n[  0%] Reading the catalog\n"));
+    EXPECT_THAT(watched.str(), ::testing::EndsWith("[100%] The project is in " + Workspace.Path("Desk.kzm") + "\n"));
+    EXPECT_EQ(Workspace.Run(words).ErrorOutput, "");
+}
 
 TEST_F(Define, MakesAProjectFromEveryTable)
 {
@@ -130,6 +145,18 @@ TEST_F(Define, IsSilentWhereTheCommandLineHasTheAnswers)
 {
     const Ended ended = Run({"--connection", Notes, "--table", "Notes"});
     EXPECT_EQ(ended.Output + ended.ErrorOutput, "");
+}
+
+TEST_F(Define, ShowsOnATerminalWhatItDoesFromTheFirstStepOn)
+{
+    ASSERT_EQ(Run({"--connection", Notes, "--all"}).ExitCode, 0);
+    const std::string path = Workspace.Path("Desk.kzm");
+    const Ended ended = Workspace.RunOnTerminal({"define", path});
+    EXPECT_EQ(ended.ExitCode, 0);
+    EXPECT_THAT(ended.ErrorOutput, StartsWith("[  0%] Reading the project " + path +
+                                              "\n[  0%] Connecting to the data source\n[  0%] Reading the catalog\n"));
+    EXPECT_THAT(ended.ErrorOutput, EndsWith("[100%] The project is in " + path + "\n"));
+    EXPECT_EQ(ended.Output, "");
 }
 
 TEST_F(Define, PrintsAQuestionWithTheAnswerTaken)

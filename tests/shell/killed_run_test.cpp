@@ -2,6 +2,7 @@
 // a kill can leave the folder is seen.
 
 #include "program.h"
+#include "shell/platform/temporary_registry.h"
 #include "support/child_process.h"
 #include "support/system_calls.h"
 
@@ -134,6 +135,28 @@ TEST_F(KilledRun, ThatDeletesFirstCanAlwaysBeMadeAgain)
         EXPECT_EQ(RunKilledAt(0, words), 0) << "killed at call " << call;
         EXPECT_EQ(Read(), whole) << "killed at call " << call;
     });
+}
+
+TEST_F(KilledRun, ThatIsInterruptedLeavesWholeFilesAndNoPrivateOnes)
+{
+    Reset({});
+    EXPECT_EQ(RunKilledAt(0), 0);
+    const Contents whole = Read();
+    int end = 128 + SIGINT;
+    for (int call = 1; end != 0; ++call) {
+        Reset({});
+        end = EndOf(StartChild([&] {
+            RemoveTemporariesOnSignal();
+            testing::KillAtCall(call, SIGINT);
+            return Workspace.Run({"generate", Project, Out}).ExitCode;
+        }));
+        EXPECT_TRUE(end == 0 || end == 128 + SIGINT) << end << ", interrupted at call " << call;
+        for (const fs::directory_entry& entry : fs::directory_iterator(Out)) {
+            const std::string name = entry.path().filename();
+            ASSERT_TRUE(whole.contains(name)) << name << ", interrupted at call " << call;
+            EXPECT_EQ(testing::BytesOf(entry.path()), whole.at(name)) << name << ", interrupted at call " << call;
+        }
+    }
 }
 
 TEST_F(KilledRun, OfDefineLeavesTheOldOrTheNewProjectWhole)

@@ -10,6 +10,25 @@
 #include <sstream>
 
 namespace veldrane::testing {
+namespace {
+
+enum class ErrorOutputIs
+{
+    Pipe,
+    Terminal,
+};
+
+Ended EndOf(const std::vector<std::string>& arguments, ErrorOutputIs kind)
+{
+    std::ostringstream output;
+    std::ostringstream errorOutput;
+    const int exitCode = RunProgram(
+        arguments,
+        {.Output = output, .ErrorOutput = errorOutput, .ErrorOutputIsTerminal = kind == ErrorOutputIs::Terminal});
+    return {.ExitCode = exitCode, .Output = output.str(), .ErrorOutput = errorOutput.str()};
+}
+
+} // namespace
 
 Program::Program()
 {
@@ -26,10 +45,12 @@ Program::~Program()
 
 Ended Program::Run(const std::vector<std::string>& arguments) const
 {
-    std::ostringstream output;
-    std::ostringstream errorOutput;
-    const int exitCode = RunProgram(arguments, {.Output = output, .ErrorOutput = errorOutput});
-    return {.ExitCode = exitCode, .Output = output.str(), .ErrorOutput = errorOutput.str()};
+    return EndOf(arguments, ErrorOutputIs::Pipe);
+}
+
+Ended Program::RunOnTerminal(const std::vector<std::string>& arguments) const
+{
+    return EndOf(arguments, ErrorOutputIs::Terminal);
 }
 
 std::string Program::MakeDatabase(const std::string& name, const std::string& sql) const

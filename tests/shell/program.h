@@ -26,6 +26,9 @@ class Program
 
     [[nodiscard]] Ended Run(const std::vector<std::string>& arguments) const;
 
+    // A run whose error output is a terminal.
+    [[nodiscard]] Ended RunOnTerminal(const std::vector<std::string>& arguments) const;
+
     // A path in the folder.
     [[nodiscard]] std::string Path(const std::string& name) const { return (folder_ / name).string(); }
 

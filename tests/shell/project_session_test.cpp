@@ -69,6 +69,7 @@ class ProjectSessionTest : public ::testing::Test
     testing::RecordedProcesses processes;
     std::ostringstream output;
     ModuleState state;
+    NoProgress Unwatched;
     Application application{
         .UserSettings = settings,
         .Asking = messages,
@@ -80,7 +81,7 @@ class ProjectSessionTest : public ::testing::Test
         .State = state,
         .Output = output,
         .ErrorOutput = output,
-        .Progress = [](int, const std::string&) {}};
+        .Progress = Unwatched};
     ProjectSession session{application};
 };
 

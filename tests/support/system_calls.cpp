@@ -20,11 +20,12 @@ bool halting = false;
 bool interrupted = false;
 CallLog* log = nullptr;
 int callsToKill = 0; // 0 for never
+int signalAtCall = SIGKILL;
 
 void CountToKill()
 {
     if (callsToKill > 0 && --callsToKill == 0)
-        raise(SIGKILL);
+        raise(signalAtCall);
 }
 
 bool Fails(SystemCall call, const char* name)
@@ -50,9 +51,10 @@ FailingCall::~FailingCall()
     failure.reset();
 }
 
-void KillAtCall(int number)
+void KillAtCall(int number, int signal)
 {
     callsToKill = number;
+    signalAtCall = signal;
 }
 
 HaltingWrites::HaltingWrites()

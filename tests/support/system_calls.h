@@ -1,5 +1,6 @@
 #pragma once
 
+#include <csignal>
 #include <string>
 #include <vector>
 
@@ -24,9 +25,9 @@ class FailingCall
     FailingCall& operator=(const FailingCall&) = delete;
 };
 
-// From now on the process kills itself (SIGKILL) at the given call, the first being 1, of all those behind a switch and
-// of openat, unlink, unlinkat and write: before the call is made.
-void KillAtCall(int number);
+// From now on the process kills itself, or raises another signal, at the given call, the first being 1, of all those
+// behind a switch and of openat, unlink, unlinkat and write: before the call is made.
+void KillAtCall(int number, int signal = SIGKILL);
 
 // While it lives, writes take one byte at a time, and every second one is interrupted before it took any.
 class HaltingWrites

@@ -28,8 +28,9 @@ constexpr auto kUsages = std::to_array<CommandUsage>({
     {"", "veldrane tables | define | generate | preview  (veldrane COMMAND --help tells more)\n"
          "       veldrane /C [/DEBUG] [/DELETE] [/NOSPLASH] FILE.kzm [FOLDER]"},
     {"tables", "veldrane tables --connection STRING"},
-    {"define", "veldrane define FILE.kzm [--connection STRING] [--table NAME[=PARENT]]... [--lookup NAME]... [--all] "
-               "[--collections] [--by identity|primary-key] [--set NAME=VALUE]..."},
+    {"define",
+     "veldrane define FILE.kzm [--connection STRING] [--table NAME[=PARENT]]... [--lookup NAME]... "
+     "[--procedure NAME[=CLASS]]... [--all] [--collections] [--by identity|primary-key] [--set NAME=VALUE]..."},
     {"generate", "veldrane generate FILE.kzm FOLDER [--overwrite prompt|leave|backup] [--compile]"},
     {"preview", "veldrane preview FILE.kzm NODE"},
 });
@@ -216,6 +217,10 @@ class Parser
         AddTexts(*command, "--table", define_.Request.Tables,
                  "A table or view to make a class of, under a class or table PARENT", "NAME[=PARENT]");
         AddTexts(*command, "--lookup", define_.Request.Lookups, "A table to make a lookup class of", "NAME");
+        AddTexts(*command, "--procedure", define_.Procedures,
+                 "A stored procedure to make a method of, in a class or the class of a table CLASS, else in the class "
+                 "StoredProcedures",
+                 "NAME[=CLASS]");
         command->add_flag("--all", define_.Request.All, "Every table, parents first");
         command->add_flag("--collections", define_.Collections, "Give root and lookup classes a collection too");
         AddChoice(*command, "--by", define_.By, kRowIdentifiers,

@@ -29,7 +29,8 @@ struct DefineCommand
     std::string File;
     std::string Connection; // "" for the project's own
     DefineRequest Request;
-    bool Collections = false; // root and lookup classes get a collection too
+    std::vector<std::string> Procedures; // NAME or NAME=CLASS
+    bool Collections = false;            // root and lookup classes get a collection too
     RowIdentifier By = RowIdentifier::Identity;
     std::vector<std::pair<std::string, std::string>> Settings; // by their names in the file
 };

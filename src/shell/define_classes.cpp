@@ -3,6 +3,7 @@
 #include "datasource/collection_rule.h"
 #include "datasource/table_to_class.h"
 #include "shell/define_plan.h"
+#include "shell/define_procedures.h"
 #include "shell/hidden_tables.h"
 #include "shell/platform/console_text.h"
 #include "text/case_folding.h"
@@ -36,6 +37,11 @@ class ClassDefinition
             AddPlanned(planned);
             Advance(planned.TableName);
         }
+        DefineProcedures({.Source = run_.Source,
+                          .Names = NamesOfProject(),
+                          .ClassCalled = [this](const std::string& name) { return ClassCalled(name); },
+                          .Refuse = [this](const std::string& line) { Refuse(line); }},
+                         run_.Command.Procedures);
         return !leftOut_;
     }
 

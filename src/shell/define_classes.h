@@ -19,10 +19,10 @@ struct ClassRun
     ErrorReport& Errors;
 };
 
-// Brings the classes of the project up to their tables, then makes those that the command asks for. What can't be done
-// is told, one line each, and the rest is done. A table that the login may not read is left out with a note where the
-// command did not name it: that is no failure. False if anything else was left out. Throws DataSourceError where the
-// catalog as a whole can't be read.
+// Brings the classes of the project up to their tables, then makes those that the command asks for, and then its
+// stored procedures. What can't be done is told, one line each, and the rest is done. A table that the login may not
+// read is left out with a note where the command did not name it: that is no failure. False if anything else was left
+// out. Throws DataSourceError where the catalog as a whole can't be read.
 [[nodiscard]] bool DefineClasses(const ClassRun& run);
 
 } // namespace veldrane

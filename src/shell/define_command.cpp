@@ -98,7 +98,8 @@ class DefineRun
 
     bool WantsClasses() const
     {
-        return command_.Request.All || !command_.Request.Tables.empty() || !command_.Request.Lookups.empty();
+        return command_.Request.All || !command_.Request.Tables.empty() || !command_.Request.Lookups.empty() ||
+               !command_.Procedures.empty();
     }
 
     // A project without a data source can still be given settings.

@@ -1,5 +1,6 @@
 #include "shell/define_plan.h"
 
+#include "shell/named_argument.h"
 #include "text/case_folding.h"
 
 #include <algorithm>
@@ -50,19 +51,14 @@ class Planner
         return std::nullopt;
     }
 
-    // A whole argument that names a table is that table, whatever is in it; otherwise the first "=" behind a table's
-    // name parts the name from the parent.
     void PlaceTable(const std::string& argument)
     {
-        const std::size_t first = argument.find('=');
-        if (first == std::string::npos || Find(argument))
-            return Place(argument, "", PlannedPlace::Root);
-        for (std::size_t at = first; at != std::string::npos; at = argument.find('=', at + 1))
-            if (Find(argument.substr(0, at)))
-                return Place(argument.substr(0, at), argument.substr(at + 1), PlannedPlace::Child);
-        Place(argument.substr(0, first), argument.substr(first + 1), PlannedPlace::Child);
+        const auto [name, parent] =
+            SplitAtName(argument, [this](const std::string& table) { return Find(table).has_value(); });
+        Place(name, parent, PlannedPlace::Child);
     }
 
+    // A child of nobody is a root.
     void Place(const std::string& name, const std::string& parent, PlannedPlace place)
     {
         const std::optional<std::size_t> index = Find(name);

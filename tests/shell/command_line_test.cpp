@@ -24,14 +24,22 @@ Expected Parsed(const std::vector<std::string>& arguments, const testing::Memory
 
 TEST(CommandLine, DefineTakesItsOptionsAsTheyStand)
 {
-    const auto command = Parsed<DefineCommand>({"define", "a b.kzm", "--connection", "PROVIDER=MSDASQL;DSN=x;",
-                                                "--table", "Order Lines=Orders", "--table", "[odd], name", "--lookup",
-                                                "Countries", "--all", "--collections", "--by", "primary-key", "--set",
-                                                "ProjectName=a=b, c", "--set", "Author="});
+    const auto command = Parsed<DefineCommand>({"define",       "a b.kzm",
+                                                "--connection", "PROVIDER=MSDASQL;DSN=x;",
+                                                "--table",      "Order Lines=Orders",
+                                                "--table",      "[odd], name",
+                                                "--lookup",     "Countries",
+                                                "--procedure",  "GetOrders;1=Order",
+                                                "--procedure",  "a b",
+                                                "--all",        "--collections",
+                                                "--by",         "primary-key",
+                                                "--set",        "ProjectName=a=b, c",
+                                                "--set",        "Author="});
     EXPECT_EQ(command.File, "a b.kzm");
     EXPECT_EQ(command.Connection, "PROVIDER=MSDASQL;DSN=x;");
     EXPECT_THAT(command.Request.Tables, ElementsAre("Order Lines=Orders", "[odd], name"));
     EXPECT_THAT(command.Request.Lookups, ElementsAre("Countries"));
+    EXPECT_THAT(command.Procedures, ElementsAre("GetOrders;1=Order", "a b"));
     EXPECT_TRUE(command.Request.All);
     EXPECT_TRUE(command.Collections);
     EXPECT_EQ(command.By, RowIdentifier::PrimaryKey);
@@ -43,6 +51,7 @@ TEST(CommandLine, DefineNeedsNothingButAFile)
     const auto command = Parsed<DefineCommand>({"define", "x.kzm"});
     EXPECT_EQ(command.Connection, "");
     EXPECT_THAT(command.Request.Tables, IsEmpty());
+    EXPECT_THAT(command.Procedures, IsEmpty());
     EXPECT_FALSE(command.Request.All);
     EXPECT_EQ(command.By, RowIdentifier::Identity);
 }

@@ -273,6 +273,23 @@ TEST_F(Define, NeedsADataSourceForClasses)
     EXPECT_FALSE(std::filesystem::exists(Workspace.Path("Desk.kzm")));
 }
 
+TEST_F(Define, NeedsADataSourceForProcedures)
+{
+    const Ended ended = Run({"--procedure", "Ping"});
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("the project has no data source: give one with --connection."));
+    EXPECT_FALSE(std::filesystem::exists(Workspace.Path("Desk.kzm")));
+}
+
+TEST_F(Define, NamesAProcedureThatTheDataSourceDoesNotHaveAndSavesTheRest)
+{
+    const Ended ended = Run({"--connection", Notes, "--table", "Notes", "--procedure", "Ping=Note"});
+    EXPECT_EQ(ended.ExitCode, 1);
+    EXPECT_THAT(ended.ErrorOutput, HasSubstr("the data source has no stored procedure named 'Ping'"));
+    EXPECT_NE(ClassBlock("Note"), "");
+    EXPECT_EQ(ClassBlock("StoredProcedures"), "");
+}
+
 TEST_F(Define, SaysThatAnotherConnectionReplacesTheProjects)
 {
     Run({"--connection", Notes, "--table", "Notes"});

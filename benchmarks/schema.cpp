@@ -13,15 +13,15 @@ namespace {
 constexpr std::size_t kColumns = 12;
 constexpr std::size_t kCompositeKeyEvery = 10;
 
-constexpr ColumnType kNumber{"INTEGER", adInteger, 4};
-constexpr ColumnType kSmallNumber{"SMALLINT", adSmallInt, 2};
-constexpr ColumnType kAmount{"NUMERIC(10,2)", adNumeric, 19};
-constexpr ColumnType kMeasure{"DOUBLE", adDouble, 8};
-constexpr ColumnType kLabel{"VARCHAR(50)", adVarChar, 50};
-constexpr ColumnType kNote{"TEXT", adLongVarChar, 65536};
-constexpr ColumnType kDay{"DATE", adDBDate, 6};
-constexpr ColumnType kMoment{"DATETIME", adDBTimeStamp, 16};
-constexpr ColumnType kFlag{"BOOLEAN", adBoolean, 2};
+constexpr ColumnType kNumber{"INTEGER", "integer", "INT", adInteger, 4};
+constexpr ColumnType kSmallNumber{"SMALLINT", "smallint", "SMALLINT", adSmallInt, 2};
+constexpr ColumnType kAmount{"NUMERIC(10,2)", "numeric(10,2)", "DECIMAL(10,2)", adNumeric, 19};
+constexpr ColumnType kMeasure{"DOUBLE", "double precision", "DOUBLE", adDouble, 8};
+constexpr ColumnType kLabel{"VARCHAR(50)", "varchar(50)", "VARCHAR(50)", adVarChar, 50};
+constexpr ColumnType kNote{"TEXT", "text", "TEXT", adLongVarChar, 65536};
+constexpr ColumnType kDay{"DATE", "date", "DATE", adDBDate, 6};
+constexpr ColumnType kMoment{"DATETIME", "timestamp", "DATETIME", adDBTimeStamp, 16};
+constexpr ColumnType kFlag{"BOOLEAN", "boolean", "BOOLEAN", adBoolean, 2};
 
 // Words are parted by blanks here; the style of a table decides what stands between them.
 struct ColumnPattern
@@ -160,46 +160,6 @@ class SchemaMaker
     std::vector<SchemaTable> tables_;
 };
 
-void WriteNames(std::ostream& out, const std::vector<std::string>& names)
-{
-    for (std::size_t at = 0; at < names.size(); ++at)
-        out << (at == 0 ? "\"" : ", \"") << names[at] << '"';
-}
-
-void WriteColumn(std::ostream& out, const SchemaColumn& column, bool numbered)
-{
-    out << '"' << column.Name << "\" " << column.Type->Declaration;
-    if (numbered)
-        out << " PRIMARY KEY AUTOINCREMENT";
-    else if (!column.Nullable)
-        out << " NOT NULL";
-    if (!column.Default.empty())
-        out << " DEFAULT " << column.Default;
-}
-
-void WriteTable(std::ostream& out, const SchemaTable& table)
-{
-    out << "CREATE TABLE \"" << table.Name << "\" (\n";
-    for (const SchemaColumn& column : table.Columns) {
-        const bool isFirst = &column == &table.Columns.front();
-        out << (isFirst ? "    " : ",\n    ");
-        WriteColumn(out, column, isFirst && table.IsNumbered());
-    }
-    if (!table.IsNumbered()) {
-        out << ",\n    PRIMARY KEY (";
-        WriteNames(out, table.PrimaryKey);
-        out << ')';
-    }
-    for (const SchemaForeignKey& key : table.ForeignKeys) {
-        out << ",\n    FOREIGN KEY (";
-        WriteNames(out, key.Columns);
-        out << ") REFERENCES \"" << key.RelatedTable << "\" (";
-        WriteNames(out, key.RelatedColumns);
-        out << ')';
-    }
-    out << "\n);\n";
-}
-
 } // namespace
 
 std::vector<SchemaTable> MakeSchema(std::size_t tables)
@@ -220,14 +180,6 @@ SchemaTable MakeWideTable(std::size_t columns)
                                  .Default = pattern.Default});
     }
     return table;
-}
-
-void WriteSql(std::ostream& out, const std::vector<SchemaTable>& schema)
-{
-    out << "BEGIN;\n";
-    for (const SchemaTable& table : schema)
-        WriteTable(out, table);
-    out << "COMMIT;\n";
 }
 
 } // namespace veldrane::bench

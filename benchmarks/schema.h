@@ -2,17 +2,18 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace veldrane::bench {
 
-// A type of column, as a SQLite definition says it and as the catalog tells it.
+// A type of column, as a definition says it in each dialect of SQL and as the catalog of SQLite tells it.
 struct ColumnType
 {
-    std::string_view Declaration;
+    std::string_view InSqlite;
+    std::string_view InPostgreSql;
+    std::string_view InMariaDb;
     std::int32_t AdoType = 0;
     std::int32_t DefinedSize = 0; // characters for text, bytes otherwise
 };
@@ -50,8 +51,5 @@ struct SchemaTable
 
 // One table that is nothing but its columns: for what has to stay linear in them.
 [[nodiscard]] SchemaTable MakeWideTable(std::size_t columns);
-
-// The statements that make the tables in a SQLite database, each table behind those that it refers to.
-void WriteSql(std::ostream& out, const std::vector<SchemaTable>& schema);
 
 } // namespace veldrane::bench

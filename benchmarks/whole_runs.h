@@ -1,7 +1,11 @@
 #pragma once
 
+#include "databases.h"
+
 #include <cstddef>
 #include <filesystem>
+#include <string>
+#include <vector>
 
 namespace veldrane::bench {
 
@@ -14,6 +18,7 @@ struct Programs
 
 struct WholeRun
 {
+    std::string Database; // its name
     std::size_t Tables = 0;
     std::size_t Files = 0; // that a run writes, the project file among them
     double Megabytes = 0;  // of those files
@@ -29,13 +34,29 @@ struct WholeRun
     [[nodiscard]] double FilesTimesFloor() const { return GenerateSeconds / WriteSeconds; }
 };
 
-// Measures whole runs on a SQLite database with so many tables against the floor, in turn, so that whatever else the
-// machine does meets both; times are medians of the rounds, and the first run of each, which finds nothing in the
-// caches, is not counted. Works in a new folder below the given one, which stays: to remove it would slow whatever is
-// measured next.
+// Measures whole runs on a database against the floor, in turn, so that whatever else the machine does meets both;
+// times are medians of the rounds, and the first run of each, which finds nothing in the caches, is not counted. Works
+// in a new folder below the given one, which stays: to remove it would slow whatever is measured next.
 //
 // Throws std::runtime_error with what a program printed if it fails.
-[[nodiscard]] WholeRun MeasureWholeRun(const Programs& programs, const std::filesystem::path& folder,
-                                       std::size_t tables, int rounds);
+[[nodiscard]] WholeRun MeasureWholeRun(const Programs& programs, const Database& database,
+                                       const std::filesystem::path& folder, int rounds);
+
+// The same on several databases, in turn as well, so that they can be compared with each other.
+[[nodiscard]] std::vector<WholeRun> MeasureWholeRuns(const Programs& programs, const std::vector<Database>& databases,
+                                                     const std::filesystem::path& folder, int rounds);
+
+// `define` of one table alone.
+struct OneTable
+{
+    double DefineSeconds = 0;
+    double CallsSeconds = 0; // of a plain program that makes the driver's calls for it
+
+    [[nodiscard]] double TimesCalls() const { return DefineSeconds / CallsSeconds; }
+};
+
+// Measures, in the same manner, how long it takes to define a class from one table of the database.
+[[nodiscard]] OneTable MeasureOneTable(const Programs& programs, const Database& database,
+                                       const std::filesystem::path& folder, int rounds);
 
 } // namespace veldrane::bench

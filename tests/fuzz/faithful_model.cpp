@@ -26,23 +26,23 @@ bool IsFaithful(const TTCMethod& method)
     return !HasSeparator(method.MethodName) && method.MethodIsSP == (method.StoredProcedure != nullptr);
 }
 
-// The names of lookup fields are not asked for when they are read, and in the way of others afterwards.
-bool NamesAreUnique(const KZMClass& item)
+// In the order of the file: a lookup field takes its name without asking, in front of its own property, and every other
+// member asks for its own.
+bool NamesAreFree(const KZMClass& item)
 {
     std::set<std::string> names;
-    const auto add = [&](const std::string& name) { return name.empty() || names.insert(text::Fold(name)).second; };
+    const auto take = [&](const std::string& name) { return names.insert(text::Fold(name)).second || name.empty(); };
     for (const TTCProperty& property : item.TTCProperties) {
-        if (!add(property.PropertyName))
-            return false;
         for (const TTCLookupField& field : property.TTCLookupFields)
-            if (!add(field.PropertyName))
-                return false;
+            take(field.PropertyName);
+        if (!take(property.PropertyName))
+            return false;
     }
     for (const TTCMethod& method : item.TTCMethods)
-        if (!add(method.MethodName))
+        if (!take(method.MethodName))
             return false;
     for (const ttcEvent& event : item.TTCEvents)
-        if (!add(event.EventName))
+        if (!take(event.EventName))
             return false;
     return true;
 }
@@ -58,7 +58,7 @@ bool IsFaithful(const KZMClass& item)
     for (const TTCMethod& method : item.TTCMethods)
         if (!IsFaithful(method))
             return false;
-    return NamesAreUnique(item);
+    return NamesAreFree(item);
 }
 
 } // namespace

@@ -20,6 +20,25 @@ constexpr std::string_view kIsUsers = "(pg_catalog.left(n.nspname, 3) <> 'pg_' A
 constexpr std::string_view kFromTables =
     " FROM pg_catalog.pg_class c JOIN pg_catalog.pg_namespace n ON n.oid = c.relnamespace WHERE ";
 
+// The server's own pg_table_is_visible says the same, and looks each table up by itself: its schema is on the search
+// path, and nothing of its name stands in one further ahead.
+constexpr std::string_view kIsFoundBare =
+    "(n.nspname = ANY (pg_catalog.current_schemas(true)) AND (c.relname, n.oid) NOT IN"
+    " (SELECT ahead.relname, behind.oid FROM pg_catalog.pg_class ahead"
+    " JOIN pg_catalog.pg_namespace a ON a.oid = ahead.relnamespace JOIN pg_catalog.pg_namespace behind"
+    " ON pg_catalog.array_position(pg_catalog.current_schemas(true), a.nspname)"
+    " < pg_catalog.array_position(pg_catalog.current_schemas(true), behind.nspname)))";
+
+// An owner whose rights nobody has touched may read; to ask for each table's rights takes the server longer. Column by
+// column where the table as a whole is refused: what opens it needs them all.
+constexpr std::string_view kIsReadable =
+    "(pg_catalog.has_schema_privilege(n.oid, 'USAGE')"
+    " AND ((c.relacl IS NULL AND c.relowner = (SELECT oid FROM pg_catalog.pg_roles WHERE rolname = current_user))"
+    " OR pg_catalog.has_table_privilege(c.oid, 'SELECT')"
+    " OR (pg_catalog.has_any_column_privilege(c.oid, 'SELECT') AND NOT EXISTS (SELECT FROM pg_catalog.pg_attribute a"
+    " WHERE a.attrelid = c.oid AND a.attnum > 0 AND NOT a.attisdropped"
+    " AND NOT pg_catalog.has_column_privilege(c.oid, a.attnum, 'SELECT')))))";
+
 std::string UserTables()
 {
     return " IN (SELECT c.oid" + std::string(kFromTables) + std::string(kTableKinds) + " AND " + std::string(kIsUsers) +
@@ -65,20 +84,14 @@ std::string KeyOf(const SourceTable& table)
 std::vector<SourceTable> PostgreSqlCatalogSource::Tables()
 {
     OdbcStatement statement(session_);
-    statement.Execute(
-        "SELECT c.oid, n.nspname, c.relname, " + std::string(kIsUsers) + "::int, CASE WHEN NOT " +
-        std::string(kIsUsers) +
-        " THEN 'SYSTEM TABLE' WHEN c.relkind = 'v' THEN 'VIEW' WHEN c.relkind = 'm' THEN 'MATVIEW'"
-        " WHEN c.relkind = 'f' THEN 'FOREIGN TABLE' ELSE 'TABLE' END, pg_catalog.pg_table_is_visible(c.oid)::int,"
-        " (pg_catalog.has_schema_privilege(n.oid, 'USAGE')"
-        " AND (pg_catalog.has_table_privilege(c.oid, 'SELECT')"
-        // Column by column: what opens the table needs them all.
-        " OR (pg_catalog.has_any_column_privilege(c.oid, 'SELECT') AND NOT EXISTS (SELECT FROM pg_catalog.pg_attribute a"
-        " WHERE a.attrelid = c.oid AND a.attnum > 0 AND NOT a.attisdropped"
-        " AND NOT pg_catalog.has_column_privilege(c.oid, a.attnum, 'SELECT')))))::int" +
-        std::string(kFromTables) + std::string(kTableKinds) +
-        " AND (n.nspname = 'pg_catalog' OR pg_catalog.left(n.nspname, 3) <> 'pg_')"
-        " ORDER BY 4 DESC, 6 DESC, n.nspname COLLATE \"C\", c.relname COLLATE \"C\"");
+    statement.Execute("SELECT c.oid, n.nspname, c.relname, " + std::string(kIsUsers) + "::int, CASE WHEN NOT " +
+                      std::string(kIsUsers) +
+                      " THEN 'SYSTEM TABLE' WHEN c.relkind = 'v' THEN 'VIEW' WHEN c.relkind = 'm' THEN 'MATVIEW'"
+                      " WHEN c.relkind = 'f' THEN 'FOREIGN TABLE' ELSE 'TABLE' END, " +
+                      std::string(kIsFoundBare) + "::int, " + std::string(kIsReadable) + "::int" +
+                      std::string(kFromTables) + std::string(kTableKinds) +
+                      " AND (n.nspname = 'pg_catalog' OR pg_catalog.left(n.nspname, 3) <> 'pg_')"
+                      " ORDER BY 4 DESC, 6 DESC, n.nspname COLLATE \"C\", c.relname COLLATE \"C\"");
     std::vector<SourceTable> tables;
     while (statement.Fetch()) {
         SourceTable table;

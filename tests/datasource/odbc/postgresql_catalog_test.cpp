@@ -129,6 +129,36 @@ TEST_F(PostgreSqlTables, OfTheUsersOwnSchemaHideThoseOfTheNext)
     EXPECT_EQ(OnlyField(*catalog, "public.t"), "in_public");
 }
 
+TEST_F(PostgreSqlTables, AreNotFoundBareBehindAnythingElseOfTheirName)
+{
+    PostgreSqlDatabase database;
+    database.Run("create schema veldrane; create table public.t (a int); create table public.u (a int);"
+                 "create table public.pg_class (a int); create sequence veldrane.t; create type veldrane.u as (a int);"
+                 "create table veldrane.v (a int); create index t2 on veldrane.v (a); create table public.t2 (a int);");
+    const auto catalog = database.OpenCatalog();
+    EXPECT_THAT(UserTables(*catalog),
+                ElementsAre("v|TABLE", "public.pg_class|TABLE", "public.t|TABLE", "public.t2|TABLE", "public.u|TABLE"));
+    for (const std::string table : {"public.pg_class", "public.t", "public.t2", "public.u"})
+        EXPECT_EQ(OnlyField(*catalog, table), "a") << table;
+}
+
+TEST_F(PostgreSqlTables, OfTheLoginAreReadableUnlessItsOwnRightsWereTaken)
+{
+    PostgreSqlDatabase database;
+    const std::string& role = database.Name();
+    database.Run("create role " + role +
+                 " login password 'p'; create table untouched (a int); create table granted (a int);"
+                 "create table taken (a int); create schema closed; create table closed.mine (a int);"
+                 "alter table untouched owner to " +
+                 role + "; alter table granted owner to " + role + "; alter table taken owner to " + role +
+                 "; alter table closed.mine owner to " + role +
+                 "; grant select on granted to public; revoke select on taken from " + role + ";");
+    const auto catalog = database.OpenCatalog(role, "p");
+    EXPECT_THAT(UserTables(*catalog), ElementsAre("granted|TABLE", "untouched|TABLE"));
+    EXPECT_THAT(catalog->HiddenTables(), ElementsAre("taken", "closed.mine"));
+    database.Run("drop owned by " + role + "; drop role " + role + ";");
+}
+
 TEST_F(PostgreSqlTables, MayHaveAnyName)
 {
     const std::vector<std::string> names{

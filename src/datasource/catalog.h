@@ -18,6 +18,7 @@ struct CatalogTable
     std::string Name;
     std::string Type;
     std::size_t SchemaSize = 0; // bytes in front of the table's own name: its schema and the point behind that
+    std::string WithSchema{};   // of a table that goes by its own name: the name with its schema, "" if it has none
 };
 
 // Bits of CatalogField::Attributes (the published ADO FieldAttributeEnum).

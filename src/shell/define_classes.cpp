@@ -129,12 +129,13 @@ class ClassDefinition
         leftOut_ = leftOut_ || edit.FieldLeftOut;
     }
 
-    bool IsNamed(const std::string& table) const
+    bool IsNamed(const CatalogTable& table) const
     {
         const DefineRequest& request = run_.Command.Request;
         const auto isIt = [&](const std::string& argument) {
-            const std::string name = text::Fold(argument);
-            return name == text::Fold(table) || name.starts_with(text::Fold(table) + "=");
+            const std::string word = text::Fold(argument) + "=";
+            return word.starts_with(text::Fold(table.Name) + "=") ||
+                   (!table.WithSchema.empty() && word.starts_with(text::Fold(table.WithSchema) + "="));
         };
         return std::ranges::any_of(request.Tables, isIt) || std::ranges::any_of(request.Lookups, isIt);
     }
@@ -149,7 +150,7 @@ class ClassDefinition
             if (table.Type != "TABLE" || classesByTable_.contains(text::Fold(table.Name)))
                 return false;
             Advance(table.Name);
-            if (IsNamed(table.Name) || MayRead(table.Name))
+            if (IsNamed(table) || MayRead(table.Name))
                 return false;
             Note("'" + table.Name + "' is left out: the login may not read it.");
             return true;

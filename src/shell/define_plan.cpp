@@ -20,10 +20,12 @@ class Planner
     Planner(const std::vector<CatalogTable>& tables, const RelatedTables& relatedTables)
         : tables_(tables), relatedTables_(relatedTables), slots_(tables.size()), parents_(tables.size(), kNone)
     {
-        for (std::size_t i = 0; i < tables.size(); ++i) {
-            exact_.try_emplace(tables[i].Name, i);
-            folded_.try_emplace(text::Fold(tables[i].Name), i);
-        }
+        for (std::size_t i = 0; i < tables.size(); ++i)
+            AddName(tables[i].Name, i);
+        // A name as it is listed goes before the same one with a schema.
+        for (std::size_t i = 0; i < tables.size(); ++i)
+            if (!tables[i].WithSchema.empty())
+                AddName(tables[i].WithSchema, i);
     }
 
     DefinePlan Plan(const DefineRequest& request)
@@ -42,6 +44,12 @@ class Planner
     }
 
   private:
+    void AddName(const std::string& name, std::size_t index)
+    {
+        exact_.try_emplace(name, index);
+        folded_.try_emplace(text::Fold(name), index);
+    }
+
     std::optional<std::size_t> Find(const std::string& name) const
     {
         if (const auto found = exact_.find(name); found != exact_.end())
@@ -101,8 +109,10 @@ class Planner
     {
         for (std::size_t i = 0; i < slots_.size(); ++i)
             if (slots_[i] && slots_[i]->Place == PlannedPlace::Child)
-                if (const std::optional<std::size_t> parent = Find(slots_[i]->Parent); parent && slots_[*parent])
-                    parents_[i] = *parent;
+                if (const std::optional<std::size_t> parent = Find(slots_[i]->Parent)) {
+                    slots_[i]->Parent = tables_[*parent].Name;
+                    parents_[i] = slots_[*parent] ? *parent : kNone;
+                }
     }
 
     // In the catalog's order, so that the first table of a circle is the one that is met first.

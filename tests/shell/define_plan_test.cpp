@@ -55,6 +55,17 @@ TEST(DefinePlan, ALookupTableIsNobodysParent)
                 ElementsAre("Customers", "Orders<Customers", "Lines<Orders", "Countries?"));
 }
 
+TEST(DefinePlan, ATableIsAlsoFoundWithTheSchemaThatItsNameLeavesOut)
+{
+    const std::vector<CatalogTable> tables{{.Name = "orders", .Type = "TABLE", .WithSchema = "public.orders"},
+                                           {.Name = "lines", .Type = "TABLE", .WithSchema = "public.lines"},
+                                           {.Name = "public.lines", .Type = "TABLE"}};
+    EXPECT_THAT(Planned(tables, {.Tables = {"public.lines=PUBLIC.Orders", "public.orders"}}),
+                ElementsAre("orders", "public.lines<orders"));
+    EXPECT_THAT(Planned(tables, {.Tables = {"Lines=orders"}, .Lookups = {"public.Orders"}}),
+                ElementsAre("lines<orders", "orders?"));
+}
+
 TEST(DefinePlan, ATableWithKeysToTwoTablesIsARoot)
 {
     const std::vector<CatalogTable> tables{{"A", "TABLE"}, {"B", "TABLE"}, {"AB", "TABLE"}};

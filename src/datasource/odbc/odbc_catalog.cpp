@@ -66,13 +66,15 @@ void OdbcCatalog::ReadTables()
         return;
     for (SourceTable& table : source_->Tables()) {
         byName_.emplace(table.Shown.Name, entries_.size());
+        if (!table.Schema.value_or("").empty() && table.Shown.SchemaSize == 0)
+            table.Shown.WithSchema = *table.Schema + "." + table.Name;
         tables_.push_back(table.Shown);
         entries_.push_back({.Table = std::move(table), .Fields = {}, .Indexes = {}, .Keys = {}});
     }
     // A name as it is shown goes before the same one with a schema.
     for (std::size_t at = 0; at < entries_.size(); ++at)
-        if (const SourceTable& table = entries_[at].Table; table.Schema && table.Shown.SchemaSize == 0)
-            byName_.emplace(*table.Schema + "." + table.Name, at);
+        if (!tables_[at].WithSchema.empty())
+            byName_.emplace(tables_[at].WithSchema, at);
     for (const auto& [name, at] : byName_)
         if (const auto [known, isNew] = byFoldedName_.emplace(text::Fold(name), at); !isNew)
             known->second = std::min(known->second, at);

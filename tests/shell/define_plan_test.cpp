@@ -63,7 +63,7 @@ TEST(DefinePlan, ATableIsAlsoFoundWithTheSchemaThatItsNameLeavesOut)
     EXPECT_THAT(Planned(tables, {.Tables = {"public.lines=PUBLIC.Orders", "public.orders"}}),
                 ElementsAre("orders", "public.lines<orders"));
     EXPECT_THAT(Planned(tables, {.Tables = {"Lines=orders"}, .Lookups = {"public.Orders"}}),
-                ElementsAre("lines<orders", "orders?"));
+                ElementsAre("orders?", "lines<orders"));
 }
 
 TEST(DefinePlan, ATableWithKeysToTwoTablesIsARoot)

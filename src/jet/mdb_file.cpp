@@ -3,6 +3,7 @@
 #include "jet/bytes.h"
 
 #include <cstddef>
+#include <memory>
 
 // Without glib's header before it, that of libmdb takes it for one of C.
 #include <glib.h>
@@ -13,6 +14,9 @@ namespace {
 
 constexpr std::uint8_t kDataPage = 1;
 constexpr int kOwnerAt = 4;
+
+constexpr std::uint8_t kMapOfPages = 1;
+constexpr std::size_t kMapAtLeast = 5;
 
 // Behind the number of rows on a page stand their places, two bytes each: where a row starts, and flags. One flag is
 // of a row that is gone, or that has moved and is met where it is now.
@@ -35,15 +39,12 @@ class MdbTable
         entry_.mdb = mdb;
         entry_.object_type = MDB_TABLE;
         entry_.table_pg = definitionPage;
-        table_ = mdb_read_table(&entry_);
+        table_.reset(mdb_read_table(&entry_));
         if (table_ == nullptr)
             throw Damaged("a table's definition is not where it should be");
-        mdb_read_columns(table_);
+        mdb_read_columns(table_.get());
+        CheckMap();
     }
-    MdbTable(const MdbTable&) = delete;
-    MdbTable& operator=(const MdbTable&) = delete;
-    ~MdbTable() { mdb_free_tabledef(table_); }
-
     [[nodiscard]] std::uint32_t NextPage(std::uint32_t page) const
     {
         const gint32 next =
@@ -71,13 +72,27 @@ class MdbTable
     }
 
   private:
+    // The map of a table's pages is bits behind the number of the first page (kind 0), or the numbers of pages with
+    // such bits (kind 1). libmdb takes one that is missing for one that is there, and ends the process over a page that
+    // isn't.
+    void CheckMap() const
+    {
+        if (table_->usage_map == nullptr || table_->map_sz < kMapAtLeast)
+            throw Damaged("nothing tells which pages are a table's");
+        const Bytes map({reinterpret_cast<const char*>(table_->usage_map), table_->map_sz});
+        if (map.U8(0) == kMapOfPages)
+            for (std::size_t at = 1; at + 4 <= map.Size(); at += 4)
+                if (const std::uint32_t page = map.U32(at); page != 0)
+                    ReadPage(entry_.mdb, page);
+    }
+
     [[nodiscard]] Cells Crack(const Bytes& page, int row) const
     {
         int start = 0;
         std::size_t size = 0;
         std::vector<MdbField> fields(table_->num_cols);
         if (mdb_find_row(entry_.mdb, row, &start, &size) != 0 ||
-            mdb_crack_row(table_, start & kStartBits, size, fields.data()) < 0)
+            mdb_crack_row(table_.get(), start & kStartBits, size, fields.data()) < 0)
             throw Damaged("a row is in disorder");
         Cells cells;
         for (const MdbField& field : fields)
@@ -90,27 +105,19 @@ class MdbTable
     }
 
     MdbCatalogEntry entry_{};
-    MdbTableDef* table_ = nullptr;
+    std::unique_ptr<MdbTableDef, decltype(&mdb_free_tabledef)> table_{nullptr, mdb_free_tabledef};
 };
 
 } // namespace
 
 struct MdbFile::Handle
 {
-    explicit Handle(const std::string& path) : Mdb(mdb_open(path.c_str(), MDB_NOFLAGS)) {}
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-    ~Handle()
-    {
-        if (Mdb != nullptr)
-            mdb_close(Mdb);
-    }
-
-    MdbHandle* Mdb;
+    std::unique_ptr<MdbHandle, decltype(&mdb_close)> Mdb;
 };
 
 MdbFile::MdbFile(const std::string& path, const HeaderPage& header)
-    : header_(header), text_(header.FileVersion, header.CodePage), handle_(std::make_unique<Handle>(path))
+    : header_(header), text_(header.FileVersion, header.CodePage),
+      handle_(new Handle{{mdb_open(path.c_str(), MDB_NOFLAGS), mdb_close}})
 {
     if (handle_->Mdb == nullptr)
         throw Damaged("its first page is in disorder");
@@ -120,13 +127,14 @@ MdbFile::~MdbFile() = default;
 
 std::string MdbFile::Page(std::uint32_t number)
 {
-    ReadPage(handle_->Mdb, number);
-    return {reinterpret_cast<const char*>(handle_->Mdb->pg_buf), PageSize(header_.FileVersion)};
+    MdbHandle* mdb = handle_->Mdb.get();
+    ReadPage(mdb, number);
+    return {reinterpret_cast<const char*>(mdb->pg_buf), PageSize(header_.FileVersion)};
 }
 
 void MdbFile::ForEachRow(std::uint32_t definitionPage, const std::function<void(const Cells&)>& take)
 {
-    MdbHandle* mdb = handle_->Mdb;
+    MdbHandle* mdb = handle_->Mdb.get();
     const MdbTable table(mdb, definitionPage);
     std::string bytes;
     std::uint32_t page = 0;
@@ -143,7 +151,7 @@ std::string MdbFile::StoredPiece(std::uint32_t place)
     void* page = nullptr;
     int start = 0;
     std::size_t size = 0;
-    if (mdb_find_pg_row(handle_->Mdb, static_cast<int>(place), &page, &start, &size) != 0)
+    if (mdb_find_pg_row(handle_->Mdb.get(), static_cast<int>(place), &page, &start, &size) != 0)
         throw Damaged("a long value is not where it should be");
     const std::string_view bytes(static_cast<const char*>(page), PageSize(header_.FileVersion));
     return std::string(Bytes(bytes).Slice(static_cast<std::size_t>(start), size));

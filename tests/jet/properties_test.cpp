@@ -78,6 +78,13 @@ TEST(Properties, AValueWithoutBytesIsNoYes)
     EXPECT_THAT(RequiredColumns(block, TextDecoder(Version::Jet4, 1252)), IsEmpty());
 }
 
+TEST(Properties, ChunksOfAnotherKindArePassedOver)
+{
+    const std::string block = "MARK" + Chunk(3, "whatever") + Names(Version::Jet4, {"Required"}) + Chunk(0x81, "") +
+                              Object(Version::Jet4, kOfColumn, "City", Value(0, kYes));
+    EXPECT_THAT(RequiredColumns(block, TextDecoder(Version::Jet4, 1252)), ElementsAre("City"));
+}
+
 TEST(Properties, SizesThatWouldNeverEndAreDamage)
 {
     const TextDecoder text(Version::Jet4, 1252);

@@ -8,7 +8,7 @@
 //
 //   chunk       size with these 6 bytes (4), kind (2), content
 //   kind 0x80   the names of all properties: length (2), name, ...
-//   any other   the values of one object: size of its header (4), length of its name (2), name; values
+//   kind 0 to 2 the values of one object: size of its header (4), length of its name (2), name; values
 //   value       size (2), flag (1), type (1), which name (2), length (2), bytes
 namespace veldrane::jet {
 namespace {
@@ -16,6 +16,8 @@ namespace {
 constexpr std::size_t kMark = 4;
 constexpr std::size_t kChunkHeader = 6;
 constexpr std::uint16_t kNames = 0x80;
+constexpr std::uint16_t kLastObject = 2;
+constexpr std::size_t kObjectHeader = 6;
 constexpr std::size_t kValueHeader = 8;
 
 std::vector<std::string> ReadNames(const Bytes& content, const TextDecoder& text)
@@ -57,11 +59,12 @@ std::set<std::string> RequiredColumns(std::string_view block, const TextDecoder&
         const std::size_t size = bytes.U32(at);
         if (size < kChunkHeader)
             throw Damaged("a table's properties have no end");
+        const std::uint16_t kind = bytes.U16(at + 4);
         const Bytes content(Bytes(bytes.Slice(at, size)).Slice(kChunkHeader, size - kChunkHeader));
-        if (bytes.U16(at + 4) == kNames)
+        if (kind == kNames)
             names = ReadNames(content, text);
-        else if (const std::size_t length = content.U16(4); IsRequired(content, content.U32(0), names))
-            required.insert(text.Name(content.Slice(6, length)));
+        else if (kind <= kLastObject && IsRequired(content, content.U32(0), names))
+            required.insert(text.Name(content.Slice(kObjectHeader, content.U16(kObjectHeader - 2))));
         at += size;
     }
     return required;

@@ -3,7 +3,6 @@
 #include "datasource/jet/answer_format.h"
 #include "datasource/jet/answer_reader.h"
 #include "text/runtime_error.h"
-#include "text/strings.h"
 
 #include <algorithm>
 #include <array>
@@ -16,8 +15,6 @@ constexpr std::string_view kReader = "veldrane-jet";
 constexpr std::size_t kMostAnswerBytes = std::size_t{64} << 20; // some hundred times what thousands of tables take
 constexpr int kCannotBegin = 127; // the exit code of a program whose libraries are not there
 
-constexpr std::string_view kRepair = "Repair it with the program that made it, or take a sound copy of it.";
-
 [[noreturn]] void Fail(const std::string& reason)
 {
     throw DataSourceError(data_source_error::kFailed, "Jet", reason);
@@ -28,25 +25,26 @@ std::string Quoted(std::string_view text)
     return "\"" + std::string(text) + "\"";
 }
 
-// What stands behind the file's name, in quotes, for each reason but that of the password.
+// A sentence about the file: its name stands behind `Before`, and what the reader says of it behind `Fault`.
 struct Refusal
 {
     std::string_view Reason;
     std::string_view Before;
-    std::string_view After;
+    std::string_view Fault;
+    std::string_view WayOut;
 };
 
 constexpr std::array kRefusals{
-    Refusal{jet_answer::kMissing, "There is no file ", ": check \"Data Source\" in the connection string."},
-    Refusal{jet_answer::kNotAFile, "",
-            " is not a file: give the path of a Jet file (.mdb) as \"Data Source\" of the connection string."},
-    Refusal{jet_answer::kUnreadable, "", " can't be read: check the rights to the file and to its folder."},
-    Refusal{jet_answer::kNotJet, "Unrecognized database format: ",
-            " is no Jet file of version 3 or 4 (.mdb); check \"Data Source\" in the connection string."},
+    Refusal{jet_answer::kMissing, "There is no file ", "", "check \"Data Source\" in the connection string."},
+    Refusal{jet_answer::kNotAFile, "", " is not a file",
+            "give the path of a Jet file (.mdb) as \"Data Source\" of the connection string."},
+    Refusal{jet_answer::kUnreadable, "", " can't be read", "check the rights to the file and to its folder."},
+    Refusal{jet_answer::kNotJet, "Unrecognized database format: ", " is no Jet file of version 3 or 4 (.mdb)",
+            "check \"Data Source\" in the connection string."},
     Refusal{jet_answer::kAce, "Unrecognized database format: ",
-            " is a file of the engine that came after Jet (.accdb). Only Jet files of version 3 or 4 (.mdb) can be "
-            "read: save it as one of those."},
-    Refusal{jet_answer::kDamaged, "", " is damaged. Repair it with the program that made it, or take a sound copy."},
+            " is a file of the engine that came after Jet (.accdb)",
+            "save it as a Jet file of version 3 or 4 (.mdb)."},
+    Refusal{jet_answer::kDamaged, "", " is damaged", "repair it with the program that made it, or take a sound copy."},
 };
 
 std::string PasswordRefusal(const JetLogon& logon)
@@ -64,10 +62,10 @@ std::string PasswordRefusal(const JetLogon& logon)
         Fail(PasswordRefusal(logon));
     const auto known = std::find_if(kRefusals.begin(), kRefusals.end(),
                                     [&](const Refusal& each) { return each.Reason == refusal.Reason; });
-    std::string reason = std::string(known->Before) + Quoted(logon.File) + std::string(known->After);
-    if (!refusal.Words.empty())
-        text::AppendSentence(reason, refusal.Words);
-    Fail(reason);
+    const bool isMissing = refusal.Reason == jet_answer::kMissing; // the reader's words say no more
+    const std::string details = isMissing || refusal.Words.empty() ? "" : " (" + refusal.Words + ")";
+    Fail(std::string(known->Before) + Quoted(logon.File) + std::string(known->Fault) + details + ": " +
+         std::string(known->WayOut));
 }
 
 JetAnswer AnswerIn(const ProgramOutcome& outcome, const JetLogon& logon)
@@ -84,14 +82,14 @@ void RefuseUnfinished(const ProgramOutcome& outcome, const JetReaderOptions& opt
 {
     if (outcome.End == ProgramEnd::OutOfTime)
         Fail(Quoted(logon.File) + " could not be read within " + std::to_string(options.Timeout.count()) +
-             " seconds: it lies on a slow disk or is damaged. Set \"ConnectTimeout\" in the section Platform of the "
-             "settings to more seconds, or take a sound copy of it.");
+             " seconds: take a sound copy of it, or set \"ConnectTimeout\" in the section Platform of the settings to "
+             "more seconds.");
     if (outcome.End == ProgramEnd::Exited && outcome.Code == kCannotBegin)
         Fail("The program that reads Jet files, " + Quoted(options.Folder + "/" + std::string(kReader)) +
              ", does not start: install the library that it wants (libmdb3).");
     if (outcome.End != ProgramEnd::Exited || outcome.Code != 0)
-        Fail("Reading " + Quoted(logon.File) + " came to the limits of time and memory, as with a damaged file. " +
-             std::string(kRepair));
+        Fail("Reading " + Quoted(logon.File) + " came to the limits of time and memory, as with a damaged file: repair it with "
+             "the program that made it, or take a sound copy.");
 }
 
 } // namespace

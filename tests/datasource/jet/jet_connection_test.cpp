@@ -229,20 +229,24 @@ TEST_F(JetConnectionTest, SaysWhyAFileIsNotRead)
     EXPECT_EQ(RefusalFor("unreadable"),
               "\"/data/shop.mdb\" can't be read: check the rights to the file and to its folder.");
     EXPECT_EQ(RefusalFor("not-jet"),
-              "Unrecognized database format: \"/data/shop.mdb\" is no Jet file of version 3 or 4 (.mdb); check \"Data "
+              "Unrecognized database format: \"/data/shop.mdb\" is no Jet file of version 3 or 4 (.mdb): check \"Data "
               "Source\" in the connection string.");
     EXPECT_EQ(RefusalFor("ace"),
-              "Unrecognized database format: \"/data/shop.mdb\" is a file of the engine that came after Jet (.accdb). "
-              "Only Jet files of version 3 or 4 (.mdb) can be read: save it as one of those.");
+              "Unrecognized database format: \"/data/shop.mdb\" is a file of the engine that came after Jet (.accdb): "
+              "save it as a Jet file of version 3 or 4 (.mdb).");
     EXPECT_EQ(RefusalFor("damaged"),
-              "\"/data/shop.mdb\" is damaged. Repair it with the program that made it, or take a sound copy.");
+              "\"/data/shop.mdb\" is damaged: repair it with the program that made it, or take a sound copy.");
 }
 
 TEST_F(JetConnectionTest, PassesOnWhatTheReaderSays)
 {
-    EXPECT_EQ(RefusalFor("damaged", "Page 7 lies beyond its end."),
-              "\"/data/shop.mdb\" is damaged. Repair it with the program that made it, or take a sound copy. Page 7 "
-              "lies beyond its end.");
+    EXPECT_EQ(RefusalFor("damaged", "page 7 is not there"),
+              "\"/data/shop.mdb\" is damaged (page 7 is not there): repair it with the program that made it, or take a "
+              "sound copy.");
+    EXPECT_EQ(RefusalFor("unreadable", "Permission denied"),
+              "\"/data/shop.mdb\" can't be read (Permission denied): check the rights to the file and to its folder.");
+    EXPECT_EQ(RefusalFor("missing", "No such file or directory"),
+              "There is no file \"/data/shop.mdb\": check \"Data Source\" in the connection string.");
 }
 
 TEST_F(JetConnectionTest, NamesTheKeyOfAPasswordThatIsMissingOrWrong)
@@ -276,7 +280,7 @@ TEST_F(JetConnectionTest, SaysThatALimitWasMet)
         "\"/data/shop.mdb\" could not be read within 7 seconds: it lies on a slow disk or is damaged. Set "
         "\"ConnectTimeout\" in the section Platform of the settings to more seconds, or take a sound copy of it.");
     const std::string limits = "Reading \"/data/shop.mdb\" came to the limits of time and memory, as with a damaged "
-                               "file. Repair it with the program that made it, or take a sound copy of it.";
+                               "file: repair it with the program that made it, or take a sound copy.";
     for (const ProgramOutcome& outcome :
          {ProgramOutcome{ProgramEnd::Signalled, SIGABRT, ""}, ProgramOutcome{ProgramEnd::Signalled, SIGXCPU, kAnswer},
           ProgramOutcome{ProgramEnd::TooMuchOutput, SIGKILL, kAnswer},

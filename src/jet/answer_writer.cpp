@@ -41,6 +41,14 @@ void AppendRecord(std::string& answer, std::string_view word, std::initializer_l
     answer += '\n';
 }
 
+// The name, if the format can hold it.
+std::string_view Checked(std::string_view name)
+{
+    if (name.empty() || name.size() > kMostNameBytes || name.find('\0') != std::string_view::npos)
+        throw Damaged("a name is empty or too long");
+    return name;
+}
+
 std::string_view WordIf(bool holds, std::string_view word)
 {
     return holds ? word : kNot;
@@ -50,32 +58,34 @@ void AppendColumns(std::string& answer, const std::vector<Column>& columns)
 {
     for (const Column& column : columns)
         AppendRecord(answer, kColumn,
-                     {column.Name, std::to_string(column.AdoType), std::to_string(column.DefinedSize),
+                     {Checked(column.Name), std::to_string(column.AdoType), std::to_string(column.DefinedSize),
                       std::to_string(column.Attributes), WordIf(column.AutoNumber, kAuto)});
 }
 
 void AppendTable(std::string& answer, const Table& table)
 {
-    AppendRecord(answer, kTable, {table.Name, table.Type});
+    AppendRecord(answer, kTable, {Checked(table.Name), table.Type});
     AppendColumns(answer, table.Columns);
     for (const Index& index : table.Indexes) {
-        AppendRecord(answer, kIndex, {index.Name, WordIf(index.Primary, kPrimary), WordIf(index.Unique, kUnique)});
+        AppendRecord(answer, kIndex,
+                     {Checked(index.Name), WordIf(index.Primary, kPrimary), WordIf(index.Unique, kUnique)});
         for (const std::string& column : index.Columns)
-            AppendRecord(answer, kIndexColumn, {column});
+            AppendRecord(answer, kIndexColumn, {Checked(column)});
     }
 }
 
 void AppendQuery(std::string& answer, const Query& query)
 {
-    AppendRecord(answer, kQuery, {query.Name, query.Kind == QueryKind::View ? kView : kProcedure});
+    AppendRecord(answer, kQuery, {Checked(query.Name), query.Kind == QueryKind::View ? kView : kProcedure});
     AppendColumns(answer, query.Columns);
 }
 
 void AppendRelationship(std::string& answer, const Relationship& relationship)
 {
-    AppendRecord(answer, kRelationship, {relationship.Name, relationship.Table, relationship.RelatedTable});
+    AppendRecord(answer, kRelationship,
+                 {Checked(relationship.Name), Checked(relationship.Table), Checked(relationship.RelatedTable)});
     for (const RelationshipColumn& pair : relationship.Columns)
-        AppendRecord(answer, kRelationshipColumn, {pair.Column, pair.RelatedColumn});
+        AppendRecord(answer, kRelationshipColumn, {Checked(pair.Column), Checked(pair.RelatedColumn)});
 }
 
 } // namespace

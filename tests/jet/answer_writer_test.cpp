@@ -49,6 +49,20 @@ TEST(AnswerWriter, NamesCantEndAFieldOrALine)
                                   "end\n");
 }
 
+TEST(AnswerWriter, ANameThatIsNoneIsDamage)
+{
+    for (const std::string& name : {std::string(), std::string(1025, 'x'), std::string("a\0b", 3)})
+        for (const Database& database :
+             {Database{.Tables = {{.Name = name, .Type = "TABLE"}}},
+              Database{.Tables = {{.Name = "T", .Type = "TABLE", .Columns = {{.Name = name}}}}},
+              Database{.Tables = {{.Name = "T", .Type = "TABLE", .Indexes = {{.Name = name}}}}},
+              Database{.Queries = {{.Name = name}}},
+              Database{.Relationships = {{.Name = name, .Table = "T", .RelatedTable = "U"}}},
+              Database{.Relationships = {{.Name = "R", .Table = "T", .RelatedTable = name}}}})
+            EXPECT_THROW(static_cast<void>(AnswerOf(database)), Refusal) << name.size();
+    EXPECT_NO_THROW(static_cast<void>(AnswerOf({.Queries = {{.Name = std::string(1024, 'x')}}})));
+}
+
 TEST(AnswerWriter, ARefusalStandsAlone)
 {
     EXPECT_EQ(AnswerOf(Damaged("page 7\nis not there")), "veldrane-jet 1\n"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 // What the reader of Jet files (`veldrane-jet`) tells of a file, on its standard output: UTF-8, a record a line, ended
@@ -14,6 +15,8 @@
 //   relationship         NAME  TABLE  RELATED TABLE
 //   relationship column  COLUMN  RELATED COLUMN                           of the relationship above
 //   end
+//
+// A name, of a column too, has 1 to kMostNameBytes bytes, none of them NUL.
 //
 // A view whose columns can't be told without running it has none. For a file that is not read, one line stands between
 // the first and the last:
@@ -31,6 +34,9 @@ inline constexpr std::string_view kRelationship = "relationship";
 inline constexpr std::string_view kRelationshipColumn = "relationship column";
 inline constexpr std::string_view kRefused = "refused";
 inline constexpr std::string_view kEnd = "end";
+
+// More than any name takes: 64 characters, and as many of the table before a view's column.
+inline constexpr std::size_t kMostNameBytes = 1024;
 
 inline constexpr std::string_view kPrimary = "primary";
 inline constexpr std::string_view kUnique = "unique";

@@ -1,16 +1,19 @@
-# The one place for language level, warnings and instrumentation. Every target links veldrane_compiler.
+# The one place for language level, warnings and instrumentation. Every target links veldrane_compiler, but for what can't
+# live with instrumentation, which links veldrane_warnings.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
-add_library(veldrane_compiler INTERFACE)
-target_compile_options(veldrane_compiler INTERFACE
+add_library(veldrane_warnings INTERFACE)
+target_compile_options(veldrane_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Wold-style-cast
   -Woverloaded-virtual -Wcast-qual -Wformat=2 -Werror
   -Wno-missing-field-initializers # designated initialisers name what they set, and leave out the rest on purpose
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>) # g++ 12 sees overlaps in std::string's operator+ that are not there (GCC bug 105651)
+add_library(veldrane_compiler INTERFACE)
+target_link_libraries(veldrane_compiler INTERFACE veldrane_warnings)
 if(VELDRANE_SANITIZE)
   target_compile_options(veldrane_compiler INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

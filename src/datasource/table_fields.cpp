@@ -1,10 +1,10 @@
 #include "datasource/table_fields.h"
 
 #include "datasource/ado_types.h"
+#include "datasource/field_statement.h"
 #include "datasource/naming.h"
 #include "datasource/table_keys.h"
 #include "datasource/type_table.h"
-#include "text/strings.h"
 
 #include <unordered_map>
 #include <unordered_set>
@@ -151,13 +151,6 @@ FieldsOutcome HandleFailure(ClassEdit& edit, const RuntimeError& error)
 }
 
 } // namespace
-
-std::string FieldStatement(std::string_view tableName)
-{
-    const std::string name(tableName);
-    const bool bracketed = name.find(' ') != std::string::npos || text::StartsWithDigit(name);
-    return bracketed ? "SELECT * FROM [" + name + "] WHERE 1=0" : "SELECT * FROM " + name + " WHERE 1=0";
-}
 
 FieldsOutcome AddFieldsAsProperties(ClassEdit& edit)
 {

@@ -2,9 +2,6 @@
 
 #include "datasource/class_edit.h"
 
-#include <string>
-#include <string_view>
-
 namespace veldrane {
 
 enum class FieldsOutcome
@@ -21,8 +18,5 @@ enum class FieldsOutcome
 // property FieldAllowsNull alone is refreshed; a property whose field is gone goes too. Then the keys are read
 // (RetrieveTableKeys). Reports its failures; the class is then as it was.
 FieldsOutcome AddFieldsAsProperties(ClassEdit& edit);
-
-// The statement that opens a table for its fields: the name in brackets if it holds a blank or begins with a digit.
-[[nodiscard]] std::string FieldStatement(std::string_view tableName);
 
 } // namespace veldrane

@@ -1,6 +1,7 @@
 #include "shell/define_classes.h"
 
 #include "datasource/collection_rule.h"
+#include "datasource/field_statement.h"
 #include "datasource/table_to_class.h"
 #include "shell/define_plan.h"
 #include "shell/define_procedures.h"

@@ -1,13 +1,14 @@
 #include "shell/entry.h"
 
-#include "datasource/odbc/odbc_connection.h"
 #include "shell/command_line.h"
 #include "shell/commands.h"
+#include "shell/data_sources.h"
 #include "shell/platform/console_error_report.h"
 #include "shell/platform/console_messages.h"
 #include "shell/platform/console_text.h"
 #include "shell/platform/detached_process_starter.h"
 #include "shell/platform/disk_file_system.h"
+#include "shell/platform/limited_program_runner.h"
 #include "shell/platform/paths.h"
 #include "shell/platform/settings_file.h"
 #include "shell/platform/system_clock.h"
@@ -83,6 +84,7 @@ int RunOn(const Application& application, const Command& command)
 int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStreams& streams)
 {
     ConsoleMessages messages(streams.ErrorOutput, ToldAnswers(command));
+    LimitedProgramRunner runner;
     ModuleState state;
     ConsoleErrorReport report(streams.ErrorOutput, [&](const RuntimeError& error) {
         return ADOErrorsOf(error, state.ActiveConnection.get());
@@ -106,10 +108,11 @@ int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStrea
         .Time = clock,
         .Programs = programs,
         .Connect = [&](const std::string& text, StringOrigin origin) -> std::unique_ptr<DataSourceConnection> {
-            auto connection =
-                std::make_unique<OdbcConnection>(OdbcConnectionOptions{.Origin = origin,
-                                                                       .ConnectTimeout = platform.ConnectTimeout,
-                                                                       .StatementTimeout = platform.StatementTimeout});
+            auto connection = ConnectionFor(text, origin,
+                                            {.ConnectTimeout = platform.ConnectTimeout,
+                                             .StatementTimeout = platform.StatementTimeout,
+                                             .ProgramFolder = streams.Folder,
+                                             .Runner = runner});
             progress->Stage(0, "Connecting to the data source");
             connection->Open(text);
             return connection;

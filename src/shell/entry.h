@@ -6,12 +6,13 @@
 
 namespace veldrane {
 
-// Where the program writes, and who watches.
+// Where the program writes, who watches, and where it lies.
 struct ProgramStreams
 {
     std::ostream& Output;
     std::ostream& ErrorOutput;
     bool ErrorOutputIsTerminal = false; // somebody watches: show how far a run is
+    std::string Folder{};               // of the program, and of those that belong to it
 };
 
 // The entry routine: runs the command that the arguments (without the program's own name) ask for, and answers the exit

@@ -1,4 +1,5 @@
 #include "shell/entry.h"
+#include "shell/platform/paths.h"
 #include "shell/platform/standard_streams.h"
 #include "shell/platform/temporary_registry.h"
 
@@ -11,7 +12,9 @@ int main(int argumentCount, char** arguments)
 {
     veldrane::HoldStandardStreams();
     veldrane::RemoveTemporariesOnSignal();
-    return veldrane::RunProgram(
-        std::vector<std::string>(arguments + 1, arguments + argumentCount),
-        {.Output = std::cout, .ErrorOutput = std::cerr, .ErrorOutputIsTerminal = isatty(STDERR_FILENO) == 1});
+    return veldrane::RunProgram(std::vector<std::string>(arguments + 1, arguments + argumentCount),
+                                {.Output = std::cout,
+                                 .ErrorOutput = std::cerr,
+                                 .ErrorOutputIsTerminal = isatty(STDERR_FILENO) == 1,
+                                 .Folder = veldrane::ProgramFolder()});
 }

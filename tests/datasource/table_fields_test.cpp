@@ -16,14 +16,6 @@ using testing::Texts;
 class AddFieldsAsPropertiesTest : public testing::ClassFixture
 {};
 
-TEST(FieldStatement, BracketsANameWithABlankOrALeadingDigit)
-{
-    EXPECT_EQ(FieldStatement("Orders"), "SELECT * FROM Orders WHERE 1=0");
-    EXPECT_EQ(FieldStatement("Order Details"), "SELECT * FROM [Order Details] WHERE 1=0");
-    EXPECT_EQ(FieldStatement("2004Sales"), "SELECT * FROM [2004Sales] WHERE 1=0");
-    EXPECT_EQ(FieldStatement("Order-Details"), "SELECT * FROM Order-Details WHERE 1=0");
-}
-
 TEST_F(AddFieldsAsPropertiesTest, AClassWithoutATableAsksNothing)
 {
     EXPECT_EQ(AddFieldsAsProperties(edit), FieldsOutcome::Read);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "datasource/providers.h"
+
 #include <array>
 #include <cstddef>
 #include <string_view>
@@ -14,17 +16,13 @@ inline constexpr std::size_t kSqlServer = 2;
 inline constexpr std::size_t kCount = 3;
 } // namespace logon_page
 
-// A provider of OLE DB, as connection strings name it, and the page that asks for what it wants to know.
+// A provider and the page that asks for what it wants to know.
 struct LogonProvider
 {
     std::string_view Key;
     std::string_view Text;
     std::size_t Page;
 };
-
-inline constexpr std::string_view kOdbcProvider = "MSDASQL";
-inline constexpr std::string_view kJetProvider = "Microsoft.Jet.OLEDB.4.0";
-inline constexpr std::string_view kSqlServerProvider = "SQLOLEDB";
 
 // In the order in which they are offered.
 inline constexpr std::array kLogonProviders{

@@ -1,5 +1,7 @@
 #include "datasource/odbc/odbc_catalog.h"
 
+#include "datasource/field_statement.h"
+#include "generator/column_names.h"
 #include "text/case_folding.h"
 #include "text/strings.h"
 
@@ -8,9 +10,6 @@
 
 namespace veldrane {
 namespace {
-
-constexpr std::string_view kOpening = "SELECT * FROM ";
-constexpr std::string_view kClosing = " WHERE 1=0";
 
 // Whether the name can stand in a statement as it is and be nothing but a name.
 bool IsPlainName(std::string_view name)
@@ -21,12 +20,6 @@ bool IsPlainName(std::string_view name)
     });
 }
 
-// Whether a statement puts the name in brackets; around another name they may be its own.
-bool NeedsBrackets(std::string_view name)
-{
-    return name.find(' ') != std::string_view::npos || text::StartsWithDigit(name);
-}
-
 // Sent on, the name might be one that the server does not know as it stands.
 [[noreturn]] void RefuseHidden(const std::string& table)
 {
@@ -35,19 +28,6 @@ bool NeedsBrackets(std::string_view name)
 }
 
 } // namespace
-
-std::optional<std::string> TableOfStatement(std::string_view statement)
-{
-    if (statement.size() < kOpening.size() + kClosing.size() ||
-        !text::EqualFolded(statement.substr(0, kOpening.size()), kOpening) ||
-        !text::EqualFolded(statement.substr(statement.size() - kClosing.size()), kClosing))
-        return std::nullopt;
-    statement.remove_prefix(kOpening.size());
-    statement.remove_suffix(kClosing.size());
-    if (statement.size() >= 2 && statement.starts_with('[') && statement.ends_with(']'))
-        statement = statement.substr(1, statement.size() - 2);
-    return std::string(statement);
-}
 
 OdbcCatalog::OdbcCatalog(std::shared_ptr<OdbcSession> session, std::unique_ptr<CatalogSource> source)
     : session_(std::move(session)), source_(std::move(source)), quote_(session_->Info(SQL_IDENTIFIER_QUOTE_CHAR))
@@ -111,7 +91,8 @@ std::vector<CatalogField> OdbcCatalog::Fields(const std::string& statement)
     if (!name)
         throw DataSourceError(data_source_error::kFailed, "ODBC",
                               "The statement does not open a table for its fields.");
-    const bool isBracketed = statement[statement.size() - kClosing.size() - 1] == ']';
+    // Around a name that could stand bare, brackets may be its own.
+    const bool isBracketed = statement.size() > FieldStatementOf(*name).size();
     if (Entry* entry = isBracketed && !NeedsBrackets(*name) ? Find("[" + *name + "]") : nullptr)
         return FieldsOf(*entry);
     if (Entry* entry = Find(*name))
@@ -135,7 +116,7 @@ const std::vector<CatalogField>& OdbcCatalog::FieldsOf(Entry& entry)
 std::vector<CatalogField> OdbcCatalog::Open(const std::string& reference) const
 {
     OdbcStatement opened(*session_);
-    opened.Execute(std::string(kOpening) + reference + std::string(kClosing));
+    opened.Execute(FieldStatementOf(reference));
     std::vector<CatalogField> fields;
     for (const OdbcColumn& column : opened.Columns())
         fields.push_back(source_->FieldOf(column));

@@ -6,7 +6,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -62,8 +61,5 @@ class OdbcCatalog : public Catalog
     std::optional<std::vector<std::string>> procedures_;
     std::optional<std::vector<CatalogParameter>> parameters_;
 };
-
-// The name of the table that "SELECT * FROM name WHERE 1=0" opens, brackets taken off; none for another statement.
-[[nodiscard]] std::optional<std::string> TableOfStatement(std::string_view statement);
 
 } // namespace veldrane

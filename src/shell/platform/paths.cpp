@@ -67,6 +67,12 @@ std::string RecoveryFolder()
     return StateFolder() + "/recovery";
 }
 
+std::string ProgramFolder()
+{
+    std::error_code failure;
+    return std::filesystem::read_symlink("/proc/self/exe", failure).parent_path().string();
+}
+
 bool IsSameFolder(const std::string& first, const std::string& second)
 {
     struct stat one = {};

@@ -18,6 +18,9 @@ namespace veldrane {
 // For copies that must outlive a crash: "recovery" in the state folder.
 [[nodiscard]] std::string RecoveryFolder();
 
+// The folder of the program that runs, "" if the system does not tell it.
+[[nodiscard]] std::string ProgramFolder();
+
 // Whether both paths lead to the same folder, by whatever road. False if one of them leads nowhere. Never throws.
 [[nodiscard]] bool IsSameFolder(const std::string& first, const std::string& second);
 

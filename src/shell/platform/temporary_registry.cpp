@@ -1,5 +1,7 @@
 #include "shell/platform/temporary_registry.h"
 
+#include "shell/platform/limited_program_runner.h"
+
 #include <algorithm>
 #include <array>
 #include <atomic>
@@ -78,6 +80,7 @@ void RemoveFilesOf(const Slot& slot)
 
 extern "C" void RemoveTemporariesAndEnd(int signal)
 {
+    KillRunningProgram();
     for (const Slot& slot : slots)
         RemoveFilesOf(slot);
     _exit(128 + signal); // the shell's convention

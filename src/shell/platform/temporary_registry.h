@@ -46,9 +46,10 @@ class RegisteredTemporaries
     std::size_t slot_;
 };
 
-// From now on SIGINT, SIGTERM, SIGHUP and SIGPIPE remove the temporary files of this process and end it with the exit
-// code 128 + the signal's number (130 for SIGINT). A signal that the program was started to ignore stays ignored.
-// SIGXFSZ is ignored from now on: a file that grows beyond its limit is then a write that fails, as on a full disk.
+// From now on SIGINT, SIGTERM, SIGHUP and SIGPIPE remove the temporary files of this process, kill the program that it
+// runs (limited_program_runner.h) and end it with the exit code 128 + the signal's number (130 for SIGINT). A signal
+// that the program was started to ignore stays ignored. SIGXFSZ is ignored from now on: a file that grows beyond its
+// limit is then a write that fails, as on a full disk.
 void RemoveTemporariesOnSignal();
 
 } // namespace veldrane

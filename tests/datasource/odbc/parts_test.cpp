@@ -2,7 +2,6 @@
 #include "datasource/odbc/diagnostics.h"
 #include "datasource/odbc/field_types.h"
 #include "datasource/odbc/key_names.h"
-#include "datasource/odbc/odbc_catalog.h"
 #include "datasource/odbc/sqlite_definition.h"
 #include "datasource/odbc/utf16.h"
 
@@ -162,18 +161,6 @@ TEST(SqliteDefinition, ComesToAnEndOnAnyText)
 {
     for (const std::string text : {"", "\"", "[", "/*", "--", "CONSTRAINT", "CONSTRAINT a PRIMARY", "''", "'''"})
         EXPECT_EQ(PrimaryKeyNameOf(text), "") << text;
-}
-
-TEST(TableStatement, NamesItsTable)
-{
-    EXPECT_EQ(TableOfStatement("SELECT * FROM Orders WHERE 1=0"), "Orders");
-    EXPECT_EQ(TableOfStatement("SELECT * FROM [Order Details] WHERE 1=0"), "Order Details");
-    EXPECT_EQ(TableOfStatement("select * from [a]b] where 1=0"), "a]b");
-    EXPECT_EQ(TableOfStatement("SELECT * FROM [] WHERE 1=0"), "");
-    EXPECT_EQ(TableOfStatement("SELECT * FROM a WHERE 1=0 WHERE 1=0"), "a WHERE 1=0");
-    EXPECT_EQ(TableOfStatement("SELECT * FROM a"), std::nullopt);
-    EXPECT_EQ(TableOfStatement("SELECT * FROM WHERE 1=0"), std::nullopt);
-    EXPECT_EQ(TableOfStatement(""), std::nullopt);
 }
 
 } // namespace

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string_view>
+
+// The providers of OLE DB, as connection strings name them.
+namespace veldrane {
+
+inline constexpr std::string_view kOdbcProvider = "MSDASQL";
+inline constexpr std::string_view kJetProvider = "Microsoft.Jet.OLEDB.4.0";
+inline constexpr std::string_view kSqlServerProvider = "SQLOLEDB";
+
+} // namespace veldrane

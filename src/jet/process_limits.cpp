@@ -1,0 +1,49 @@
+#include "jet/process_limits.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace veldrane::jet {
+namespace {
+
+constexpr rlim_t kAddressSpace = rlim_t{512} << 20U;
+constexpr rlim_t kProcessorSeconds = 5;
+
+bool Limit(__rlimit_resource_t resource, rlim_t most)
+{
+    rlimit limit{};
+    if (getrlimit(resource, &limit) != 0)
+        return false;
+    if (limit.rlim_max != RLIM_INFINITY && limit.rlim_max < most)
+        most = limit.rlim_max;
+    limit = {.rlim_cur = most, .rlim_max = most};
+    return setrlimit(resource, &limit) == 0;
+}
+
+} // namespace
+
+bool LimitProcess()
+{
+    return Limit(RLIMIT_AS, kAddressSpace) && Limit(RLIMIT_CPU, kProcessorSeconds) && Limit(RLIMIT_CORE, 0) &&
+           prctl(PR_SET_PDEATHSIG, SIGKILL) == 0;
+}
+
+int KeepAnswerApart()
+{
+    const bool isQuiet = std::getenv("VELDRANE_JET_MESSAGES") == nullptr;
+    if (clearenv() != 0)
+        return -1;
+    const int answer = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    if (answer < 0 || nowhere < 0 || dup2(nowhere, STDOUT_FILENO) < 0)
+        return -1;
+    if (isQuiet && dup2(nowhere, STDERR_FILENO) < 0)
+        return -1;
+    return answer;
+}
+
+} // namespace veldrane::jet

@@ -1,0 +1,250 @@
+#include "jet/query_columns.h"
+
+#include "jet/column_reference.h"
+#include "jet/column_types.h"
+#include "text/case_folding.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace veldrane::jet {
+namespace {
+
+// The attributes of the parts of a query that count here.
+constexpr int kKind = 1;      // Flag
+constexpr int kParameter = 2; // Name1
+constexpr int kOptions = 3;   // Flag
+constexpr int kSource = 5;    // Name1: a table or query; Name2: its name in this one
+constexpr int kOutput = 6;    // Expression; Name1: its name
+
+constexpr int kSelect = 1;
+constexpr int kUnion = 9;
+constexpr int kAllColumns = 0x01; // of the options: behind the outputs, all columns of all sources
+
+// The engine's own limits for what a query gives, and for queries that stand on one another.
+constexpr std::size_t kColumnsAtMost = 255;
+constexpr int kLevelsAtMost = 50;
+
+constexpr std::size_t kFirstExpression = 1000;
+
+using Parts = std::vector<QueryPart>;
+using KnownColumns = std::optional<std::vector<Column>>;
+
+int KindOf(const Parts& parts)
+{
+    const auto kind =
+        std::find_if(parts.begin(), parts.end(), [](const QueryPart& part) { return part.Attribute == kKind; });
+    return kind == parts.end() ? kSelect : kind->Flag;
+}
+
+bool HasParameters(const Parts& parts)
+{
+    return std::any_of(parts.begin(), parts.end(), [](const QueryPart& part) { return part.Attribute == kParameter; });
+}
+
+bool IsView(const Parts& parts)
+{
+    const int kind = KindOf(parts);
+    return (kind == kSelect || kind == kUnion) && !HasParameters(parts);
+}
+
+struct Source
+{
+    std::string Name;
+    KnownColumns Columns;
+};
+
+struct Output
+{
+    Column Described;
+    std::string Source; // which tells it from others of its name; "" if it has a name of its own
+};
+
+// The outputs of one select query, from its parts and what its sources give.
+class Outputs
+{
+  public:
+    explicit Outputs(std::vector<Source> sources) : sources_(std::move(sources)) {}
+
+    void Add(const QueryPart& part)
+    {
+        const auto reference = ReadColumnReference(part.Expression);
+        if (reference && reference->AllColumns)
+            AddAll(reference->Source);
+        else
+            AddOne(part, reference);
+    }
+
+    // All columns of one source, or of every one if no name is given.
+    void AddAll(std::string_view name = {})
+    {
+        bool isFound = false;
+        for (const Source& source : sources_) {
+            if (!name.empty() && !text::EqualFolded(source.Name, name))
+                continue;
+            isFound = true;
+            isKnown_ = isKnown_ && source.Columns.has_value();
+            for (const Column& column : source.Columns.value_or(std::vector<Column>()))
+                Append({.Described = column, .Source = source.Name});
+        }
+        isKnown_ = isKnown_ && isFound;
+    }
+
+    [[nodiscard]] KnownColumns Columns() const
+    {
+        if (!isKnown_)
+            return std::nullopt;
+        std::map<std::string, int> uses;
+        for (const Output& output : outputs_)
+            ++uses[text::Fold(output.Described.Name)];
+        std::vector<Column> columns;
+        for (const Output& output : outputs_) {
+            columns.push_back(output.Described);
+            if (!output.Source.empty() && uses[text::Fold(output.Described.Name)] > 1)
+                columns.back().Name = output.Source + "." + output.Described.Name;
+        }
+        return columns;
+    }
+
+  private:
+    void Append(Output output)
+    {
+        isKnown_ = isKnown_ && outputs_.size() < kColumnsAtMost;
+        if (isKnown_)
+            outputs_.push_back(std::move(output));
+    }
+
+    void AddOne(const QueryPart& part, const std::optional<ColumnReference>& reference)
+    {
+        auto output = reference ? Find(*reference) : std::nullopt;
+        if (!output)
+            output =
+                Output{.Described = DescribeExpression("Expr" + std::to_string(kFirstExpression + outputs_.size()))};
+        if (!part.Name1.empty())
+            *output = {.Described = Named(output->Described, part.Name1)};
+        Append(std::move(*output));
+    }
+
+    static Column Named(Column column, const std::string& name)
+    {
+        column.Name = name;
+        return column;
+    }
+
+    [[nodiscard]] std::optional<Output> Find(const ColumnReference& reference) const
+    {
+        for (const Source& source : sources_) {
+            if (!source.Columns || (!reference.Source.empty() && !text::EqualFolded(source.Name, reference.Source)))
+                continue;
+            const auto found = std::find_if(source.Columns->begin(), source.Columns->end(), [&](const Column& column) {
+                return text::EqualFolded(column.Name, reference.Name);
+            });
+            if (found != source.Columns->end())
+                return Output{.Described = *found, .Source = source.Name};
+        }
+        return std::nullopt;
+    }
+
+    std::vector<Source> sources_;
+    std::vector<Output> outputs_;
+    bool isKnown_ = true;
+};
+
+// What the tables and queries of a file give, each query worked out once.
+class Givers
+{
+  public:
+    using PartsById = std::map<std::int32_t, Parts>;
+
+    Givers(const std::vector<Object>& objects, const PartsById& parts, const std::vector<Table>& tables) : parts_(parts)
+    {
+        for (const Table& table : tables)
+            tables_.emplace(text::Fold(table.Name), &table);
+        for (const Object& object : objects)
+            if (object.Type == kQueryObject)
+                queries_.emplace(text::Fold(object.Name), object.Id);
+    }
+
+    [[nodiscard]] const Parts& PartsOf(std::int32_t query) const
+    {
+        static const Parts kNone;
+        const auto found = parts_.find(query);
+        return found == parts_.end() ? kNone : found->second;
+    }
+
+    KnownColumns ColumnsOf(std::int32_t query)
+    {
+        // While it is worked out it gives nothing, should it stand on itself.
+        const auto [known, isNew] = known_.try_emplace(query);
+        if (isNew && level_ < kLevelsAtMost) {
+            ++level_;
+            known->second = WorkOut(PartsOf(query));
+            --level_;
+        }
+        return known->second;
+    }
+
+  private:
+    KnownColumns WorkOut(const Parts& parts)
+    {
+        if (!IsView(parts) || KindOf(parts) != kSelect)
+            return std::nullopt;
+        std::vector<Source> sources;
+        for (const QueryPart& part : parts)
+            if (part.Attribute == kSource)
+                sources.push_back(
+                    {.Name = part.Name2.empty() ? part.Name1 : part.Name2, .Columns = ColumnsOfSource(part.Name1)});
+        Outputs outputs(std::move(sources));
+        bool takesAll = false;
+        for (const QueryPart& part : parts) {
+            if (part.Attribute == kOutput)
+                outputs.Add(part);
+            takesAll = takesAll || (part.Attribute == kOptions && (part.Flag & kAllColumns) != 0);
+        }
+        if (takesAll)
+            outputs.AddAll();
+        return outputs.Columns();
+    }
+
+    KnownColumns ColumnsOfSource(const std::string& name)
+    {
+        const std::string key = text::Fold(name);
+        if (const auto table = tables_.find(key); table != tables_.end()) {
+            const std::vector<Column>& columns = table->second->Columns;
+            return columns.empty() ? std::nullopt : KnownColumns(columns);
+        }
+        const auto query = queries_.find(key);
+        return query == queries_.end() ? std::nullopt : ColumnsOf(query->second);
+    }
+
+    const PartsById& parts_;
+    std::map<std::string, const Table*> tables_;
+    std::map<std::string, std::int32_t> queries_;
+    std::map<std::int32_t, KnownColumns> known_;
+    int level_ = 0;
+};
+
+} // namespace
+
+std::vector<Query> DescribeQueries(const std::vector<Object>& objects,
+                                   const std::map<std::int32_t, std::vector<QueryPart>>& parts,
+                                   const std::vector<Table>& tables)
+{
+    Givers givers(objects, parts, tables);
+    std::vector<Query> queries;
+    for (const Object& object : objects) {
+        if (object.Type != kQueryObject || object.Name.starts_with('~'))
+            continue;
+        Query query{.Name = object.Name,
+                    .Kind = IsView(givers.PartsOf(object.Id)) ? QueryKind::View : QueryKind::Procedure};
+        if (auto columns = givers.ColumnsOf(object.Id))
+            query.Columns = std::move(*columns);
+        queries.push_back(std::move(query));
+    }
+    return queries;
+}
+
+} // namespace veldrane::jet

@@ -1,0 +1,96 @@
+#include "jet/system_tables.h"
+
+#include "jet/record.h"
+
+#include <algorithm>
+#include <string_view>
+#include <tuple>
+#include <utility>
+
+namespace veldrane::jet {
+namespace {
+
+constexpr std::uint32_t kObjectsPage = 2;
+
+constexpr std::int32_t kNotEnforced = 0x02;
+constexpr std::string_view kSystemPrefix = "MSys";
+
+struct RelationshipRow
+{
+    std::string Name;
+    std::int32_t Place = 0; // among the relationship's columns
+    std::string Table;
+    std::string RelatedTable;
+    RelationshipColumn Columns;
+};
+
+std::vector<RelationshipRow> ReadRelationshipRows(JetFile& file, std::uint32_t definitionPage)
+{
+    std::vector<RelationshipRow> rows;
+    ForEachRecord(file, definitionPage, [&](const Record& record) {
+        RelationshipRow row{
+            .Name = record.Text("szRelationship"),
+            .Place = record.Number("icolumn"),
+            .Table = record.Text("szObject"),
+            .RelatedTable = record.Text("szReferencedObject"),
+            .Columns = {.Column = record.Text("szColumn"), .RelatedColumn = record.Text("szReferencedColumn")}};
+        const bool isSystem = row.Table.starts_with(kSystemPrefix) || row.RelatedTable.starts_with(kSystemPrefix);
+        if (!isSystem && (record.Number("grbit") & kNotEnforced) == 0)
+            rows.push_back(std::move(row));
+    });
+    std::stable_sort(rows.begin(), rows.end(),
+                     [](const RelationshipRow& a, const RelationshipRow& b) { return a.Place < b.Place; });
+    return rows;
+}
+
+} // namespace
+
+std::vector<Object> ReadObjects(JetFile& file)
+{
+    std::vector<Object> objects;
+    ForEachRecord(file, kObjectsPage, [&](const Record& record) {
+        Object object{.Name = record.Text("Name"),
+                      .Id = record.Number("Id"),
+                      .Type = record.Number("Type"),
+                      .Flags = static_cast<std::uint32_t>(record.Number("Flags"))};
+        if (object.Type == kTableObject)
+            object.Properties = record.LongBinary("LvProp");
+        objects.push_back(std::move(object));
+    });
+    return objects;
+}
+
+std::map<std::int32_t, std::vector<QueryPart>> ReadQueryParts(JetFile& file, std::uint32_t definitionPage)
+{
+    std::map<std::int32_t, std::vector<QueryPart>> parts;
+    ForEachRecord(file, definitionPage, [&](const Record& record) {
+        parts[record.Number("ObjectId")].push_back({.Attribute = record.Number("Attribute"),
+                                                    .Flag = record.Number("Flag"),
+                                                    .Order = record.Binary("Order"),
+                                                    .Name1 = record.Text("Name1"),
+                                                    .Name2 = record.Text("Name2"),
+                                                    .Expression = record.Memo("Expression")});
+    });
+    for (auto& [id, ofOne] : parts)
+        std::stable_sort(ofOne.begin(), ofOne.end(), [](const QueryPart& a, const QueryPart& b) {
+            return std::tie(a.Attribute, a.Order) < std::tie(b.Attribute, b.Order);
+        });
+    return parts;
+}
+
+std::vector<Relationship> ReadRelationships(JetFile& file, std::uint32_t definitionPage)
+{
+    std::vector<Relationship> relationships;
+    std::map<std::string, std::size_t> places;
+    for (RelationshipRow& row : ReadRelationshipRows(file, definitionPage)) {
+        const auto [place, isNew] = places.try_emplace(row.Name, relationships.size());
+        if (isNew)
+            relationships.push_back({.Name = std::move(row.Name),
+                                     .Table = std::move(row.Table),
+                                     .RelatedTable = std::move(row.RelatedTable)});
+        relationships[place->second].Columns.push_back(std::move(row.Columns));
+    }
+    return relationships;
+}
+
+} // namespace veldrane::jet

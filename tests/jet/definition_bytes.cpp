@@ -1,0 +1,119 @@
+#include "definition_bytes.h"
+
+namespace veldrane::testing {
+namespace {
+
+using jet::Version;
+
+constexpr std::size_t kPageHeader = 8;
+constexpr std::size_t kNextPageAt = 4;
+
+void Put(std::string& bytes, std::size_t at, const std::string& what)
+{
+    bytes.replace(at, what.size(), what);
+}
+
+std::string Zeros(std::size_t count)
+{
+    return {std::string(count, '\0')};
+}
+
+std::string Named(Version version, const std::string& name)
+{
+    const std::string bytes = NameBytes(version, name);
+    return LittleEndian(bytes.size(), version == Version::Jet3 ? 1 : 2) + bytes;
+}
+
+std::string Beginning(Version version, const DefinitionSpec& spec)
+{
+    const bool isJet3 = version == Version::Jet3;
+    const std::size_t perStored = isJet3 ? 8 : 12;
+    std::string bytes = "\x02\x01" + Zeros((isJet3 ? 41 : 61) + perStored * spec.StoredIndexes.size());
+    Put(bytes, isJet3 ? 12 : 16, LittleEndian(spec.Rows, 4));
+    Put(bytes, isJet3 ? 25 : 45, LittleEndian(spec.Columns.size(), 2));
+    Put(bytes, isJet3 ? 27 : 47, LittleEndian(spec.LogicalIndexes.size(), 4));
+    Put(bytes, isJet3 ? 31 : 51, LittleEndian(spec.StoredIndexes.size(), 4));
+    return bytes;
+}
+
+std::string Entry(Version version, const DefinitionSpec::Column& column)
+{
+    const bool isJet3 = version == Version::Jet3;
+    std::string bytes = Zeros(isJet3 ? 18 : 25);
+    Put(bytes, 0, LittleEndian(static_cast<std::uint64_t>(column.Type), 1));
+    Put(bytes, isJet3 ? 1 : 5, LittleEndian(static_cast<std::uint64_t>(column.Id), 2));
+    Put(bytes, isJet3 ? 13 : 15, LittleEndian(static_cast<std::uint64_t>(column.Flags), 1));
+    Put(bytes, isJet3 ? 16 : 23, LittleEndian(static_cast<std::uint64_t>(column.Size), 2));
+    return bytes;
+}
+
+std::string Entry(Version version, const DefinitionSpec::Stored& index)
+{
+    const bool isJet3 = version == Version::Jet3;
+    std::string bytes = Zeros(isJet3 ? 0 : 4);
+    for (std::size_t i = 0; i < 10; ++i)
+        bytes += i < index.ColumnIds.size() ? LittleEndian(static_cast<std::uint64_t>(index.ColumnIds[i]), 2) + "\x01"
+                                            : "\xFF\xFF" + Zeros(1);
+    bytes += Zeros((isJet3 ? 39 : 52) - bytes.size());
+    Put(bytes, isJet3 ? 38 : 46, LittleEndian(static_cast<std::uint64_t>(index.Flags), 1));
+    return bytes;
+}
+
+std::string Entry(Version version, const DefinitionSpec::Logical& index)
+{
+    const bool isJet3 = version == Version::Jet3;
+    std::string bytes = Zeros(isJet3 ? 20 : 28);
+    Put(bytes, isJet3 ? 0 : 4, LittleEndian(static_cast<std::uint64_t>(index.Number), 4));
+    Put(bytes, isJet3 ? 4 : 8, LittleEndian(static_cast<std::uint64_t>(index.Place), 4));
+    Put(bytes, isJet3 ? 19 : 23, LittleEndian(static_cast<std::uint64_t>(index.Type), 1));
+    return bytes;
+}
+
+} // namespace
+
+std::string LittleEndian(std::uint64_t number, std::size_t size)
+{
+    std::string bytes;
+    for (; bytes.size() < size; number >>= 8U)
+        bytes += static_cast<char>(number & 0xFFU);
+    return bytes;
+}
+
+std::string NameBytes(Version version, std::string_view name)
+{
+    std::string bytes;
+    for (const char c : name) {
+        bytes += c;
+        if (version == Version::Jet4)
+            bytes += '\0';
+    }
+    return bytes;
+}
+
+std::string DefinitionBytes(Version version, const DefinitionSpec& spec)
+{
+    std::string bytes = Beginning(version, spec);
+    for (const auto& column : spec.Columns)
+        bytes += Entry(version, column);
+    for (const auto& column : spec.Columns)
+        bytes += Named(version, column.Name);
+    for (const auto& index : spec.StoredIndexes)
+        bytes += Entry(version, index);
+    for (const auto& index : spec.LogicalIndexes)
+        bytes += Entry(version, index);
+    for (const auto& index : spec.LogicalIndexes)
+        bytes += Named(version, index.Name);
+    return bytes;
+}
+
+std::pair<std::string, std::string> SplitDefinition(const std::string& definition, std::size_t size, std::uint32_t next,
+                                                    std::uint32_t last)
+{
+    std::string first = definition.substr(0, size);
+    Put(first, kNextPageAt, LittleEndian(next, 4));
+    std::string second = definition.substr(0, kPageHeader) + definition.substr(size);
+    Put(second, kNextPageAt, LittleEndian(last, 4));
+    return {first, second};
+}
+
+} // namespace veldrane::testing

@@ -1,0 +1,145 @@
+#include "veldrane_jet.h"
+
+#include "support/child_process.h"
+#include "support/random_numbers.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdlib>
+#include <string>
+
+namespace veldrane {
+namespace {
+
+using testing::ContentOf;
+using ::testing::HasSubstr;
+using testing::IsWhole;
+using testing::RandomNumbers;
+using testing::ReaderOutcome;
+using testing::ReasonOf;
+using testing::RunReader;
+using testing::ScratchFolder;
+
+// Jet files that do not come with the project.
+class SampleJetFiles : public ::testing::Test
+{
+  protected:
+    void SetUp() override
+    {
+        const char* folder = std::getenv("VELDRANE_SAMPLE_DATA"); // NOLINT(concurrency-mt-unsafe)
+        if (folder == nullptr || *folder == '\0')
+            GTEST_SKIP() << "VELDRANE_SAMPLE_DATA names no folder of sample databases.";
+        folder_ = std::string(folder) + "/jet/";
+    }
+
+    [[nodiscard]] std::string Path(const std::string& name) const { return folder_ + name; }
+
+    [[nodiscard]] std::string AnswerFor(const std::string& name, const std::string& password = "") const
+    {
+        const ReaderOutcome outcome = RunReader(Path(name), password);
+        EXPECT_EQ(ReasonOf(outcome), "") << name;
+        return outcome.Answer;
+    }
+
+    [[nodiscard]] std::string ReasonFor(const std::string& name, const std::string& password = "") const
+    {
+        return ReasonOf(RunReader(Path(name), password));
+    }
+
+  private:
+    std::string folder_;
+};
+
+TEST_F(SampleJetFiles, AProtectedFileIsReadWithItsPasswordAlone)
+{
+    const std::string name = "indexTestV2003-password.mdb";
+    for (const std::string wrong : {"", "geheim", "GEHEIM ß", "geheim ß\n", "geheim \xDF"})
+        EXPECT_EQ(ReasonFor(name, wrong), "password") << wrong;
+    EXPECT_EQ(ReasonFor(name, std::string(1U << 20U, 'x')), "password");
+    EXPECT_EQ(AnswerFor(name, "geheim ß"), AnswerFor("indexTestV2003.mdb"));
+}
+
+TEST_F(SampleJetFiles, AnEncipheredFileIsReadAsAnyOther)
+{
+    EXPECT_EQ(AnswerFor("indexTestV2003-encoded.mdb"), AnswerFor("indexTestV2003.mdb", "whatever is given"));
+}
+
+TEST_F(SampleJetFiles, FilesOfTheLaterEngineAreRefusedAsSuch)
+{
+    EXPECT_EQ(ReasonFor("linkerTestV2007.accdb"), "ace");
+    EXPECT_EQ(ReasonFor("unsupportedFieldsTestV2007.accdb"), "ace");
+}
+
+TEST_F(SampleJetFiles, FilesThatRunOtherReadersOutOfMemoryAreRefusedAsDamaged)
+{
+    EXPECT_EQ(ReasonFor("test2V1997-truncated.mdb"), "damaged");
+    EXPECT_EQ(ReasonFor("test2V1997-damaged-hang.mdb"), "damaged");
+}
+
+TEST_F(SampleJetFiles, NoPrimaryKeyIsLostWhereIndexesWereDropped)
+{
+    const std::string answer = AnswerFor("testIndexPropertiesV2003.mdb");
+    for (const char* table : {"TableIgnoreNulls1", "TableIgnoreNulls1_temp", "TableIgnoreNulls2",
+                              "TableIgnoreNulls2_temp", "TableUnique1_temp", "TableUnique2_temp"}) {
+        const std::size_t at = answer.find("table\t" + std::string(table) + "\tTABLE\n");
+        ASSERT_NE(at, std::string::npos) << table;
+        EXPECT_THAT(answer.substr(at, answer.find("\ntable\t", at) - at),
+                    HasSubstr("index\tPrimaryKey\tprimary\tunique\nindex column\trow"))
+            << table;
+    }
+}
+
+TEST_F(SampleJetFiles, QueriesAreToldWithTheColumnsOfViews)
+{
+    for (const char* name : {"queryTestV1997.mdb", "queryTestV2003.mdb"}) {
+        const std::string answer = AnswerFor(name);
+        EXPECT_THAT(answer, HasSubstr("query\tSelectQuery\tview\n"
+                                      "column\tTable1.col1\t202\t50\t96\t-\n"
+                                      "column\tTable1.col2\t202\t50\t96\t-\n"
+                                      "column\tTable1.col3\t202\t50\t96\t-\n"
+                                      "column\tTable2.col1\t202\t50\t96\t-\n"
+                                      "column\tTable2.col2\t202\t50\t96\t-\n"
+                                      "column\tTable3.col3\t202\t50\t96\t-\nquery\t"))
+            << name;
+        EXPECT_THAT(answer, HasSubstr("query\tUnionQuery\tview\nquery\t")) << name;
+        EXPECT_THAT(answer, HasSubstr("query\tPassthroughQuery\tprocedure\n")) << name;
+    }
+}
+
+TEST_F(SampleJetFiles, CutAnywhereTheyEndInAnAnswer)
+{
+    const ScratchFolder folder;
+    const std::string whole = ContentOf(Path("queryTestV1997.mdb"));
+    for (std::size_t size = 0; size < whole.size(); size += 1021) {
+        const ReaderOutcome outcome = RunReader(folder.Write("cut.mdb", whole.substr(0, size)));
+        EXPECT_EQ(outcome.Code, 0) << size;
+        EXPECT_TRUE(IsWhole(outcome.Answer)) << size;
+        if (size < 2048) {
+            EXPECT_EQ(ReasonOf(outcome), size < 0x15 ? "not-jet" : "damaged") << size;
+        }
+    }
+}
+
+// libmdb may fall over such a file; what counts is that it does so alone and at once.
+TEST_F(SampleJetFiles, WithBitsFlippedTheyEndInAnAnswerOrAtALimit)
+{
+    constexpr auto kFiles = std::to_array<const char*>(
+        {"indexTestV1997.mdb", "testIndexPropertiesV2003.mdb", "queryTestV2003.mdb", "testV1997.mdb"});
+    constexpr auto kFlips = std::to_array<std::size_t>({1, 10, 100, 1000});
+    const ScratchFolder folder;
+    RandomNumbers numbers(20);
+    for (int variant = 0; variant < 200; ++variant) {
+        std::string content = ContentOf(Path(numbers.Pick(kFiles)));
+        for (std::size_t flips = numbers.Pick(kFlips); flips > 0; --flips) {
+            char& byte = content[24 + numbers.Below(content.size() - 24)];
+            byte = static_cast<char>(byte ^ (1 << numbers.Below(8)));
+        }
+        const ReaderOutcome outcome = RunReader(folder.Write("flipped.mdb", content));
+        EXPECT_EQ(IsWhole(outcome.Answer), outcome.Code == 0) << variant;
+    }
+}
+
+} // namespace
+} // namespace veldrane

@@ -109,7 +109,8 @@ int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStrea
             auto connection =
                 std::make_unique<OdbcConnection>(OdbcConnectionOptions{.Origin = origin,
                                                                        .ConnectTimeout = platform.ConnectTimeout,
-                                                                       .StatementTimeout = platform.StatementTimeout});
+                                                                       .StatementTimeout = platform.StatementTimeout,
+                                                                       .TdsDriver = platform.TdsDriver});
             progress->Stage(0, "Connecting to the data source");
             connection->Open(text);
             return connection;

@@ -1,5 +1,6 @@
 #include "datasource/connection_policy.h"
 
+#include "datasource/sql_server_string.h"
 #include "text/case_folding.h"
 
 #include <algorithm>
@@ -39,12 +40,36 @@ void RemoveKey(Entries& entries, std::string_view key)
     std::erase_if(entries, [&](const ConnectionEntry& entry) { return text::EqualFolded(entry.Key, key); });
 }
 
-void RefuseOtherProviders(const ConnectionString& given)
+enum class Provider
 {
-    for (const ConnectionEntry& entry : given.Entries())
-        if (text::EqualFolded(entry.Key, "PROVIDER") && !IsOneOf(entry.Value, kOdbcProviders))
+    Odbc,
+    SqlServer,
+};
+
+Provider ProviderOf(const ConnectionString& given)
+{
+    std::optional<Provider> told;
+    for (const ConnectionEntry& entry : given.Entries()) {
+        if (!text::EqualFolded(entry.Key, "PROVIDER"))
+            continue;
+        const bool isSqlServer = IsSqlServerProvider(entry.Value);
+        if (!isSqlServer && !IsOneOf(entry.Value, kOdbcProviders))
             Refuse("The connection string asks for the provider \"" + entry.Value +
-                   "\", and only data sources of ODBC (MSDASQL) can be opened.");
+                   "\", which does not lead to an ODBC driver as MSDASQL and SQLOLEDB do.");
+        const Provider provider = isSqlServer ? Provider::SqlServer : Provider::Odbc;
+        if (told.value_or(provider) != provider)
+            Refuse("The connection string asks for two providers.");
+        told = provider;
+    }
+    return told.value_or(Provider::Odbc);
+}
+
+// The string as a driver manager could read it.
+ConnectionString InKeysOfOdbc(const ConnectionString& given, Provider provider, const InstalledDrivers& installed,
+                              const LogonRules& rules)
+{
+    return WithStandInDriver(provider == Provider::SqlServer ? TranslateSqlServerString(given, installed) : given,
+                             installed, rules.TdsDriver);
 }
 
 // What the string is to reach, and the driver that stands behind it.
@@ -60,7 +85,16 @@ bool IsPath(std::string_view driver)
     return driver.find_first_of("/\\") != std::string_view::npos;
 }
 
-Target FindTarget(const ConnectionString& given, const InstalledDrivers& installed)
+// The driver that the settings name for SQL Server is one for it, whatever its library is called.
+const DriverProfile& ProfileOfTarget(const std::string& driver, const InstalledDrivers& installed,
+                                     const LogonRules& rules)
+{
+    const DriverProfile& profile = ProfileOfDriver(driver, installed);
+    const bool isStandIn = profile.Family == DriverFamily::Other && text::EqualFolded(driver, rules.TdsDriver);
+    return isStandIn ? ProfileOf(kTdsLibrary) : profile;
+}
+
+Target FindTarget(const ConnectionString& given, const InstalledDrivers& installed, const LogonRules& rules)
 {
     for (const ConnectionEntry& entry : given.Entries())
         if (entry.Value.empty() && text::EqualFolded(entry.Key, "Driver"))
@@ -70,8 +104,17 @@ Target FindTarget(const ConnectionString& given, const InstalledDrivers& install
         Refuse("The connection string names neither a data source (DSN) nor a driver (Driver).");
     const std::string driver =
         target.Driver.empty() ? installed.DataSourceSetting(target.DataSource, "Driver") : target.Driver;
-    target.Profile = &ProfileOfDriver(driver, installed);
+    target.Profile = &ProfileOfTarget(driver, installed, rules);
     return target;
+}
+
+void RefuseOtherDatabase(const Target& target)
+{
+    if (target.Profile->Family == DriverFamily::Tds || target.Profile->Family == DriverFamily::Other)
+        return;
+    Refuse("The connection string asks for SQL Server, and the " +
+           (target.Driver.empty() ? "data source \"" + target.DataSource : "driver \"" + target.Driver) +
+           "\" is for another kind of database.");
 }
 
 // The driver manager loads what stands behind "Driver" as a library when it knows no driver of that name.
@@ -220,13 +263,16 @@ const DriverProfile& ProfileOfDriver(const std::string& driver, const InstalledD
 
 OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& installed, const LogonRules& rules)
 {
-    RefuseOtherProviders(given);
-    const Target target = FindTarget(given, installed);
+    const Provider provider = ProviderOf(given);
+    const ConnectionString odbc = InKeysOfOdbc(given, provider, installed, rules);
+    const Target target = FindTarget(odbc, installed, rules);
+    if (provider == Provider::SqlServer)
+        RefuseOtherDatabase(target);
     if (rules.Origin == StringOrigin::ProjectFile) {
         RefuseUnknownTarget(target, installed);
-        RefuseForeignKeys(given, *target.Profile);
+        RefuseForeignKeys(odbc, *target.Profile);
     }
-    Entries entries = given.Entries();
+    Entries entries = odbc.Entries();
     RemoveKey(entries, "PROVIDER");
     std::erase_if(entries, [&](const ConnectionEntry& entry) { return IsIdle(entry, target); });
     if (target.Profile->PortIsOwnKey)
@@ -236,8 +282,8 @@ OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& 
 
     OdbcLogon logon{.Text = {},
                     .Profile = target.Profile,
-                    .Database = given.Value("Database"),
-                    .Server = ServerOf(given),
+                    .Database = odbc.Value("Database"),
+                    .Server = ServerOf(odbc),
                     .Driver = target.Driver,
                     .DataSource = target.DataSource,
                     .TimeoutKey = timeoutKey};

@@ -69,11 +69,14 @@ struct LogonRules
 {
     StringOrigin Origin = StringOrigin::ProjectFile;
     std::chrono::seconds ConnectTimeout{15};
+    std::string TdsDriver{"FreeTDS"}; // the driver that stands in for SQL Server's own, by its name
 };
 
-// Makes the driver manager's string of the user's. An empty login or password leaves that of a data source in force.
-// Throws DataSourceError, before any driver is loaded, for
-// - a provider other than that for ODBC;
+// Makes the driver manager's string of the user's. A string for SQL Server's own provider is translated (see
+// sql_server_string.h), and its driver's name means `TdsDriver`. An empty login or password leaves that of a data
+// source in force. Throws DataSourceError, before any driver is loaded, for
+// - a provider other than those for ODBC and for SQL Server;
+// - SQL Server behind a driver for another kind of database;
 // - a string that names neither a data source nor a driver: the driver manager would pick one;
 // - a value that the driver can't be given, because it would read another one out of it;
 // and from a project file also for

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace veldrane {
@@ -32,6 +33,9 @@ class ConnectionString
     // the value's end.
     // The message never repeats a value, for it may be a password.
     explicit ConnectionString(std::string_view text);
+
+    // A string of these entries, which come from another.
+    explicit ConnectionString(std::vector<ConnectionEntry> entries) : entries_(std::move(entries)) {}
 
     [[nodiscard]] const std::vector<ConnectionEntry>& Entries() const { return entries_; }
 

@@ -13,8 +13,9 @@ using namespace std::string_view_literals;
 
 // No key stands in these lists that loads a library, writes a file or runs a statement.
 
-constexpr std::array kGeneralKeys{"Driver"sv, "DSN"sv,      "Server"sv, "Port"sv, "Database"sv, "DBQ"sv,
-                                  "UID"sv,    "Username"sv, "User"sv,   "PWD"sv,  "Password"sv, "Description"sv};
+constexpr std::array kGeneralKeys{
+    "Driver"sv, "DSN"sv, "Server"sv,   "Port"sv,        "Database"sv,          "DBQ"sv, "UID"sv, "Username"sv,
+    "User"sv,   "PWD"sv, "Password"sv, "Description"sv, "Trusted_Connection"sv};
 
 // Server, UID and PWD say nothing to this driver, but the connection dialog writes them for every one.
 constexpr std::array kSqliteKeys{"Driver"sv,     "DSN"sv,       "Server"sv,  "Port"sv,    "Database"sv,
@@ -90,7 +91,7 @@ constexpr std::array kTdsAdditions{
 constexpr std::array kSqliteMarks{"sqlite"sv};
 constexpr std::array kPostgreSqlMarks{"psqlodbc"sv, "postgresql"sv};
 constexpr std::array kMariaDbMarks{"maodbc"sv, "mariadb"sv};
-constexpr std::array kTdsMarks{"tdsodbc"sv, "freetds"sv};
+constexpr std::array kTdsMarks{kTdsLibrary, "freetds"sv};
 
 // A URI carries options of the database library.
 bool IsPlainPath(std::string_view name)

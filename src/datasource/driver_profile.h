@@ -71,6 +71,9 @@ struct DriverProfile
 // string or the data source has the option.
 inline constexpr std::string_view kAddedMaxVarcharSize = "8000";
 
+// A name by which the profile of a driver for SQL Server is found.
+inline constexpr std::string_view kTdsLibrary = "tdsodbc";
+
 // The profile of the driver with this library, a path or a name. One that is not known has the general profile.
 [[nodiscard]] const DriverProfile& ProfileOf(std::string_view library);
 

@@ -12,8 +12,10 @@ std::unique_ptr<DataSourceConnection> ConnectionFor(const std::string& text, Str
     if (AsksForJet(ConnectionString(text)))
         return std::make_unique<JetConnection>(
             access.Runner, JetReaderOptions{.Folder = access.ProgramFolder, .Timeout = access.ConnectTimeout});
-    return std::make_unique<OdbcConnection>(OdbcConnectionOptions{
-        .Origin = origin, .ConnectTimeout = access.ConnectTimeout, .StatementTimeout = access.StatementTimeout});
+    return std::make_unique<OdbcConnection>(OdbcConnectionOptions{.Origin = origin,
+                                                                  .ConnectTimeout = access.ConnectTimeout,
+                                                                  .StatementTimeout = access.StatementTimeout,
+                                                                  .TdsDriver = access.TdsDriver});
 }
 
 } // namespace veldrane

@@ -15,6 +15,7 @@ struct DataSourceAccess
 {
     std::chrono::seconds ConnectTimeout{15};
     std::chrono::seconds StatementTimeout{60};
+    std::string TdsDriver;     // the driver that stands in for SQL Server's own, by its name
     std::string ProgramFolder; // where the programs lie that belong to this one
     ProgramRunner& Runner;
 };

@@ -111,6 +111,7 @@ int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStrea
             auto connection = ConnectionFor(text, origin,
                                             {.ConnectTimeout = platform.ConnectTimeout,
                                              .StatementTimeout = platform.StatementTimeout,
+                                             .TdsDriver = platform.TdsDriver,
                                              .ProgramFolder = streams.Folder,
                                              .Runner = runner});
             progress->Stage(0, "Connecting to the data source");

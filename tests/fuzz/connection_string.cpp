@@ -1,5 +1,6 @@
 #include "datasource/connection_string.h"
 #include "datasource/connection_policy.h"
+#include "datasource/sql_server_string.h"
 #include "fuzz_input.h"
 
 #include <algorithm>
@@ -68,7 +69,7 @@ class Machine : public InstalledDrivers
         {"s", {{"driver", "S"}, {"nocreat", "0"}, {"timeout", "5"}}},
         {"p", {{"driver", "psqlodbcw.so"}, {"boolsaschar", "1"}}},
         {"m", {{"driver", "m"}}},
-        {"t", {{"driver", "libtdsodbc.so"}, {"tds_version", "7.1"}}},
+        {"t", {{"driver", "libtdsodbc.so"}, {"tds_version", "7.1"}, {"pwd", "its own"}, {"encryption", "require"}}},
         {"o", {{"driver", "/opt/other.so"}}},
     };
 };
@@ -249,16 +250,38 @@ void CheckValuesArrive(const ConnectionString& given, const Pairs& arrived)
             continue;
         Require(next != arrived.end() && next->first == key, "keys arrive in their order");
         const bool isServer = key == "server" || key == "servername"; // its port may be taken off
-        Require(next->second == entry.Value || (isServer && entry.Value.starts_with(next->second)),
+        const bool isStoodInFor = key == "driver" && Lower(entry.Value) == "sql server";
+        Require(next->second == entry.Value || isStoodInFor || (isServer && entry.Value.starts_with(next->second)),
                 "values arrive as they are");
         ++next;
+    }
+}
+
+// A string for SQL Server is translated: whatever else changes, the password that counts does not.
+void CheckPasswordArrives(const ConnectionString& given, const OdbcLogon& logon)
+{
+    std::string password;
+    for (const ConnectionEntry& entry : given.Entries())
+        if (Lower(entry.Key) == "pwd" || Lower(entry.Key) == "password")
+            password = entry.Value;
+    if (password.empty())
+        return;
+    for (const Reading& reading : ReadingsOf(logon.Profile->Family)) {
+        const Pairs arrived = Read(logon.Text, reading);
+        const auto last =
+            std::find_if(arrived.rbegin(), arrived.rend(), [](const Pair& pair) { return pair.first == "pwd"; });
+        Require(last != arrived.rend() && last->second == password, "the password arrives as it is");
     }
 }
 
 // Whoever gives it, a string means to a driver that reads braces what it means to us.
 void CheckValuesArrive(const ConnectionString& given, const OdbcLogon& logon)
 {
-    if (logon.Profile->Syntax == ValueSyntax::Braced || logon.Profile->Syntax == ValueSyntax::Unescaped)
+    if (logon.Profile->Syntax != ValueSyntax::Braced && logon.Profile->Syntax != ValueSyntax::Unescaped)
+        return;
+    if (IsSqlServerProvider(given.Value("PROVIDER")))
+        CheckPasswordArrives(given, logon);
+    else
         for (const Reading& reading : ReadingsOf(logon.Profile->Family))
             CheckValuesArrive(given, Read(logon.Text, reading));
 }
@@ -273,9 +296,9 @@ std::optional<ConnectionString> Parsed(const std::string& text)
     }
 }
 
-constexpr LogonRules RulesOf(StringOrigin origin)
+LogonRules RulesOf(StringOrigin origin)
 {
-    return {.Origin = origin, .ConnectTimeout = std::chrono::seconds(7)};
+    return {.Origin = origin, .ConnectTimeout = std::chrono::seconds(7), .TdsDriver = "t"};
 }
 
 std::string RefusalOf(const std::string& text, StringOrigin origin)

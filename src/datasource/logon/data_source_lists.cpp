@@ -1,11 +1,10 @@
 #include "datasource/logon/data_source_lists.h"
 
+#include "datasource/sql_server_string.h"
 #include "text/case_folding.h"
 
 namespace veldrane {
 namespace {
-
-constexpr std::string_view kSqlServerDriver = "SQL Server";
 
 class Lists
 {

@@ -3,6 +3,7 @@
 #include "datasource/odbc/driver_catalog_source.h"
 #include "datasource/odbc/mariadb_catalog_source.h"
 #include "datasource/odbc/postgresql_catalog_source.h"
+#include "datasource/odbc/sql_server_catalog_source.h"
 #include "datasource/odbc/sqlite_catalog_source.h"
 
 #include <charconv>
@@ -32,6 +33,8 @@ std::unique_ptr<CatalogSource> MakeCatalogSource(const OdbcSession& session)
         return std::make_unique<PostgreSqlCatalogSource>(session);
     if (session.Profile().Family == DriverFamily::MariaDb)
         return std::make_unique<MariaDbCatalogSource>(session);
+    if (session.Profile().Family == DriverFamily::Tds)
+        return std::make_unique<SqlServerCatalogSource>(session);
     return std::make_unique<DriverCatalogSource>(session);
 }
 

@@ -39,6 +39,8 @@ constexpr std::array kMeanings{
     Meaning{"42501", 0, "", data_source_error::kPermissionDenied},
     Meaning{"42000", 1142, "", data_source_error::kPermissionDenied}, // a table
     Meaning{"42000", 1143, "", data_source_error::kPermissionDenied}, // a column
+    Meaning{"42000", 229, "", data_source_error::kPermissionDenied},  // a table of SQL Server
+    Meaning{"42000", 230, "", data_source_error::kPermissionDenied},  // a column of SQL Server
     Meaning{"08S01", 0, "", data_source_error::kNoOpenConnection},
     Meaning{"08003", 0, "", data_source_error::kNoOpenConnection},
     Meaning{"08006", 0, "", data_source_error::kNoOpenConnection},

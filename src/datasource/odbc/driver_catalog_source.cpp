@@ -98,12 +98,12 @@ std::vector<SourceTable> DriverCatalogSource::TablesOf(const OdbcName& schema, c
     return tables;
 }
 
-namespace {
-
 TableId IdOf(const SourceTable& table)
 {
     return {table.Schema.value_or(""), table.Name};
 }
+
+namespace {
 
 void ShowWithSchema(SourceTable& table)
 {
@@ -229,20 +229,25 @@ std::set<std::string> DriverCatalogSource::Schemas() const
     return schemas;
 }
 
-const std::vector<DriverProcedure>& DriverCatalogSource::ReadProcedures()
+std::vector<DriverProcedure> DriverCatalogSource::ListProcedures() const
 {
-    if (procedures_)
-        return *procedures_;
-    procedures_ = ReadDriverProcedures(session_, catalog_, std::nullopt);
+    std::vector<DriverProcedure> procedures = ReadDriverProcedures(session_, catalog_, std::nullopt);
     std::set<std::string> read;
-    for (const DriverProcedure& procedure : *procedures_)
+    for (const DriverProcedure& procedure : procedures)
         read.insert(procedure.Schema.value_or(""));
     for (const std::string& schema : Schemas())
         if (read.insert(schema).second)
             for (DriverProcedure& procedure : ReadDriverProcedures(session_, catalog_, schema)) {
                 procedure.Shown = schema + "." + procedure.Name;
-                procedures_->push_back(std::move(procedure));
+                procedures.push_back(std::move(procedure));
             }
+    return procedures;
+}
+
+const std::vector<DriverProcedure>& DriverCatalogSource::ReadProcedures()
+{
+    if (!procedures_)
+        procedures_ = ListProcedures();
     return *procedures_;
 }
 
@@ -256,7 +261,8 @@ std::vector<std::string> DriverCatalogSource::Procedures()
 
 std::vector<CatalogParameter> DriverCatalogSource::Parameters()
 {
-    return ReadDriverParameters(session_, catalog_, ReadProcedures());
+    return ReadDriverParameters(session_, catalog_, ReadProcedures(),
+                                [this](const OdbcColumn& column) { return FieldOf(column); });
 }
 
 } // namespace veldrane

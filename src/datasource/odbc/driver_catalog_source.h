@@ -14,6 +14,8 @@ namespace veldrane {
 
 using TableId = std::pair<std::string, std::string>; // schema and name
 
+[[nodiscard]] TableId IdOf(const SourceTable& table);
+
 // Reads a catalog through the driver's own catalog functions: the way for every driver that has no better one. Each
 // call takes its time at the server, so none is made that nobody asked for, and none twice.
 class DriverCatalogSource : public CatalogSource
@@ -35,10 +37,19 @@ class DriverCatalogSource : public CatalogSource
     [[nodiscard]] std::vector<std::string> Procedures() override;
     [[nodiscard]] std::vector<CatalogParameter> Parameters() override;
 
+  protected:
+    // Those of the tables, each of another name, that are found without their schema.
+    [[nodiscard]] virtual std::set<TableId> BareTablesAmong(const std::vector<SourceTable>& tables) const;
+
+    // Every procedure under the name that is shown; asked once.
+    [[nodiscard]] virtual std::vector<DriverProcedure> ListProcedures() const;
+
+    [[nodiscard]] const OdbcSession& Session() const { return session_; }
+    [[nodiscard]] const OdbcName& CurrentCatalog() const { return catalog_; }
+
   private:
     [[nodiscard]] std::vector<SourceTable> TablesOf(const OdbcName& schema, const std::string& pattern) const;
     [[nodiscard]] bool FindsBare(const SourceTable& table) const;
-    [[nodiscard]] std::set<TableId> BareTablesAmong(const std::vector<SourceTable>& tables) const;
     [[nodiscard]] std::set<std::string> Schemas() const;
     [[nodiscard]] const std::vector<DriverProcedure>& ReadProcedures();
 

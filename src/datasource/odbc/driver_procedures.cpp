@@ -1,10 +1,10 @@
 #include "datasource/odbc/driver_procedures.h"
 
 #include "datasource/ado_types.h"
-#include "datasource/odbc/field_types.h"
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <map>
 #include <optional>
 #include <set>
@@ -75,7 +75,7 @@ std::string NameOf(const SPParameter& parameter)
 class ParameterRow
 {
   public:
-    ParameterRow(OdbcStatement& row, CallWidth width)
+    ParameterRow(OdbcStatement& row, const FieldOfColumn& fieldOf)
         : Schema(row.Text(parameters_column::kSchema).value_or("")),
           Procedure(row.Text(parameters_column::kProcedure).value_or(""))
     {
@@ -83,7 +83,7 @@ class ParameterRow
         const std::optional<std::int32_t> direction = DirectionOf(row.Number(parameters_column::kKind));
         IsParameter = direction.has_value();
         Parameter.Direction = direction.value_or(0);
-        ReadType(row, width);
+        ReadType(row, fieldOf);
         Parameter.IsNullable = row.Number(parameters_column::kNullable) != SQL_NO_NULLS;
         Parameter.Description = row.Text(parameters_column::kRemarks).value_or("");
         const std::optional<std::string> defaultValue = row.Text(parameters_column::kDefault);
@@ -100,18 +100,20 @@ class ParameterRow
     SPParameter Parameter;
 
   private:
-    void ReadType(OdbcStatement& row, CallWidth width)
+    void ReadType(OdbcStatement& row, const FieldOfColumn& fieldOf)
     {
         OdbcColumn column;
         column.SqlType = static_cast<SQLSMALLINT>(row.Number(parameters_column::kType));
         column.TypeName = row.Text(parameters_column::kTypeName).value_or("");
-        const std::int32_t type = FieldOf(column, width).Type;
         const std::string size = row.Text(parameters_column::kSize).value_or("");
+        std::from_chars(size.data(), size.data() + size.size(), column.Size);
+        const CatalogField field = fieldOf(column);
+        const std::int32_t type = field.Type;
         const std::string digits = row.Text(parameters_column::kDigits).value_or("");
         Parameter.DataType = column.TypeName;
         Parameter.DataTypeNumber = static_cast<std::int16_t>(type);
         if (HasLength(type))
-            Parameter.CharacterMaximumLength = size;
+            Parameter.CharacterMaximumLength = size == "0" ? std::to_string(field.DefinedSize) : size;
         if (HasPrecision(type)) {
             Parameter.NumericPrecision = size;
             Parameter.NumericScale = digits;
@@ -146,13 +148,13 @@ class FirstOverload
 using ShownNames = std::map<std::pair<std::string, std::string>, std::string>; // by schema and name
 
 void ReadParametersOf(const OdbcSession& session, const OdbcName& catalog, const OdbcName& schema,
-                      const ShownNames& shown, std::vector<CatalogParameter>& parameters)
+                      const ShownNames& shown, const FieldOfColumn& fieldOf, std::vector<CatalogParameter>& parameters)
 {
     OdbcStatement statement(session);
     statement.ProcedureColumns(catalog, schema);
     FirstOverload overload;
     while (statement.Fetch()) {
-        ParameterRow row(statement, session.Profile().Width);
+        ParameterRow row(statement, fieldOf);
         const auto procedure = shown.find({row.Schema, row.Procedure});
         const bool isOfFirst = overload.Holds(row);
         if (procedure != shown.end() && isOfFirst && row.IsParameter)
@@ -179,7 +181,8 @@ std::vector<DriverProcedure> ReadDriverProcedures(const OdbcSession& session, co
 }
 
 std::vector<CatalogParameter> ReadDriverParameters(const OdbcSession& session, const OdbcName& catalog,
-                                                   const std::vector<DriverProcedure>& procedures)
+                                                   const std::vector<DriverProcedure>& procedures,
+                                                   const FieldOfColumn& fieldOf)
 {
     const std::string escape = session.Info(SQL_SEARCH_PATTERN_ESCAPE);
     ShownNames shown;
@@ -190,7 +193,7 @@ std::vector<CatalogParameter> ReadDriverParameters(const OdbcSession& session, c
     }
     std::vector<CatalogParameter> parameters;
     for (const OdbcName& schema : schemas)
-        ReadParametersOf(session, catalog, schema, shown, parameters);
+        ReadParametersOf(session, catalog, schema, shown, fieldOf, parameters);
     return parameters;
 }
 

@@ -3,6 +3,7 @@
 #include "datasource/catalog.h"
 #include "datasource/odbc/statement.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -21,10 +22,15 @@ struct DriverProcedure
 [[nodiscard]] std::vector<DriverProcedure> ReadDriverProcedures(const OdbcSession& session, const OdbcName& catalog,
                                                                 const OdbcName& schema);
 
+// The field that a column of the driver's stands for.
+using FieldOfColumn = std::function<CatalogField(const OdbcColumn&)>;
+
 // The parameters of the procedures, with one call of SQLProcedureColumns a schema: told none, some drivers answer with
-// those of the whole server. The type words are the driver's own. Columns of a result are left out; of procedures that
-// share a name the first alone has parameters, whose end shows in ORDINAL_POSITION. Throws as above.
+// those of the whole server. The type words are the driver's own, their numbers those of `fieldOf`. Columns of a result
+// are left out; of procedures that share a name the first alone has parameters, whose end shows in ORDINAL_POSITION.
+// Throws as above.
 [[nodiscard]] std::vector<CatalogParameter> ReadDriverParameters(const OdbcSession& session, const OdbcName& catalog,
-                                                                 const std::vector<DriverProcedure>& procedures);
+                                                                 const std::vector<DriverProcedure>& procedures,
+                                                                 const FieldOfColumn& fieldOf);
 
 } // namespace veldrane

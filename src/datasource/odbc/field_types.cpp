@@ -80,6 +80,50 @@ constexpr std::array kSqliteTypesByName{
     NamedType{"any", adVariant},
 };
 
+// The published types of SQL Server's provider.
+constexpr std::array kSqlServerTypesByName{
+    NamedType{"bit", adBoolean},
+    NamedType{"tinyint", adUnsignedTinyInt},
+    NamedType{"smallint", adSmallInt},
+    NamedType{"int", adInteger},
+    NamedType{"bigint", adBigInt},
+    NamedType{"real", adSingle},
+    NamedType{"float", adDouble},
+    NamedType{"decimal", adNumeric},
+    NamedType{"numeric", adNumeric},
+    NamedType{"money", adCurrency},
+    NamedType{"smallmoney", adCurrency},
+    NamedType{"datetime", adDBTimeStamp},
+    NamedType{"smalldatetime", adDBTimeStamp},
+    NamedType{"char", adChar},
+    NamedType{"varchar", adVarChar},
+    NamedType{"text", adLongVarChar},
+    NamedType{"nchar", adWChar},
+    NamedType{"nvarchar", adVarWChar},
+    NamedType{"sysname", adVarWChar},
+    NamedType{"ntext", adLongVarWChar},
+    NamedType{"binary", adBinary},
+    NamedType{"timestamp", adBinary},
+    NamedType{"varbinary", adVarBinary},
+    NamedType{"image", adLongVarBinary},
+    NamedType{"uniqueidentifier", adGUID},
+    NamedType{"sql_variant", adVariant},
+};
+
+// What the provider makes of types without a length ("max"), which are younger than it: the long ones of old.
+struct LongType
+{
+    std::int32_t Type;
+    std::int32_t InItsPlace;
+    std::int32_t Size;
+};
+
+constexpr std::array kLongTypes{
+    LongType{adVarChar, adLongVarChar, std::numeric_limits<std::int32_t>::max()},
+    LongType{adVarWChar, adLongVarWChar, std::numeric_limits<std::int32_t>::max() / 2},
+    LongType{adVarBinary, adLongVarBinary, std::numeric_limits<std::int32_t>::max()},
+};
+
 // The driver's own sizes for TEXT and for what is declared without a length.
 constexpr std::uint64_t kSqliteLongText = 65536;
 constexpr std::uint64_t kSqliteNoLength = 255;
@@ -163,6 +207,22 @@ CatalogField SqliteFieldOf(const OdbcColumn& column)
     field.Type = *declared;
     field.DefinedSize =
         DefinedSizeOf(field.Type, isLongText && column.Size == kSqliteNoLength ? kSqliteLongText : column.Size);
+    return field;
+}
+
+CatalogField SqlServerFieldOf(const OdbcColumn& column)
+{
+    CatalogField field = FieldOf(column, CallWidth::Wide);
+    if (const auto named = TypeByName(kSqlServerTypesByName, FirstWord(column.TypeName))) {
+        field.Type = *named;
+        field.DefinedSize = DefinedSizeOf(field.Type, column.Size);
+    }
+    const auto isLong = [&](const LongType& type) { return type.Type == field.Type; };
+    if (const auto found = std::find_if(kLongTypes.begin(), kLongTypes.end(), isLong);
+        column.Size == 0 && found != kLongTypes.end()) {
+        field.Type = found->InItsPlace;
+        field.DefinedSize = found->Size;
+    }
     return field;
 }
 

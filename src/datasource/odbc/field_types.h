@@ -19,4 +19,8 @@ namespace veldrane {
 // declared with, which it hands on as the name, says more.
 [[nodiscard]] CatalogField SqliteFieldOf(const OdbcColumn& column);
 
+// The field of an SQL Server column, by its server's name for the type as the published table of its provider has it:
+// "tinyint" counts from 0, "money" is no number like others, "timestamp" holds bytes, and "varchar(max)" is a "text".
+[[nodiscard]] CatalogField SqlServerFieldOf(const OdbcColumn& column);
+
 } // namespace veldrane

@@ -50,8 +50,9 @@ OdbcConnection::~OdbcConnection()
 
 std::shared_ptr<OdbcSession> OdbcConnection::Connect(const std::string& connectionString) const
 {
-    const OdbcLogon logon = BuildOdbcLogon(veldrane::ConnectionString(connectionString), OdbcInstalledDrivers(),
-                                           {.Origin = options_.Origin, .ConnectTimeout = options_.ConnectTimeout});
+    const OdbcLogon logon = BuildOdbcLogon(
+        veldrane::ConnectionString(connectionString), OdbcInstalledDrivers(),
+        {.Origin = options_.Origin, .ConnectTimeout = options_.ConnectTimeout, .TdsDriver = options_.TdsDriver});
     RefuseOtherThanFile(logon);
     auto session = std::make_shared<OdbcSession>(
         logon, SessionOptions{.ConnectTimeout = options_.ConnectTimeout, .StatementTimeout = options_.StatementTimeout},

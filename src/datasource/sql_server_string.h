@@ -1,0 +1,36 @@
+#pragma once
+
+#include "datasource/connection_policy.h"
+#include "datasource/connection_string.h"
+
+#include <string>
+#include <string_view>
+
+namespace veldrane {
+
+// Whether the name of a provider is that of SQL Server's own, by which no driver manager can reach it.
+[[nodiscard]] bool IsSqlServerProvider(std::string_view provider);
+
+// The name of SQL Server's own ODBC driver, which strings from elsewhere carry.
+inline constexpr std::string_view kSqlServerDriver = "SQL Server";
+
+// What a string for SQL Server's own provider says, in the keys of the ODBC driver that stands in for it:
+//
+//   PROVIDER=SQLOLEDB;Data Source=tcp:db,1434;Initial Catalog=shop;Integrated Security=SSPI;
+//   Driver=SQL Server;Server=db,1434;Database=shop;Trusted_Connection=Yes;
+//
+// A server named beside a data source is reached in place of the data source's own, with what the data source says of
+// the protocol and without its login: whoever wrote the string may not have that. No server, "." and "(local)" are this
+// machine. Keys that tune the provider and say nothing to a driver are left out; those that it does not have stay as
+// they are, for the caller to judge.
+// Throws DataSourceError for a server, a network or a kind of login that the driver can't be asked for. The message
+// names the key, never a password.
+[[nodiscard]] ConnectionString TranslateSqlServerString(const ConnectionString& given,
+                                                        const InstalledDrivers& installed);
+
+// The same string with `tdsDriver` in place of the driver "SQL Server", unless a driver of that name is set up. Throws
+// DataSourceError if `tdsDriver` is wanted and is not set up.
+[[nodiscard]] ConnectionString WithStandInDriver(const ConnectionString& given, const InstalledDrivers& installed,
+                                                 const std::string& tdsDriver);
+
+} // namespace veldrane

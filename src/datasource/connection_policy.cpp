@@ -220,13 +220,15 @@ bool NeedsBraces(const ConnectionEntry& entry)
             entry.Value.find_first_of("[]{}(),;?*=!@%") != std::string::npos);
 }
 
-bool MayStandInBraces(std::string_view value, ValueSyntax syntax, StringOrigin origin)
+bool MayStandInBraces(const ConnectionEntry& entry, const DriverProfile& profile, StringOrigin origin)
 {
-    switch (syntax) {
+    if (!profile.BracedKeys.empty() && !IsOneOf(entry.Key, profile.BracedKeys))
+        return false;
+    switch (profile.Syntax) {
     case ValueSyntax::Braced:
         return true;
     case ValueSyntax::Unescaped:
-        return value.find('}') == std::string_view::npos;
+        return entry.Value.find('}') == std::string::npos;
     case ValueSyntax::Plain:
         return false;
     case ValueSyntax::Unknown:
@@ -235,9 +237,9 @@ bool MayStandInBraces(std::string_view value, ValueSyntax syntax, StringOrigin o
     return origin == StringOrigin::CommandLine;
 }
 
-std::string Written(const ConnectionEntry& entry, ValueSyntax syntax, StringOrigin origin)
+std::string Written(const ConnectionEntry& entry, const DriverProfile& profile, StringOrigin origin)
 {
-    if (MayStandInBraces(entry.Value, syntax, origin))
+    if (MayStandInBraces(entry, profile, origin))
         return NeedsBraces(entry) ? Braced(entry.Value) : entry.Value;
     if (entry.Value.find(';') != std::string::npos || entry.Value.starts_with('{'))
         Refuse("The driver can't be given the value of \"" + entry.Key +
@@ -288,7 +290,7 @@ OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& 
                     .DataSource = target.DataSource,
                     .TimeoutKey = timeoutKey};
     for (const ConnectionEntry& entry : entries)
-        logon.Text += entry.Key + "=" + Written(entry, target.Profile->Syntax, rules.Origin) + ";";
+        logon.Text += entry.Key + "=" + Written(entry, *target.Profile, rules.Origin) + ";";
     return logon;
 }
 

@@ -55,6 +55,9 @@ constexpr std::array kPostgreSqlKeys{"Driver"sv,
                                      "KeepaliveInterval"sv,
                                      "Description"sv};
 
+// Elsewhere a brace is a letter to this driver.
+constexpr std::array kPostgreSqlBracedKeys{"PWD"sv, "Password"sv, "ConnSettings"sv, "A6"sv, "pqopt"sv};
+
 constexpr std::array kMariaDbKeys{"Driver"sv,    "DSN"sv,        "Server"sv,       "Servername"sv,   "Port"sv,
                                   "Socket"sv,    "Database"sv,   "DB"sv,           "UID"sv,          "User"sv,
                                   "PWD"sv,       "Password"sv,   "CONN_TIMEOUT"sv, "READ_TIMEOUT"sv, "WRITE_TIMEOUT"sv,
@@ -129,6 +132,7 @@ constexpr std::array kProfiles{
                   .IsPlainDatabase = IsPlainPath,
                   .Probe = "SELECT count(*) FROM sqlite_master"},
     DriverProfile{.Family = DriverFamily::PostgreSql,
+                  .BracedKeys = kPostgreSqlBracedKeys,
                   .Marks = kPostgreSqlMarks,
                   .ProjectKeys = kPostgreSqlKeys,
                   .Additions = kPostgreSqlAdditions,

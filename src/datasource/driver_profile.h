@@ -55,6 +55,7 @@ struct DriverProfile
     // its bytes mean hangs on the connection's character set.
     CallWidth ValueWidth = CallWidth::Wide;
     ValueSyntax Syntax = ValueSyntax::Braced;
+    std::span<const std::string_view> BracedKeys{};  // whose values the driver takes braces off; empty: of all
     std::span<const std::string_view> Marks{};       // one of them, in lower case, is in the name of the library
     std::span<const std::string_view> ProjectKeys{}; // what a project file may set
     std::span<const DriverAddition> Additions{};

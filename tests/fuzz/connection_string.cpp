@@ -4,6 +4,7 @@
 #include "fuzz_input.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <map>
 #include <optional>
@@ -90,10 +91,18 @@ enum class Quote
     Closes, // at the next quote
 };
 
+// Whose braces count.
+enum class BracesOf
+{
+    AllKeys,
+    Passwords, // and of the keys that hold options of their own
+};
+
 struct Reading
 {
     Brace AtBrace = Brace::IsALetter;
     Quote AtQuote = Quote::IsALetter;
+    BracesOf Keys = BracesOf::AllKeys;
 };
 
 bool Closes(std::string_view text, std::size_t at, Brace brace)
@@ -131,6 +140,14 @@ std::string TakeValue(std::string_view text, std::size_t& at, const Reading& rea
     return value;
 }
 
+Reading ReadingOf(const std::string& key, const Reading& reading)
+{
+    constexpr std::array<std::string_view, 5> kBraced{"pwd", "password", "connsettings", "a6", "pqopt"};
+    if (reading.Keys == BracesOf::AllKeys || std::find(kBraced.begin(), kBraced.end(), key) != kBraced.end())
+        return reading;
+    return {};
+}
+
 Pairs Read(std::string_view text, const Reading& reading)
 {
     Pairs pairs;
@@ -139,7 +156,7 @@ Pairs Read(std::string_view text, const Reading& reading)
         Pair pair{Lower(Trimmed(std::string(text.substr(at, end - at)))), ""};
         at = end;
         if (at < text.size() && text[at] == '=')
-            pair.second = TakeValue(text, ++at, reading);
+            pair.second = TakeValue(text, ++at, ReadingOf(pair.first, reading));
         if (!pair.first.empty() || !pair.second.empty())
             pairs.push_back(std::move(pair));
     }
@@ -154,6 +171,7 @@ std::vector<Reading> ReadingsOf(DriverFamily family)
     case DriverFamily::Sqlite:
         return {driverManager, {.AtBrace = Brace::IsALetter}};
     case DriverFamily::PostgreSql:
+        return {driverManager, {.AtBrace = Brace::ClosesUnlessTwo, .Keys = BracesOf::Passwords}};
     case DriverFamily::MariaDb:
         return {driverManager};
     case DriverFamily::Tds:

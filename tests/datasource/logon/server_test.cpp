@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -102,6 +103,66 @@ TEST_F(LogonToServers, OpensADataSourceOfPostgreSqlWithItsOwnLogin)
     EXPECT_GT(logon.TablesAfterOk(), 0) << logon.Reported();
     EXPECT_EQ(logon.project.ConnectionString(), "PROVIDER=MSDASQL;DSN=Shop;UID=;PWD=;");
     EXPECT_EQ(logon.project.DataSourceDriver, "PostgreSQL Unicode");
+}
+
+// Names that mean something in a connection string, or would if they were put in braces.
+constexpr std::array kOddNames{"ann@corp", "50%", "x(y)", "a=b!", "c[d]{e}", "one, two"};
+
+TEST_F(LogonToServers, OpensPostgreSqlWhateverTheLoginAndTheDatabase)
+{
+    const PostgreSqlDatabase database;
+    for (const char* odd : kOddNames) {
+        const std::string name = database.Name() + odd;
+        database.Run("create role \"" + name + "\" login password 'p'; create database \"" + name + "\";");
+        {
+            RealLogon logon;
+            FillPostgreSql(logon, name, name);
+            logon.dialog->Page().txtPWD = "p";
+            logon.dialog->cmdOK_Click();
+            EXPECT_EQ(logon.dialog->State(), DialogState::Closed) << odd << ": " << logon.Reported();
+        }
+        database.Run("drop database \"" + name + "\"; drop role \"" + name + "\";");
+    }
+}
+
+TEST_F(LogonToServers, OpensADataSourceOfPostgreSqlWhateverItsName)
+{
+    const PostgreSqlDatabase database;
+    database.Run("create table book (id int primary key);");
+    for (const char* odd : kOddNames) {
+        const std::string name = std::string("Books ") + odd;
+        if (name.find_first_of("[]") != std::string::npos)
+            continue; // a settings file has no such section
+        const PrivateDSN dsn(name, "Driver=PostgreSQL Unicode\nServername=" + Variable("VELDRANE_TEST_POSTGRESQL") +
+                                       "\nDatabase=" + database.Name() + "\nUsername=veldrane\n");
+        RealLogon logon;
+        logon.UseDSN(name);
+        EXPECT_GT(logon.TablesAfterOk(), 0) << odd << ": " << logon.Reported();
+    }
+}
+
+TEST_F(LogonToServers, OpensMariaDbWhateverTheDataSourceTheLoginAndTheDatabase)
+{
+    const MariaDbDatabase database;
+    for (const char* odd : kOddNames) {
+        const std::string name = database.Name() + odd;
+        database.Run("create database `" + name + "`; create table `" + name + "`.book (id int primary key); " +
+                     "create user `" + name + "`@localhost identified by 'p'; " + "grant all on *.* to `" + name +
+                     "`@localhost;");
+        {
+            const bool isSection = name.find_first_of("[]") == std::string::npos;
+            const std::string source = isSection ? name : database.Name();
+            const PrivateDSN dsn(source, "Driver=MariaDB Unicode\nSocket=" + Variable("VELDRANE_TEST_MARIADB") + "\n");
+            RealLogon logon;
+            logon.UseDSN(source);
+            LogonPage& page = logon.dialog->Page();
+            page.txtUID = name;
+            page.txtPWD = "p";
+            page.txtDatabase = name;
+            EXPECT_EQ(logon.TablesAfterOk(), 1) << odd << ": " << logon.Reported();
+        }
+        database.Run("drop database `" + name + "`; drop user `" + name + "`@localhost;");
+    }
 }
 
 TEST_F(LogonToServers, OpensADataSourceOfMariaDbWithItsOwnLogin)

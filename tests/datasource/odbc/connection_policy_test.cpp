@@ -219,8 +219,21 @@ TEST(OdbcLogon, ABraceThatIsClosedEarlyStartsAnotherKeyAndADoubledOneDoesNot)
 {
     EXPECT_EQ(Refusal("DSN=Shop;UID={a};Driver=/tmp/x.so}"),
               "The connection string of a project may set \"DSN\" or \"Driver\", not both.");
-    EXPECT_EQ(OfProject("DSN=Shop;UID={a}};Driver=/tmp/x.so};"),
-              "DSN=Shop;UID={a}};Driver=/tmp/x.so};MaxVarcharSize=8000;");
+    EXPECT_EQ(OfProject("DSN=Impatient;UID={a}};Driver=/tmp/x.so};"), "DSN=Impatient;UID={a}};Driver=/tmp/x.so};");
+}
+
+TEST(OdbcLogon, PostgreSqlIsGivenBracesAroundPasswordsAloneForElsewhereTheyAreLetters)
+{
+    EXPECT_EQ(OfProject("DSN=Shop;UID=ann@corp;PWD=ann@corp;Database=50% (old)!;Password={a;b};"),
+              "DSN=Shop;UID=ann@corp;PWD={ann@corp};Database=50% (old)!;Password={a;b};MaxVarcharSize=8000;");
+    EXPECT_EQ(OfUser("DSN=Shop;ConnSettings={set a = b; set c = d};"),
+              "DSN=Shop;ConnSettings={set a = b; set c = d};MaxVarcharSize=8000;");
+    for (const StringOrigin origin : {StringOrigin::ProjectFile, StringOrigin::CommandLine})
+        for (const std::string key : {"UID", "Database", "Server"})
+            for (const std::string value : {"{a;b}", "{{a}"})
+                EXPECT_EQ(Refusal("DSN=Shop;" + key + "=" + value, origin),
+                          "The driver can't be given the value of \"" + key +
+                              "\": it has a semicolon in it or begins with a brace.");
 }
 
 TEST(OdbcLogon, NoBraceIsDoubledForTdsWhichWouldEndTheValueThereAndReadAnotherKey)

@@ -50,7 +50,7 @@ class DefineRun
     {
         if (application_.Files.Kind(path_) != FileKind::Missing)
             return OpenProject();
-        session_.New();
+        session_.New(DataSourceOnOpen::LeaveClosed);
         const std::filesystem::path file(path_);
         Project().VBProjectName = MakeValidName(file.stem().string());
         Project().FullPath = path_;

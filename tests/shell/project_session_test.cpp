@@ -45,7 +45,7 @@ class ProjectSessionTest : public ::testing::Test
     bool OpenProjectOn(const std::string& connectionString, DataSourceOnOpen dataSource = DataSourceOnOpen::Connect)
     {
         ProjectSession writer(application);
-        writer.New();
+        writer.New(DataSourceOnOpen::LeaveClosed);
         writer.Project().FullPath = "/shop.kzm";
         writer.Project().SetConnectionString(connectionString);
         return writer.Save() && session.Open("/shop.kzm", dataSource);
@@ -165,6 +165,22 @@ TEST_F(ProjectSessionTest, ANewProjectClosesTheConnection)
     session.New();
     EXPECT_FALSE(session.ActiveConnection());
     EXPECT_EQ(Log.back(), "close DSN=Shop;");
+}
+
+TEST_F(ProjectSessionTest, ANewProjectOpensTheDataSourceThatItIsGiven)
+{
+    session.New();
+    EXPECT_TRUE(Log.empty());
+    session.Project().SetConnectionString("DSN=Shop;");
+    EXPECT_EQ(Log, Texts{"open DSN=Shop;"});
+    EXPECT_TRUE(session.ActiveConnection());
+}
+
+TEST_F(ProjectSessionTest, ANewProjectLeavesItsDataSourceClosedOnRequest)
+{
+    session.New(DataSourceOnOpen::LeaveClosed);
+    session.Project().SetConnectionString("DSN=Shop;");
+    EXPECT_TRUE(Log.empty());
 }
 
 TEST_F(ProjectSessionTest, AUsersOwnStringIsOpenedAsSuch)

@@ -26,6 +26,9 @@ inline constexpr std::string_view kOdbcProvider = "MSDASQL";
 inline constexpr std::string_view kJetProvider = "Microsoft.Jet.OLEDB.4.0";
 inline constexpr std::string_view kSqlServerProvider = "SQLOLEDB";
 
+// Who opens a Jet file where no login is typed.
+inline constexpr std::string_view kJetUser = "Admin";
+
 // In the order in which they are offered.
 inline constexpr std::array kLogonProviders{
     LogonProvider{kOdbcProvider, "Microsoft OLE DB Provider for ODBC", logon_page::kOdbc},

@@ -114,7 +114,7 @@ class DefineRun
         }
         if (!Project().ConnectionString().empty() && Project().ConnectionString() != command_.Connection)
             application_.ErrorOutput << "veldrane: the data source given replaces that of the project.\n";
-        SetConnection(Project(), command_.Connection);
+        SetConnection(Project(), command_.Connection, application_.Installed);
         return session_.ConnectDataSource(StringOrigin::CommandLine);
     }
 

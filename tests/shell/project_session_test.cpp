@@ -1,6 +1,7 @@
 #include "shell/project_session.h"
 
 #include "datasource/data_source_error.h"
+#include "support/fake_driver_manager.h"
 #include "support/manual_clock.h"
 #include "support/memory_file_system.h"
 #include "support/memory_settings.h"
@@ -67,6 +68,7 @@ class ProjectSessionTest : public ::testing::Test
     testing::MemoryFileSystem files;
     testing::ManualClock clock;
     testing::RecordedProcesses processes;
+    testing::FakeDriverManager installed;
     std::ostringstream output;
     ModuleState state;
     NoProgress Unwatched;
@@ -78,6 +80,7 @@ class ProjectSessionTest : public ::testing::Test
         .Time = clock,
         .Programs = processes,
         .Connect = [this](const std::string& text, StringOrigin origin) { return Connect(text, origin); },
+        .Installed = installed,
         .State = state,
         .Output = output,
         .ErrorOutput = output,

@@ -132,6 +132,17 @@ void RefuseUnknownTarget(const Target& target, const InstalledDrivers& installed
                "\" on this machine: \"odbcinst -q -s\" lists those that are set up.");
 }
 
+// The wide calls of the driver manager look for another name then.
+void RefuseNameBeyondAscii(const Target& target, const InstalledDrivers& installed)
+{
+    const std::string& name = target.DataSource;
+    const bool isAscii = std::all_of(name.begin(), name.end(), [](unsigned char c) { return c < 0x80; });
+    if (!isAscii && target.Profile->Width == CallWidth::Wide && !installed.DataSourceSetting(name, "Driver").empty())
+        Refuse("The ODBC driver manager can't find the data source \"" + name +
+               "\" for its driver, for the name has letters beyond ASCII: rename the data source, or name its driver "
+               "(Driver) and its keys in the connection string instead.");
+}
+
 void RefuseForeignKeys(const ConnectionString& given, const DriverProfile& profile)
 {
     Entries seen;
@@ -257,6 +268,11 @@ std::string ServerOf(const ConnectionString& given)
 
 } // namespace
 
+bool IsOdbcProvider(std::string_view provider)
+{
+    return IsOneOf(provider, kOdbcProviders);
+}
+
 const DriverProfile& ProfileOfDriver(const std::string& driver, const InstalledDrivers& installed)
 {
     const std::string library = IsPath(driver) ? driver : installed.DriverSetting(driver, "Driver");
@@ -274,6 +290,7 @@ OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& 
         RefuseUnknownTarget(target, installed);
         RefuseForeignKeys(odbc, *target.Profile);
     }
+    RefuseNameBeyondAscii(target, installed);
     Entries entries = odbc.Entries();
     RemoveKey(entries, "PROVIDER");
     std::erase_if(entries, [&](const ConnectionEntry& entry) { return IsIdle(entry, target); });

@@ -14,7 +14,7 @@ namespace veldrane {
 enum class StringOrigin
 {
     ProjectFile, // a stranger's, perhaps: it may not run anything nor write anywhere
-    CommandLine, // the user's own, typed there or into the connection dialog: every key goes
+    CommandLine, // the user's own, typed there: every key goes
 };
 
 // What the driver manager has been told by the user of the machine.
@@ -35,8 +35,7 @@ class InstalledDrivers
 struct OdbcDataSource
 {
     std::string Name;
-    std::string
-        Driver; // the name under which its driver is set up, or its library's path if it is under none; may be ""
+    std::string Driver; // the name under which its driver is set up, or its library if it is under none; may be ""
 };
 
 // All that the driver manager knows.
@@ -49,6 +48,9 @@ class DriverManager : public InstalledDrivers
     // The name of every driver that is set up, likewise.
     [[nodiscard]] virtual std::vector<std::string> Drivers() const = 0;
 };
+
+// Whether the provider of a connection string is that for ODBC, of whatever version.
+[[nodiscard]] bool IsOdbcProvider(std::string_view provider);
 
 // The profile of a driver by its name or its library's path; the general one for a name that is not set up.
 [[nodiscard]] const DriverProfile& ProfileOfDriver(const std::string& driver, const InstalledDrivers& installed);
@@ -79,6 +81,7 @@ struct LogonRules
 // - SQL Server behind a driver for another kind of database;
 // - a string that names neither a data source nor a driver: the driver manager would pick one;
 // - a value that the driver can't be given, because it would read another one out of it;
+// - a data source that the driver manager does not find for this driver, by reason of its name;
 // and from a project file also for
 // - a driver or a data source that is not set up on this machine, thus for the path of a library;
 // - a key that is not on the list kept for the driver, or that stands twice;

@@ -27,12 +27,11 @@ class ErrorReport
     virtual void ReportError(const RuntimeError& error, const ErrorPlace& place) = 0;
 };
 
-// Runs `body`; a failure is reported as met in the module and routine, and goes no further. Returns whether the body
-// came to its end.
+// Runs `body`; a failure is reported as met at the place, and goes no further. Returns whether the body came to its
+// end.
 template <class Body>
-bool Guarded(ErrorReport& report, std::string_view moduleName, std::string_view routineName, Body&& body)
+bool Guarded(ErrorReport& report, const ErrorPlace& place, Body&& body)
 {
-    const ErrorPlace place{.ModuleName = std::string(moduleName), .RoutineName = std::string(routineName)};
     try {
         body();
         return true;
@@ -42,6 +41,13 @@ bool Guarded(ErrorReport& report, std::string_view moduleName, std::string_view 
         report.ReportError(RuntimeError(error_number::kInvalidCall, "Veldrane", error.what()), place);
     }
     return false;
+}
+
+// The same for a report of the ordinary kind, without a hint.
+template <class Body>
+bool Guarded(ErrorReport& report, std::string_view moduleName, std::string_view routineName, Body&& body)
+{
+    return Guarded(report, {.ModuleName = std::string(moduleName), .RoutineName = std::string(routineName)}, body);
 }
 
 } // namespace veldrane

@@ -36,6 +36,7 @@ struct Application
     Clock& Time;
     ProcessStarter& Programs;
     OpenDataSource Connect;
+    const DriverManager& Installed;
     ModuleState& State;
     std::ostream& Output;
     std::ostream& ErrorOutput;

@@ -50,7 +50,7 @@ class DefineRun
     {
         if (application_.Files.Kind(path_) != FileKind::Missing)
             return OpenProject();
-        session_.New();
+        session_.New(DataSourceOnOpen::LeaveClosed);
         const std::filesystem::path file(path_);
         Project().VBProjectName = MakeValidName(file.stem().string());
         Project().FullPath = path_;
@@ -114,7 +114,7 @@ class DefineRun
         }
         if (!Project().ConnectionString().empty() && Project().ConnectionString() != command_.Connection)
             application_.ErrorOutput << "veldrane: the data source given replaces that of the project.\n";
-        SetConnection(Project(), command_.Connection);
+        SetConnection(Project(), command_.Connection, application_.Installed);
         return session_.ConnectDataSource(StringOrigin::CommandLine);
     }
 

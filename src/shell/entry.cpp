@@ -1,5 +1,6 @@
 #include "shell/entry.h"
 
+#include "datasource/odbc/installed_drivers.h"
 #include "shell/command_line.h"
 #include "shell/commands.h"
 #include "shell/data_sources.h"
@@ -100,6 +101,7 @@ int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStrea
                         .VisualBasicCommand = platform.VisualBasicCommand,
                         .ApplicationFolder = StateFolder()};
     ApplySwitches(command, state);
+    const OdbcInstalledDrivers installed;
     const Application application{
         .UserSettings = settings,
         .Asking = messages,
@@ -118,6 +120,7 @@ int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStrea
             connection->Open(text);
             return connection;
         },
+        .Installed = installed,
         .State = state,
         .Output = streams.Output,
         .ErrorOutput = streams.ErrorOutput,

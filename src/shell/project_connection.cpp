@@ -1,12 +1,15 @@
 #include "shell/project_connection.h"
 
 #include "datasource/connection_string.h"
+#include "datasource/logon/logon_string.h"
 #include "datasource/logon/providers.h"
 #include "datasource/logon/store_logon.h"
 #include "text/case_folding.h"
 
+#include <algorithm>
 #include <initializer_list>
 #include <string_view>
+#include <vector>
 
 namespace veldrane {
 namespace {
@@ -26,18 +29,58 @@ std::string DatabaseOf(const ConnectionString& parsed, bool isJet)
     return isJet ? parsed.Value("Data Source") : FirstOf(parsed, {"Database", "DBQ", "Initial Catalog"});
 }
 
+// A login that nobody typed stands in a Jet string too.
+std::string LoginOf(const ConnectionString& parsed, bool isJet)
+{
+    const std::string login = FirstOf(parsed, {"UID", "User ID"});
+    return isJet && text::EqualFolded(login, kJetUser) ? "" : login;
+}
+
+// For SQL Server it is the one that is chosen, beside a data source too.
+std::string DriverOf(const ConnectionString& parsed, const DriverManager& installed)
+{
+    const std::string provider = parsed.Value("PROVIDER");
+    if (text::EqualFolded(provider, kJetProvider))
+        return std::string(kJetProvider);
+    const std::string name = parsed.Value("DSN");
+    if (name.empty() || text::EqualFolded(provider, kSqlServerProvider))
+        return parsed.Value("Driver");
+    const std::vector<OdbcDataSource> sources = installed.DataSources();
+    const auto found = std::find_if(sources.begin(), sources.end(),
+                                    [&](const OdbcDataSource& source) { return text::EqualFolded(source.Name, name); });
+    return found == sources.end() ? "" : found->Driver;
+}
+
+bool IsProvider(const ConnectionEntry& entry)
+{
+    return text::EqualFolded(entry.Key, "PROVIDER");
+}
+
+std::string WithProviderFirst(const std::string& text, const ConnectionString& parsed)
+{
+    if (!parsed.Contains("PROVIDER"))
+        return "PROVIDER=MSDASQL;" + text;
+    std::vector<ConnectionEntry> entries = parsed.Entries();
+    if (IsProvider(entries.front()))
+        return text;
+    std::stable_partition(entries.begin(), entries.end(), IsProvider);
+    std::string moved;
+    for (const ConnectionEntry& entry : entries)
+        moved += IsProvider(entry) ? entry.Key + "=" + entry.Value + ";" : LogonEntry(entry.Key, entry.Value);
+    return moved;
+}
+
 } // namespace
 
-void SetConnection(TTCProject& project, const std::string& text)
+void SetConnection(TTCProject& project, const std::string& text, const DriverManager& installed)
 {
     const ConnectionString parsed(text);
     const bool isJet = text::EqualFolded(parsed.Value("PROVIDER"), kJetProvider);
-    const std::string driver = isJet ? std::string(kJetProvider) : parsed.Value("Driver");
-    StoreLogon(project, {.ConnectionString = parsed.Contains("PROVIDER") ? text : "PROVIDER=MSDASQL;" + text,
+    StoreLogon(project, {.ConnectionString = WithProviderFirst(text, parsed),
                          .DataSourceName = parsed.Value("DSN"),
-                         .DataSourceDriver = driver,
+                         .DataSourceDriver = DriverOf(parsed, installed),
                          .DataSourceDatabaseName = DatabaseOf(parsed, isJet),
-                         .DataSourceLogin = FirstOf(parsed, {"UID", "User ID"}),
+                         .DataSourceLogin = LoginOf(parsed, isJet),
                          .ConnectSameDirectory = isJet && project.ConnectSameDirectory});
 }
 

@@ -8,7 +8,7 @@ namespace veldrane {
 
 ProjectSession::ProjectSession(const Application& application) : application_(application)
 {
-    StartDocument(DataSourceOnOpen::LeaveClosed);
+    StartDocument(DataSourceOnOpen::Connect);
 }
 
 void ProjectSession::StartDocument(DataSourceOnOpen dataSource)
@@ -24,9 +24,9 @@ void ProjectSession::StartDocument(DataSourceOnOpen dataSource)
         });
 }
 
-void ProjectSession::New()
+void ProjectSession::New(DataSourceOnOpen dataSource)
 {
-    StartDocument(DataSourceOnOpen::LeaveClosed);
+    StartDocument(dataSource);
     NewProject(Project(), application_.UserSettings, application_.Errors);
     if (Project().MTSEnabled)
         AddXmlAssist(Project(), Classes());
@@ -50,7 +50,7 @@ bool ProjectSession::Save()
     return files.SaveProject(Project(), Classes());
 }
 
-// The connection dialog hands over what it has opened, as the user's own word, with the string.
+// The connection dialog hands over what it has opened with the string.
 bool ProjectSession::IsOpenOn(const std::string& text)
 {
     return ActiveConnection() != nullptr && ActiveConnection()->IsOpen() &&
@@ -60,21 +60,14 @@ bool ProjectSession::IsOpenOn(const std::string& text)
 bool ProjectSession::ConnectDataSource(StringOrigin origin)
 {
     application_.State.ActiveConnection.reset();
-    const auto report = [&](const RuntimeError& error) {
-        application_.Errors.ReportError(
-            error,
-            {.ModuleName = application_.State.Generation.AppTitle,
-             .RoutineName = "Open Datasource",
-             .Hint =
-                 "If you would like to modify your DataSource, you may do so by selecting Project|Edit DataSource from the menu."});
-    };
-    try {
+    const ErrorPlace place{
+        .ModuleName = application_.State.Generation.AppTitle,
+        .RoutineName = "Open Datasource",
+        .Hint =
+            "If you would like to modify your DataSource, you may do so by selecting Project|Edit DataSource from the menu."};
+    return Guarded(application_.Errors, place, [&] {
         application_.State.ActiveConnection = application_.Connect(Project().ConnectionString(), origin);
-        return true;
-    } catch (const RuntimeError& error) {
-        report(error);
-    }
-    return false;
+    });
 }
 
 } // namespace veldrane

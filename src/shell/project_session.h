@@ -8,7 +8,7 @@
 
 namespace veldrane {
 
-// Whether opening a project also opens the data source that it names.
+// Whether a project's data source is opened with it, and again whenever its connection string changes.
 enum class DataSourceOnOpen
 {
     Connect,
@@ -16,8 +16,8 @@ enum class DataSourceOnOpen
 };
 
 // The project of a session, and the one connection that everything which reads a catalog shares. Assigning a changed
-// connection string to the project opens the data source unless it is open already; a failure is reported, and the
-// project goes on without one.
+// connection string to the project opens the data source, unless it is open already or the document was told to leave
+// it closed; a failure is reported, and the project goes on without one.
 class ProjectSession
 {
   public:
@@ -27,7 +27,7 @@ class ProjectSession
     [[nodiscard]] KZMClasses& Classes() { return document_->Classes; }
 
     // A new document, as the New command and OK in the project's properties give it.
-    void New();
+    void New(DataSourceOnOpen dataSource = DataSourceOnOpen::Connect);
 
     // Replaces the document by that of the file. False if it can't be opened, which is told.
     bool Open(const std::string& path, DataSourceOnOpen dataSource);

@@ -1,61 +1,98 @@
 #include "shell/project_connection.h"
 
+#include "support/fake_driver_manager.h"
+
 #include <gtest/gtest.h>
 
 namespace veldrane {
 namespace {
 
-TEST(ProjectConnection, KeepsTheFactsOfADataSource)
+class ProjectConnection : public ::testing::Test
 {
+  protected:
     TTCProject project;
-    SetConnection(project, "PROVIDER=MSDASQL;DSN=Shop;UID=ann;PWD=secret;Database=main;");
+    testing::FakeDriverManager installed;
+};
+
+TEST_F(ProjectConnection, KeepsTheFactsOfADataSource)
+{
+    SetConnection(project, "PROVIDER=MSDASQL;DSN=Shop;UID=ann;PWD=secret;Database=main;", installed);
     EXPECT_EQ(project.DataSourceName, "Shop");
-    EXPECT_EQ(project.DataSourceDriver, "");
+    EXPECT_EQ(project.DataSourceDriver, "PostgreSQL Unicode");
     EXPECT_EQ(project.DataSourceDatabaseName, "main");
     EXPECT_EQ(project.DataSourceLogin, "ann");
     EXPECT_EQ(project.DataSourcePassword, "");
     EXPECT_EQ(project.DataSource(), data_source_kind::kOdbc);
 }
 
-TEST(ProjectConnection, TakesAStringWithoutAProviderForOdbc)
+TEST_F(ProjectConnection, TakesAStringWithoutAProviderForOdbc)
 {
-    TTCProject project;
-    SetConnection(project, "Driver=SQLite3;Database=/tmp/x.db");
+    SetConnection(project, "Driver=SQLite3;Database=/tmp/x.db", installed);
     EXPECT_EQ(project.ConnectionString(), "PROVIDER=MSDASQL;Driver=SQLite3;Database=/tmp/x.db");
     EXPECT_EQ(project.DataSourceDriver, "SQLite3");
     EXPECT_EQ(project.DataSourceName, "");
 }
 
-TEST(ProjectConnection, ReplacesTheFactsOfTheFormerOne)
+TEST_F(ProjectConnection, ReplacesTheFactsOfTheFormerOne)
 {
-    TTCProject project;
-    SetConnection(project, "DSN=Shop;UID=ann;");
-    SetConnection(project, "PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=/data/a.mdb;USER ID=Admin;PASSWORD=;");
+    SetConnection(project, "DSN=Shop;UID=ann;", installed);
+    SetConnection(project, "PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=/data/a.mdb;USER ID=Admin;PASSWORD=;",
+                  installed);
     EXPECT_EQ(project.DataSourceName, "");
     EXPECT_EQ(project.DataSourceDriver, "Microsoft.Jet.OLEDB.4.0");
     EXPECT_EQ(project.DataSourceDatabaseName, "/data/a.mdb");
-    EXPECT_EQ(project.DataSourceLogin, "Admin");
+    EXPECT_EQ(project.DataSourceLogin, "");
     EXPECT_EQ(project.DataSource(), data_source_kind::kJet);
 }
 
-TEST(ProjectConnection, TheServerIsNoDatabase)
+TEST_F(ProjectConnection, TheServerIsNoDatabase)
 {
-    TTCProject project;
-    SetConnection(project, "PROVIDER=SQLOLEDB;DSN=Ledger;Integrated Security=SSPI;Data Source=host;");
+    SetConnection(project, "PROVIDER=SQLOLEDB;DSN=Ledger;Integrated Security=SSPI;Data Source=host;", installed);
     EXPECT_EQ(project.DataSourceDatabaseName, "");
-    SetConnection(project, "PROVIDER=SQLOLEDB;Driver=FreeTDS;Data Source=host;UID=ann;PWD=;Initial Catalog=main;");
+    SetConnection(project, "PROVIDER=SQLOLEDB;Driver=FreeTDS;Data Source=host;UID=ann;PWD=;Initial Catalog=main;",
+                  installed);
     EXPECT_EQ(project.DataSourceDatabaseName, "main");
     EXPECT_EQ(project.DataSource(), data_source_kind::kSqlServer);
 }
 
-TEST(ProjectConnection, OnlyAJetFileMayStandBesideTheComponent)
+TEST_F(ProjectConnection, OnlyAJetFileMayStandBesideTheComponent)
 {
-    TTCProject project;
     project.ConnectSameDirectory = true;
-    SetConnection(project, "PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=/data/a.mdb;USER ID=Admin;PASSWORD=;");
+    SetConnection(project, "PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=/data/a.mdb;USER ID=Admin;PASSWORD=;",
+                  installed);
     EXPECT_TRUE(project.ConnectSameDirectory);
-    SetConnection(project, "Driver=SQLite3;Database=/tmp/x.db");
+    SetConnection(project, "Driver=SQLite3;Database=/tmp/x.db", installed);
     EXPECT_FALSE(project.ConnectSameDirectory);
+}
+
+TEST_F(ProjectConnection, KeepsALoginOfAJetFileThatIsNotThatOfEveryone)
+{
+    SetConnection(project, "PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=/a.mdb;USER ID=ann;", installed);
+    EXPECT_EQ(project.DataSourceLogin, "ann");
+    SetConnection(project, "DSN=Shop;UID=Admin;", installed);
+    EXPECT_EQ(project.DataSourceLogin, "Admin");
+}
+
+TEST_F(ProjectConnection, ADataSourceThatIsNotSetUpHasNoDriver)
+{
+    SetConnection(project, "DSN=Gone;", installed);
+    EXPECT_EQ(project.DataSourceName, "Gone");
+    EXPECT_EQ(project.DataSourceDriver, "");
+}
+
+TEST_F(ProjectConnection, BesideADataSourceOfSqlServerTheDriverIsTheChosenOne)
+{
+    SetConnection(project, "PROVIDER=SQLOLEDB;DSN=Ledger;Data Source=host;", installed);
+    EXPECT_EQ(project.DataSourceDriver, "");
+    SetConnection(project, "PROVIDER=SQLOLEDB;DSN=Ledger;Driver=FreeTDS;Data Source=host;", installed);
+    EXPECT_EQ(project.DataSourceDriver, "FreeTDS");
+}
+
+TEST_F(ProjectConnection, MovesTheProviderToTheFront)
+{
+    SetConnection(project, "DSN=Shop; uid = ann;PWD={a;b}}};provider=MSDASQL;Database=main", installed);
+    EXPECT_EQ(project.ConnectionString(), "provider=MSDASQL;DSN=Shop;uid=ann;PWD={a;b}}};Database=main;");
+    EXPECT_EQ(project.DataSource(), data_source_kind::kOdbc);
 }
 
 } // namespace

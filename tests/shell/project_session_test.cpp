@@ -1,6 +1,7 @@
 #include "shell/project_session.h"
 
 #include "datasource/data_source_error.h"
+#include "support/fake_driver_manager.h"
 #include "support/manual_clock.h"
 #include "support/memory_file_system.h"
 #include "support/memory_settings.h"
@@ -45,7 +46,7 @@ class ProjectSessionTest : public ::testing::Test
     bool OpenProjectOn(const std::string& connectionString, DataSourceOnOpen dataSource = DataSourceOnOpen::Connect)
     {
         ProjectSession writer(application);
-        writer.New();
+        writer.New(DataSourceOnOpen::LeaveClosed);
         writer.Project().FullPath = "/shop.kzm";
         writer.Project().SetConnectionString(connectionString);
         return writer.Save() && session.Open("/shop.kzm", dataSource);
@@ -67,6 +68,7 @@ class ProjectSessionTest : public ::testing::Test
     testing::MemoryFileSystem files;
     testing::ManualClock clock;
     testing::RecordedProcesses processes;
+    testing::FakeDriverManager installed;
     std::ostringstream output;
     ModuleState state;
     NoProgress Unwatched;
@@ -78,6 +80,7 @@ class ProjectSessionTest : public ::testing::Test
         .Time = clock,
         .Programs = processes,
         .Connect = [this](const std::string& text, StringOrigin origin) { return Connect(text, origin); },
+        .Installed = installed,
         .State = state,
         .Output = output,
         .ErrorOutput = output,
@@ -165,6 +168,22 @@ TEST_F(ProjectSessionTest, ANewProjectClosesTheConnection)
     session.New();
     EXPECT_FALSE(session.ActiveConnection());
     EXPECT_EQ(Log.back(), "close DSN=Shop;");
+}
+
+TEST_F(ProjectSessionTest, ANewProjectOpensTheDataSourceThatItIsGiven)
+{
+    session.New();
+    EXPECT_TRUE(Log.empty());
+    session.Project().SetConnectionString("DSN=Shop;");
+    EXPECT_EQ(Log, Texts{"open DSN=Shop;"});
+    EXPECT_TRUE(session.ActiveConnection());
+}
+
+TEST_F(ProjectSessionTest, ANewProjectLeavesItsDataSourceClosedOnRequest)
+{
+    session.New(DataSourceOnOpen::LeaveClosed);
+    session.Project().SetConnectionString("DSN=Shop;");
+    EXPECT_TRUE(Log.empty());
 }
 
 TEST_F(ProjectSessionTest, AUsersOwnStringIsOpenedAsSuch)

@@ -6,6 +6,13 @@
 namespace veldrane {
 namespace {
 
+// By its path or by its file's name alone. It is no driver to choose: a project that names one can't be opened again.
+bool IsLibrary(std::string_view driver)
+{
+    return driver.find('/') != std::string_view::npos || driver.ends_with(".so") ||
+           driver.find(".so.") != std::string_view::npos;
+}
+
 class Lists
 {
   public:
@@ -25,10 +32,9 @@ class Lists
         AddDriver(source.Driver);
     }
 
-    // A library is no driver to choose: a project that names one can't be opened again.
     void AddDriver(const std::string& driver)
     {
-        if (driver.empty() || driver.find('/') != std::string::npos)
+        if (driver.empty() || IsLibrary(driver))
             return;
         const ComboRow row{.Key = driver, .Text = driver, .Icon = "Driver", .Tag = ""};
         odbc_.cmbDrivers.Add(row);

@@ -2,6 +2,8 @@
 
 namespace veldrane {
 
+namespace {
+
 bool ConfirmEditDataSource(Messages& messages)
 {
     const Question question{
@@ -13,6 +15,20 @@ bool ConfirmEditDataSource(Messages& messages)
         .Offered = Buttons::YesNo,
         .Default = Answer::No};
     return messages.Ask(question) == Answer::Yes;
+}
+
+} // namespace
+
+void EditDataSource(Messages& messages, const ShowLogon& show)
+{
+    if (ConfirmEditDataSource(messages))
+        show(LogonPurpose::EditDataSource);
+}
+
+void OpenDatasource(const TTCProject& project, OpenDatasourceFor reason, const ShowLogon& show)
+{
+    if (reason == OpenDatasourceFor::UsersChoice || project.ConnectionString().empty())
+        show(LogonPurpose::NewDataSource);
 }
 
 } // namespace veldrane

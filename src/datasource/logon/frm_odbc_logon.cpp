@@ -7,6 +7,7 @@
 #include "text/case_folding.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 namespace veldrane {
@@ -26,9 +27,17 @@ frmODBCLogon::frmODBCLogon(TTCProject& project, LogonPurpose purpose, LogonMode 
 void frmODBCLogon::Load()
 {
     GetDSNsAndDrivers();
+    if (!OffersOdbc())
+        return;
     chkConnectSameDirectory = project_.ConnectSameDirectory;
-    if (!pages_[logon_page::kOdbc].cmbDrivers.Rows.empty())
-        ReadConnectionString(mode_ == LogonMode::Normal ? project_.ConnectionString() : ConnectionString);
+    ReadConnectionString(mode_ == LogonMode::Normal ? project_.ConnectionString() : ConnectionString);
+}
+
+// A data source may stand on a library that is set up as no driver.
+bool frmODBCLogon::OffersOdbc() const
+{
+    const LogonPage& odbc = pages_[logon_page::kOdbc];
+    return !odbc.cmbDrivers.Rows.empty() || !odbc.cmbDSN.Rows.empty();
 }
 
 void frmODBCLogon::GetDSNsAndDrivers()
@@ -38,7 +47,7 @@ void frmODBCLogon::GetDSNsAndDrivers()
     LogonPage& sqlServer = pages_[logon_page::kSqlServer];
     OfferFileOrServer(odbc, odbc.DriverName(), surroundings_.Installed);
     OfferFileOrServer(sqlServer, sqlServer.DriverName(), surroundings_.Installed);
-    if (odbc.cmbDrivers.Rows.empty()) {
+    if (!OffersOdbc()) {
         odbc.fraConnectEnabled = false;
         surroundings_.Asking.Tell(
             "No Drivers Found",
@@ -55,27 +64,24 @@ void frmODBCLogon::GetDSNsAndDrivers()
 // file.
 void frmODBCLogon::ReadConnectionString(const std::string& text)
 {
-    std::vector<ConnectionEntry> ofPage;
-    const auto readPage = [&] {
-        ReadBack(Page(), page_, ofPage, surroundings_.Installed, surroundings_.Asking);
-        ofPage.clear();
-    };
+    std::map<std::size_t, std::vector<ConnectionEntry>> ofPages;
     for (const ConnectionEntry& entry : ReadableEntries(text)) {
-        if (!text::EqualFolded(entry.Key, "PROVIDER")) {
-            ofPage.push_back(entry);
-            continue;
-        }
-        readPage();
-        if (!SelectProvider(entry.Value))
-            return;
+        if (!text::EqualFolded(entry.Key, "PROVIDER"))
+            ofPages[page_].push_back(entry);
+        else if (SelectProvider(entry.Value))
+            ofPages.try_emplace(page_);
+        else
+            break;
     }
-    readPage();
+    for (const auto& [page, entries] : ofPages)
+        ReadBack(pages_.at(page), page, entries, surroundings_.Installed, surroundings_.Asking);
 }
 
 bool frmODBCLogon::SelectProvider(std::string_view key)
 {
+    const std::string_view name = IsOdbcProvider(key) ? kOdbcProvider : key;
     const auto found = std::find_if(providers_.begin(), providers_.end(),
-                                    [&](const LogonProvider& each) { return text::EqualFolded(each.Key, key); });
+                                    [&](const LogonProvider& each) { return text::EqualFolded(each.Key, name); });
     if (found == providers_.end())
         return false;
     cmbProviders_Click(static_cast<std::size_t>(found - providers_.begin()));
@@ -150,13 +156,15 @@ void frmODBCLogon::cmdBrowse_Click()
 void frmODBCLogon::cmdOK_Click()
 {
     focus_.clear();
-    if (!MayContinue())
-        return;
-    const Logon logon = FinishedLogon();
-    if (mode_ == LogonMode::Normal)
-        FinishForProject(logon);
-    else
-        FinishForCaller(logon);
+    Guarded(surroundings_.Errors, kModuleName, "cmdOK_Click", [&] {
+        if (!MayContinue())
+            return;
+        const Logon logon = FinishedLogon();
+        if (mode_ == LogonMode::Normal)
+            FinishForProject(logon);
+        else
+            FinishForCaller(logon);
+    });
 }
 
 bool frmODBCLogon::MayContinue()
@@ -197,10 +205,7 @@ Logon frmODBCLogon::FinishedLogon() const
 void frmODBCLogon::FinishForProject(const Logon& logon)
 {
     CloseShared();
-    std::unique_ptr<DataSourceConnection> opened = TryOut(logon.ConnectionString);
-    if (!opened)
-        return;
-    surroundings_.ActiveConnection = std::move(opened);
+    surroundings_.ActiveConnection = Opened(logon.ConnectionString);
     closedString_.clear();
     StoreLogon(project_, logon);
     project_.SetModified(true);
@@ -211,20 +216,15 @@ void frmODBCLogon::FinishForProject(const Logon& logon)
 // another database behind it.
 void frmODBCLogon::FinishForCaller(const Logon& logon)
 {
-    if (!TryOut(logon.ConnectionString))
-        return;
+    static_cast<void>(Opened(logon.ConnectionString));
     ConnectionString = logon.ConnectionString;
     state_ = DialogState::Hidden;
 }
 
-std::unique_ptr<DataSourceConnection> frmODBCLogon::TryOut(const std::string& text)
+std::unique_ptr<DataSourceConnection> frmODBCLogon::Opened(const std::string& text) const
 {
-    std::unique_ptr<DataSourceConnection> opened;
-    Guarded(surroundings_.Errors, kModuleName, "cmdOK_Click", [&] {
-        const PointerWhile hourglass(surroundings_.Pointer, PointerShape::Hourglass);
-        opened = surroundings_.Connect(text, StringOrigin::CommandLine);
-    });
-    return opened;
+    const PointerWhile hourglass(surroundings_.Pointer, PointerShape::Hourglass);
+    return surroundings_.Connect(text, StringOrigin::ProjectFile);
 }
 
 void frmODBCLogon::CloseShared()

@@ -11,7 +11,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,10 +54,10 @@ struct LogonSurroundings
 // The dialog that asks for a data source, makes a connection string of the answers, tries it out, and gives it to the
 // project. It begins by showing the string that is there.
 //
-// What it opens is the user's own word, not that of a project file. In the normal mode the opened connection takes the
-// place of the shared one before the project hears of its new string, so a listener finds it open. An attempt that
-// fails leaves the project as it was, and the shared connection closed; when the dialog is then left with Cancel, it is
-// opened again.
+// What it opens passes the rules for a project file: the string is kept in one, and may show what came out of one. In
+// the normal mode the opened connection takes the place of the shared one before the project hears of its new string,
+// so a listener finds it open. An attempt that fails is reported, and leaves the project as it was and the shared
+// connection closed; when the dialog is then left with Cancel, it is opened again.
 class frmODBCLogon
 {
   public:
@@ -67,7 +66,8 @@ class frmODBCLogon
     // The string: in the return mode what is to be shown at first, and after OK the finished one.
     std::string ConnectionString;
 
-    // Fills the lists and reads the string back into the controls. Opens nothing.
+    // Fills the lists and, unless there is neither a data source nor a driver, reads the string and the project's
+    // ConnectSameDirectory back into the controls. Opens nothing.
     void Load();
 
     [[nodiscard]] LogonPurpose Purpose() const { return purpose_; }
@@ -92,7 +92,7 @@ class frmODBCLogon
     // What the person does. Rows count from 0; nothing happens for one that is not there, nor for the page of a
     // provider that is not offered.
     void cmbProviders_Click(std::size_t row);
-    void tabMain_Click(std::size_t page);
+    void tabMain_Click(std::size_t page); // selects the provider of the page too
     void cmbDSN_Click(std::size_t row);
     void cmbDrivers_Click(std::size_t row);
     void optUseDSN_Click();
@@ -110,13 +110,14 @@ class frmODBCLogon
 
     void Choose(Target target); // nothing to choose on the Jet page
     void GetDSNsAndDrivers();
+    [[nodiscard]] bool OffersOdbc() const;
     void ReadConnectionString(const std::string& text);
     bool SelectProvider(std::string_view key);
     bool MayContinue();
     [[nodiscard]] Logon FinishedLogon() const;
     void FinishForProject(const Logon& logon);
     void FinishForCaller(const Logon& logon);
-    std::unique_ptr<DataSourceConnection> TryOut(const std::string& text);
+    [[nodiscard]] std::unique_ptr<DataSourceConnection> Opened(const std::string& text) const;
     void CloseShared();
 
     TTCProject& project_;

@@ -24,37 +24,32 @@ bool NeedsBraces(std::string_view value)
            NamesProvider(value);
 }
 
-std::string Entry(std::string_view key, const std::string& value)
-{
-    return std::string(key) + (NeedsBraces(value) ? Braced(value) : value) + ";";
-}
-
 std::string Target(const LogonPage& page)
 {
-    return page.optUseDSN ? Entry("DSN=", page.cmbDSN.Text()) : Entry("Driver=", page.cmbDrivers.Text());
+    return page.optUseDSN ? LogonEntry("DSN", page.cmbDSN.Text()) : LogonEntry("Driver", page.cmbDrivers.Text());
 }
 
 std::string OdbcEntries(const LogonPage& page)
 {
     std::string entries = Target(page);
     if (!page.optUseDSN)
-        entries += Entry("Server=", page.txtServer);
-    entries += Entry("UID=", page.txtUID) + Entry("PWD=", page.txtPWD);
+        entries += LogonEntry("Server", page.txtServer);
+    entries += LogonEntry("UID", page.txtUID) + LogonEntry("PWD", page.txtPWD);
     if (!page.txtDatabase.empty())
-        entries += Entry(page.DriverName() == kAccessDriver ? "DBQ=" : "Database=", page.txtDatabase);
+        entries += LogonEntry(page.DriverName() == kAccessDriver ? "DBQ" : "Database", page.txtDatabase);
     // Behind that of the login: a driver takes the last one, and reading back tells the two apart by their order.
     if (!page.txtDBPassword.empty())
-        entries += Entry("PWD=", page.txtDBPassword);
+        entries += LogonEntry("PWD", page.txtDBPassword);
     return entries;
 }
 
 std::string JetEntries(const LogonPage& page)
 {
-    std::string entries = Entry("Data Source=", page.txtDatabase);
-    entries += page.txtUID.empty() ? "USER ID=Admin;" : Entry("USER ID=", page.txtUID);
-    entries += Entry("PASSWORD=", page.txtPWD);
+    std::string entries = LogonEntry("Data Source", page.txtDatabase);
+    entries += LogonEntry("USER ID", page.txtUID.empty() ? std::string(kJetUser) : page.txtUID);
+    entries += LogonEntry("PASSWORD", page.txtPWD);
     if (!page.txtDBPassword.empty())
-        entries += Entry("Jet OLEDB:Database Password=", page.txtDBPassword);
+        entries += LogonEntry("Jet OLEDB:Database Password", page.txtDBPassword);
     return entries;
 }
 
@@ -62,11 +57,11 @@ std::string SqlServerEntries(const LogonPage& page)
 {
     std::string security = "Integrated Security=SSPI;";
     if (!page.txtUID.empty())
-        security = Entry("UID=", page.txtUID) + Entry("PWD=", page.txtPWD);
-    const std::string server = Entry("Data Source=", page.txtServer);
+        security = LogonEntry("UID", page.txtUID) + LogonEntry("PWD", page.txtPWD);
+    const std::string server = LogonEntry("Data Source", page.txtServer);
     std::string entries = Target(page) + (page.optUseDSN ? security + server : server + security);
     if (!page.txtDatabase.empty())
-        entries += Entry("Initial Catalog=", page.txtDatabase);
+        entries += LogonEntry("Initial Catalog", page.txtDatabase);
     return entries;
 }
 
@@ -83,6 +78,16 @@ std::string Entries(const LogonProvider& provider, const LogonPage& page)
 }
 
 } // namespace
+
+std::string LogonEntry(std::string_view key, const std::string& value)
+{
+    const std::string written = NeedsBraces(value) ? Braced(value) : value;
+    if (NamesProvider(written))
+        throw DataSourceError(data_source_error::kFailed, "ConnectionString",
+                              "The value of \"" + std::string(key) +
+                                  "\" can't be written: a part of it would pass for the provider.");
+    return std::string(key) + "=" + written + ";";
+}
 
 std::string BuildLogonString(const LogonProvider& provider, const LogonPage& page)
 {

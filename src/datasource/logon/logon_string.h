@@ -4,6 +4,7 @@
 #include "datasource/logon/providers.h"
 
 #include <string>
+#include <string_view>
 
 namespace veldrane {
 
@@ -14,8 +15,13 @@ namespace veldrane {
 //   PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=/data/a.mdb;USER ID=Admin;PASSWORD=;
 //   PROVIDER=SQLOLEDB;DSN=Shop;Integrated Security=SSPI;Data Source=host;Initial Catalog=main;
 //
-// Values stand as they were typed. Only one that would end early, lose blanks at its ends or be taken for the name of a
-// provider is put in braces.
+// Throws as LogonEntry does.
 [[nodiscard]] std::string BuildLogonString(const LogonProvider& provider, const LogonPage& page);
+
+// One entry of such a string: "UID=ann;". The value stands as it was typed; only one that would end early, lose blanks
+// at its ends or be taken for the name of a provider is put in braces. Throws DataSourceError, which names the key, for
+// a value in which a provider stands between "=" and ";", for in braces too it would decide the project's kind of
+// connection.
+[[nodiscard]] std::string LogonEntry(std::string_view key, const std::string& value);
 
 } // namespace veldrane

@@ -24,6 +24,9 @@ struct LogonProvider
     std::size_t Page;
 };
 
+// Who opens a Jet file where no login is typed.
+inline constexpr std::string_view kJetUser = "Admin";
+
 // In the order in which they are offered.
 inline constexpr std::array kLogonProviders{
     LogonProvider{kOdbcProvider, "Microsoft OLE DB Provider for ODBC", logon_page::kOdbc},

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <string>
 
 namespace veldrane {
@@ -51,9 +50,9 @@ class Reader
         if (text::EqualFolded(entry.Key, "DATABASE"))
             messages_.Tell("", "This functionality has not been implemented yet.");
         else if (pageNumber_ != logon_page::kJet && text::EqualFolded(entry.Key, "DSN"))
-            foundDSN_ = page_.cmbDSN.SelectText(entry.Value);
+            Select(page_.cmbDSN, foundDSN_, entry.Value);
         else if (pageNumber_ != logon_page::kJet && text::EqualFolded(entry.Key, "DRIVER"))
-            foundDriver_ = page_.cmbDrivers.SelectText(entry.Value);
+            Select(page_.cmbDrivers, foundDriver_, entry.Value);
         else if (IsSecondPassword(entry))
             page_.txtDBPassword = entry.Value;
         else if (const TextOfPage text = TextFor(entry.Key, pageNumber_))
@@ -71,6 +70,16 @@ class Reader
     }
 
   private:
+    // A name that no row has does not undo what was found before it.
+    static void Select(ComboBox& list, bool& found, std::string_view name)
+    {
+        const auto before = list.Selected;
+        if (list.SelectText(name))
+            found = true;
+        else if (found)
+            list.Selected = before;
+    }
+
     bool IsSecondPassword(const ConnectionEntry& entry)
     {
         return pageNumber_ == logon_page::kOdbc && text::EqualFolded(entry.Key, "PWD") && ++passwords_ > 1;

@@ -13,9 +13,9 @@ namespace veldrane {
 // refuses the text, cut at every semicolon and at the first "=".
 [[nodiscard]] std::vector<ConnectionEntry> ReadableEntries(std::string_view text);
 
-// Puts entries of a connection string, those behind the provider, back into the controls of a page. The page number
-// decides which keys mean something there. A data source or a driver that is not on the list leaves its list without
-// a selection, so that no other one is taken for it. Says that "DATABASE" is not read back.
+// Puts entries of a connection string, all that stand behind the page's provider, back into its controls. The page
+// number decides which keys mean something there. Where none of the data sources or drivers named is on the list, that
+// is left without a selection, so that no other one is taken for it. Says that "DATABASE" is not read back.
 void ReadBack(LogonPage& page, std::size_t pageNumber, const std::vector<ConnectionEntry>& entries,
               const InstalledDrivers& installed, Messages& messages);
 

@@ -78,7 +78,7 @@ std::vector<OdbcDataSource> OdbcInstalledDrivers::DataSources() const
     std::vector<OdbcDataSource> sources;
     for (std::string& name : Sections("odbc.ini")) {
         std::string driver = DataSourceSetting(name, "Driver");
-        if (driver.find('/') != std::string::npos)
+        if (!driver.empty() && DriverSetting(driver, "Driver").empty())
             if (const auto known = driverOfLibrary.find(FileName(driver)); known != driverOfLibrary.end())
                 driver = known->second;
         sources.push_back({.Name = std::move(name), .Driver = std::move(driver)});

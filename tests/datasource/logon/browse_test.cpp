@@ -20,6 +20,7 @@ class LogonBrowse : public LogonTest
     void ExpectNoFilterSaid()
     {
         ASSERT_EQ(messages.Asked().size(), 1U);
+        EXPECT_EQ(messages.Asked().front().Title, "");
         EXPECT_EQ(messages.Asked().front().Text, "Unable to determine file type. No Filter will be applied.");
     }
 };
@@ -113,6 +114,21 @@ TEST_F(LogonBrowse, ReadsTheFileTypeOutOfTheDriverOfADataSource)
     SelectDSN(*dialog, "Old Files");
     dialog->cmdBrowse_Click();
     EXPECT_EQ(files.AskedToOpen().back().Filter, "Microsoft Access Files |*.mdb|All Files|*.*");
+}
+
+TEST_F(LogonBrowse, ReadsTheFileTypeOnThePageOfSqlServerLikewise)
+{
+    installed.Libraries["TDS Driver (*.tds)"];
+    LogonSurroundings surroundings = Surroundings();
+    surroundings.TdsDriver = "TDS Driver (*.tds)";
+    frmODBCLogon dialog(project, LogonPurpose::NewDataSource, LogonMode::Normal, surroundings);
+    dialog.Load();
+    Select(dialog, "SQLOLEDB");
+    dialog.optDSNLess_Click();
+    SelectDriver(dialog, "TDS Driver (*.tds)");
+    dialog.cmdBrowse_Click();
+    EXPECT_EQ(files.AskedToOpen().back().Filter, "TDS Files |*.tds|All Files|*.*");
+    EXPECT_TRUE(messages.Asked().empty());
 }
 
 TEST_F(LogonBrowse, OffersDatabasesOfSqliteForItsDriver)

@@ -1,7 +1,5 @@
 #include "logon_fixture.h"
 
-#include "datasource/logon/edit_data_source.h"
-
 namespace veldrane {
 namespace {
 
@@ -46,9 +44,11 @@ TEST_F(LogonFinish, GivesTheProjectTheStringAndWhatItTells)
     const Connection listening = project.ProjectConnectionChanged.Connect([&](const std::string& text) {
         heard.push_back(text);
         EXPECT_EQ(project.DataSourceLogin, "ann");
+        EXPECT_FALSE(project.Modified());
         ASSERT_TRUE(shared);
         EXPECT_EQ(shared->ConnectionString(), text);
     });
+    project.DataSourceName = "Old";
     const auto dialog = JetDialog();
     dialog->chkConnectSameDirectory = true;
     dialog->cmdOK_Click();
@@ -86,9 +86,13 @@ TEST_F(LogonFinish, KeepsTheFactsOfADriver)
     const auto dialog = LoadedAt("MSDASQL");
     dialog->optDSNLess_Click();
     SelectDriver(*dialog, "MariaDB Unicode");
+    dialog->Page().txtDatabase = "main";
+    dialog->Page().txtUID = "ann";
     dialog->cmdOK_Click();
     EXPECT_EQ(project.DataSourceName, "");
     EXPECT_EQ(project.DataSourceDriver, "MariaDB Unicode");
+    EXPECT_EQ(project.DataSourceDatabaseName, "main");
+    EXPECT_EQ(project.DataSourceLogin, "ann");
     EXPECT_EQ(project.DataSource(), data_source_kind::kOdbc);
 }
 
@@ -98,11 +102,53 @@ TEST_F(LogonFinish, KeepsTheSelectedDriverOfSqlServer)
     const auto dialog = LoadedAt("SQLOLEDB");
     SelectDSN(*dialog, "Ledger");
     SelectDriver(*dialog, "FreeTDS");
+    dialog->Page().txtDatabase = "main";
+    dialog->Page().txtUID = "ann";
     dialog->cmdOK_Click();
     EXPECT_EQ(project.DataSourceName, "Ledger");
     EXPECT_EQ(project.DataSourceDriver, "FreeTDS");
+    EXPECT_EQ(project.DataSourceDatabaseName, "main");
+    EXPECT_EQ(project.DataSourceLogin, "ann");
     EXPECT_EQ(project.DataSource(), data_source_kind::kSqlServer);
     EXPECT_FALSE(project.ConnectSameDirectory);
+}
+
+TEST_F(LogonFinish, KeepsNoDataSourceBesideADriverOfSqlServer)
+{
+    project.DataSourceName = "Old";
+    const auto dialog = LoadedAt("SQLOLEDB");
+    dialog->optDSNLess_Click();
+    SelectDriver(*dialog, "FreeTDS");
+    dialog->cmdOK_Click();
+    EXPECT_EQ(project.DataSourceName, "");
+    EXPECT_EQ(project.DataSourceDriver, "FreeTDS");
+}
+
+TEST_F(LogonFinish, AFailureOfWhoeverHearsOfTheStringIsReported)
+{
+    const Connection listening = project.ProjectConnectionChanged.Connect(
+        [](const std::string&) { throw DataSourceError(data_source_error::kFailed, "ODBC", "can't list"); });
+    const auto dialog = JetDialog();
+    dialog->cmdOK_Click();
+    EXPECT_EQ(dialog->State(), DialogState::Shown);
+    ASSERT_EQ(errors.Reported.size(), 1U);
+    EXPECT_EQ(errors.Reported.front().Error.Description(), "can't list");
+    EXPECT_EQ(errors.Reported.front().Place.ModuleName, "frmODBCLogon");
+    EXPECT_EQ(errors.Reported.front().Place.RoutineName, "cmdOK_Click");
+}
+
+TEST_F(LogonFinish, AValueThatWouldPassForTheProviderIsReportedAndOpensNothing)
+{
+    OpenShared("DSN=Old;");
+    const auto dialog = LoadedAt("MSDASQL");
+    dialog->Page().txtPWD = "a=SQLOLEDB;b";
+    dialog->cmdOK_Click();
+    EXPECT_EQ(dialog->State(), DialogState::Shown);
+    ASSERT_EQ(errors.Reported.size(), 1U);
+    EXPECT_EQ(errors.Reported.front().Error.Description(),
+              "The value of \"PWD\" can't be written: a part of it would pass for the provider.");
+    EXPECT_TRUE(log.empty());
+    ExpectUntouchedProject();
 }
 
 TEST_F(LogonFinish, ClosesTheSharedConnectionFirstWhateverThatSays)
@@ -204,16 +250,18 @@ TEST_F(LogonFinish, CancelAloneLeavesEverythingAsItIs)
     ExpectUntouchedProject();
 }
 
-TEST_F(LogonFinish, AJetPageWithoutAFileAsksForOneAndOpensNothing)
+TEST_F(LogonFinish, AJetPageWithoutAFileAsksForOneAndLeavesTheConnectionAsItIs)
 {
+    OpenShared("DSN=Old;");
     const auto dialog = Loaded();
     dialog->chkConnectSameDirectory = true;
     dialog->cmdOK_Click();
     ASSERT_EQ(messages.Asked().size(), 1U);
     EXPECT_EQ(messages.Asked().front().Title, "Invalid Datasource Name");
     EXPECT_EQ(messages.Asked().front().Text, "Please select a datasource.");
+    EXPECT_EQ(messages.Asked().front().Icon, MessageIcon::None);
     EXPECT_EQ(dialog->State(), DialogState::Shown);
-    EXPECT_FALSE(shared);
+    EXPECT_TRUE(shared->IsOpen());
     EXPECT_TRUE(log.empty());
     ExpectUntouchedProject();
 }
@@ -252,6 +300,26 @@ TEST_F(LogonFinish, ForACallerItKeepsTheStringAndLeavesProjectAndConnectionAlone
     ExpectUntouchedProject();
 }
 
+TEST_F(LogonFinish, ForACallerItChecksTheSame)
+{
+    const auto dialog = Loaded(LogonMode::Return);
+    dialog->cmdOK_Click();
+    ASSERT_EQ(messages.Asked().size(), 1U);
+    EXPECT_EQ(messages.Asked().front().Title, "Invalid Datasource Name");
+    EXPECT_EQ(dialog->State(), DialogState::Shown);
+    EXPECT_EQ(dialog->ConnectionString, "");
+    EXPECT_TRUE(log.empty());
+}
+
+TEST_F(LogonFinish, ForACallerCancelIsToldFromOk)
+{
+    const auto dialog = JetDialog(LogonMode::Return);
+    dialog->cmdCancel_Click();
+    EXPECT_EQ(dialog->State(), DialogState::Closed);
+    EXPECT_EQ(dialog->ConnectionString, "");
+    EXPECT_TRUE(log.empty());
+}
+
 TEST_F(LogonFinish, ForACallerAFailureKeepsTheFormerString)
 {
     fails = true;
@@ -263,24 +331,6 @@ TEST_F(LogonFinish, ForACallerAFailureKeepsTheFormerString)
     EXPECT_EQ(dialog.State(), DialogState::Shown);
     EXPECT_EQ(dialog.ConnectionString, kJetString);
     EXPECT_EQ(errors.Reported.size(), 1U);
-}
-
-TEST_F(LogonFinish, EditingADataSourceIsAskedForWordByWord)
-{
-    testing::ScriptedMessages asked({Answer::Yes, Answer::No});
-    EXPECT_TRUE(ConfirmEditDataSource(asked));
-    EXPECT_FALSE(ConfirmEditDataSource(asked));
-    const Question& question = asked.Asked().front();
-    EXPECT_EQ(question.Title, "Edit DataSource Message");
-    EXPECT_EQ(question.Text,
-              "Warning! Changing DataSources may render this project unusable. Only change your data source if: \r\n"
-              "  1) The new DataSource has the same structure as the existing DataSource\r\n"
-              "OR 2) The existing DataSource is moving locations (i.e. to a different directory or server)\r\n"
-              "\r\n"
-              "Are you sure you want to edit the DataSource?");
-    EXPECT_EQ(question.Offered, Buttons::YesNo);
-    EXPECT_EQ(question.Icon, MessageIcon::None);
-    EXPECT_EQ(question.Default, Answer::No);
 }
 
 } // namespace

@@ -1,7 +1,5 @@
 #include "logon_fixture.h"
 
-#include <gmock/gmock.h>
-
 namespace veldrane {
 namespace {
 
@@ -76,10 +74,11 @@ TEST_F(LogonLists, HoldDriversWhereNobodyHasSetUpADataSource)
 
 TEST_F(LogonLists, LeaveOutADataSourceWithoutANameAndADriverThatIsALibrary)
 {
-    installed.Sources = {{"", "SQLite3"}, {"By Path", "/opt/libmine.so"}, {"Undone", ""}};
+    installed.Sources = {{"", "SQLite3"}, {"By Path", "/opt/libmine.so"}, {"Bare", "libmine.so.2"}, {"Undone", ""}};
     const auto dialog = Loaded();
-    EXPECT_EQ(Described(dialog->Pages()[0].cmbDSN),
-              (std::vector<std::string>{"DSN: By Path [/opt/libmine.so] ", "DSN: Undone [] "}));
+    EXPECT_EQ(
+        Described(dialog->Pages()[0].cmbDSN),
+        (std::vector<std::string>{"DSN: By Path [/opt/libmine.so] ", "DSN: Bare [libmine.so.2] ", "DSN: Undone [] "}));
     EXPECT_EQ(dialog->Pages()[0].cmbDrivers.Rows.size(), 4U);
 }
 
@@ -87,18 +86,33 @@ TEST_F(LogonLists, SayThatThereAreNoDrivers)
 {
     installed.Sources.clear();
     installed.Libraries.clear();
+    project.ConnectSameDirectory = true;
     const auto dialog = LoadedOn("PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=/a.mdb;");
     ASSERT_EQ(messages.Asked().size(), 1U);
     const Question& said = messages.Asked().front();
     EXPECT_EQ(said.Title, "No Drivers Found");
     EXPECT_EQ(said.Icon, MessageIcon::Critical);
     EXPECT_EQ(said.Offered, Buttons::Ok);
-    EXPECT_THAT(said.Text, ::testing::StartsWith("There are no Datasource Drivers installed on this machine. "
-                                                 "Please install MDAC 2.1 from https://"));
+    EXPECT_EQ(said.Text, "There are no Datasource Drivers installed on this machine. Please install MDAC 2.1 from "
+                         "https://www.unixodbc.org/drivers.html or, in its place, the ODBC drivers that your "
+                         "distribution has; on Debian: apt install libsqliteodbc odbc-postgresql odbc-mariadb tdsodbc");
     EXPECT_FALSE(dialog->Pages()[0].fraConnectEnabled);
     EXPECT_FALSE(dialog->Pages()[2].fraConnectEnabled);
     EXPECT_TRUE(dialog->Pages()[1].fraConnectEnabled);
     EXPECT_EQ(dialog->Page().txtDatabase, "");
+    EXPECT_FALSE(dialog->chkConnectSameDirectory);
+}
+
+TEST_F(LogonLists, AreNotEmptyWhereADataSourceStandsOnALibraryThatIsNotSetUp)
+{
+    installed.Libraries.clear();
+    installed.Sources = {{"Mine", "/opt/libmine.so"}};
+    const auto dialog = LoadedOn("PROVIDER=MSDASQL;DSN=Mine;UID=ann;PWD=;");
+    EXPECT_TRUE(messages.Asked().empty());
+    EXPECT_TRUE(dialog->Pages()[0].fraConnectEnabled);
+    EXPECT_EQ(dialog->CurrentPage(), 0U);
+    EXPECT_EQ(dialog->Page().cmbDSN.Text(), "Mine");
+    EXPECT_EQ(dialog->Page().txtUID, "ann");
 }
 
 TEST_F(LogonLists, DoNotOfferSqlServerWithoutADriverForIt)
@@ -156,6 +170,13 @@ TEST_F(LogonLists, SwitchingThePageSelectsItsProvider)
     dialog->tabMain_Click(2);
     EXPECT_EQ(dialog->CurrentPage(), 2U);
     EXPECT_EQ(dialog->Provider().Key, "SQLOLEDB");
+    dialog->tabMain_Click(0);
+    EXPECT_EQ(dialog->Provider().Key, "MSDASQL");
+    dialog->optDSNLess_Click();
+    dialog->tabMain_Click(2);
+    dialog->tabMain_Click(0);
+    EXPECT_FALSE(dialog->Page().optUseDSN);
+    dialog->tabMain_Click(2);
     dialog->tabMain_Click(3);
     EXPECT_EQ(dialog->CurrentPage(), 2U);
 }

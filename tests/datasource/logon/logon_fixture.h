@@ -2,15 +2,14 @@
 
 #include "datasource/logon/frm_odbc_logon.h"
 #include "datasource/logon/logon_string.h"
+#include "support/fake_driver_manager.h"
 #include "support/recorded_errors.h"
 #include "support/recorded_pointer.h"
 #include "support/scripted_file_dialogs.h"
 #include "support/scripted_messages.h"
-#include "text/case_folding.h"
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -19,46 +18,7 @@
 
 namespace veldrane {
 
-inline constexpr const char* kAccess = "Microsoft Access Driver (*.mdb)";
-
-// A machine whose data sources and drivers are data.
-class FakeDriverManager : public DriverManager
-{
-  public:
-    [[nodiscard]] std::string DataSourceSetting(const std::string& dataSource, const std::string& key) const override
-    {
-        for (const OdbcDataSource& source : Sources)
-            if (text::EqualFolded(source.Name, dataSource) && text::EqualFolded(key, "Driver"))
-                return source.Driver;
-        return "";
-    }
-
-    [[nodiscard]] std::string DriverSetting(const std::string& driver, const std::string& key) const override
-    {
-        const auto found = Libraries.find(driver);
-        return found == Libraries.end() || key != "Driver" ? "" : found->second;
-    }
-
-    [[nodiscard]] std::vector<OdbcDataSource> DataSources() const override { return Sources; }
-
-    [[nodiscard]] std::vector<std::string> Drivers() const override
-    {
-        std::vector<std::string> names;
-        for (const auto& [name, library] : Libraries)
-            names.push_back(name);
-        return names;
-    }
-
-    std::vector<OdbcDataSource> Sources{{"Shop", "PostgreSQL Unicode"},
-                                        {"Old Files", kAccess},
-                                        {"Größe; {neu}", "SQLite3"},
-                                        {"Ledger", "SQL Server"},
-                                        {"Payroll", "FreeTDS"}};
-    std::map<std::string, std::string> Libraries{{"FreeTDS", "libtdsodbc.so"},
-                                                 {"MariaDB Unicode", "libmaodbc.so"},
-                                                 {"PostgreSQL Unicode", "psqlodbcw.so"},
-                                                 {"SQLite3", "libsqlite3odbc.so"}};
-};
+using testing::kAccess;
 
 // A connection that opens nothing and writes down what happens to it.
 class LoggedConnection : public DataSourceConnection
@@ -166,7 +126,7 @@ class LogonTest : public ::testing::Test
 
     [[nodiscard]] std::unique_ptr<DataSourceConnection> Connect(const std::string& text, StringOrigin origin)
     {
-        log.push_back((origin == StringOrigin::CommandLine ? "open " : "open for a project ") + text);
+        log.push_back((origin == StringOrigin::ProjectFile ? "open " : "open whatever it holds ") + text);
         shapeWhileOpening = pointer.Current;
         if (fails)
             throw DataSourceError(data_source_error::kFailed, "ODBC", "refused");
@@ -174,7 +134,7 @@ class LogonTest : public ::testing::Test
     }
 
     TTCProject project;
-    FakeDriverManager installed;
+    testing::FakeDriverManager installed;
     testing::ScriptedMessages messages;
     testing::RecordedErrors errors;
     testing::ScriptedFileDialogs files;

@@ -151,6 +151,15 @@ TEST_F(LogonString, BracesAValueThatWouldBreakTheString)
     }
 }
 
+TEST_F(LogonString, RefusesAValueThatNamesAProviderInBracesToo)
+{
+    const auto dialog = WithDSN("MSDASQL", "Shop");
+    for (const char* value : {"a=SQLOLEDB;b", "=msdasql;x", " =Microsoft.Jet.OLEDB.4.0;"}) {
+        dialog->Page().txtUID = value;
+        EXPECT_THROW(StringOf(*dialog), DataSourceError) << value;
+    }
+}
+
 TEST_F(LogonString, AValueNamedLikeAProviderLeavesTheKindOfConnectionAsItIs)
 {
     const auto dialog = WithDSN("MSDASQL", "Shop");

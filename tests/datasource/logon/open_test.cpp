@@ -34,6 +34,17 @@ TEST(LogonOpens, AStringThatItWroteOnceItIsAProjects)
     EXPECT_TRUE(connection.IsOpen());
 }
 
+TEST(LogonOpens, NothingThatAProjectCouldNotOpenAgain)
+{
+    const SqliteFile file("CREATE TABLE a (x);\n");
+    RealLogon logon;
+    logon.UseDriver("SQLite3");
+    logon.dialog->Page().txtDatabase = "file:" + file.Path() + "?mode=ro";
+    EXPECT_EQ(logon.TablesAfterOk(), -1);
+    EXPECT_EQ(logon.Reported(), "The \"Database\" of a project's connection string may not carry options.");
+    EXPECT_EQ(logon.project.ConnectionString(), "");
+}
+
 TEST(LogonOpens, NoFileThatIsNotThereAndMakesNone)
 {
     const SqliteFile file("CREATE TABLE a (x);\n");

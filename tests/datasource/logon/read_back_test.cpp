@@ -30,8 +30,10 @@ class LogonReadBack : public LogonTest
     void ExpectNotImplemented(std::size_t times)
     {
         ASSERT_EQ(messages.Asked().size(), times);
-        for (const Question& said : messages.Asked())
+        for (const Question& said : messages.Asked()) {
+            EXPECT_EQ(said.Title, "");
             EXPECT_EQ(said.Text, "This functionality has not been implemented yet.");
+        }
     }
 };
 
@@ -167,6 +169,23 @@ TEST_F(LogonReadBack, ADataSourceThatIsGoneIsNotTakenForAnother)
     dialog->cmdOK_Click();
     EXPECT_EQ(messages.Asked().back().Title, "No Driver Specified");
     EXPECT_TRUE(log.empty());
+}
+
+TEST_F(LogonReadBack, ADataSourceThatIsFoundStaysChosenWhateverFollows)
+{
+    for (const char* rest : {"DSN=Gone;", "PROVIDER=MSDASQL;UID=ann;", "Driver=Gone;"}) {
+        const auto dialog = LoadedOn("PROVIDER=MSDASQL;DSN=Ledger;" + std::string(rest));
+        EXPECT_TRUE(dialog->Page().optUseDSN) << rest;
+        EXPECT_EQ(dialog->Page().cmbDSN.Text(), "Ledger") << rest;
+    }
+}
+
+TEST_F(LogonReadBack, TheProviderForOdbcHasItsPageInEveryVersion)
+{
+    const auto dialog = LoadedOn("PROVIDER=MSDASQL.1;DSN=Ledger;UID=ann;");
+    EXPECT_EQ(dialog->CurrentPage(), 0U);
+    EXPECT_EQ(dialog->Page().cmbDSN.Text(), "Ledger");
+    EXPECT_EQ(dialog->Page().txtUID, "ann");
 }
 
 TEST_F(LogonReadBack, ADriverThatIsGoneIsNotTakenForAnother)

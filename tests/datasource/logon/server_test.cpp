@@ -106,7 +106,7 @@ TEST_F(LogonToServers, OpensADataSourceOfPostgreSqlWithItsOwnLogin)
 }
 
 // Names that mean something in a connection string, or would if they were put in braces.
-constexpr std::array kOddNames{"ann@corp", "50%", "x(y)", "a=b!", "c[d]{e}", "one, two"};
+constexpr std::array kOddNames{"ann@corp", "50%", "x(y)", "what?!", "c[d]{e}", "one, two"};
 
 TEST_F(LogonToServers, OpensPostgreSqlWhateverTheLoginAndTheDatabase)
 {

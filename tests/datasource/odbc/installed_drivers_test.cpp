@@ -83,10 +83,13 @@ TEST_F(InstalledDriversTest, OptionsOfTheDriverManagerAreNoDriversNorDataSources
 TEST_F(InstalledDriversTest, ALibraryCountsAsTheDriverThatIsSetUpWithIt)
 {
     Write("odbcinst.ini", kTwoDrivers);
-    Write("user.ini", "[By Path]\nDriver=/usr/lib/odbc/libsqlite3odbc.so\n[Strange]\nDriver=/opt/libstrange.so\n"
-                      "[Undone]\nDescription=no driver\n");
+    Write(
+        "user.ini",
+        "[By Path]\nDriver=/usr/lib/odbc/libsqlite3odbc.so\n[Strange]\nDriver=/opt/libstrange.so\n"
+        "[Bare]\nDriver=libsqlite3odbc.so\n[Bare And Strange]\nDriver=libstrange.so\n[Undone]\nDescription=no driver\n");
     EXPECT_THAT(Listed(), ElementsAre("driver SQLite3", "driver Größe (*.db)", "source By Path <SQLite3>",
-                                      "source Strange </opt/libstrange.so>", "source Undone <>"));
+                                      "source Strange </opt/libstrange.so>", "source Bare <SQLite3>",
+                                      "source Bare And Strange <libstrange.so>", "source Undone <>"));
 }
 
 TEST_F(InstalledDriversTest, AllOfManyDriversAndDataSourcesAreThere)
@@ -107,7 +110,24 @@ TEST_F(InstalledDriversTest, AllOfManyDriversAndDataSourcesAreThere)
                                  "<Driver with a rather long name, number 1>"));
 }
 
-TEST_F(InstalledDriversTest, ADataSourceOpensWhateverItsName)
+TEST_F(InstalledDriversTest, ADataSourceBeyondAsciiIsRefusedForAWideDriverWithWhatHelps)
+{
+    Write("user.ini", "[Maße Ελλάς]\nDriver=PostgreSQL Unicode\nServername=/nowhere\n");
+    ::setenv("ODBCINI", Path("user.ini").c_str(), 1);
+    for (const StringOrigin origin : {StringOrigin::ProjectFile, StringOrigin::CommandLine})
+        try {
+            OdbcConnection({.Origin = origin}).Open("PROVIDER=MSDASQL;DSN=Maße Ελλάς;UID=;PWD=;");
+            ADD_FAILURE() << "not refused";
+        } catch (const DataSourceError& error) {
+            EXPECT_EQ(error.Description(),
+                      "The ODBC driver manager can't find the data source \"Maße Ελλάς\" for its driver, for the name "
+                      "has letters beyond ASCII: rename the data source, or name its driver (Driver) and its keys in "
+                      "the connection string instead.");
+        }
+    ::unsetenv("ODBCINI");
+}
+
+TEST_F(InstalledDriversTest, ADataSourceOfANarrowDriverOpensWhateverItsName)
 {
     Write("user.ini", "[Zahlen Ελλάς]\nDriver=SQLite3\nDatabase=" + file.Path() + "\n");
     ::setenv("ODBCINI", Path("user.ini").c_str(), 1);

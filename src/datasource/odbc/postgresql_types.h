@@ -21,6 +21,7 @@ struct PostgreSqlTypeId
     PostgreSqlOid Oid = 0;
     std::int32_t Modifier = -1;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the check finds a 0 in what the compiler makes of it
     friend auto operator<=>(const PostgreSqlTypeId&, const PostgreSqlTypeId&) = default;
 };
 

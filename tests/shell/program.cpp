@@ -22,9 +22,10 @@ Ended EndOf(const std::vector<std::string>& arguments, ErrorOutputIs kind)
 {
     std::ostringstream output;
     std::ostringstream errorOutput;
-    const int exitCode = RunProgram(
-        arguments,
-        {.Output = output, .ErrorOutput = errorOutput, .ErrorOutputIsTerminal = kind == ErrorOutputIs::Terminal});
+    const int exitCode = RunProgram(arguments, {.Output = output,
+                                                .ErrorOutput = errorOutput,
+                                                .ErrorOutputIsTerminal = kind == ErrorOutputIs::Terminal,
+                                                .Folder = VELDRANE_PROGRAM_FOLDER});
     return {.ExitCode = exitCode, .Output = output.str(), .ErrorOutput = errorOutput.str()};
 }
 

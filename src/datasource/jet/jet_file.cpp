@@ -2,6 +2,7 @@
 
 #include "datasource/jet/answer_format.h"
 #include "datasource/jet/answer_reader.h"
+#include "datasource/seconds_text.h"
 #include "text/runtime_error.h"
 
 #include <algorithm>
@@ -41,8 +42,7 @@ constexpr std::array kRefusals{
     Refusal{jet_answer::kUnreadable, "", " can't be read", "check the rights to the file and to its folder."},
     Refusal{jet_answer::kNotJet, "Unrecognized database format: ", " is no Jet file of version 3 or 4 (.mdb)",
             "check \"Data Source\" in the connection string."},
-    Refusal{jet_answer::kAce, "Unrecognized database format: ",
-            " is a file of the engine that came after Jet (.accdb)",
+    Refusal{jet_answer::kAce, "Unrecognized database format: ", " is a file of the engine that came after Jet (.accdb)",
             "save it as a Jet file of version 3 or 4 (.mdb)."},
     Refusal{jet_answer::kDamaged, "", " is damaged", "repair it with the program that made it, or take a sound copy."},
 };
@@ -81,14 +81,15 @@ JetAnswer AnswerIn(const ProgramOutcome& outcome, const JetLogon& logon)
 void RefuseUnfinished(const ProgramOutcome& outcome, const JetReaderOptions& options, const JetLogon& logon)
 {
     if (outcome.End == ProgramEnd::OutOfTime)
-        Fail(Quoted(logon.File) + " could not be read within " + std::to_string(options.Timeout.count()) +
-             " seconds: take a sound copy of it, or set \"ConnectTimeout\" in the section Platform of the settings to "
+        Fail(Quoted(logon.File) + " could not be read within " + Seconds(options.Timeout) +
+             ": take a sound copy of it, or set \"ConnectTimeout\" in the section Platform of the settings to "
              "more seconds.");
     if (outcome.End == ProgramEnd::Exited && outcome.Code == kCannotBegin)
         Fail("The program that reads Jet files, " + Quoted(options.Folder + "/" + std::string(kReader)) +
              ", does not start: install the library that it wants (libmdb3).");
     if (outcome.End != ProgramEnd::Exited || outcome.Code != 0)
-        Fail("Reading " + Quoted(logon.File) + " came to the limits of time and memory, as with a damaged file: repair it with "
+        Fail("Reading " + Quoted(logon.File) +
+             " came to the limits of time and memory, as with a damaged file: repair it with "
              "the program that made it, or take a sound copy.");
 }
 

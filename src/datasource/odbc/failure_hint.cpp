@@ -1,5 +1,7 @@
 #include "datasource/odbc/failure_hint.h"
 
+#include "datasource/seconds_text.h"
+
 #include <algorithm>
 #include <array>
 #include <span>
@@ -23,11 +25,6 @@ struct HintRow
 std::string Quoted(const std::string& name)
 {
     return '"' + name + '"';
-}
-
-std::string Seconds(std::chrono::seconds time)
-{
-    return std::to_string(time.count()) + (time.count() == 1 ? " second" : " seconds");
 }
 
 std::string Login(const FailureScene& /*scene*/)

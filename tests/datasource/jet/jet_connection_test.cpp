@@ -275,10 +275,9 @@ TEST_F(JetConnectionTest, SaysThatTheReaderIsMissing)
 TEST_F(JetConnectionTest, SaysThatALimitWasMet)
 {
     programs.Outcome = {.End = ProgramEnd::OutOfTime, .Code = SIGKILL, .Output = kAnswer};
-    EXPECT_EQ(
-        FailureToOpen().Description(),
-        "\"/data/shop.mdb\" could not be read within 7 seconds: it lies on a slow disk or is damaged. Set "
-        "\"ConnectTimeout\" in the section Platform of the settings to more seconds, or take a sound copy of it.");
+    EXPECT_EQ(FailureToOpen().Description(),
+              "\"/data/shop.mdb\" could not be read within 7 seconds: take a sound copy of it, or set "
+              "\"ConnectTimeout\" in the section Platform of the settings to more seconds.");
     const std::string limits = "Reading \"/data/shop.mdb\" came to the limits of time and memory, as with a damaged "
                                "file: repair it with the program that made it, or take a sound copy.";
     for (const ProgramOutcome& outcome :

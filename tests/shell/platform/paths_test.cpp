@@ -74,6 +74,11 @@ TEST_F(OwnPaths, WithoutAHomeVariableTheUsersEntryCounts)
     EXPECT_TRUE(ConfigFolder().ends_with("/.config/veldrane"));
 }
 
+TEST(ProgramFolder, IsWhereTheRunningProgramLies)
+{
+    EXPECT_TRUE(std::filesystem::exists(ProgramFolder() + "/platform_tests"));
+}
+
 TEST(PathsFromTheRoot, AreReadableWhereThatLeadsToTheSamePlace)
 {
     const TemporaryFolder folder;

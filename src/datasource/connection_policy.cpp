@@ -305,6 +305,7 @@ OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& 
                     .Server = ServerOf(odbc),
                     .Driver = target.Driver,
                     .DataSource = target.DataSource,
+                    .IsTrusted = text::EqualFolded(odbc.Value("Trusted_Connection"), "Yes"),
                     .TimeoutKey = timeoutKey};
     for (const ConnectionEntry& entry : entries)
         logon.Text += entry.Key + "=" + Written(entry, *target.Profile, rules.Origin) + ";";

@@ -64,6 +64,7 @@ struct OdbcLogon
     std::string Server{};
     std::string Driver{};
     std::string DataSource{};
+    bool IsTrusted = false;   // the login is that of the system, without a name and a password
     std::string TimeoutKey{}; // by which the string or the data source limits connecting itself, "" if neither does
 };
 

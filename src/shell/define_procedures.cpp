@@ -86,8 +86,8 @@ class Definition
     void Define(const std::string& request)
     {
         const NamedArgument asked =
-            SplitAtName(request, [this](const std::string& name) { return procedures_.Contains(name); });
-        const std::shared_ptr<SP> procedure = FindProcedure(procedures_, asked.Name);
+            SplitAtName(request, [this](const std::string& name) { return Find(name) != nullptr; });
+        const std::shared_ptr<SP> procedure = Find(asked.Name);
         if (!procedure)
             return run_.Refuse("the data source has no stored procedure named '" + asked.Name +
                                "': veldrane tables lists those that it has.");
@@ -102,6 +102,13 @@ class Definition
     }
 
   private:
+    // SQL Server numbers procedures of one name, and has one alone nearly everywhere.
+    [[nodiscard]] std::shared_ptr<SP> Find(const std::string& name) const
+    {
+        std::shared_ptr<SP> procedure = FindProcedure(procedures_, name);
+        return procedure ? procedure : FindProcedure(procedures_, name + ";1");
+    }
+
     // False if the method has to stay as it was. A data source that tells nothing gives no reason to change it.
     bool Refresh(SP& bound)
     {

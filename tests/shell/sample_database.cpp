@@ -1,5 +1,6 @@
 #include "sample_database.h"
 
+#include "sql_server_script.h"
 #include "text/strings.h"
 
 #include <algorithm>
@@ -62,6 +63,10 @@ std::string SampleDatabaseTest::Load(const SampleSource& source)
         sql += SqlOf(file);
     if (source.Server == SampleServer::Sqlite)
         return Workspace.MakeDatabase("sample.db", sql);
+    if (source.Server == SampleServer::SqlServer) {
+        standIn_ = std::make_unique<TdsServer>(ReadSqlServerScript(sql));
+        return standIn_->ConnectionString();
+    }
     if (source.Server == SampleServer::PostgreSql)
         database_ = std::make_unique<PostgreSqlDatabase>();
     else

@@ -2,6 +2,7 @@
 
 #include "program.h"
 #include "support/server_database.h"
+#include "support/tds_server.h"
 
 #include <memory>
 #include <string>
@@ -14,6 +15,7 @@ enum class SampleServer
     Sqlite,
     PostgreSql,
     MariaDb,
+    SqlServer, // a stand-in that holds the tables of the script
 };
 
 // A sample database that does not come with the project: files of SQL below the folder of VELDRANE_SAMPLE_DATA.
@@ -38,6 +40,7 @@ class SampleDatabaseTest : public DatabaseServerTest
 
   private:
     std::unique_ptr<ServerDatabase> database_;
+    std::unique_ptr<TdsServer> standIn_;
     OdbcConnection connection_{OdbcConnectionOptions{}};
 };
 

@@ -71,6 +71,7 @@ constexpr Counts kChinook{.Tables = 11,
 
 const Sample kSamples[] = {
     {"ChinookSqlite", {SampleServer::Sqlite, {"chinook/chinook-sqlite-schema.sql"}}, kChinook},
+    {"ChinookSqlServer", {SampleServer::SqlServer, {"chinook/chinook-sqlserver-identity-schema.sql"}}, kChinook},
     {"ChinookSqliteAutoincrement",
      {SampleServer::Sqlite, {"chinook/chinook-sqlite-autoincrement-schema.sql"}},
      kChinook},

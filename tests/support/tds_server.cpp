@@ -145,17 +145,23 @@ class Caller
         return answer.Bytes();
     }
 
+    static TdsFailure LoginFailed(const TdsLogin& login)
+    {
+        return {18456, "Login failed for user '" + login.User + "'.", 14};
+    }
+
     std::string AnswerToLogin(const TdsLogin& login)
     {
         version_ = login.Version;
         TdsAnswer answer(version_);
         if (login.User != contents_.User || login.Password != contents_.Password)
-            answer.Fail({18456, "Login failed for user '" + login.User + "'.", 14});
-        else if (!login.Database.empty() && login.Database != contents_.Database)
-            answer.Fail({4060,
-                         "Cannot open database \"" + login.Database + "\" requested by the login. The login failed.",
-                         11});
-        else
+            answer.Fail(LoginFailed(login));
+        else if (!login.Database.empty() && login.Database != contents_.Database) {
+            answer.Complain(
+                {4060, "Cannot open database \"" + login.Database + "\" requested by the login. The login failed.",
+                 11});
+            answer.Fail(LoginFailed(login));
+        } else
             answer.Welcome(contents_.Database);
         return answer.Bytes();
     }
@@ -192,7 +198,7 @@ class Caller
             if (manners_.From == TdsMoment::Question)
                 more.Row(columns, TdsRow(columns.size(), "endless"));
             else
-                more.Tell("endless");
+                more.ChangeDatabase("endless");
         messages_.SendPacket(beginning.Bytes(), 0);
         for (;;)
             messages_.SendPacket(more.Bytes(), 0);

@@ -57,6 +57,15 @@ void TdsAnswer::Welcome(const std::string& database)
         body.Number(version_ >> static_cast<unsigned>(shift) & 0xFFU, 1);
     body.Name("Microsoft SQL Server", 1);
     body.bytes_ += std::string("\x0A\x00\x00\x00", 4);
+    ChangeDatabase(database);
+    Number(0xAD, 1);
+    Number(body.bytes_.size(), 2);
+    bytes_ += body.bytes_;
+    End();
+}
+
+void TdsAnswer::ChangeDatabase(const std::string& database)
+{
     TdsAnswer change(version_);
     change.Number(1, 1);
     change.Name(database, 1);
@@ -64,10 +73,6 @@ void TdsAnswer::Welcome(const std::string& database)
     Number(0xE3, 1);
     Number(change.bytes_.size(), 2);
     bytes_ += change.bytes_;
-    Number(0xAD, 1);
-    Number(body.bytes_.size(), 2);
-    bytes_ += body.bytes_;
-    End();
 }
 
 void TdsAnswer::Type(const TdsColumn& column, const std::string& table)
@@ -137,31 +142,26 @@ void TdsAnswer::Row(const std::vector<TdsColumn>& columns, const TdsRow& row)
         Value(columns[at], row.at(at));
 }
 
-void TdsAnswer::Message(std::uint8_t token, const TdsFailure& message)
-{
-    TdsAnswer body(version_);
-    body.Number(static_cast<std::uint32_t>(message.Number), 4);
-    body.Number(1, 1);
-    body.Number(message.Severity, 1);
-    body.Name(message.Words, 2);
-    body.Name("STANDIN", 1);
-    body.Name("", 1);
-    body.Number(1, HasWideCounts() ? 4 : 2);
-    Number(token, 1);
-    Number(body.bytes_.size(), 2);
-    bytes_ += body.bytes_;
-}
-
 void TdsAnswer::Fail(const TdsFailure& failure)
 {
     constexpr std::uint16_t kFailed = 0x02;
-    Message(0xAA, failure);
+    Complain(failure);
     End(kFailed);
 }
 
-void TdsAnswer::Tell(const std::string& words)
+void TdsAnswer::Complain(const TdsFailure& failure)
 {
-    Message(0xAB, {5701, words, 0});
+    TdsAnswer body(version_);
+    body.Number(static_cast<std::uint32_t>(failure.Number), 4);
+    body.Number(1, 1);
+    body.Number(failure.Severity, 1);
+    body.Name(failure.Words, 2);
+    body.Name("STANDIN", 1);
+    body.Name("", 1);
+    body.Number(1, HasWideCounts() ? 4 : 2);
+    Number(0xAA, 1);
+    Number(body.bytes_.size(), 2);
+    bytes_ += body.bytes_;
 }
 
 void TdsAnswer::Finish(std::uint8_t token, std::uint16_t status)

@@ -24,7 +24,7 @@ using TdsRow = std::vector<std::optional<std::string>>;
 //
 //   columns  81  count  { user type  flags  type  name }...
 //   row      D1  { value }...
-//   failure  AA (words: AB)  size  number  state  severity  words  server  procedure  line
+//   failure  AA  size  number  state  severity  words  server  procedure  line
 //   end      FD  status  command  count
 class TdsAnswer
 {
@@ -33,14 +33,15 @@ class TdsAnswer
 
     // Says that the login is accepted, and into which database it leads.
     void Welcome(const std::string& database);
+    void ChangeDatabase(const std::string& database);
     void Columns(const std::vector<TdsColumn>& columns, const std::string& table = "");
 
     // Values are for columns of the types "sysname", "nvarchar", "varchar", "smallint" and "int".
     void Row(const std::vector<TdsColumn>& columns, const TdsRow& row);
     void Fail(const TdsFailure& failure);
 
-    // Words for people, which end nothing.
-    void Tell(const std::string& words);
+    // A failure behind which another follows.
+    void Complain(const TdsFailure& failure);
     void End(std::uint16_t status = 0);
     void EndProcedure();
 
@@ -52,7 +53,6 @@ class TdsAnswer
     void Name(std::string_view name, std::size_t sizeOfCount);
     void Type(const TdsColumn& column, const std::string& table);
     void Value(const TdsColumn& column, const std::optional<std::string>& value);
-    void Message(std::uint8_t token, const TdsFailure& message);
     void Finish(std::uint8_t token, std::uint16_t status);
 
     std::uint32_t version_;

@@ -42,8 +42,13 @@ std::string Host(const FailureScene& /*scene*/)
     return "Check the server's name in the connection string (\"Server\").";
 }
 
-std::string Refused(const FailureScene& /*scene*/)
+// The driver asks the machine for the port of an instance, and waits for that as long as it likes.
+std::string Refused(const FailureScene& scene)
 {
+    if (scene.Logon.Server.find('\\') != std::string::npos)
+        return "No port was told for the instance " + Quoted(scene.Logon.Server) +
+               ": name the port in its place (\"Data Source=host,port\"), or check the names and that the server's "
+               "browser service can be reached.";
     return "Check the server and the port of the connection string (\"Server\", \"Port\"), and that the server runs.";
 }
 
@@ -58,8 +63,11 @@ std::string Silent(const FailureScene& scene)
            " to more seconds.";
 }
 
-std::string Stranger(const FailureScene& /*scene*/)
+std::string Stranger(const FailureScene& scene)
 {
+    if (scene.Logon.IsTrusted)
+        return "A login by the system (\"Integrated Security\") takes a Kerberos ticket, which \"kinit\" gets and "
+               "\"klist\" shows; or give a user's name and a password (\"User ID\", \"Password\").";
     return "What answers there hung up or is no server of this kind: check the server and the port of the connection "
            "string (\"Server\", \"Port\"), and that the driver suits the server.";
 }
@@ -102,6 +110,12 @@ std::string Locked(const FailureScene& scene)
     return File(scene) + " is in use by another program: let that come to its end, then try again.";
 }
 
+std::string Gone(const FailureScene& scene)
+{
+    return "The server closed the connection, or gave no answer within " + Seconds(scene.StatementTimeout) +
+           " (\"StatementTimeout\" in the section Platform of the settings).";
+}
+
 std::string Slow(const FailureScene& scene)
 {
     return "The statement was given up after " + Seconds(scene.StatementTimeout) +
@@ -117,6 +131,7 @@ constexpr std::array kOnConnecting{
     HintRow{"", 2013, "error: 110", Silent},
     HintRow{"", 2002, "(110)", Silent},
     HintRow{"", 2013, "", Stranger},
+    HintRow{"", 4060, "", Database}, // a failed login follows
     HintRow{"28000", 0, "", Login},
     HintRow{"", 0, "password authentication failed", Login},
     HintRow{"", 0, "no password supplied", Login},
@@ -152,6 +167,7 @@ constexpr std::array kOnStatement{
     HintRow{"HY018", 1969, "", Slow},
     HintRow{"70100", 1969, "", Slow},
     HintRow{"HYT00", 0, "", Slow},
+    HintRow{"08S01", 0, "Communication link failure", Gone},
 };
 
 bool Fits(const HintRow& row, const ADOError& record)

@@ -49,7 +49,13 @@ OdbcSession::OdbcSession(const OdbcLogon& logon, const SessionOptions& options, 
     // Drivers that know no such limit say so, and connect all the same.
     SQLSetConnectAttr(connection_.Get(), SQL_ATTR_LOGIN_TIMEOUT,
                       AsPointer(static_cast<std::uintptr_t>(options.ConnectTimeout.count())), 0);
-    Connect();
+    const OpenSockets before = FindSockets();
+    {
+        constexpr int kWaits = 3;
+        const CutAfter limit(kWaits * options.ConnectTimeout);
+        Connect();
+    }
+    sockets_ = SocketsSince(before);
     scene_.Logon.Text.clear(); // it holds the password
 }
 
@@ -110,6 +116,16 @@ void OdbcSession::Check(SQLRETURN result, const OdbcHandle& handle) const
         return;
     *errors_ = ReadDiagnostics(handle.Type(), handle.Get(), Profile().Width);
     throw ErrorFrom(*errors_, open_ ? HintOnStatement(*errors_, scene_) : HintOnConnecting(*errors_, scene_));
+}
+
+void OdbcSession::GiveUp() const
+{
+    CutSockets(sockets_);
+    *errors_ = {{.Number = data_source_error::kNoOpenConnection,
+                 .Description = "The answer did not come to its end.",
+                 .Source = "ODBC",
+                 .SQLState = "HYT00"}};
+    throw ErrorFrom(*errors_, HintOnStatement(*errors_, scene_));
 }
 
 } // namespace veldrane

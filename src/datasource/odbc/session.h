@@ -2,6 +2,7 @@
 
 #include "datasource/connection_policy.h"
 #include "datasource/data_source_error.h"
+#include "datasource/odbc/driver_sockets.h"
 #include "datasource/odbc/failure_hint.h"
 
 #include <sql.h>
@@ -50,8 +51,9 @@ struct SessionOptions
 class OdbcSession
 {
   public:
-    // Connects. Throws DataSourceError kFailed with the driver's words. What drivers say about failures, now and
-    // later, is kept in `errors`.
+    // Connects. A server that keeps the driver busy is cut off after three times the limit, for drivers that heed it
+    // heed it with each wait: for the network, the greeting and the login. Throws DataSourceError kFailed with the
+    // driver's words. What drivers say about failures, now and later, is kept in `errors`.
     OdbcSession(const OdbcLogon& logon, const SessionOptions& options, std::shared_ptr<OdbcErrors> errors);
     OdbcSession(const OdbcSession&) = delete;
     OdbcSession& operator=(const OdbcSession&) = delete;
@@ -76,6 +78,10 @@ class OdbcSession
     // Throws what the driver says about the handle, and what can be done, unless the call went well.
     void Check(SQLRETURN result, const OdbcHandle& handle) const;
 
+    // Ends the connection under the driver, which would wait for the end of the answer before it frees a statement, and
+    // throws kNoOpenConnection in words that say that the statement took too long.
+    [[noreturn]] void GiveUp() const;
+
   private:
     void Connect();
 
@@ -83,6 +89,7 @@ class OdbcSession
     std::shared_ptr<OdbcErrors> errors_;
     OdbcHandle environment_;
     OdbcHandle connection_;
+    OpenSockets sockets_; // the driver's, as far as it has any
     bool open_ = false;
     bool readsBoundValuesAgain_ = false;
 };

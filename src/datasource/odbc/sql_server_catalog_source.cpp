@@ -21,16 +21,17 @@ bool IsOfServer(const OdbcName& schema)
 
 std::string AskForSchema(const OdbcSession& session)
 {
+    std::string schema;
     try {
         OdbcStatement statement(session);
         statement.Execute("SELECT SCHEMA_NAME()");
-        if (statement.Fetch())
-            return statement.Text(1).value_or(std::string(kSchemaOfAll));
+        while (statement.Fetch()) // to the end: the driver looks for that without a limit
+            schema = statement.Text(1).value_or("");
     } catch (const DataSourceError& error) {
         if (error.Number == data_source_error::kNoOpenConnection)
             throw;
     }
-    return std::string(kSchemaOfAll);
+    return schema.empty() ? std::string(kSchemaOfAll) : schema;
 }
 
 } // namespace

@@ -129,7 +129,16 @@ bool OdbcStatement::Fetch()
         Bind();
     const SQLRETURN result = SQLFetch(handle_.Get());
     session_.Check(result, handle_);
+    LimitRows();
     return result != SQL_NO_DATA;
+}
+
+// Drivers limit the wait for the next row, and not for the last.
+void OdbcStatement::LimitRows()
+{
+    constexpr std::uint64_t kRowsBetweenLooks = 1024; // so that the clock costs nothing
+    if (++rows_ % kRowsBetweenLooks == 0 && std::chrono::steady_clock::now() - begun_ > session_.StatementTimeout())
+        session_.GiveUp();
 }
 
 // A call for each value costs more than all the rest of a large answer.

@@ -3,6 +3,7 @@
 #include "datasource/odbc/session.h"
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -43,7 +44,7 @@ class OdbcStatement
     void Procedures(const OdbcName& catalog, const OdbcName& schema);
     void ProcedureColumns(const OdbcName& catalog, const OdbcName& schema);
 
-    // Goes to the next row; false behind the last.
+    // Goes to the next row; false behind the last. An answer that goes on beyond the limit of a statement is given up.
     [[nodiscard]] bool Fetch();
 
     // A value of the row by its 1-based place; none for NULL. Each is read once, from left to right.
@@ -58,6 +59,7 @@ class OdbcStatement
     template <class Narrow, class Wide, class... Arguments>
     void Call(Narrow narrow, Wide wide, const Arguments&... arguments);
     void Bind();
+    void LimitRows();
     [[nodiscard]] std::optional<std::string> ReadInPieces(SQLUSMALLINT column);
     [[nodiscard]] OdbcColumn Column(SQLUSMALLINT number);
     [[nodiscard]] std::string TypeName(SQLUSMALLINT number);
@@ -73,6 +75,8 @@ class OdbcStatement
     const OdbcSession& session_;
     std::vector<BoundValue> row_; // outlives the statement, which knows its addresses
     bool fetched_ = false;
+    std::chrono::steady_clock::time_point begun_ = std::chrono::steady_clock::now();
+    std::uint64_t rows_ = 0;
     OdbcHandle handle_;
 };
 

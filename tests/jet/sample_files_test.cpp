@@ -2,12 +2,12 @@
 
 #include "support/child_process.h"
 #include "support/random_numbers.h"
+#include "support/sample_data.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdlib>
 #include <string>
 
 namespace veldrane {
@@ -28,10 +28,8 @@ class SampleJetFiles : public ::testing::Test
   protected:
     void SetUp() override
     {
-        const char* folder = std::getenv("VELDRANE_SAMPLE_DATA"); // NOLINT(concurrency-mt-unsafe)
-        if (folder == nullptr || *folder == '\0')
-            GTEST_SKIP() << "VELDRANE_SAMPLE_DATA names no folder of sample databases.";
-        folder_ = std::string(folder) + "/jet/";
+        if (folder_.empty())
+            GTEST_SKIP() << testing::kNoSampleData;
     }
 
     [[nodiscard]] std::string Path(const std::string& name) const { return folder_ + name; }
@@ -49,7 +47,7 @@ class SampleJetFiles : public ::testing::Test
     }
 
   private:
-    std::string folder_;
+    std::string folder_ = testing::SampleDataFolder("jet");
 };
 
 TEST_F(SampleJetFiles, AProtectedFileIsReadWithItsPasswordAlone)

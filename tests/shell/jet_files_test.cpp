@@ -2,11 +2,11 @@
 
 #include "opened_project.h"
 #include "program.h"
+#include "support/sample_data.h"
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 
 namespace veldrane {
@@ -76,10 +76,8 @@ class JetFiles : public ::testing::Test
   protected:
     void SetUp() override
     {
-        const char* folder = std::getenv("VELDRANE_SAMPLE_DATA"); // NOLINT(concurrency-mt-unsafe)
-        if (folder == nullptr || *folder == '\0')
-            GTEST_SKIP() << "VELDRANE_SAMPLE_DATA names no folder of sample databases.";
-        folder_ = std::string(folder) + "/jet/";
+        if (folder_.empty())
+            GTEST_SKIP() << testing::kNoSampleData;
     }
 
     [[nodiscard]] std::string ConnectionToSample(const Sample& sample) const
@@ -121,7 +119,7 @@ class JetFiles : public ::testing::Test
     const std::string Project = Workspace.Path("Sample.kzm");
 
   private:
-    std::string folder_;
+    std::string folder_ = testing::SampleDataFolder("jet");
 };
 
 class EachJetFile : public JetFiles, public ::testing::WithParamInterface<Sample>

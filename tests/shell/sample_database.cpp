@@ -1,24 +1,17 @@
 #include "sample_database.h"
+#include "support/sample_data.h"
 
 #include "sql_server_script.h"
 #include "text/strings.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <string_view>
 
 namespace veldrane::testing {
 namespace {
 
 using namespace std::string_view_literals;
-
-std::string SampleFolder()
-{
-    const char* folder =
-        std::getenv("VELDRANE_SAMPLE_DATA"); // NOLINT(concurrency-mt-unsafe): a test runs on one thread
-    return folder == nullptr ? "" : folder;
-}
 
 // The samples would go into databases of their own names, which two tests at once could not share.
 bool ChoosesDatabase(std::string_view line)
@@ -31,7 +24,7 @@ bool ChoosesDatabase(std::string_view line)
 
 std::string SqlOf(const std::string& file)
 {
-    const std::string bytes = BytesOf(SampleFolder() + "/" + file);
+    const std::string bytes = BytesOf(SampleDataFolder(".") + file);
     std::string sql;
     for (const std::string_view line : text::Split(bytes, "\n"))
         if (!ChoosesDatabase(line))
@@ -52,8 +45,8 @@ end $$;
 void SampleDatabaseTest::SetUp()
 {
     DatabaseServerTest::SetUp();
-    if (SampleFolder().empty())
-        GTEST_SKIP() << "VELDRANE_SAMPLE_DATA names no folder of sample databases.";
+    if (SampleDataFolder(".").empty())
+        GTEST_SKIP() << kNoSampleData;
 }
 
 std::string SampleDatabaseTest::Load(const SampleSource& source)

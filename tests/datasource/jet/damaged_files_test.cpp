@@ -4,6 +4,7 @@
 #include "sample_jet_files.h"
 
 #include "support/random_numbers.h"
+#include "support/sample_data.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -26,7 +27,7 @@ using testing::BytesOf;
 using ::testing::HasSubstr;
 using testing::RandomNumbers;
 using testing::RealJet;
-using testing::SampleFolder;
+using testing::SampleDataFolder;
 using ::testing::StartsWith;
 
 std::ptrdiff_t OpenFiles()
@@ -174,15 +175,15 @@ TEST_F(DamagedJetFiles, PagesOfChanceAreRefused)
 // Cut, or with bits flipped: a reader that runs away is bounded, so that few are enough to see it.
 TEST_F(DamagedJetFiles, SampleFilesInAnyStateOfDamageEndInAnAnswerOrARefusal)
 {
-    if (SampleFolder().empty())
-        GTEST_SKIP() << "VELDRANE_SAMPLE_DATA names no folder of sample databases.";
+    if (SampleDataFolder("jet").empty())
+        GTEST_SKIP() << testing::kNoSampleData;
     constexpr auto kFiles =
         std::to_array<const char*>({"adox_jet4", "queryTestV2003", "test2V1997", "compIndexTestV2003"});
     constexpr auto kFlips = std::to_array<std::size_t>({1, 20, 400});
     RandomNumbers numbers(7);
     int read = 0;
     for (int variant = 0; variant < 200; ++variant) {
-        std::string bytes = BytesOf(SampleFolder() + numbers.Pick(kFiles) + ".mdb");
+        std::string bytes = BytesOf(SampleDataFolder("jet") + numbers.Pick(kFiles) + ".mdb");
         if (numbers.Below(3) == 0)
             bytes.resize(numbers.Below(bytes.size()));
         else
@@ -196,9 +197,9 @@ TEST_F(DamagedJetFiles, SampleFilesInAnyStateOfDamageEndInAnAnswerOrARefusal)
 
 TEST_F(DamagedJetFiles, OneThatGrowsShrinksAndVanishesWhileItIsReadIsReadOrRefused)
 {
-    if (SampleFolder().empty())
-        GTEST_SKIP() << "VELDRANE_SAMPLE_DATA names no folder of sample databases.";
-    const std::string whole = BytesOf(SampleFolder() + "queryTestV2003.mdb");
+    if (SampleDataFolder("jet").empty())
+        GTEST_SKIP() << testing::kNoSampleData;
+    const std::string whole = BytesOf(SampleDataFolder("jet") + "queryTestV2003.mdb");
     std::atomic<bool> done = false;
     std::thread writer([&] {
         RandomNumbers numbers(9);

@@ -1,6 +1,7 @@
 // What each sample file holds, against facts that were decoded from its pages apart from the program.
 
 #include "sample_jet_files.h"
+#include "support/sample_data.h"
 
 #include "text/strings.h"
 
@@ -18,7 +19,7 @@ namespace fs = std::filesystem;
 
 using testing::BytesOf;
 using testing::RealJet;
-using testing::SampleFolder;
+using testing::SampleDataFolder;
 
 const fs::path kFacts = VELDRANE_SOURCE_DIR "/tests/datasource/jet/facts";
 
@@ -157,13 +158,13 @@ class JetFacts : public ::testing::TestWithParam<std::string>
   protected:
     void SetUp() override
     {
-        if (SampleFolder().empty())
-            GTEST_SKIP() << "VELDRANE_SAMPLE_DATA names no folder of sample databases.";
+        if (SampleDataFolder("jet").empty())
+            GTEST_SKIP() << testing::kNoSampleData;
     }
 
     [[nodiscard]] static std::string Path()
     {
-        const std::string path = SampleFolder() + GetParam();
+        const std::string path = SampleDataFolder("jet") + GetParam();
         return fs::exists(path + ".mdb") ? path + ".mdb" : path + ".accdb";
     }
 
@@ -193,9 +194,9 @@ INSTANTIATE_TEST_SUITE_P(SampleFiles, JetFacts, ::testing::ValuesIn(NamesOfFacts
 
 TEST(JetFactsFolder, HasFactsForEverySampleFile)
 {
-    if (SampleFolder().empty())
-        GTEST_SKIP() << "VELDRANE_SAMPLE_DATA names no folder of sample databases.";
-    for (const fs::directory_entry& entry : fs::directory_iterator(SampleFolder())) {
+    if (SampleDataFolder("jet").empty())
+        GTEST_SKIP() << testing::kNoSampleData;
+    for (const fs::directory_entry& entry : fs::directory_iterator(SampleDataFolder("jet"))) {
         const bool isDatabase = entry.path().extension() == ".mdb" || entry.path().extension() == ".accdb";
         EXPECT_EQ(fs::exists(kFacts / (entry.path().stem().string() + ".txt")), isDatabase) << entry.path();
     }

@@ -3,7 +3,6 @@
 #include "datasource/jet/jet_connection.h"
 #include "shell/platform/limited_program_runner.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -43,13 +42,6 @@ class RealJet
     LimitedProgramRunner programs_;
     JetConnection connection_{programs_, {.Folder = VELDRANE_PROGRAM_FOLDER, .Timeout = timeout_}};
 };
-
-// The folder of Jet files that do not come with the project; "" if there is none.
-inline std::string SampleFolder()
-{
-    const char* folder = std::getenv("VELDRANE_SAMPLE_DATA"); // NOLINT(concurrency-mt-unsafe)
-    return folder == nullptr || *folder == '\0' ? "" : std::string(folder) + "/jet/";
-}
 
 inline std::string BytesOf(const std::filesystem::path& path)
 {

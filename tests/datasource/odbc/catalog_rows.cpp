@@ -4,6 +4,16 @@
 
 namespace veldrane {
 
+std::vector<std::string> AwkwardNames(const std::vector<std::string>& more)
+{
+    std::vector<std::string> names{
+        "Order Details", "2004Sales", "Größe",    "Ελλάς",   "表",        "select",
+        "a]b",           "a[b]",      "it's",     "qu\"ote", "a;b--c",    "a`b",
+        "a_b",           "aXb",       "per%cent", "a.b",     "WHERE 1=0", "x'; DROP TABLE a_b; --"};
+    names.insert(names.end(), more.begin(), more.end());
+    return names;
+}
+
 std::string Statement(const std::string& table)
 {
     return "SELECT * FROM [" + table + "] WHERE 1=0";

@@ -9,6 +9,9 @@
 // What a catalog answers, as lines that a test can compare.
 namespace veldrane {
 
+// Names that a statement has to quote with care, these and `more`: no two are the same to a database that folds case.
+[[nodiscard]] std::vector<std::string> AwkwardNames(const std::vector<std::string>& more);
+
 // The statement that opens the table.
 [[nodiscard]] std::string Statement(const std::string& table);
 

@@ -161,10 +161,9 @@ TEST_F(PostgreSqlTables, OfTheLoginAreReadableUnlessItsOwnRightsWereTaken)
 
 TEST_F(PostgreSqlTables, MayHaveAnyName)
 {
-    const std::vector<std::string> names{
-        "a\"b",  "a]b", "a[b]",     "a;b",    "a\\b", "a%b", "a_b",  "axb",        "a'b",
-        "Größe", "表",  "Order 12", "select", "a b ", "?",   "{d}",  "$1",         "--",
-        "/*",    "A",   "a.b",      "\\",     "a''",  "12",  "x\ty", "\U0001F30D", std::string(63, 'n')};
+    const std::vector<std::string> names =
+        AwkwardNames({"a\\b", "a%b", "Order 12", "a b ", "?", "{d}", "$1", "--", "/*", "A", "\\", "a''", "12", "x\ty",
+                      "\U0001F30D", std::string(63, 'n')});
     PostgreSqlDatabase database;
     std::string sql;
     for (const std::string& name : names) {

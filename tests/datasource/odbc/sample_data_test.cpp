@@ -1,4 +1,5 @@
 #include "sqlite_file.h"
+#include "support/sample_data.h"
 
 #include "datasource/ado_types.h"
 
@@ -25,7 +26,7 @@ class SampleData : public testing::Test
     std::unique_ptr<Catalog> Load(const std::string& schema)
     {
         file_.Run("DROP TABLE placeholder;\n");
-        const std::string command = "sqlite3 '" + file_.Path() + "' < '" + folder_ + "/" + schema + "' > /dev/null";
+        const std::string command = "sqlite3 '" + file_.Path() + "' < '" + folder_ + schema + "' > /dev/null";
         if (std::system(command.c_str()) != 0) // NOLINT(concurrency-mt-unsafe)
             throw RuntimeError(error_number::kFileNotFound, "SampleData", "The sqlite3 command can't load " + schema);
         return file_.OpenCatalog();
@@ -33,14 +34,12 @@ class SampleData : public testing::Test
 
     void SetUp() override
     {
-        const char* folder = std::getenv("VELDRANE_SAMPLE_DATA"); // NOLINT(concurrency-mt-unsafe)
-        if (folder == nullptr || *folder == '\0')
-            GTEST_SKIP() << "VELDRANE_SAMPLE_DATA names no folder of sample databases.";
-        folder_ = folder;
+        if (folder_.empty())
+            GTEST_SKIP() << testing::kNoSampleData;
     }
 
   private:
-    std::string folder_;
+    std::string folder_ = testing::SampleDataFolder(".");
     SqliteFile file_{"CREATE TABLE placeholder (x);\n"};
 };
 

@@ -1,5 +1,6 @@
 #include "datasource/connection_policy.h"
 
+#include "datasource/providers.h"
 #include "datasource/sql_server_string.h"
 #include "text/case_folding.h"
 
@@ -14,7 +15,6 @@ namespace {
 using namespace std::string_view_literals;
 using Entries = std::vector<ConnectionEntry>;
 
-constexpr std::array kOdbcProviders{"MSDASQL"sv, "MSDASQL.1"sv};
 constexpr std::array kPasswordKeys{"PWD"sv, "Password"sv};
 constexpr std::array kServerKeys{"Server"sv, "Servername"sv};
 
@@ -52,8 +52,8 @@ Provider ProviderOf(const ConnectionString& given)
     for (const ConnectionEntry& entry : given.Entries()) {
         if (!text::EqualFolded(entry.Key, "PROVIDER"))
             continue;
-        const bool isSqlServer = IsSqlServerProvider(entry.Value);
-        if (!isSqlServer && !IsOneOf(entry.Value, kOdbcProviders))
+        const bool isSqlServer = NamesProvider(entry.Value, kSqlServerProvider);
+        if (!isSqlServer && !NamesProvider(entry.Value, kOdbcProvider))
             Refuse("The connection string asks for the provider \"" + entry.Value +
                    "\", which does not lead to an ODBC driver as MSDASQL and SQLOLEDB do.");
         const Provider provider = isSqlServer ? Provider::SqlServer : Provider::Odbc;
@@ -267,11 +267,6 @@ std::string ServerOf(const ConnectionString& given)
 }
 
 } // namespace
-
-bool IsOdbcProvider(std::string_view provider)
-{
-    return IsOneOf(provider, kOdbcProviders);
-}
 
 const DriverProfile& ProfileOfDriver(const std::string& driver, const InstalledDrivers& installed)
 {

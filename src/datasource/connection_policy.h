@@ -49,9 +49,6 @@ class DriverManager : public InstalledDrivers
     [[nodiscard]] virtual std::vector<std::string> Drivers() const = 0;
 };
 
-// Whether the provider of a connection string is that for ODBC, of whatever version.
-[[nodiscard]] bool IsOdbcProvider(std::string_view provider);
-
 // The profile of a driver by its name or its library's path; the general one for a name that is not set up.
 [[nodiscard]] const DriverProfile& ProfileOfDriver(const std::string& driver, const InstalledDrivers& installed);
 

@@ -17,7 +17,6 @@ using namespace std::string_view_literals;
 using Entries = std::vector<ConnectionEntry>;
 using GivenValue = std::optional<std::string>; // none: the driver is told nothing
 
-constexpr std::array kProviders{"SQLOLEDB"sv, "SQLOLEDB.1"sv};
 constexpr std::string_view kThisMachine = "localhost";
 
 [[noreturn]] void Refuse(const std::string& reason)
@@ -220,11 +219,6 @@ void RequireSetUp(const std::string& tdsDriver, const InstalledDrivers& installe
 }
 
 } // namespace
-
-bool IsSqlServerProvider(std::string_view provider)
-{
-    return IsOneOf(provider, kProviders);
-}
 
 ConnectionString TranslateSqlServerString(const ConnectionString& given, const InstalledDrivers& installed)
 {

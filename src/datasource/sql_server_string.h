@@ -8,9 +8,6 @@
 
 namespace veldrane {
 
-// Whether the name of a provider is that of SQL Server's own, by which no driver manager can reach it.
-[[nodiscard]] bool IsSqlServerProvider(std::string_view provider);
-
 // The name of SQL Server's own ODBC driver, which strings from elsewhere carry.
 inline constexpr std::string_view kSqlServerDriver = "SQL Server";
 

@@ -1,5 +1,6 @@
 #include "datasource/connection_string.h"
 #include "datasource/connection_policy.h"
+#include "datasource/providers.h"
 #include "datasource/sql_server_string.h"
 #include "fuzz_input.h"
 
@@ -297,7 +298,7 @@ void CheckValuesArrive(const ConnectionString& given, const OdbcLogon& logon)
 {
     if (logon.Profile->Syntax != ValueSyntax::Braced && logon.Profile->Syntax != ValueSyntax::Unescaped)
         return;
-    if (IsSqlServerProvider(given.Value("PROVIDER")))
+    if (NamesProvider(given.Value("PROVIDER"), kSqlServerProvider))
         CheckPasswordArrives(given, logon);
     else
         for (const Reading& reading : ReadingsOf(logon.Profile->Family))

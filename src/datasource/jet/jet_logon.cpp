@@ -51,7 +51,7 @@ bool IsKnown(std::string_view key)
 
 bool AsksForJet(const ConnectionString& given)
 {
-    return text::EqualFolded(given.Value("PROVIDER"), kJetProvider);
+    return NamesProvider(given.Value("PROVIDER"), kJetProvider);
 }
 
 JetLogon BuildJetLogon(const ConnectionString& given)

@@ -79,9 +79,8 @@ void frmODBCLogon::ReadConnectionString(const std::string& text)
 
 bool frmODBCLogon::SelectProvider(std::string_view key)
 {
-    const std::string_view name = IsOdbcProvider(key) ? kOdbcProvider : key;
     const auto found = std::find_if(providers_.begin(), providers_.end(),
-                                    [&](const LogonProvider& each) { return text::EqualFolded(each.Key, name); });
+                                    [&](const LogonProvider& each) { return NamesProvider(key, each.Key); });
     if (found == providers_.end())
         return false;
     cmbProviders_Click(static_cast<std::size_t>(found - providers_.begin()));

@@ -186,6 +186,7 @@ TEST_F(LogonReadBack, TheProviderForOdbcHasItsPageInEveryVersion)
     EXPECT_EQ(dialog->CurrentPage(), 0U);
     EXPECT_EQ(dialog->Page().cmbDSN.Text(), "Ledger");
     EXPECT_EQ(dialog->Page().txtUID, "ann");
+    EXPECT_EQ(LoadedOn("PROVIDER=SQLOLEDB.1;Data Source=host;")->Provider().Key, "SQLOLEDB");
 }
 
 TEST_F(LogonReadBack, ADriverThatIsGoneIsNotTakenForAnother)

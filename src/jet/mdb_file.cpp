@@ -45,6 +45,7 @@ class MdbTable
         mdb_read_columns(table_.get());
         CheckMap();
     }
+
     [[nodiscard]] std::uint32_t NextPage(std::uint32_t page) const
     {
         const gint32 next =

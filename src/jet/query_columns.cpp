@@ -17,7 +17,7 @@ namespace {
 constexpr int kKind = 1;      // Flag
 constexpr int kParameter = 2; // Name1
 constexpr int kOptions = 3;   // Flag
-constexpr int kSource = 5;    // Name1: a table or query; Name2: its name in this one
+constexpr int kSource = 5;    // Name1: a table or query; Name2: its name in this one; Expression: where else it is
 constexpr int kOutput = 6;    // Expression; Name1: its name
 
 constexpr int kSelect = 1;
@@ -196,7 +196,7 @@ class Givers
         for (const QueryPart& part : parts)
             if (part.Attribute == kSource)
                 sources.push_back(
-                    {.Name = part.Name2.empty() ? part.Name1 : part.Name2, .Columns = ColumnsOfSource(part.Name1)});
+                    {.Name = part.Name2.empty() ? part.Name1 : part.Name2, .Columns = ColumnsOfSource(part)});
         Outputs outputs(std::move(sources));
         bool takesAll = false;
         for (const QueryPart& part : parts) {
@@ -209,9 +209,11 @@ class Givers
         return outputs.Columns();
     }
 
-    KnownColumns ColumnsOfSource(const std::string& name)
+    KnownColumns ColumnsOfSource(const QueryPart& source)
     {
-        const std::string key = text::Fold(name);
+        if (!source.Expression.empty())
+            return std::nullopt;
+        const std::string key = text::Fold(source.Name1);
         if (const auto table = tables_.find(key); table != tables_.end()) {
             const std::vector<Column>& columns = table->second->Columns;
             return columns.empty() ? std::nullopt : KnownColumns(columns);

@@ -14,8 +14,8 @@ namespace veldrane::jet {
 // A select or union query without parameters is a view. A select query's columns are told: one that is a plain column
 // of a table or of another view is that column; anything else is the column of an expression, Expr1000 and so on where
 // it has no name; those of one name are told apart by the table before it, as the engine does. A query that takes all
-// columns of something unknown (a link, a union, a query within) has none, nor has one of more than 255, which the
-// engine doesn't open, or one that stands on itself.
+// columns of something unknown (a link, a union, a query within, a table of another file) has none, nor has one of more
+// than 255, which the engine doesn't open, or one that stands on itself.
 [[nodiscard]] std::vector<Query> DescribeQueries(const std::vector<Object>& objects,
                                                  const std::map<std::int32_t, std::vector<QueryPart>>& parts,
                                                  const std::vector<Table>& tables);

@@ -21,7 +21,6 @@ namespace {
 
 using namespace jet_answer;
 using veldrane::testing::Require;
-using veldrane::testing::TextOf;
 
 constexpr std::size_t kPageSize = 256;
 constexpr std::uint32_t kRowsBehind = 16;

@@ -65,11 +65,11 @@ class DatabaseReader : public ::testing::Test
 
     void Define(std::uint32_t page, std::initializer_list<const char*> columns)
     {
-        DefinitionSpec spec;
+        DefinitionSpec table;
         for (const char* column : columns)
-            spec.Columns.push_back(
-                {.Name = column, .Type = 10, .Id = static_cast<int>(spec.Columns.size()), .Size = 255});
-        file_.Pages[page] = DefinitionBytes(Version::Jet3, spec);
+            table.Columns.push_back(
+                {.Name = column, .Type = 10, .Id = static_cast<int>(table.Columns.size()), .Size = 255});
+        file_.Pages[page] = DefinitionBytes(Version::Jet3, table);
     }
 
     void AddObject(const std::string& name, std::uint32_t id, std::uint32_t type, std::uint32_t flags = 0,

@@ -24,15 +24,15 @@ std::string Named(Version version, const std::string& name)
     return LittleEndian(bytes.size(), version == Version::Jet3 ? 1 : 2) + bytes;
 }
 
-std::string Beginning(Version version, const DefinitionSpec& spec)
+std::string Beginning(Version version, const DefinitionSpec& table)
 {
     const bool isJet3 = version == Version::Jet3;
     const std::size_t perStored = isJet3 ? 8 : 12;
-    std::string bytes = "\x02\x01" + Zeros((isJet3 ? 41 : 61) + perStored * spec.StoredIndexes.size());
-    Put(bytes, isJet3 ? 12 : 16, LittleEndian(spec.Rows, 4));
-    Put(bytes, isJet3 ? 25 : 45, LittleEndian(spec.Columns.size(), 2));
-    Put(bytes, isJet3 ? 27 : 47, LittleEndian(spec.LogicalIndexes.size(), 4));
-    Put(bytes, isJet3 ? 31 : 51, LittleEndian(spec.StoredIndexes.size(), 4));
+    std::string bytes = "\x02\x01" + Zeros((isJet3 ? 41 : 61) + perStored * table.StoredIndexes.size());
+    Put(bytes, isJet3 ? 12 : 16, LittleEndian(table.Rows, 4));
+    Put(bytes, isJet3 ? 25 : 45, LittleEndian(table.Columns.size(), 2));
+    Put(bytes, isJet3 ? 27 : 47, LittleEndian(table.LogicalIndexes.size(), 4));
+    Put(bytes, isJet3 ? 31 : 51, LittleEndian(table.StoredIndexes.size(), 4));
     return bytes;
 }
 
@@ -90,18 +90,18 @@ std::string NameBytes(Version version, std::string_view name)
     return bytes;
 }
 
-std::string DefinitionBytes(Version version, const DefinitionSpec& spec)
+std::string DefinitionBytes(Version version, const DefinitionSpec& table)
 {
-    std::string bytes = Beginning(version, spec);
-    for (const auto& column : spec.Columns)
+    std::string bytes = Beginning(version, table);
+    for (const auto& column : table.Columns)
         bytes += Entry(version, column);
-    for (const auto& column : spec.Columns)
+    for (const auto& column : table.Columns)
         bytes += Named(version, column.Name);
-    for (const auto& index : spec.StoredIndexes)
+    for (const auto& index : table.StoredIndexes)
         bytes += Entry(version, index);
-    for (const auto& index : spec.LogicalIndexes)
+    for (const auto& index : table.LogicalIndexes)
         bytes += Entry(version, index);
-    for (const auto& index : spec.LogicalIndexes)
+    for (const auto& index : table.LogicalIndexes)
         bytes += Named(version, index.Name);
     return bytes;
 }

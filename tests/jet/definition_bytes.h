@@ -47,7 +47,7 @@ struct DefinitionSpec
 [[nodiscard]] std::string NameBytes(jet::Version version, std::string_view name);
 
 // The definition in one page, of as many bytes as it takes.
-[[nodiscard]] std::string DefinitionBytes(jet::Version version, const DefinitionSpec& spec);
+[[nodiscard]] std::string DefinitionBytes(jet::Version version, const DefinitionSpec& table);
 
 // The same in a chain: the first page has `size` bytes and names `next`; what is left stands on a second page, which
 // names `last`.

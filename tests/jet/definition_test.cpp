@@ -35,9 +35,9 @@ class Definition : public ::testing::TestWithParam<Version>
         return ReadDefinition(file, 7);
     }
 
-    [[nodiscard]] static TableDefinition Read(const DefinitionSpec& spec)
+    [[nodiscard]] static TableDefinition Read(const DefinitionSpec& table)
     {
-        return Read(DefinitionBytes(GetParam(), spec));
+        return Read(DefinitionBytes(GetParam(), table));
     }
 
     [[nodiscard]] static TableDefinition ReadSplit(std::size_t size)
@@ -152,28 +152,28 @@ TEST_P(Definition, APageOfAnotherKindIsDamaged)
 
 TEST_P(Definition, MoreColumnsThanTheEngineAllowsAreDamage)
 {
-    DefinitionSpec spec;
+    DefinitionSpec table;
     for (int id = 0; id < 255; ++id)
-        spec.Columns.push_back({.Name = "C" + std::to_string(id), .Type = kLong, .Id = id, .Size = 4});
-    EXPECT_EQ(Read(spec).Columns.size(), 255U);
-    spec.Columns.push_back({.Name = "OneMore", .Type = kLong, .Id = 255, .Size = 4});
-    EXPECT_EQ(ReasonOf(DefinitionBytes(GetParam(), spec)), "damaged");
+        table.Columns.push_back({.Name = "C" + std::to_string(id), .Type = kLong, .Id = id, .Size = 4});
+    EXPECT_EQ(Read(table).Columns.size(), 255U);
+    table.Columns.push_back({.Name = "OneMore", .Type = kLong, .Id = 255, .Size = 4});
+    EXPECT_EQ(ReasonOf(DefinitionBytes(GetParam(), table)), "damaged");
 }
 
 TEST_P(Definition, AnIndexWithoutAPlaceIsDamaged)
 {
-    DefinitionSpec spec = kOrders;
+    DefinitionSpec table = kOrders;
     for (const int place : {2, 1000, -1}) {
-        spec.LogicalIndexes[0].Place = place;
-        EXPECT_EQ(ReasonOf(DefinitionBytes(GetParam(), spec)), "damaged") << place;
+        table.LogicalIndexes[0].Place = place;
+        EXPECT_EQ(ReasonOf(DefinitionBytes(GetParam(), table)), "damaged") << place;
     }
 }
 
 TEST_P(Definition, AnIndexOfARelationshipNeedsNoPlace)
 {
-    DefinitionSpec spec = kOrders;
-    spec.LogicalIndexes[2].Place = -1;
-    EXPECT_EQ(Read(spec).Indexes.size(), 3U);
+    DefinitionSpec table = kOrders;
+    table.LogicalIndexes[2].Place = -1;
+    EXPECT_EQ(Read(table).Indexes.size(), 3U);
 }
 
 INSTANTIATE_TEST_SUITE_P(OfBothVersions, Definition, ::testing::Values(Version::Jet3, Version::Jet4),

@@ -102,12 +102,13 @@ TEST(JetProgram, FailsIfItsAnswerCantBeWritten)
 class WaitingProgram : public ::testing::Test
 {
   protected:
-    WaitingProgram()
+    void SetUp() override
     {
-        EXPECT_EQ(pipe2(password_.data(), O_CLOEXEC), 0);
-        EXPECT_EQ(pipe2(answer_.data(), O_CLOEXEC), 0);
+        ASSERT_EQ(pipe2(password_.data(), O_CLOEXEC), 0);
+        ASSERT_EQ(pipe2(answer_.data(), O_CLOEXEC), 0);
     }
-    ~WaitingProgram() override
+
+    void TearDown() override
     {
         for (const int descriptor : {password_[0], password_[1], answer_[0], answer_[1]})
             if (descriptor >= 0)
@@ -137,8 +138,8 @@ class WaitingProgram : public ::testing::Test
         ASSERT_EQ(waiting, 0);
     }
 
-    std::array<int, 2> password_{};
-    std::array<int, 2> answer_{};
+    std::array<int, 2> password_{-1, -1};
+    std::array<int, 2> answer_{-1, -1};
 };
 
 TEST_F(WaitingProgram, IsBoundedBeforeItReadsAByte)

@@ -142,6 +142,16 @@ TEST_F(QueryColumns, AllColumnsOfSomethingUnknownAreNone)
     EXPECT_THAT(Columns(), IsEmpty());
 }
 
+TEST_F(QueryColumns, ATableOfAnotherFileIsUnknown)
+{
+    QueryPart elsewhere = Source("Orders");
+    elsewhere.Expression = "C:\\Data\\Old.mdb";
+    Add("Q", {elsewhere, Output("*")});
+    EXPECT_THAT(Columns(), IsEmpty());
+    Add("Some", {elsewhere, Output("Orders.City")});
+    EXPECT_THAT(Columns(), ElementsAre("Expr1000 202 255"));
+}
+
 TEST_F(QueryColumns, ViewsThatStandOnThemselvesHaveNone)
 {
     Add("A", {Source("B"), Output("*")});

@@ -33,10 +33,10 @@ class RecordTest : public ::testing::Test
   protected:
     RecordTest()
     {
-        DefinitionSpec spec{.Rows = 1};
+        DefinitionSpec table{.Rows = 1};
         for (const char* name : {"A", "B"})
-            spec.Columns.push_back({.Name = name, .Type = 4, .Id = static_cast<int>(spec.Columns.size())});
-        file_.Pages[kPage] = DefinitionBytes(Version::Jet4, spec);
+            table.Columns.push_back({.Name = name, .Type = 4, .Id = static_cast<int>(table.Columns.size())});
+        file_.Pages[kPage] = DefinitionBytes(Version::Jet4, table);
     }
 
     // Looks at a row of these values.

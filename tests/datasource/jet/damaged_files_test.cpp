@@ -38,7 +38,7 @@ std::ptrdiff_t OpenFiles()
 class DamagedJetFiles : public ::testing::Test
 {
   protected:
-    ~DamagedJetFiles() override
+    void TearDown() override
     {
         EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child is left";
         EXPECT_EQ(errno, ECHILD);

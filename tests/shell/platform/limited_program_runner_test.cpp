@@ -38,7 +38,7 @@ int OpenFiles()
 class RunningPrograms : public ::testing::Test
 {
   protected:
-    ~RunningPrograms() override
+    void TearDown() override
     {
         EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
         EXPECT_EQ(errno, ECHILD);

@@ -13,7 +13,6 @@ using ::testing::AllOf;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-using testing::TdsManners;
 using testing::TdsMoment;
 using testing::TdsServer;
 using testing::TdsTemper;

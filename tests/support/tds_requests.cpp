@@ -60,7 +60,7 @@ std::string FieldAt(std::string_view bytes, std::size_t at)
 std::string Uncovered(std::string bytes)
 {
     for (char& c : bytes) {
-        const auto covered = static_cast<unsigned char>(static_cast<unsigned char>(c) ^ 0xA5U);
+        const std::uint32_t covered = static_cast<unsigned char>(c) ^ 0xA5U;
         c = static_cast<char>((covered << 4U | covered >> 4U) & 0xFFU);
     }
     return bytes;

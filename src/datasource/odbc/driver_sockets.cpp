@@ -24,8 +24,9 @@ OpenSockets FindSockets()
 {
     OpenSockets sockets;
     std::error_code ignored;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd", ignored)) {
-        const std::string name = entry.path().filename();
+    const std::filesystem::directory_iterator end;
+    for (std::filesystem::directory_iterator entry("/proc/self/fd", ignored); entry != end; entry.increment(ignored)) {
+        const std::string name = entry->path().filename();
         int number = -1;
         std::from_chars(name.data(), name.data() + name.size(), number);
         if (const auto socket = SocketBehind(number))

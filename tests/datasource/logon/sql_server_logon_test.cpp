@@ -30,7 +30,7 @@ class SqlServerLogon : public LogonTest
     std::string Translated(frmODBCLogon& dialog)
     {
         const ConnectionString text(StringOf(dialog));
-        const std::string ofProject = BuildOdbcLogon(text, installed, {.Origin = StringOrigin::ProjectFile}).Text;
+        std::string ofProject = BuildOdbcLogon(text, installed, {.Origin = StringOrigin::ProjectFile}).Text;
         EXPECT_EQ(BuildOdbcLogon(text, installed, {.Origin = StringOrigin::CommandLine}).Text, ofProject);
         return ofProject;
     }

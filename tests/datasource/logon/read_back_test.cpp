@@ -180,7 +180,7 @@ TEST_F(LogonReadBack, ADataSourceThatIsFoundStaysChosenWhateverFollows)
     }
 }
 
-TEST_F(LogonReadBack, TheProviderForOdbcHasItsPageInEveryVersion)
+TEST_F(LogonReadBack, AProviderHasItsPageInEveryVersion)
 {
     const auto dialog = LoadedOn("PROVIDER=MSDASQL.1;DSN=Ledger;UID=ann;");
     EXPECT_EQ(dialog->CurrentPage(), 0U);

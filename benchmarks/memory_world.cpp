@@ -2,6 +2,7 @@
 
 #include "shell/commands.h"
 #include "support/fake_catalog.h"
+#include "support/fake_driver_manager.h"
 
 #include <stdexcept>
 
@@ -59,6 +60,7 @@ std::string DefineInMemory(const std::vector<SchemaTable>& schema)
     MemoryWorld world;
     ModuleState state;
     NoProgress progress;
+    const testing::FakeDriverManager installed;
     const Application application{
         .UserSettings = world.UserSettings,
         .Asking = world.Messages,
@@ -68,6 +70,7 @@ std::string DefineInMemory(const std::vector<SchemaTable>& schema)
         .Programs = world.Processes,
         .Connect = [&](const std::string& /*text*/,
                        StringOrigin /*origin*/) { return std::make_unique<SchemaConnection>(schema); },
+        .Installed = installed,
         .State = state,
         .Output = world.Output,
         .ErrorOutput = world.Output,

@@ -16,10 +16,10 @@
 namespace veldrane {
 namespace {
 
-using testing::ElementsAre;
+using ::testing::ElementsAre;
 
 // Sample databases that do not come with the project.
-class SampleData : public testing::Test
+class SampleData : public ::testing::Test
 {
   protected:
     // The catalog of a schema below the folder of the samples, loaded into a file of its own.

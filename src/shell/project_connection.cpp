@@ -66,7 +66,7 @@ std::string WithProviderFirst(const std::string& text, const ConnectionString& p
     std::stable_partition(entries.begin(), entries.end(), IsProvider);
     std::string moved;
     for (const ConnectionEntry& entry : entries)
-        moved += IsProvider(entry) ? entry.Key + "=" + entry.Value + ";" : LogonEntry(entry.Key, entry.Value);
+        moved += IsProvider(entry) ? entry.Key + "=" + entry.Value + ";" : LogonEntry(entry.Key + "=", entry.Value);
     return moved;
 }
 

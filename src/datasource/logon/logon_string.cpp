@@ -10,7 +10,7 @@ namespace veldrane {
 namespace {
 
 // The kind of a project's connection is told by "=MSDASQL;" and its like, wherever in the string they stand.
-bool NamesProvider(std::string_view value)
+bool PassesForProvider(std::string_view value)
 {
     const std::string entry = "=" + std::string(value) + ";";
     return std::any_of(kLogonProviders.begin(), kLogonProviders.end(), [&](const LogonProvider& provider) {
@@ -21,35 +21,35 @@ bool NamesProvider(std::string_view value)
 bool NeedsBraces(std::string_view value)
 {
     return value.find(';') != std::string_view::npos || value.starts_with('{') || text::Trim(value) != value ||
-           NamesProvider(value);
+           PassesForProvider(value);
 }
 
 std::string Target(const LogonPage& page)
 {
-    return page.optUseDSN ? LogonEntry("DSN", page.cmbDSN.Text()) : LogonEntry("Driver", page.cmbDrivers.Text());
+    return page.optUseDSN ? LogonEntry("DSN=", page.cmbDSN.Text()) : LogonEntry("Driver=", page.cmbDrivers.Text());
 }
 
 std::string OdbcEntries(const LogonPage& page)
 {
     std::string entries = Target(page);
     if (!page.optUseDSN)
-        entries += LogonEntry("Server", page.txtServer);
-    entries += LogonEntry("UID", page.txtUID) + LogonEntry("PWD", page.txtPWD);
+        entries += LogonEntry("Server=", page.txtServer);
+    entries += LogonEntry("UID=", page.txtUID) + LogonEntry("PWD=", page.txtPWD);
     if (!page.txtDatabase.empty())
-        entries += LogonEntry(page.DriverName() == kAccessDriver ? "DBQ" : "Database", page.txtDatabase);
+        entries += LogonEntry(page.DriverName() == kAccessDriver ? "DBQ=" : "Database=", page.txtDatabase);
     // Behind that of the login: a driver takes the last one, and reading back tells the two apart by their order.
     if (!page.txtDBPassword.empty())
-        entries += LogonEntry("PWD", page.txtDBPassword);
+        entries += LogonEntry("PWD=", page.txtDBPassword);
     return entries;
 }
 
 std::string JetEntries(const LogonPage& page)
 {
-    std::string entries = LogonEntry("Data Source", page.txtDatabase);
-    entries += LogonEntry("USER ID", page.txtUID.empty() ? std::string(kJetUser) : page.txtUID);
-    entries += LogonEntry("PASSWORD", page.txtPWD);
+    std::string entries = LogonEntry("Data Source=", page.txtDatabase);
+    entries += page.txtUID.empty() ? "USER ID=Admin;" : LogonEntry("USER ID=", page.txtUID);
+    entries += LogonEntry("PASSWORD=", page.txtPWD);
     if (!page.txtDBPassword.empty())
-        entries += LogonEntry("Jet OLEDB:Database Password", page.txtDBPassword);
+        entries += LogonEntry("Jet OLEDB:Database Password=", page.txtDBPassword);
     return entries;
 }
 
@@ -57,11 +57,11 @@ std::string SqlServerEntries(const LogonPage& page)
 {
     std::string security = "Integrated Security=SSPI;";
     if (!page.txtUID.empty())
-        security = LogonEntry("UID", page.txtUID) + LogonEntry("PWD", page.txtPWD);
-    const std::string server = LogonEntry("Data Source", page.txtServer);
+        security = LogonEntry("UID=", page.txtUID) + LogonEntry("PWD=", page.txtPWD);
+    const std::string server = LogonEntry("Data Source=", page.txtServer);
     std::string entries = Target(page) + (page.optUseDSN ? security + server : server + security);
     if (!page.txtDatabase.empty())
-        entries += LogonEntry("Initial Catalog", page.txtDatabase);
+        entries += LogonEntry("Initial Catalog=", page.txtDatabase);
     return entries;
 }
 
@@ -79,14 +79,14 @@ std::string Entries(const LogonProvider& provider, const LogonPage& page)
 
 } // namespace
 
-std::string LogonEntry(std::string_view key, const std::string& value)
+std::string LogonEntry(std::string_view opening, const std::string& value)
 {
     const std::string written = NeedsBraces(value) ? Braced(value) : value;
-    if (NamesProvider(written))
+    if (PassesForProvider(written))
         throw DataSourceError(data_source_error::kFailed, "ConnectionString",
-                              "The value of \"" + std::string(key) +
+                              "The value of \"" + std::string(opening.substr(0, opening.size() - 1)) +
                                   "\" can't be written: a part of it would pass for the provider.");
-    return std::string(key) + "=" + written + ";";
+    return std::string(opening) + written + ";";
 }
 
 std::string BuildLogonString(const LogonProvider& provider, const LogonPage& page)

@@ -18,10 +18,10 @@ namespace veldrane {
 // Throws as LogonEntry does.
 [[nodiscard]] std::string BuildLogonString(const LogonProvider& provider, const LogonPage& page);
 
-// One entry of such a string: "UID=ann;". The value stands as it was typed; only one that would end early, lose blanks
-// at its ends or be taken for the name of a provider is put in braces. Throws DataSourceError, which names the key, for
-// a value in which a provider stands between "=" and ";", for in braces too it would decide the project's kind of
-// connection.
-[[nodiscard]] std::string LogonEntry(std::string_view key, const std::string& value);
+// One entry of such a string, "UID=ann;", which opens with its key and "=". The value stands as it was typed; only one
+// that would end early, lose blanks at its ends or be taken for the name of a provider is put in braces. Throws
+// DataSourceError, which names the key, for a value in which a provider stands between "=" and ";", for in braces too
+// it would decide the project's kind of connection.
+[[nodiscard]] std::string LogonEntry(std::string_view opening, const std::string& value);
 
 } // namespace veldrane

@@ -1,6 +1,7 @@
 #include "jet/system_tables.h"
 
 #include "jet/record.h"
+#include "jet/refusal.h"
 
 #include <algorithm>
 #include <string_view>
@@ -57,7 +58,19 @@ std::vector<Object> ReadObjects(JetFile& file)
             object.Properties = record.LongBinary("LvProp");
         objects.push_back(std::move(object));
     });
+    if (SystemTablePage(objects, "MSysObjects") != kObjectsPage)
+        throw Damaged("the list of objects is not where it says it is");
     return objects;
+}
+
+std::uint32_t SystemTablePage(const std::vector<Object>& objects, std::string_view name)
+{
+    const auto found = std::find_if(objects.begin(), objects.end(), [&](const Object& object) {
+        return object.Type == kTableObject && object.Name == name;
+    });
+    if (found == objects.end())
+        throw Damaged("the list of objects lacks " + std::string(name));
+    return found->DefinitionPage();
 }
 
 std::map<std::int32_t, std::vector<QueryPart>> ReadQueryParts(JetFile& file, std::uint32_t definitionPage)

@@ -21,6 +21,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using testing::LittleEndian;
 using testing::MemoryJetFile;
+using ::testing::StartsWith;
 
 constexpr std::uint32_t kObjects = 2;
 constexpr std::uint32_t kQueries = 4;
@@ -96,6 +97,16 @@ class DatabaseReader : public ::testing::Test
     }
 
     [[nodiscard]] Database Read() { return ReadDatabase(file_); }
+
+    [[nodiscard]] std::string Complaint()
+    {
+        try {
+            static_cast<void>(Read());
+        } catch (const Refusal& refusal) {
+            return refusal.what();
+        }
+        return "";
+    }
 
     MemoryJetFile file_{Version::Jet3};
 };
@@ -202,10 +213,26 @@ TEST_F(DatabaseReader, PartsOfAQueryComeInTheirOwnOrder)
 
 TEST_F(DatabaseReader, AFileWithoutQueriesAndRelationshipsHasNone)
 {
-    file_.Rows[kObjects].resize(1);
     const Database database = Read();
     EXPECT_THAT(database.Queries, IsEmpty());
     EXPECT_THAT(database.Relationships, IsEmpty());
+}
+
+TEST_F(DatabaseReader, AFileWhoseObjectsLackATableOfTheEnginesOwnIsDamaged)
+{
+    for (const std::size_t lost : {0U, 1U, 2U}) {
+        const auto whole = file_.Rows[kObjects];
+        file_.Rows[kObjects].erase(file_.Rows[kObjects].begin() + static_cast<std::ptrdiff_t>(lost));
+        EXPECT_THAT(Complaint(), StartsWith("the list of objects lacks MSys")) << lost;
+        file_.Rows[kObjects] = whole;
+    }
+}
+
+TEST_F(DatabaseReader, AFileWhoseObjectsStandElsewhereIsDamaged)
+{
+    file_.Rows[kObjects].erase(file_.Rows[kObjects].begin());
+    AddObject("MSysObjects", kQueries, 1, kFlagSystem);
+    EXPECT_EQ(Complaint(), "the list of objects is not where it says it is");
 }
 
 TEST_F(DatabaseReader, AFileWithoutObjectsIsDamaged)

@@ -106,6 +106,28 @@ TEST_F(SampleJetFiles, QueriesAreToldWithTheColumnsOfViews)
     }
 }
 
+// A bit of the table that lists everything makes no file empty, nor one without queries or foreign keys.
+TEST_F(SampleJetFiles, WithABitOfTheListOfObjectsFlippedTheyAreDamaged)
+{
+    struct Flip
+    {
+        const char* File;
+        std::size_t At;
+    };
+    constexpr std::size_t kObjectsPage = std::size_t{2} * 4096;
+    constexpr auto kFlips = std::to_array<Flip>({{"indexTestV2003.mdb", kObjectsPage + 0xF3},
+                                                 {"indexTestV2003.mdb", kObjectsPage + 0x170},
+                                                 {"indexTestV2003.mdb", kObjectsPage + 0x1A2},
+                                                 {"queryTestV2003.mdb", 0xEDDB},
+                                                 {"indexTestV2003.mdb", 0xED7A}});
+    const ScratchFolder folder;
+    for (const Flip& flip : kFlips) {
+        std::string content = ContentOf(Path(flip.File));
+        content.at(flip.At) = static_cast<char>(content.at(flip.At) ^ 1);
+        EXPECT_EQ(ReasonOf(RunReader(folder.Write("flipped.mdb", content))), "damaged") << flip.File << " " << flip.At;
+    }
+}
+
 TEST_F(SampleJetFiles, CutAnywhereTheyEndInAnAnswer)
 {
     const ScratchFolder folder;

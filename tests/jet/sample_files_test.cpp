@@ -128,6 +128,39 @@ TEST_F(SampleJetFiles, WithABitOfTheListOfObjectsFlippedTheyAreDamaged)
     }
 }
 
+// The first page of rows of the table that lists everything.
+std::size_t PageOfObjects(const std::string& content, std::size_t pageSize)
+{
+    const std::string begin{'\1', '\1'};
+    const std::string owner{'\2', '\0', '\0', '\0'};
+    std::size_t at = 0;
+    while (content.compare(at, 2, begin) != 0 || content.compare(at + 4, 4, owner) != 0)
+        at += pageSize;
+    return at;
+}
+
+TEST_F(SampleJetFiles, ARowThatStandsAmongThePlacesOfRowsIsDamage)
+{
+    struct Layout
+    {
+        const char* File;
+        std::size_t PageSize;
+        std::size_t CountAt;
+    };
+    constexpr const char* kDisorder = "refused\tdamaged\ta row is in disorder\n";
+    const ScratchFolder folder;
+    for (const Layout& layout : {Layout{"indexTestV1997.mdb", 2048, 8}, Layout{"indexTestV2003.mdb", 4096, 12}}) {
+        const std::string whole = ContentOf(Path(layout.File));
+        const std::size_t countAt = PageOfObjects(whole, layout.PageSize) + layout.CountAt;
+        std::string count = whole;
+        count.replace(countAt, 2, "\xFF\x03");
+        EXPECT_THAT(RunReader(folder.Write("count.mdb", count)).Answer, HasSubstr(kDisorder)) << layout.File;
+        std::string start = whole;
+        start.replace(countAt + 2, 2, std::string{static_cast<char>(layout.CountAt), '\0'});
+        EXPECT_THAT(RunReader(folder.Write("start.mdb", start)).Answer, HasSubstr(kDisorder)) << layout.File;
+    }
+}
+
 TEST_F(SampleJetFiles, CutAnywhereTheyEndInAnAnswer)
 {
     const ScratchFolder folder;

@@ -278,15 +278,32 @@ TEST_F(JetConnectionTest, SaysThatALimitWasMet)
     EXPECT_EQ(FailureToOpen().Description(),
               "\"/data/shop.mdb\" could not be read within 7 seconds: take a sound copy of it, or set "
               "\"ConnectTimeout\" in the section Platform of the settings to more seconds.");
-    const std::string limits = "Reading \"/data/shop.mdb\" came to the limits of time and memory, as with a damaged "
-                               "file: repair it with the program that made it, or take a sound copy.";
-    for (const ProgramOutcome& outcome :
-         {ProgramOutcome{ProgramEnd::Signalled, SIGABRT, ""}, ProgramOutcome{ProgramEnd::Signalled, SIGXCPU, kAnswer},
-          ProgramOutcome{ProgramEnd::TooMuchOutput, SIGKILL, kAnswer},
-          ProgramOutcome{ProgramEnd::Exited, 1, kAnswer}}) {
+    for (const ProgramOutcome& outcome : {ProgramOutcome{ProgramEnd::Signalled, SIGXCPU, kAnswer},
+                                          ProgramOutcome{ProgramEnd::Signalled, SIGKILL, kAnswer},
+                                          ProgramOutcome{ProgramEnd::TooMuchOutput, SIGKILL, kAnswer}}) {
         programs.Outcome = outcome;
-        EXPECT_EQ(FailureToOpen().Description(), limits);
+        EXPECT_EQ(FailureToOpen().Description(),
+                  "Reading \"/data/shop.mdb\" was stopped at a limit of processor time or output: compact and repair "
+                  "the file with the program that made it, or take a sound copy.");
     }
+}
+
+TEST_F(JetConnectionTest, SaysThatTheReaderFellOver)
+{
+    for (const int signal : {SIGABRT, SIGSEGV, SIGTRAP}) {
+        programs.Outcome = {.End = ProgramEnd::Signalled, .Code = signal, .Output = kAnswer};
+        EXPECT_EQ(FailureToOpen().Description(),
+                  "The program that reads Jet files fell over \"/data/shop.mdb\", which is damaged most likely: "
+                  "compact and repair the file with the program that made it, or take a sound copy.");
+    }
+}
+
+TEST_F(JetConnectionTest, SaysThatTheReaderCouldNotAnswer)
+{
+    programs.Outcome = {.End = ProgramEnd::Exited, .Code = 1, .Output = kAnswer};
+    EXPECT_EQ(FailureToOpen().Description(),
+              "The program that reads Jet files could not answer for \"/data/shop.mdb\" (exit code 1): try again, and "
+              "if it stays so, install both programs anew, from the same version.");
 }
 
 TEST_F(JetConnectionTest, SaysThatAnAnswerCannotBeUnderstood)

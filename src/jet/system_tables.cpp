@@ -35,7 +35,7 @@ std::vector<RelationshipRow> ReadRelationshipRows(JetFile& file, std::uint32_t d
             .Table = record.Text("szObject"),
             .RelatedTable = record.Text("szReferencedObject"),
             .Columns = {.Column = record.Text("szColumn"), .RelatedColumn = record.Text("szReferencedColumn")}};
-        const bool isSystem = row.Table.starts_with(kSystemPrefix) || row.RelatedTable.starts_with(kSystemPrefix);
+        const bool isSystem = row.Table.starts_with(kSystemPrefix) && row.RelatedTable.starts_with(kSystemPrefix);
         if (!isSystem && (record.Number("grbit") & kNotEnforced) == 0)
             rows.push_back(std::move(row));
     });

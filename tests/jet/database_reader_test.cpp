@@ -90,10 +90,11 @@ class DatabaseReader : public ::testing::Test
     }
 
     void AddRelationship(const std::string& name, std::uint32_t place, const std::string& column,
-                         const std::string& related, std::uint32_t flags = 0, const std::string& table = "Orders")
+                         const std::string& related, std::uint32_t flags = 0, const std::string& table = "Orders",
+                         const std::string& relatedTable = "Towns")
     {
         file_.Rows[kRelationships].push_back(
-            {name, Number(flags), Number(place), table, column, std::string("Towns"), related});
+            {name, Number(flags), Number(place), table, column, relatedTable, related});
     }
 
     [[nodiscard]] Database Read() { return ReadDatabase(file_); }
@@ -184,11 +185,18 @@ TEST_F(DatabaseReader, ReadsRelationshipsColumnByColumn)
 TEST_F(DatabaseReader, RelationshipsThatAreNotEnforcedOrTheEnginesOwnAreLeftOut)
 {
     AddRelationship("Loose", 0, "City", "Name", 0x1102);
-    AddRelationship("Own", 0, "City", "Name", 0, "MSysNavPaneGroups");
+    AddRelationship("Own", 0, "GroupID", "Id", 0, "MSysNavPaneGroups", "MSysNavPaneObjectIDs");
     AddRelationship("Kept", 0, "City", "Name", 0x1101);
     const Database database = Read();
     ASSERT_EQ(database.Relationships.size(), 1U);
     EXPECT_EQ(database.Relationships[0].Name, "Kept");
+}
+
+TEST_F(DatabaseReader, ARelationshipWithOneOfTheEnginesTablesIsTold)
+{
+    AddRelationship("From", 0, "City", "Name", 0, "MSysteria");
+    AddRelationship("To", 0, "City", "Name", 0, "Orders", "MSysteria");
+    EXPECT_EQ(Read().Relationships.size(), 2U);
 }
 
 TEST_F(DatabaseReader, PartsOfAQueryComeInTheirOwnOrder)

@@ -167,6 +167,22 @@ TEST_F(JetConnectionTest, RefusesAViewWhoseColumnsNobodyCanTell)
     EXPECT_EQ(NumberOf([&] { static_cast<void>(catalog->Columns("All Names")); }), data_source_error::kFailed);
 }
 
+TEST_F(JetConnectionTest, SaysWhyThereAreNoColumns)
+{
+    const auto catalog = OpenShop();
+    const auto reasonFor = [&](const std::string& table) {
+        try {
+            static_cast<void>(catalog->Columns(table));
+        } catch (const DataSourceError& error) {
+            return error.Description();
+        }
+        return std::string();
+    };
+    EXPECT_EQ(reasonFor("All Names"), "The columns of \"All Names\" can't be told without running it, which only the "
+                                      "Jet engine can.");
+    EXPECT_EQ(reasonFor("MSysObjects"), "The table \"MSysObjects\" has no columns: add some to it.");
+}
+
 TEST_F(JetConnectionTest, TellsIndexesAndTheKeysOfTheTableItself)
 {
     const auto catalog = OpenShop();

@@ -86,12 +86,20 @@ bool CameToALimit(const ProgramOutcome& outcome)
            (outcome.End == ProgramEnd::Signalled && (outcome.Code == SIGXCPU || outcome.Code == SIGKILL));
 }
 
+std::chrono::seconds TimeOf(const JetReaderOptions& options)
+{
+    return std::min(options.Timeout, kLongestReading);
+}
+
 void RefuseUnfinished(const ProgramOutcome& outcome, const JetReaderOptions& options, const JetLogon& logon)
 {
     if (outcome.End == ProgramEnd::OutOfTime)
-        Fail(Quoted(logon.File) + " could not be read within " + Seconds(options.Timeout) +
-             ": take a sound copy of it, or set \"ConnectTimeout\" in the section Platform of the settings to "
-             "more seconds.");
+        Fail(Quoted(logon.File) + " could not be read within " + Seconds(TimeOf(options)) +
+             ": take a sound copy of it" +
+             (options.Timeout < kLongestReading
+                  ? ", or set \"ConnectTimeout\" in the section Platform of the settings to "
+                    "more seconds."
+                  : "."));
     if (outcome.End == ProgramEnd::Exited && outcome.Code == kCannotBegin)
         Fail("The program that reads Jet files, " + Quoted(options.Folder + "/" + std::string(kReader)) +
              ", does not start: install the library that it wants (libmdb3).");
@@ -120,7 +128,7 @@ JetDatabase JetFile::Read() const
     ProgramOutcome outcome;
     try {
         outcome = programs_.Run({options_.Folder + "/" + std::string(kReader), logon_.File}, logon_.Password,
-                                {.Time = options_.Timeout, .OutputBytes = kMostAnswerBytes});
+                                {.Time = TimeOf(options_), .OutputBytes = kMostAnswerBytes});
     } catch (const RuntimeError& error) {
         Fail("The program that reads Jet files can't be started (" + error.Description() +
              "): install it in the folder of this program.");

@@ -304,6 +304,21 @@ TEST_F(JetConnectionTest, SaysThatALimitWasMet)
     }
 }
 
+TEST_F(JetConnectionTest, NoFileIsReadForLongerThanFifteenSeconds)
+{
+    JetConnection patient{programs, {.Folder = "/opt/veldrane", .Timeout = std::chrono::hours(1)}};
+    patient.Open(kShop);
+    EXPECT_EQ(programs.Calls.back().Limits.Time, std::chrono::seconds(15));
+    programs.Outcome = {.End = ProgramEnd::OutOfTime, .Code = SIGKILL, .Output = ""};
+    try {
+        patient.Open(kShop);
+        FAIL() << "it came to the limit";
+    } catch (const DataSourceError& error) {
+        EXPECT_EQ(error.Description(),
+                  "\"/data/shop.mdb\" could not be read within 15 seconds: take a sound copy of it.");
+    }
+}
+
 TEST_F(JetConnectionTest, SaysThatTheReaderFellOver)
 {
     for (const int signal : {SIGABRT, SIGSEGV, SIGTRAP}) {

@@ -1,6 +1,7 @@
 #include "jet/column_types.h"
 
 #include "datasource/ado_types.h"
+#include "jet/refusal.h"
 
 #include <utility>
 
@@ -27,7 +28,6 @@ TypeAndSize TextType(const ColumnDefinition& column, Version version)
     return {(column.Flags & kFixedSize) != 0 ? adWChar : adVarWChar, version == Version::Jet3 ? size : size / 2};
 }
 
-// The engine's own tables hold bytes of a type that no other has (17): they count as binary too.
 TypeAndSize BinaryType(const ColumnDefinition& column)
 {
     return {(column.Flags & kFixedSize) != 0 ? adBinary : adVarBinary, static_cast<int>(column.Size)};
@@ -62,8 +62,11 @@ TypeAndSize DescribeType(const ColumnDefinition& column, Version version)
         return {adGUID, 16};
     case 16:
         return {adNumeric, 19};
-    default:
+    case 9:
+    case 17: // of the engine's own tables alone
         return BinaryType(column);
+    default:
+        throw Damaged("a column is of a type that is none");
     }
 }
 

@@ -14,7 +14,7 @@ enum class Presence
 };
 
 // The column as ADO describes it: type and size after the published table of the provider. A Yes/No column is never
-// null, whatever its properties say.
+// null, whatever its properties say. Throws Refusal(kDamaged) for a type that the engine does not have.
 [[nodiscard]] Column DescribeColumn(const ColumnDefinition& definition, Version version, Presence presence);
 
 // The column that an expression of a query gives, which has no type of its own: text that may be null.

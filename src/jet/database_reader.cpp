@@ -8,7 +8,6 @@
 #include "jet/system_tables.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace veldrane::jet {
 namespace {
@@ -63,15 +62,6 @@ bool IsTable(const Object& object)
     return object.Type == kTableObject || object.Type == kOdbcLinkObject || object.Type == kLinkObject;
 }
 
-// The page at which a system table is defined; none in a file without it.
-std::optional<std::uint32_t> PageOf(const std::vector<Object>& objects, std::string_view name)
-{
-    const auto found = std::find_if(objects.begin(), objects.end(), [&](const Object& object) {
-        return object.Type == kTableObject && object.Name == name;
-    });
-    return found == objects.end() ? std::nullopt : std::optional(found->DefinitionPage());
-}
-
 } // namespace
 
 Database ReadDatabase(JetFile& file)
@@ -81,10 +71,9 @@ Database ReadDatabase(JetFile& file)
     for (const Object& object : objects)
         if (IsTable(object))
             database.Tables.push_back(DescribeTable(file, object));
-    if (const auto page = PageOf(objects, "MSysQueries"))
-        database.Queries = DescribeQueries(objects, ReadQueryParts(file, *page), database.Tables);
-    if (const auto page = PageOf(objects, "MSysRelationships"))
-        database.Relationships = ReadRelationships(file, *page);
+    database.Queries =
+        DescribeQueries(objects, ReadQueryParts(file, SystemTablePage(objects, "MSysQueries")), database.Tables);
+    database.Relationships = ReadRelationships(file, SystemTablePage(objects, "MSysRelationships"));
     return database;
 }
 

@@ -153,6 +153,9 @@ class Parts
             column.Name = TakeName();
         std::stable_sort(columns.begin(), columns.end(),
                          [](const ColumnDefinition& a, const ColumnDefinition& b) { return a.Id < b.Id; });
+        const auto sameId = [](const ColumnDefinition& a, const ColumnDefinition& b) { return a.Id == b.Id; };
+        if (std::adjacent_find(columns.begin(), columns.end(), sameId) != columns.end())
+            throw Damaged("two columns of a table are one");
         return columns;
     }
 

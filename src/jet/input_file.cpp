@@ -65,10 +65,18 @@ InputFile::~InputFile()
 std::string InputFile::Beginning(std::size_t size) const
 {
     std::string bytes(size, '\0');
-    const ssize_t count = pread(descriptor_, bytes.data(), bytes.size(), 0);
-    if (count < 0)
-        throw Failure(errno);
-    bytes.resize(static_cast<std::size_t>(count));
+    std::size_t read = 0;
+    while (read < size) {
+        const ssize_t count = pread(descriptor_, bytes.data() + read, size - read, static_cast<off_t>(read));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            throw Failure(errno);
+        if (count == 0)
+            break;
+        read += static_cast<std::size_t>(count);
+    }
+    bytes.resize(read);
     return bytes;
 }
 

@@ -1,6 +1,7 @@
 #include "jet/mdb_file.h"
 
 #include "jet/bytes.h"
+#include "jet/refusal.h"
 
 #include <cstddef>
 #include <memory>
@@ -30,6 +31,11 @@ void ReadPage(MdbHandle* mdb, std::uint32_t number)
         throw Damaged("page " + std::to_string(number) + " is not there");
 }
 
+Refusal DisorderedRow()
+{
+    return Damaged("a row is in disorder");
+}
+
 // A table of libmdb's, from the page of its definition alone.
 class MdbTable
 {
@@ -45,6 +51,9 @@ class MdbTable
         mdb_read_columns(table_.get());
         CheckMap();
     }
+    MdbTable(const MdbTable&) = delete; // libmdb's table points to the entry
+    MdbTable& operator=(const MdbTable&) = delete;
+    ~MdbTable() = default;
 
     [[nodiscard]] std::uint32_t NextPage(std::uint32_t page) const
     {
@@ -60,15 +69,24 @@ class MdbTable
     [[nodiscard]] std::vector<Cells> Rows(std::string& page) const
     {
         MdbHandle* mdb = entry_.mdb;
-        page.assign(reinterpret_cast<const char*>(mdb->pg_buf), sizeof(mdb->pg_buf));
+        page.assign(reinterpret_cast<const char*>(mdb->pg_buf), static_cast<std::size_t>(mdb->fmt->pg_size));
         std::vector<Cells> rows;
         if (mdb->pg_buf[0] != kDataPage || mdb_get_int32(mdb->pg_buf, kOwnerAt) != static_cast<long>(entry_.table_pg))
             return rows;
         const Bytes bytes(page);
         const std::size_t countAt = mdb->fmt->row_count_offset;
-        for (int row = 0; row < bytes.U16(countAt); ++row)
-            if ((bytes.U16(countAt + kRowPlace * (static_cast<std::size_t>(row) + 1)) & kIsNoRow) == 0)
-                rows.push_back(Crack(bytes, row));
+        const std::size_t count = bytes.U16(countAt);
+        const std::size_t rowsAt = countAt + kRowPlace * (count + 1);
+        if (rowsAt > page.size())
+            throw DisorderedRow();
+        for (std::size_t row = 0; row < count; ++row) {
+            const int place = bytes.U16(countAt + kRowPlace * (row + 1));
+            if ((place & kIsNoRow) != 0)
+                continue;
+            if (static_cast<std::size_t>(place & kStartBits) < rowsAt)
+                throw DisorderedRow();
+            rows.push_back(Crack(bytes, static_cast<int>(row)));
+        }
         return rows;
     }
 
@@ -94,7 +112,7 @@ class MdbTable
         std::vector<MdbField> fields(table_->num_cols);
         if (mdb_find_row(entry_.mdb, row, &start, &size) != 0 ||
             mdb_crack_row(table_.get(), start & kStartBits, size, fields.data()) < 0)
-            throw Damaged("a row is in disorder");
+            throw DisorderedRow();
         Cells cells;
         for (const MdbField& field : fields)
             if (field.is_null != 0)

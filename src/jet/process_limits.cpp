@@ -24,12 +24,19 @@ bool Limit(__rlimit_resource_t resource, rlim_t most)
     return setrlimit(resource, &limit) == 0;
 }
 
+// A parent that is gone before the signal is ordered sends none: the process has another one then.
+bool EndWithParent()
+{
+    const pid_t parent = getppid();
+    return prctl(PR_SET_PDEATHSIG, SIGKILL) == 0 && getppid() == parent;
+}
+
 } // namespace
 
 bool LimitProcess()
 {
     return Limit(RLIMIT_AS, kAddressSpace) && Limit(RLIMIT_CPU, kProcessorSeconds) && Limit(RLIMIT_CORE, 0) &&
-           prctl(PR_SET_PDEATHSIG, SIGKILL) == 0;
+           EndWithParent();
 }
 
 int KeepAnswerApart()

@@ -2,9 +2,11 @@
 
 #include "jet/column_reference.h"
 #include "jet/column_types.h"
+#include "jet/refusal.h"
 #include "text/case_folding.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,6 +24,11 @@ constexpr int kOutput = 6;    // Expression; Name1: its name
 
 constexpr int kSelect = 1;
 constexpr int kUnion = 9;
+
+// The kinds by bits 4 to 7 of the object's flags: a crosstab, delete, update, append, make-table, definition and
+// pass-through query stand between these two; behind them a pass-through query that gives no rows.
+constexpr std::array kKinds{kSelect, 6, 5, 4, 3, 2, 7, 8, kUnion, 8};
+
 constexpr int kAllColumns = 0x01; // of the options: behind the outputs, all columns of all sources
 
 // The engine's own limits for what a query gives, and for queries that stand on one another.
@@ -33,11 +40,17 @@ constexpr std::size_t kFirstExpression = 1000;
 using Parts = std::vector<QueryPart>;
 using KnownColumns = std::optional<std::vector<Column>>;
 
-int KindOf(const Parts& parts)
+// The flags tell it even where the parts are lost.
+int KindOf(const Object& query, const Parts& parts)
 {
-    const auto kind =
-        std::find_if(parts.begin(), parts.end(), [](const QueryPart& part) { return part.Attribute == kKind; });
-    return kind == parts.end() ? kSelect : kind->Flag;
+    const std::size_t place = query.Flags >> 4U & 0x0FU;
+    if (place >= kKinds.size())
+        throw Damaged("a query is of no known kind");
+    const int kind = kKinds[place];
+    if (std::any_of(parts.begin(), parts.end(),
+                    [&](const QueryPart& part) { return part.Attribute == kKind && part.Flag != kind; }))
+        throw Damaged("a query is of two kinds");
+    return kind;
 }
 
 bool HasParameters(const Parts& parts)
@@ -45,9 +58,9 @@ bool HasParameters(const Parts& parts)
     return std::any_of(parts.begin(), parts.end(), [](const QueryPart& part) { return part.Attribute == kParameter; });
 }
 
-bool IsView(const Parts& parts)
+bool IsView(const Object& query, const Parts& parts)
 {
-    const int kind = KindOf(parts);
+    const int kind = KindOf(query, parts);
     return (kind == kSelect || kind == kUnion) && !HasParameters(parts);
 }
 
@@ -153,7 +166,7 @@ class Outputs
     bool isKnown_ = true;
 };
 
-// What the tables and queries of a file give, each query worked out once.
+// What the tables and queries of a file give.
 class Givers
 {
   public:
@@ -163,34 +176,54 @@ class Givers
     {
         for (const Table& table : tables)
             tables_.emplace(text::Fold(table.Name), &table);
+        std::vector<const Object*> queries;
         for (const Object& object : objects)
-            if (object.Type == kQueryObject)
-                queries_.emplace(text::Fold(object.Name), object.Id);
+            if (object.Type == kQueryObject) {
+                queries_.emplace(text::Fold(object.Name), &object);
+                queries.push_back(&object);
+            }
+        WorkOutAll(std::move(queries));
     }
 
-    [[nodiscard]] const Parts& PartsOf(std::int32_t query) const
+    [[nodiscard]] const Parts& PartsOf(const Object& query) const
     {
         static const Parts kNone;
-        const auto found = parts_.find(query);
+        const auto found = parts_.find(query.Id);
         return found == parts_.end() ? kNone : found->second;
     }
 
-    KnownColumns ColumnsOf(std::int32_t query)
+    [[nodiscard]] KnownColumns ColumnsOf(const Object& query) const
     {
-        // While it is worked out it gives nothing, should it stand on itself.
-        const auto [known, isNew] = known_.try_emplace(query);
-        if (isNew && level_ < kLevelsAtMost) {
-            ++level_;
-            known->second = WorkOut(PartsOf(query));
-            --level_;
-        }
-        return known->second;
+        const auto known = known_.find(query.Id);
+        return known == known_.end() ? std::nullopt : known->second;
     }
 
   private:
-    KnownColumns WorkOut(const Parts& parts)
+    // Level by level: each stands on tables and on the levels below it. What stands on itself is on no level.
+    void WorkOutAll(std::vector<const Object*> left)
     {
-        if (!IsView(parts) || KindOf(parts) != kSelect)
+        for (int level = 0; level < kLevelsAtMost && !left.empty(); ++level) {
+            const auto ready = std::stable_partition(left.begin(), left.end(),
+                                                     [&](const Object* query) { return !StandsOnKnown(*query); });
+            for (auto query = ready; query != left.end(); ++query)
+                known_.emplace((*query)->Id, WorkOut(**query));
+            left.erase(ready, left.end());
+        }
+    }
+
+    [[nodiscard]] bool StandsOnKnown(const Object& query) const
+    {
+        const Parts& parts = PartsOf(query);
+        return std::all_of(parts.begin(), parts.end(), [&](const QueryPart& part) {
+            const Object* below = part.Attribute == kSource ? QueryOf(part) : nullptr;
+            return below == nullptr || known_.contains(below->Id);
+        });
+    }
+
+    [[nodiscard]] KnownColumns WorkOut(const Object& query) const
+    {
+        const Parts& parts = PartsOf(query);
+        if (!IsView(query, parts) || KindOf(query, parts) != kSelect)
             return std::nullopt;
         std::vector<Source> sources;
         for (const QueryPart& part : parts)
@@ -209,24 +242,32 @@ class Givers
         return outputs.Columns();
     }
 
-    KnownColumns ColumnsOfSource(const QueryPart& source)
+    [[nodiscard]] KnownColumns ColumnsOfSource(const QueryPart& source) const
     {
-        if (!source.Expression.empty())
-            return std::nullopt;
-        const std::string key = text::Fold(source.Name1);
-        if (const auto table = tables_.find(key); table != tables_.end()) {
-            const std::vector<Column>& columns = table->second->Columns;
-            return columns.empty() ? std::nullopt : KnownColumns(columns);
-        }
-        const auto query = queries_.find(key);
-        return query == queries_.end() ? std::nullopt : ColumnsOf(query->second);
+        if (const Table* table = TableOf(source))
+            return table->Columns.empty() ? std::nullopt : KnownColumns(table->Columns);
+        const Object* query = QueryOf(source);
+        return query == nullptr ? std::nullopt : ColumnsOf(*query);
+    }
+
+    // What a source is, null if it is something else or lies in another file. A table is found before a query.
+    [[nodiscard]] const Table* TableOf(const QueryPart& source) const
+    {
+        const auto table = tables_.find(text::Fold(source.Name1));
+        return table == tables_.end() || !source.Expression.empty() ? nullptr : table->second;
+    }
+
+    [[nodiscard]] const Object* QueryOf(const QueryPart& source) const
+    {
+        const auto query = queries_.find(text::Fold(source.Name1));
+        const bool isQuery = query != queries_.end() && source.Expression.empty() && TableOf(source) == nullptr;
+        return isQuery ? query->second : nullptr;
     }
 
     const PartsById& parts_;
     std::map<std::string, const Table*> tables_;
-    std::map<std::string, std::int32_t> queries_;
+    std::map<std::string, const Object*> queries_;
     std::map<std::int32_t, KnownColumns> known_;
-    int level_ = 0;
 };
 
 } // namespace
@@ -235,14 +276,14 @@ std::vector<Query> DescribeQueries(const std::vector<Object>& objects,
                                    const std::map<std::int32_t, std::vector<QueryPart>>& parts,
                                    const std::vector<Table>& tables)
 {
-    Givers givers(objects, parts, tables);
+    const Givers givers(objects, parts, tables);
     std::vector<Query> queries;
     for (const Object& object : objects) {
         if (object.Type != kQueryObject || object.Name.starts_with('~'))
             continue;
         Query query{.Name = object.Name,
-                    .Kind = IsView(givers.PartsOf(object.Id)) ? QueryKind::View : QueryKind::Procedure};
-        if (auto columns = givers.ColumnsOf(object.Id))
+                    .Kind = IsView(object, givers.PartsOf(object)) ? QueryKind::View : QueryKind::Procedure};
+        if (auto columns = givers.ColumnsOf(object))
             query.Columns = std::move(*columns);
         queries.push_back(std::move(query));
     }

@@ -1,6 +1,7 @@
 #include "jet/system_tables.h"
 
 #include "jet/record.h"
+#include "jet/refusal.h"
 
 #include <algorithm>
 #include <string_view>
@@ -34,7 +35,7 @@ std::vector<RelationshipRow> ReadRelationshipRows(JetFile& file, std::uint32_t d
             .Table = record.Text("szObject"),
             .RelatedTable = record.Text("szReferencedObject"),
             .Columns = {.Column = record.Text("szColumn"), .RelatedColumn = record.Text("szReferencedColumn")}};
-        const bool isSystem = row.Table.starts_with(kSystemPrefix) || row.RelatedTable.starts_with(kSystemPrefix);
+        const bool isSystem = row.Table.starts_with(kSystemPrefix) && row.RelatedTable.starts_with(kSystemPrefix);
         if (!isSystem && (record.Number("grbit") & kNotEnforced) == 0)
             rows.push_back(std::move(row));
     });
@@ -57,7 +58,19 @@ std::vector<Object> ReadObjects(JetFile& file)
             object.Properties = record.LongBinary("LvProp");
         objects.push_back(std::move(object));
     });
+    if (SystemTablePage(objects, "MSysObjects") != kObjectsPage)
+        throw Damaged("the list of objects is not where it says it is");
     return objects;
+}
+
+std::uint32_t SystemTablePage(const std::vector<Object>& objects, std::string_view name)
+{
+    const auto found = std::find_if(objects.begin(), objects.end(), [&](const Object& object) {
+        return object.Type == kTableObject && object.Name == name;
+    });
+    if (found == objects.end())
+        throw Damaged("the list of objects lacks " + std::string(name));
+    return found->DefinitionPage();
 }
 
 std::map<std::int32_t, std::vector<QueryPart>> ReadQueryParts(JetFile& file, std::uint32_t definitionPage)

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // What the engine's own tables say. All of it throws Refusal(kDamaged) for tables that are not as they should be.
@@ -28,8 +29,12 @@ inline constexpr int kOdbcLinkObject = 4;
 inline constexpr int kQueryObject = 5;
 inline constexpr int kLinkObject = 6;
 
-// All objects, in the order of the rows. Every file has its MSysObjects at the same page.
+// All objects, in the order of the rows. Every file has its MSysObjects at the same page, and lists it there: a table
+// of which this is not so has lost more than a row.
 [[nodiscard]] std::vector<Object> ReadObjects(JetFile& file);
+
+// The page at which one of the engine's own tables is defined. Every file has those that are read here.
+[[nodiscard]] std::uint32_t SystemTablePage(const std::vector<Object>& objects, std::string_view name);
 
 // A row of MSysQueries: a part of a query. What the members mean hangs on `Attribute`.
 struct QueryPart

@@ -1,6 +1,7 @@
 #include "shell/project_connection.h"
 
 #include "datasource/connection_string.h"
+#include "datasource/jet/jet_logon.h"
 #include "datasource/logon/logon_string.h"
 #include "datasource/logon/providers.h"
 #include "datasource/logon/store_logon.h"
@@ -26,7 +27,7 @@ std::string FirstOf(const ConnectionString& parsed, std::initializer_list<std::s
 // Behind "Data Source" Jet has its file, SQL Server the machine it runs on.
 std::string DatabaseOf(const ConnectionString& parsed, bool isJet)
 {
-    return isJet ? parsed.Value("Data Source") : FirstOf(parsed, {"Database", "DBQ", "Initial Catalog"});
+    return isJet ? JetValue(parsed, "Data Source") : FirstOf(parsed, {"Database", "DBQ", "Initial Catalog"});
 }
 
 // A login that nobody typed stands in a Jet string too.
@@ -40,7 +41,7 @@ std::string LoginOf(const ConnectionString& parsed, bool isJet)
 std::string DriverOf(const ConnectionString& parsed, const DriverManager& installed)
 {
     const std::string provider = parsed.Value("PROVIDER");
-    if (text::EqualFolded(provider, kJetProvider))
+    if (AsksForJet(parsed))
         return std::string(kJetProvider);
     const std::string name = parsed.Value("DSN");
     if (name.empty() || text::EqualFolded(provider, kSqlServerProvider))
@@ -75,7 +76,7 @@ std::string WithProviderFirst(const std::string& text, const ConnectionString& p
 void SetConnection(TTCProject& project, const std::string& text, const DriverManager& installed)
 {
     const ConnectionString parsed(text);
-    const bool isJet = text::EqualFolded(parsed.Value("PROVIDER"), kJetProvider);
+    const bool isJet = AsksForJet(parsed);
     StoreLogon(project, {.ConnectionString = WithProviderFirst(text, parsed),
                          .DataSourceName = parsed.Value("DSN"),
                          .DataSourceDriver = DriverOf(parsed, installed),

@@ -1,5 +1,7 @@
 #include "jet/column_types.h"
 
+#include "jet/refusal.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -54,6 +56,12 @@ TEST(ColumnTypes, AreThoseOfTheProvidersTable)
         EXPECT_FALSE(column.AutoNumber) << given.Type;
         EXPECT_EQ(Described(given, Version::Jet4, Presence::Required).Attributes, 0) << given.Type;
     }
+}
+
+TEST(ColumnTypes, OneThatTheEngineDoesNotHaveIsDamage)
+{
+    for (const int type : {0, 13, 14, 18, 255})
+        EXPECT_THROW(static_cast<void>(Described({type, kFixed, 4, 0, 0})), Refusal) << type;
 }
 
 TEST(ColumnTypes, Jet3TextHasAByteACharacter)

@@ -21,6 +21,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using testing::LittleEndian;
 using testing::MemoryJetFile;
+using ::testing::StartsWith;
 
 constexpr std::uint32_t kObjects = 2;
 constexpr std::uint32_t kQueries = 4;
@@ -89,13 +90,24 @@ class DatabaseReader : public ::testing::Test
     }
 
     void AddRelationship(const std::string& name, std::uint32_t place, const std::string& column,
-                         const std::string& related, std::uint32_t flags = 0, const std::string& table = "Orders")
+                         const std::string& related, std::uint32_t flags = 0, const std::string& table = "Orders",
+                         const std::string& relatedTable = "Towns")
     {
         file_.Rows[kRelationships].push_back(
-            {name, Number(flags), Number(place), table, column, std::string("Towns"), related});
+            {name, Number(flags), Number(place), table, column, relatedTable, related});
     }
 
     [[nodiscard]] Database Read() { return ReadDatabase(file_); }
+
+    [[nodiscard]] std::string Complaint()
+    {
+        try {
+            static_cast<void>(Read());
+        } catch (const Refusal& refusal) {
+            return refusal.what();
+        }
+        return "";
+    }
 
     MemoryJetFile file_{Version::Jet3};
 };
@@ -173,11 +185,18 @@ TEST_F(DatabaseReader, ReadsRelationshipsColumnByColumn)
 TEST_F(DatabaseReader, RelationshipsThatAreNotEnforcedOrTheEnginesOwnAreLeftOut)
 {
     AddRelationship("Loose", 0, "City", "Name", 0x1102);
-    AddRelationship("Own", 0, "City", "Name", 0, "MSysNavPaneGroups");
+    AddRelationship("Own", 0, "GroupID", "Id", 0, "MSysNavPaneGroups", "MSysNavPaneObjectIDs");
     AddRelationship("Kept", 0, "City", "Name", 0x1101);
     const Database database = Read();
     ASSERT_EQ(database.Relationships.size(), 1U);
     EXPECT_EQ(database.Relationships[0].Name, "Kept");
+}
+
+TEST_F(DatabaseReader, ARelationshipWithOneOfTheEnginesTablesIsTold)
+{
+    AddRelationship("From", 0, "City", "Name", 0, "MSysteria");
+    AddRelationship("To", 0, "City", "Name", 0, "Orders", "MSysteria");
+    EXPECT_EQ(Read().Relationships.size(), 2U);
 }
 
 TEST_F(DatabaseReader, PartsOfAQueryComeInTheirOwnOrder)
@@ -202,10 +221,26 @@ TEST_F(DatabaseReader, PartsOfAQueryComeInTheirOwnOrder)
 
 TEST_F(DatabaseReader, AFileWithoutQueriesAndRelationshipsHasNone)
 {
-    file_.Rows[kObjects].resize(1);
     const Database database = Read();
     EXPECT_THAT(database.Queries, IsEmpty());
     EXPECT_THAT(database.Relationships, IsEmpty());
+}
+
+TEST_F(DatabaseReader, AFileWhoseObjectsLackATableOfTheEnginesOwnIsDamaged)
+{
+    for (const std::size_t lost : {0U, 1U, 2U}) {
+        const auto whole = file_.Rows[kObjects];
+        file_.Rows[kObjects].erase(file_.Rows[kObjects].begin() + static_cast<std::ptrdiff_t>(lost));
+        EXPECT_THAT(Complaint(), StartsWith("the list of objects lacks MSys")) << lost;
+        file_.Rows[kObjects] = whole;
+    }
+}
+
+TEST_F(DatabaseReader, AFileWhoseObjectsStandElsewhereIsDamaged)
+{
+    file_.Rows[kObjects].erase(file_.Rows[kObjects].begin());
+    AddObject("MSysObjects", kQueries, 1, kFlagSystem);
+    EXPECT_EQ(Complaint(), "the list of objects is not where it says it is");
 }
 
 TEST_F(DatabaseReader, AFileWithoutObjectsIsDamaged)

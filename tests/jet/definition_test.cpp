@@ -160,6 +160,14 @@ TEST_P(Definition, MoreColumnsThanTheEngineAllowsAreDamage)
     EXPECT_EQ(ReasonOf(DefinitionBytes(GetParam(), table)), "damaged");
 }
 
+TEST_P(Definition, TwoColumnsOfOneIdAreDamage)
+{
+    EXPECT_THROW(static_cast<void>(Read({.Columns = {{.Name = "A", .Type = kLong, .Id = 1, .Size = 4},
+                                                     {.Name = "B", .Type = kLong, .Id = 2, .Size = 4},
+                                                     {.Name = "C", .Type = kLong, .Id = 1, .Size = 4}}})),
+                 Refusal);
+}
+
 TEST_P(Definition, AnIndexWithoutAPlaceIsDamaged)
 {
     DefinitionSpec table = kOrders;

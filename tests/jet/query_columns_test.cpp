@@ -1,8 +1,11 @@
 #include "jet/query_columns.h"
 
+#include "jet/refusal.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -28,20 +31,44 @@ QueryPart Output(const std::string& expression, const std::string& name = "")
     return {.Attribute = 6, .Name1 = name, .Expression = expression};
 }
 
+// The flags of an object that is a query of the kind.
+constexpr std::uint32_t kUnionFlags = 0x80;
+struct KindAndFlags
+{
+    int Kind;
+    std::uint32_t Flags;
+};
+constexpr auto kOtherKinds = std::to_array<KindAndFlags>(
+    {{2, 0x50}, {3, 0x40}, {4, 0x30}, {5, 0x20}, {6, 0x10}, {7, 0x60}, {8, 0x70}, {8, 0x90}});
+
 const QueryPart kAllOfAll{.Attribute = 3, .Flag = 1};
 const QueryPart kParameter{.Attribute = 2, .Flag = 10, .Name1 = "Which"};
 
 class QueryColumns : public ::testing::Test
 {
   protected:
-    void Add(const std::string& name, const std::vector<QueryPart>& parts)
+    void Add(const std::string& name, const std::vector<QueryPart>& parts, std::uint32_t flags = 0)
     {
         const auto id = static_cast<std::int32_t>(objects_.size()) + 1;
-        objects_.push_back({.Name = name, .Id = id, .Type = kQueryObject});
+        objects_.push_back({.Name = name, .Id = id, .Type = kQueryObject, .Flags = flags});
         parts_[id] = parts;
     }
 
     [[nodiscard]] std::vector<Query> Describe() const { return DescribeQueries(objects_, parts_, tables_); }
+
+    void AddLevel(int level, const std::string& below)
+    {
+        Add("V" + std::to_string(level), {Source(below), Output("*")});
+    }
+
+    // The names of the queries that have columns.
+    [[nodiscard]] std::string Told() const
+    {
+        std::string names;
+        for (const Query& query : Describe())
+            names += query.Columns.empty() ? "" : query.Name + ",";
+        return names;
+    }
 
     // The columns of the query added last, each as "name type size".
     [[nodiscard]] std::vector<std::string> Columns() const
@@ -130,7 +157,7 @@ TEST_F(QueryColumns, ATableIsFoundBeforeAQueryOfItsName)
 
 TEST_F(QueryColumns, AllColumnsOfSomethingUnknownAreNone)
 {
-    Add("Union", {Kind(9), Source("", "X7YZ_____1"), kAllOfAll});
+    Add("Union", {Kind(9), Source("", "X7YZ_____1"), kAllOfAll}, kUnionFlags);
     EXPECT_THAT(Columns(), IsEmpty());
     for (const char* source : {"Far", "Union", "Missing", ""}) {
         Add("All", {Source("Orders"), Source(source), Output("*")});
@@ -160,12 +187,50 @@ TEST_F(QueryColumns, ViewsThatStandOnThemselvesHaveNone)
         EXPECT_THAT(query.Columns, IsEmpty()) << query.Name;
 }
 
+TEST_F(QueryColumns, ViewsThatStandOnThemselvesHaveNoneWhicheverComesFirst)
+{
+    const std::vector<QueryPart> a{Source("Orders"), Source("B"), Output("Orders.ID"), Output("B.City")};
+    const std::vector<QueryPart> b{Source("A"), Source("Orders"), Output("Orders.City"), Output("A.ID", "Number")};
+    const std::vector<QueryPart> above{Source("B"), Source("Orders"), Output("Orders.ID")};
+    const std::vector<QueryPart> apart{Source("Orders"), Output("ID")};
+    Add("A", a);
+    Add("B", b);
+    Add("Above", above);
+    Add("Apart", apart);
+    Add("Own", {Source("Own"), Output("1", "One")});
+    EXPECT_EQ(Told(), "Apart,");
+}
+
+TEST_F(QueryColumns, ViewsThatStandOnThemselvesHaveNoneWhicheverComesLast)
+{
+    Add("Above", {Source("B"), Source("Orders"), Output("Orders.ID")});
+    Add("B", {Source("A"), Source("Orders"), Output("Orders.City"), Output("A.ID", "Number")});
+    Add("A", {Source("Orders"), Source("B"), Output("Orders.ID"), Output("B.City")});
+    EXPECT_EQ(Told(), "");
+}
+
 TEST_F(QueryColumns, ViewsStandOnOneAnotherFiftyLevelsHigh)
 {
-    Add("V49", {Source("Orders"), Output("*")});
-    for (int level = 48; level >= 0; --level)
-        Add("V" + std::to_string(level), {Source("V" + std::to_string(level + 1)), Output("*")});
+    AddLevel(1, "Orders");
+    for (int level = 2; level <= 50; ++level)
+        AddLevel(level, "V" + std::to_string(level - 1));
     EXPECT_THAT(Columns(), ElementsAre("ID 3 4", "City 202 50"));
+    AddLevel(51, "V50");
+    EXPECT_THAT(Columns(), IsEmpty());
+    Add("V52", {Source("V51"), Source("Orders"), Output("Orders.ID")});
+    EXPECT_THAT(Columns(), IsEmpty()) << "what it stands on does not open";
+}
+
+TEST_F(QueryColumns, TheOrderOfViewsThatStandOnOneAnotherDoesNotCount)
+{
+    for (int level = 51; level >= 2; --level)
+        AddLevel(level, "V" + std::to_string(level - 1));
+    AddLevel(1, "Orders");
+    EXPECT_THAT(Columns(), ElementsAre("ID 3 4", "City 202 50"));
+    const std::vector<Query> queries = Describe();
+    EXPECT_THAT(queries[0].Columns, IsEmpty()) << queries[0].Name;
+    for (std::size_t i = 1; i < queries.size(); ++i)
+        EXPECT_EQ(queries[i].Columns.size(), 2U) << queries[i].Name;
 }
 
 TEST_F(QueryColumns, MoreColumnsThanTheEngineOpensAreNone)
@@ -183,12 +248,12 @@ TEST_F(QueryColumns, MoreColumnsThanTheEngineOpensAreNone)
 TEST_F(QueryColumns, SelectsAndUnionsWithoutParametersAreViews)
 {
     Add("1", {Kind(1)});
-    Add("9", {Kind(9)});
+    Add("9", {Kind(9)}, kUnionFlags);
     Add("none", {});
     Add("1 with", {Kind(1), kParameter, Source("Orders"), Output("ID")});
-    Add("9 with", {Kind(9), kParameter});
-    for (int kind = 2; kind <= 8; ++kind)
-        Add(std::to_string(kind), {Kind(kind), Source("Orders"), Output("ID")});
+    Add("9 with", {Kind(9), kParameter}, kUnionFlags);
+    for (const auto& [kind, flags] : kOtherKinds)
+        Add(std::to_string(kind), {Kind(kind), Source("Orders"), Output("ID")}, flags);
     std::string views;
     for (const Query& query : Describe()) {
         if (query.Kind == QueryKind::View)
@@ -196,6 +261,34 @@ TEST_F(QueryColumns, SelectsAndUnionsWithoutParametersAreViews)
         EXPECT_THAT(query.Columns, IsEmpty()) << query.Name;
     }
     EXPECT_EQ(views, "1,9,none,");
+}
+
+TEST_F(QueryColumns, AQueryWhosePartsAreLostIsOfTheKindOfItsObject)
+{
+    for (const auto& [kind, flags] : kOtherKinds) {
+        Add(std::to_string(kind), {}, flags | 0x08);
+        EXPECT_EQ(Describe().back().Kind, QueryKind::Procedure) << kind;
+    }
+    Add("9", {}, kUnionFlags);
+    EXPECT_EQ(Describe().back().Kind, QueryKind::View);
+}
+
+TEST_F(QueryColumns, ASelectThatItsObjectDoesNotTellIsDamage)
+{
+    Add("Q", {Kind(1), Source("Orders"), Output("ID")}, 0x20);
+    EXPECT_THROW(static_cast<void>(Describe()), Refusal);
+}
+
+TEST_F(QueryColumns, ADeleteQueryThatItsObjectTellsAsASelectIsDamage)
+{
+    Add("Q", {Kind(5), Source("Orders")});
+    EXPECT_THROW(static_cast<void>(Describe()), Refusal);
+}
+
+TEST_F(QueryColumns, AQueryOfNoKnownKindIsDamage)
+{
+    Add("Q", {}, 0xA0);
+    EXPECT_THROW(static_cast<void>(Describe()), Refusal);
 }
 
 TEST_F(QueryColumns, QueriesOfFormsAreNotTold)

@@ -106,6 +106,61 @@ TEST_F(SampleJetFiles, QueriesAreToldWithTheColumnsOfViews)
     }
 }
 
+// A bit of the table that lists everything makes no file empty, nor one without queries or foreign keys.
+TEST_F(SampleJetFiles, WithABitOfTheListOfObjectsFlippedTheyAreDamaged)
+{
+    struct Flip
+    {
+        const char* File;
+        std::size_t At;
+    };
+    constexpr std::size_t kObjectsPage = std::size_t{2} * 4096;
+    constexpr auto kFlips = std::to_array<Flip>({{"indexTestV2003.mdb", kObjectsPage + 0xF3},
+                                                 {"indexTestV2003.mdb", kObjectsPage + 0x170},
+                                                 {"indexTestV2003.mdb", kObjectsPage + 0x1A2},
+                                                 {"queryTestV2003.mdb", 0xEDDB},
+                                                 {"indexTestV2003.mdb", 0xED7A}});
+    const ScratchFolder folder;
+    for (const Flip& flip : kFlips) {
+        std::string content = ContentOf(Path(flip.File));
+        content.at(flip.At) = static_cast<char>(content.at(flip.At) ^ 1);
+        EXPECT_EQ(ReasonOf(RunReader(folder.Write("flipped.mdb", content))), "damaged") << flip.File << " " << flip.At;
+    }
+}
+
+// The first page of rows of the table that lists everything.
+std::size_t PageOfObjects(const std::string& content, std::size_t pageSize)
+{
+    const std::string begin{'\1', '\1'};
+    const std::string owner{'\2', '\0', '\0', '\0'};
+    std::size_t at = 0;
+    while (content.compare(at, 2, begin) != 0 || content.compare(at + 4, 4, owner) != 0)
+        at += pageSize;
+    return at;
+}
+
+TEST_F(SampleJetFiles, ARowThatStandsAmongThePlacesOfRowsIsDamage)
+{
+    struct Layout
+    {
+        const char* File;
+        std::size_t PageSize;
+        std::size_t CountAt;
+    };
+    constexpr const char* kDisorder = "refused\tdamaged\ta row is in disorder\n";
+    const ScratchFolder folder;
+    for (const Layout& layout : {Layout{"indexTestV1997.mdb", 2048, 8}, Layout{"indexTestV2003.mdb", 4096, 12}}) {
+        const std::string whole = ContentOf(Path(layout.File));
+        const std::size_t countAt = PageOfObjects(whole, layout.PageSize) + layout.CountAt;
+        std::string count = whole;
+        count.replace(countAt, 2, "\xFF\x03");
+        EXPECT_THAT(RunReader(folder.Write("count.mdb", count)).Answer, HasSubstr(kDisorder)) << layout.File;
+        std::string start = whole;
+        start.replace(countAt + 2, 2, std::string{static_cast<char>(layout.CountAt), '\0'});
+        EXPECT_THAT(RunReader(folder.Write("start.mdb", start)).Answer, HasSubstr(kDisorder)) << layout.File;
+    }
+}
+
 TEST_F(SampleJetFiles, CutAnywhereTheyEndInAnAnswer)
 {
     const ScratchFolder folder;

@@ -31,14 +31,15 @@ void JetCatalog::Add(JetDatabase database)
 {
     for (JetTable& table : database.Tables)
         if (table.Type != kLinkedTable)
-            AddEntry({.Name = std::move(table.Name), .Type = std::move(table.Type)},
-                     {.Fields = std::move(table.Columns), .Indexes = std::move(table.Indexes), .Keys = {}});
+            AddEntry(
+                {.Name = std::move(table.Name), .Type = std::move(table.Type)},
+                {.IsView = false, .Fields = std::move(table.Columns), .Indexes = std::move(table.Indexes), .Keys = {}});
     for (JetQuery& query : database.Queries)
         if (query.Kind == JetQueryKind::Procedure)
             procedures_.push_back(std::move(query.Name));
         else
             AddEntry({.Name = std::move(query.Name), .Type = "VIEW"},
-                     {.Fields = std::move(query.Columns), .Indexes = {}, .Keys = {}});
+                     {.IsView = true, .Fields = std::move(query.Columns), .Indexes = {}, .Keys = {}});
     for (JetRelationship& relationship : database.Relationships)
         if (const auto table = byFoldedName_.find(text::Fold(relationship.Table)); table != byFoldedName_.end())
             entries_[table->second].Keys.push_back(std::move(relationship.Key));
@@ -71,11 +72,13 @@ const std::vector<CatalogTable>& JetCatalog::Tables()
 
 const std::vector<CatalogField>& JetCatalog::FieldsOf(const std::string& table)
 {
-    const std::vector<CatalogField>& fields = Find(table).Fields;
-    if (fields.empty())
+    const Entry& entry = Find(table);
+    if (entry.Fields.empty() && entry.IsView)
         Fail(data_source_error::kFailed,
              "The columns of \"" + table + "\" can't be told without running it, which only the Jet engine can.");
-    return fields;
+    if (entry.Fields.empty())
+        Fail(data_source_error::kFailed, "The table \"" + table + "\" has no columns: add some to it.");
+    return entry.Fields;
 }
 
 std::vector<CatalogField> JetCatalog::Fields(const std::string& statement)

@@ -20,7 +20,7 @@ class JetCatalog : public Catalog
 
     [[nodiscard]] const std::vector<CatalogTable>& Tables() override;
 
-    // Throws kFailed for a view whose columns can't be told without running it.
+    // Throws kFailed for a view whose columns can't be told without running it, and for a table that has none.
     [[nodiscard]] std::vector<CatalogField> Fields(const std::string& statement) override;
     [[nodiscard]] std::vector<CatalogColumn> Columns(const std::string& table) override;
 
@@ -34,6 +34,7 @@ class JetCatalog : public Catalog
   private:
     struct Entry
     {
+        bool IsView = false;
         std::vector<CatalogField> Fields;
         std::vector<CatalogIndex> Indexes;
         std::vector<CatalogKey> Keys;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <csignal>
 #include <utility>
 
 namespace veldrane {
@@ -78,19 +79,42 @@ JetAnswer AnswerIn(const ProgramOutcome& outcome, const JetLogon& logon)
     }
 }
 
+// The system ends a program that has used up its processor time by one of these two signals.
+bool CameToALimit(const ProgramOutcome& outcome)
+{
+    return outcome.End == ProgramEnd::TooMuchOutput ||
+           (outcome.End == ProgramEnd::Signalled && (outcome.Code == SIGXCPU || outcome.Code == SIGKILL));
+}
+
+std::chrono::seconds TimeOf(const JetReaderOptions& options)
+{
+    return std::min(options.Timeout, kLongestReading);
+}
+
 void RefuseUnfinished(const ProgramOutcome& outcome, const JetReaderOptions& options, const JetLogon& logon)
 {
     if (outcome.End == ProgramEnd::OutOfTime)
-        Fail(Quoted(logon.File) + " could not be read within " + Seconds(options.Timeout) +
-             ": take a sound copy of it, or set \"ConnectTimeout\" in the section Platform of the settings to "
-             "more seconds.");
+        Fail(Quoted(logon.File) + " could not be read within " + Seconds(TimeOf(options)) +
+             ": take a sound copy of it" +
+             (options.Timeout < kLongestReading
+                  ? ", or set \"ConnectTimeout\" in the section Platform of the settings to "
+                    "more seconds."
+                  : "."));
     if (outcome.End == ProgramEnd::Exited && outcome.Code == kCannotBegin)
         Fail("The program that reads Jet files, " + Quoted(options.Folder + "/" + std::string(kReader)) +
              ", does not start: install the library that it wants (libmdb3).");
-    if (outcome.End != ProgramEnd::Exited || outcome.Code != 0)
+    if (CameToALimit(outcome))
         Fail("Reading " + Quoted(logon.File) +
-             " came to the limits of time and memory, as with a damaged file: repair it with "
-             "the program that made it, or take a sound copy.");
+             " was stopped at a limit of processor time or output: compact and repair the file with the program that "
+             "made it, or take a sound copy.");
+    if (outcome.End == ProgramEnd::Signalled)
+        Fail("The program that reads Jet files fell over " + Quoted(logon.File) +
+             ", which is damaged most likely: compact and repair the file with the program that made it, or take a "
+             "sound copy.");
+    if (outcome.Code != 0)
+        Fail("The program that reads Jet files could not answer for " + Quoted(logon.File) + " (exit code " +
+             std::to_string(outcome.Code) +
+             "): try again, and if it stays so, install both programs anew, from the same version.");
 }
 
 } // namespace
@@ -104,7 +128,7 @@ JetDatabase JetFile::Read() const
     ProgramOutcome outcome;
     try {
         outcome = programs_.Run({options_.Folder + "/" + std::string(kReader), logon_.File}, logon_.Password,
-                                {.Time = options_.Timeout, .OutputBytes = kMostAnswerBytes});
+                                {.Time = TimeOf(options_), .OutputBytes = kMostAnswerBytes});
     } catch (const RuntimeError& error) {
         Fail("The program that reads Jet files can't be started (" + error.Description() +
              "): install it in the folder of this program.");

@@ -9,10 +9,13 @@
 
 namespace veldrane {
 
+// A file that takes longer is none that is sound.
+inline constexpr std::chrono::seconds kLongestReading{15};
+
 struct JetReaderOptions
 {
-    std::string Folder;               // where the reader lies, a program of its own
-    std::chrono::seconds Timeout{15}; // what reading a file may take
+    std::string Folder;                            // where the reader lies, a program of its own
+    std::chrono::seconds Timeout{kLongestReading}; // what reading a file may take; more than kLongestReading is that
 };
 
 // A Jet file, read by a program of its own, for a damaged one can send the library that knows the format round in

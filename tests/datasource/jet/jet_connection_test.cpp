@@ -167,6 +167,22 @@ TEST_F(JetConnectionTest, RefusesAViewWhoseColumnsNobodyCanTell)
     EXPECT_EQ(NumberOf([&] { static_cast<void>(catalog->Columns("All Names")); }), data_source_error::kFailed);
 }
 
+TEST_F(JetConnectionTest, SaysWhyThereAreNoColumns)
+{
+    const auto catalog = OpenShop();
+    const auto reasonFor = [&](const std::string& table) {
+        try {
+            static_cast<void>(catalog->Columns(table));
+        } catch (const DataSourceError& error) {
+            return error.Description();
+        }
+        return std::string();
+    };
+    EXPECT_EQ(reasonFor("All Names"), "The columns of \"All Names\" can't be told without running it, which only the "
+                                      "Jet engine can.");
+    EXPECT_EQ(reasonFor("MSysObjects"), "The table \"MSysObjects\" has no columns: add some to it.");
+}
+
 TEST_F(JetConnectionTest, TellsIndexesAndTheKeysOfTheTableItself)
 {
     const auto catalog = OpenShop();
@@ -278,15 +294,47 @@ TEST_F(JetConnectionTest, SaysThatALimitWasMet)
     EXPECT_EQ(FailureToOpen().Description(),
               "\"/data/shop.mdb\" could not be read within 7 seconds: take a sound copy of it, or set "
               "\"ConnectTimeout\" in the section Platform of the settings to more seconds.");
-    const std::string limits = "Reading \"/data/shop.mdb\" came to the limits of time and memory, as with a damaged "
-                               "file: repair it with the program that made it, or take a sound copy.";
-    for (const ProgramOutcome& outcome :
-         {ProgramOutcome{ProgramEnd::Signalled, SIGABRT, ""}, ProgramOutcome{ProgramEnd::Signalled, SIGXCPU, kAnswer},
-          ProgramOutcome{ProgramEnd::TooMuchOutput, SIGKILL, kAnswer},
-          ProgramOutcome{ProgramEnd::Exited, 1, kAnswer}}) {
+    for (const ProgramOutcome& outcome : {ProgramOutcome{ProgramEnd::Signalled, SIGXCPU, kAnswer},
+                                          ProgramOutcome{ProgramEnd::Signalled, SIGKILL, kAnswer},
+                                          ProgramOutcome{ProgramEnd::TooMuchOutput, SIGKILL, kAnswer}}) {
         programs.Outcome = outcome;
-        EXPECT_EQ(FailureToOpen().Description(), limits);
+        EXPECT_EQ(FailureToOpen().Description(),
+                  "Reading \"/data/shop.mdb\" was stopped at a limit of processor time or output: compact and repair "
+                  "the file with the program that made it, or take a sound copy.");
     }
+}
+
+TEST_F(JetConnectionTest, NoFileIsReadForLongerThanFifteenSeconds)
+{
+    JetConnection patient{programs, {.Folder = "/opt/veldrane", .Timeout = std::chrono::hours(1)}};
+    patient.Open(kShop);
+    EXPECT_EQ(programs.Calls.back().Limits.Time, std::chrono::seconds(15));
+    programs.Outcome = {.End = ProgramEnd::OutOfTime, .Code = SIGKILL, .Output = ""};
+    try {
+        patient.Open(kShop);
+        FAIL() << "it came to the limit";
+    } catch (const DataSourceError& error) {
+        EXPECT_EQ(error.Description(),
+                  "\"/data/shop.mdb\" could not be read within 15 seconds: take a sound copy of it.");
+    }
+}
+
+TEST_F(JetConnectionTest, SaysThatTheReaderFellOver)
+{
+    for (const int signal : {SIGABRT, SIGSEGV, SIGTRAP}) {
+        programs.Outcome = {.End = ProgramEnd::Signalled, .Code = signal, .Output = kAnswer};
+        EXPECT_EQ(FailureToOpen().Description(),
+                  "The program that reads Jet files fell over \"/data/shop.mdb\", which is damaged most likely: "
+                  "compact and repair the file with the program that made it, or take a sound copy.");
+    }
+}
+
+TEST_F(JetConnectionTest, SaysThatTheReaderCouldNotAnswer)
+{
+    programs.Outcome = {.End = ProgramEnd::Exited, .Code = 1, .Output = kAnswer};
+    EXPECT_EQ(FailureToOpen().Description(),
+              "The program that reads Jet files could not answer for \"/data/shop.mdb\" (exit code 1): try again, and "
+              "if it stays so, install both programs anew, from the same version.");
 }
 
 TEST_F(JetConnectionTest, SaysThatAnAnswerCannotBeUnderstood)

@@ -48,6 +48,41 @@ TEST(JetLogon, TakesWhatSuchStringsCarryWithoutEffect)
               "a.mdb");
 }
 
+TEST(JetLogon, TakesAStringAsTheProviderGivesItBack)
+{
+    const JetLogon logon = LogonOf(
+        "Provider=Microsoft.Jet.OLEDB.4.0;User ID=Admin;Data Source=\"/data/Größe 1.mdb\";Mode=Share Deny None;Extended "
+        "Properties=\"\";Jet OLEDB:System database=\"\";Jet OLEDB:Registry Path=\"\";Jet OLEDB:Database "
+        "Password=\"geheim ß\";Jet OLEDB:Engine Type=5;Jet OLEDB:Database Locking Mode=1;Jet OLEDB:Global Partial Bulk "
+        "Ops=2;Jet OLEDB:Global Bulk Transactions=1;Jet OLEDB:New Database Password=\"\";Jet OLEDB:Create System "
+        "Database=False;Jet OLEDB:Encrypt Database=False;Jet OLEDB:Don't Copy Locale on Compact=False;Jet OLEDB:Compact "
+        "Without Replica Repair=False;Jet OLEDB:SFP=False");
+    EXPECT_EQ(logon.File, "/data/Größe 1.mdb");
+    EXPECT_EQ(logon.Password, "geheim ß");
+}
+
+TEST(JetLogon, TakesValuesOutOfTheirQuotes)
+{
+    const auto passwordOf = [](const std::string& value) {
+        return LogonOf(kProvider + "Data Source=a.mdb;Jet OLEDB:Database Password=" + value + ";").Password;
+    };
+    EXPECT_EQ(passwordOf("\"a \"\"b\"\" 'c'\""), "a \"b\" 'c'");
+    EXPECT_EQ(passwordOf("'it''s \"so\"'"), "it's \"so\"");
+    EXPECT_EQ(passwordOf("''"), "");
+    EXPECT_EQ(passwordOf("\"\"\"\""), "\"");
+    EXPECT_EQ(passwordOf("a\"b\""), "a\"b\"") << "quotes begin a value or mean nothing";
+    EXPECT_EQ(passwordOf("{\"a;b\"}"), "a;b");
+}
+
+TEST(JetLogon, NamesTheKeyOfAQuoteThatIsNotClosed)
+{
+    for (const std::string value : {"\"", "'open", "\"a;b\"", "\"a\"b", "\"a\"b\"", "\"a\"\""})
+        EXPECT_EQ(RefusalOf(kProvider + "Data Source=a.mdb;Jet OLEDB:Database Password=" + value + ";"),
+                  "The connection string opens a quote at \"Jet OLEDB:Database Password\" and does not close it at the "
+                  "end of the value: double the quotes within, and write a value with a semicolon in braces.")
+            << value;
+}
+
 TEST(JetLogon, NeedsAFile)
 {
     const std::string refusal = "The connection string names no file: give the path of one as \"Data Source\".";
@@ -67,6 +102,11 @@ TEST(JetLogon, NamesAKeyThatTheProviderDoesNotHave)
 {
     EXPECT_EQ(RefusalOf(kProvider + "Data Source=a.mdb;Driver=secret;"),
               "The provider of Jet files has no key \"Driver\": take it out of the connection string.");
+    EXPECT_EQ(RefusalOf(kProvider + "Data Source=a.mdb;Jet OLEDB:Databse Password=secret;"),
+              "The provider of Jet files has no key \"Jet OLEDB:Databse Password\": take it out of the connection "
+              "string.");
+    EXPECT_EQ(RefusalOf(kProvider + "Data Source=a.mdb;Database Password=secret;"),
+              "The provider of Jet files has no key \"Database Password\": take it out of the connection string.");
 }
 
 } // namespace

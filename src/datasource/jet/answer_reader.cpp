@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstddef>
 #include <optional>
 
 namespace veldrane {
@@ -21,6 +22,9 @@ constexpr std::array kTableTypes{"TABLE"sv, "SYSTEM TABLE"sv, "ACCESS TABLE"sv, 
 
 constexpr std::array kReasons{jet_answer::kMissing, jet_answer::kNotAFile, jet_answer::kUnreadable, jet_answer::kNotJet,
                               jet_answer::kAce,     jet_answer::kPassword, jet_answer::kDamaged};
+
+// Far more than thousands of tables take. A record costs many times its bytes here.
+constexpr std::ptrdiff_t kMostRecords = 1000000;
 
 // The types that columns of Jet files have.
 constexpr std::array kColumnTypes{
@@ -287,6 +291,8 @@ JetAnswer AnswerReader::TakeAnswer()
 
 JetAnswer ReadJetAnswer(std::string_view text)
 {
+    if (std::count(text.begin(), text.end(), '\n') > kMostRecords)
+        throw RuntimeError(error_number::kInvalidCall, "JetAnswer", "more records than any file has");
     AnswerReader reader;
     std::size_t line = 0;
     try {

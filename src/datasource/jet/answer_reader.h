@@ -24,7 +24,7 @@ inline constexpr std::size_t kMostJetNameBytes = 1024;
 // Takes an answer of the form of answer_format.h apart. Nothing of it is trusted: each record has to be one of that
 // form, behind the record that it belongs to and with its number of fields; types and attributes have to be some that a
 // Jet file can have, names neither empty nor too long, texts well-formed and without NUL. Throws RuntimeError (5) for
-// any other text; the description names the line.
+// any other text; the description names the line. An answer of more than a million records is refused whole.
 [[nodiscard]] JetAnswer ReadJetAnswer(std::string_view text);
 
 } // namespace veldrane

@@ -195,6 +195,15 @@ TEST(JetAnswer, RefusesNamesThatNoFileCanHold)
     EXPECT_EQ(ComplaintOf(Answer(std::string("table\tx\0y\tTABLE\n", 16))), "line 2: a field that is no text");
 }
 
+TEST(JetAnswer, RefusesMoreRecordsThanAnyFileHas)
+{
+    constexpr std::string_view kRecord = "query\tx\tview\n";
+    std::string records;
+    for (int i = 0; i < 1000000; ++i)
+        records += kRecord;
+    EXPECT_EQ(ComplaintOf(Answer(records)), "more records than any file has");
+}
+
 TEST(JetAnswer, TakesTheLargestSizeOfAColumn)
 {
     EXPECT_EQ(DatabaseIn("query\tx\tview\ncolumn\ty\t203\t2147483647\t96\t-\n").Queries[0].Columns[0].DefinedSize,

@@ -2,7 +2,6 @@
 
 #include "datasource/jet/jet_database.h"
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -17,9 +16,6 @@ struct JetRefusal
 };
 
 using JetAnswer = std::variant<JetDatabase, JetRefusal>;
-
-// More than any name in a Jet file takes, which has at most 64 characters of 3 bytes.
-inline constexpr std::size_t kMostJetNameBytes = 1024;
 
 // Takes an answer of the form of answer_format.h apart. Nothing of it is trusted: each record has to be one of that
 // form, behind the record that it belongs to and with its number of fields; types and attributes have to be some that a

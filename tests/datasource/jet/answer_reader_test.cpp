@@ -1,6 +1,7 @@
 #include "datasource/jet/answer_reader.h"
 
 #include "datasource/ado_types.h"
+#include "datasource/jet/answer_format.h"
 #include "text/runtime_error.h"
 
 #include <gmock/gmock.h>
@@ -189,8 +190,8 @@ TEST(JetAnswer, RefusesWhatHasNotItsForm)
 
 TEST(JetAnswer, RefusesNamesThatNoFileCanHold)
 {
-    EXPECT_EQ(ComplaintOf(Answer("table\t" + std::string(kMostJetNameBytes, 'x') + "\tTABLE\n")), "");
-    EXPECT_EQ(ComplaintOf(Answer("table\t" + std::string(kMostJetNameBytes + 1, 'x') + "\tTABLE\n")),
+    EXPECT_EQ(ComplaintOf(Answer("table\t" + std::string(jet_answer::kMostNameBytes, 'x') + "\tTABLE\n")), "");
+    EXPECT_EQ(ComplaintOf(Answer("table\t" + std::string(jet_answer::kMostNameBytes + 1, 'x') + "\tTABLE\n")),
               "line 2: a name that is empty or too long");
     EXPECT_EQ(ComplaintOf(Answer(std::string("table\tx\0y\tTABLE\n", 16))), "line 2: a field that is no text");
 }

@@ -1,5 +1,6 @@
 #include "jet/database_reader.h"
 
+#include "datasource/jet/answer_format.h"
 #include "jet/column_types.h"
 #include "jet/definition.h"
 #include "jet/properties.h"
@@ -19,10 +20,10 @@ constexpr std::uint32_t kProgramTable = 0x02; // made by the program on top of t
 std::string_view TypeWord(const Object& object)
 {
     if (object.Type != kTableObject)
-        return "LINK";
+        return jet_answer::kLinkedTable;
     if ((object.Flags & kSystemTable) != 0)
-        return "SYSTEM TABLE";
-    return (object.Flags & kProgramTable) != 0 ? "ACCESS TABLE" : "TABLE";
+        return jet_answer::kSystemTable;
+    return (object.Flags & kProgramTable) != 0 ? jet_answer::kProgramTable : jet_answer::kPlainTable;
 }
 
 const std::string& ColumnName(const TableDefinition& definition, int id)

@@ -159,7 +159,7 @@ void CheckCatalog(std::string_view text)
     const auto file = std::make_shared<JetFile>(programs, JetReaderOptions{}, JetLogon{});
     JetCatalog catalog(file);
     for (const CatalogTable& table : catalog.Tables()) {
-        Require(table.Type != kLinkedTable, "no linked table is shown");
+        Require(table.Type != jet_answer::kLinkedTable, "no linked table is shown");
         CheckKnown([&] { static_cast<void>(catalog.Columns(table.Name)); }, true);
         CheckKnown([&] { static_cast<void>(catalog.Fields("SELECT * FROM [" + table.Name + "] WHERE 1=0")); }, true);
         CheckKnown([&] { static_cast<void>(catalog.Indexes(table.Name)); }, false);

@@ -7,7 +7,7 @@
 // by a line feed, its fields divided by tabs. In a field \t, \n, \r and \\ stand for these four characters.
 //
 //   veldrane-jet 1
-//   table          NAME  TYPE               TABLE, SYSTEM TABLE, ACCESS TABLE or LINK
+//   table          NAME  TYPE               one of those below
 //   column         NAME  ADO TYPE  DEFINED SIZE  ATTRIBUTES  auto or -     of the table above, or of the query
 //   index          NAME  primary or -  unique or -                        of the table above
 //   index column   NAME                                                   of the index above
@@ -34,6 +34,12 @@ inline constexpr std::string_view kRelationship = "relationship";
 inline constexpr std::string_view kRelationshipColumn = "relationship column";
 inline constexpr std::string_view kRefused = "refused";
 inline constexpr std::string_view kEnd = "end";
+
+// Types of a table.
+inline constexpr std::string_view kPlainTable = "TABLE";
+inline constexpr std::string_view kSystemTable = "SYSTEM TABLE";
+inline constexpr std::string_view kProgramTable = "ACCESS TABLE"; // of the program on top of the engine
+inline constexpr std::string_view kLinkedTable = "LINK";          // lies in another database
 
 // More than any name takes: 64 characters, and as many of the table before a view's column.
 inline constexpr std::size_t kMostNameBytes = 1024;

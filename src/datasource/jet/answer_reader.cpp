@@ -9,18 +9,22 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstddef>
 #include <optional>
 
 namespace veldrane {
 namespace {
 
-using namespace std::string_view_literals;
 using Fields = std::vector<std::string>; // behind the word of the record
 
-constexpr std::array kTableTypes{"TABLE"sv, "SYSTEM TABLE"sv, "ACCESS TABLE"sv, kLinkedTable};
+constexpr std::array kTableTypes{jet_answer::kPlainTable, jet_answer::kSystemTable, jet_answer::kProgramTable,
+                                 jet_answer::kLinkedTable};
 
 constexpr std::array kReasons{jet_answer::kMissing, jet_answer::kNotAFile, jet_answer::kUnreadable, jet_answer::kNotJet,
                               jet_answer::kAce,     jet_answer::kPassword, jet_answer::kDamaged};
+
+// Far more than thousands of tables take. A record costs many times its bytes here.
+constexpr std::ptrdiff_t kMostRecords = 1000000;
 
 // The types that columns of Jet files have.
 constexpr std::array kColumnTypes{
@@ -76,7 +80,7 @@ std::string TextOfField(std::string_view field)
 
 const std::string& NameOf(const std::string& field)
 {
-    if (field.empty() || field.size() > kMostJetNameBytes)
+    if (field.empty() || field.size() > jet_answer::kMostNameBytes)
         throw NoAnswer{"a name that is empty or too long"};
     return field;
 }
@@ -287,6 +291,8 @@ JetAnswer AnswerReader::TakeAnswer()
 
 JetAnswer ReadJetAnswer(std::string_view text)
 {
+    if (std::count(text.begin(), text.end(), '\n') > kMostRecords)
+        throw RuntimeError(error_number::kInvalidCall, "JetAnswer", "more records than any file has");
     AnswerReader reader;
     std::size_t line = 0;
     try {

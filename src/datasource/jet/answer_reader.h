@@ -2,7 +2,6 @@
 
 #include "datasource/jet/jet_database.h"
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -18,13 +17,10 @@ struct JetRefusal
 
 using JetAnswer = std::variant<JetDatabase, JetRefusal>;
 
-// More than any name in a Jet file takes, which has at most 64 characters of 3 bytes.
-inline constexpr std::size_t kMostJetNameBytes = 1024;
-
 // Takes an answer of the form of answer_format.h apart. Nothing of it is trusted: each record has to be one of that
 // form, behind the record that it belongs to and with its number of fields; types and attributes have to be some that a
 // Jet file can have, names neither empty nor too long, texts well-formed and without NUL. Throws RuntimeError (5) for
-// any other text; the description names the line.
+// any other text; the description names the line. An answer of more than a million records is refused whole.
 [[nodiscard]] JetAnswer ReadJetAnswer(std::string_view text);
 
 } // namespace veldrane

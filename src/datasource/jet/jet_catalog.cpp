@@ -1,6 +1,7 @@
 #include "datasource/jet/jet_catalog.h"
 
 #include "datasource/field_statement.h"
+#include "datasource/jet/answer_format.h"
 #include "text/case_folding.h"
 
 #include <optional>
@@ -30,7 +31,7 @@ void JetCatalog::RequireRead()
 void JetCatalog::Add(JetDatabase database)
 {
     for (JetTable& table : database.Tables)
-        if (table.Type != kLinkedTable)
+        if (table.Type != jet_answer::kLinkedTable)
             AddEntry(
                 {.Name = std::move(table.Name), .Type = std::move(table.Type)},
                 {.IsView = false, .Fields = std::move(table.Columns), .Indexes = std::move(table.Indexes), .Keys = {}});

@@ -8,13 +8,10 @@
 // What a Jet file holds, as its reader tells it.
 namespace veldrane {
 
-// The type word of tables that lie in another database; they are never shown.
-inline constexpr std::string_view kLinkedTable = "LINK";
-
 struct JetTable
 {
     std::string Name;
-    std::string Type; // "TABLE", "SYSTEM TABLE", "ACCESS TABLE" or "LINK"
+    std::string Type; // kPlainTable or its like, of answer_format.h
     std::vector<CatalogField> Columns;
     std::vector<CatalogIndex> Indexes;
 };

@@ -1,6 +1,7 @@
 #include "datasource/jet/answer_reader.h"
 
 #include "datasource/ado_types.h"
+#include "datasource/jet/answer_format.h"
 #include "text/runtime_error.h"
 
 #include <gmock/gmock.h>
@@ -189,10 +190,19 @@ TEST(JetAnswer, RefusesWhatHasNotItsForm)
 
 TEST(JetAnswer, RefusesNamesThatNoFileCanHold)
 {
-    EXPECT_EQ(ComplaintOf(Answer("table\t" + std::string(kMostJetNameBytes, 'x') + "\tTABLE\n")), "");
-    EXPECT_EQ(ComplaintOf(Answer("table\t" + std::string(kMostJetNameBytes + 1, 'x') + "\tTABLE\n")),
+    EXPECT_EQ(ComplaintOf(Answer("table\t" + std::string(jet_answer::kMostNameBytes, 'x') + "\tTABLE\n")), "");
+    EXPECT_EQ(ComplaintOf(Answer("table\t" + std::string(jet_answer::kMostNameBytes + 1, 'x') + "\tTABLE\n")),
               "line 2: a name that is empty or too long");
     EXPECT_EQ(ComplaintOf(Answer(std::string("table\tx\0y\tTABLE\n", 16))), "line 2: a field that is no text");
+}
+
+TEST(JetAnswer, RefusesMoreRecordsThanAnyFileHas)
+{
+    constexpr std::string_view kRecord = "query\tx\tview\n";
+    std::string records;
+    for (int i = 0; i < 1000000; ++i)
+        records += kRecord;
+    EXPECT_EQ(ComplaintOf(Answer(records)), "more records than any file has");
 }
 
 TEST(JetAnswer, TakesTheLargestSizeOfAColumn)

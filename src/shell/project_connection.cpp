@@ -40,10 +40,10 @@ std::string LoginOf(const ConnectionString& parsed, bool isJet)
 std::string DriverOf(const ConnectionString& parsed, const DriverManager& installed)
 {
     const std::string provider = parsed.Value("PROVIDER");
-    if (text::EqualFolded(provider, kJetProvider))
+    if (NamesProvider(provider, kJetProvider))
         return std::string(kJetProvider);
     const std::string name = parsed.Value("DSN");
-    if (name.empty() || text::EqualFolded(provider, kSqlServerProvider))
+    if (name.empty() || NamesProvider(provider, kSqlServerProvider))
         return parsed.Value("Driver");
     const std::vector<OdbcDataSource> sources = installed.DataSources();
     const auto found = std::find_if(sources.begin(), sources.end(),
@@ -75,7 +75,7 @@ std::string WithProviderFirst(const std::string& text, const ConnectionString& p
 void SetConnection(TTCProject& project, const std::string& text, const DriverManager& installed)
 {
     const ConnectionString parsed(text);
-    const bool isJet = text::EqualFolded(parsed.Value("PROVIDER"), kJetProvider);
+    const bool isJet = NamesProvider(parsed.Value("PROVIDER"), kJetProvider);
     StoreLogon(project, {.ConnectionString = WithProviderFirst(text, parsed),
                          .DataSourceName = parsed.Value("DSN"),
                          .DataSourceDriver = DriverOf(parsed, installed),

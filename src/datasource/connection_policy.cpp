@@ -190,10 +190,25 @@ void SplitPort(Entries& entries)
     }
 }
 
-bool IsSet(const Entries& entries, const Target& target, const InstalledDrivers& installed, const std::string& key)
+bool Stands(std::string_view value, const DriverAddition& addition)
 {
-    return HasKey(entries, key) ||
-           (!target.DataSource.empty() && !installed.DataSourceSetting(target.DataSource, key).empty());
+    return !value.empty() && (addition.Accepted.empty() || IsOneOf(value, addition.Accepted));
+}
+
+void RemoveWhatDoesNotStand(Entries& entries, const Target& target)
+{
+    for (const DriverAddition& addition : target.Profile->Additions)
+        std::erase_if(entries, [&](const ConnectionEntry& entry) {
+            return text::EqualFolded(entry.Key, addition.Key) && !Stands(entry.Value, addition);
+        });
+}
+
+bool IsSet(const Entries& entries, const Target& target, const InstalledDrivers& installed,
+           const DriverAddition& addition)
+{
+    return HasKey(entries, addition.Key) ||
+           (!target.DataSource.empty() &&
+            Stands(installed.DataSourceSetting(target.DataSource, std::string(addition.Key)), addition));
 }
 
 bool IsTimeout(const DriverAddition& addition)
@@ -205,7 +220,7 @@ std::string TimeoutKeyOf(const Entries& entries, const Target& target, const Ins
 {
     const auto& additions = target.Profile->Additions;
     const auto found = std::find_if(additions.begin(), additions.end(), [&](const DriverAddition& addition) {
-        return IsTimeout(addition) && IsSet(entries, target, installed, std::string(addition.Key));
+        return IsTimeout(addition) && IsSet(entries, target, installed, addition);
     });
     return found == additions.end() ? "" : std::string(found->Key);
 }
@@ -216,7 +231,7 @@ void AddForDriver(Entries& entries, const Target& target, const InstalledDrivers
         const std::string key(addition.Key);
         if (addition.Rule == AdditionRule::AlwaysOfProject && rules.Origin == StringOrigin::ProjectFile)
             RemoveKey(entries, key);
-        else if (IsSet(entries, target, installed, key))
+        else if (IsSet(entries, target, installed, addition))
             continue;
         entries.push_back({.Key = key,
                            .Value = IsTimeout(addition) ? std::to_string(rules.ConnectTimeout.count())
@@ -291,6 +306,7 @@ OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& 
     std::erase_if(entries, [&](const ConnectionEntry& entry) { return IsIdle(entry, target); });
     if (target.Profile->PortIsOwnKey)
         SplitPort(entries);
+    RemoveWhatDoesNotStand(entries, target);
     const std::string timeoutKey = TimeoutKeyOf(entries, target, installed);
     AddForDriver(entries, target, installed, rules);
 

@@ -74,7 +74,8 @@ struct LogonRules
 
 // Makes the driver manager's string of the user's. A string for SQL Server's own provider is translated (see
 // sql_server_string.h), and its driver's name means `TdsDriver`. An empty login or password leaves that of a data
-// source in force. Throws DataSourceError, before any driver is loaded, for
+// source in force. What is added for a driver's sake (see driver_profile.h) gives way to a value of the string's or the
+// data source's that stands; an empty one does not. Throws DataSourceError, before any driver is loaded, for
 // - a provider other than those for ODBC and for SQL Server;
 // - SQL Server behind a driver for another kind of database;
 // - a string that names neither a data source nor a driver: the driver manager would pick one;

@@ -85,9 +85,11 @@ constexpr std::array kPostgreSqlAdditions{
 // The attribute for it is accepted and not heeded.
 constexpr std::array kMariaDbAdditions{DriverAddition{"CONN_TIMEOUT", ""}};
 
+// With others the driver tries one version after the other and no time limit holds, or sends the password as it is.
+constexpr std::array kTdsVersions{"7.0"sv, "7.1"sv, "7.2"sv, "7.3"sv, "7.4"sv};
+
 constexpr std::array kTdsAdditions{
-    // Without it the driver tries one version after the other, and no time limit holds.
-    DriverAddition{"TDS_Version", "7.4"},
+    DriverAddition{.Key = "TDS_Version", .Value = kTdsVersions.back(), .Accepted = kTdsVersions},
     DriverAddition{"ClientCharset", "UTF-8"},
 };
 

@@ -38,12 +38,14 @@ enum class AdditionRule
     AlwaysOfProject, // the same, but a project's own value gives way
 };
 
-// What is added to a connection string for a driver's sake.
+// What is added to a connection string for a driver's sake. A value that is given stands unless it is empty or not
+// accepted.
 struct DriverAddition
 {
     std::string_view Key;
     std::string_view Value; // "" for the seconds that a connection may take
     AdditionRule Rule = AdditionRule::UnlessGiven;
+    std::span<const std::string_view> Accepted{}; // values that stand; none: any
 };
 
 // What the program knows of the drivers of one kind.

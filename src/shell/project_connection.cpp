@@ -44,7 +44,7 @@ std::string DriverOf(const ConnectionString& parsed, const DriverManager& instal
     if (AsksForJet(parsed))
         return std::string(kJetProvider);
     const std::string name = parsed.Value("DSN");
-    if (name.empty() || text::EqualFolded(provider, kSqlServerProvider))
+    if (name.empty() || NamesProvider(provider, kSqlServerProvider))
         return parsed.Value("Driver");
     const std::vector<OdbcDataSource> sources = installed.DataSources();
     const auto found = std::find_if(sources.begin(), sources.end(),

@@ -88,6 +88,12 @@ TEST_F(ProjectConnection, BesideADataSourceOfSqlServerTheDriverIsTheChosenOne)
     EXPECT_EQ(project.DataSourceDriver, "FreeTDS");
 }
 
+TEST_F(ProjectConnection, AProviderIsTheSameWithItsVersion)
+{
+    SetConnection(project, "PROVIDER=SQLOLEDB.1;DSN=Shop;Driver=FreeTDS;Data Source=host;", installed);
+    EXPECT_EQ(project.DataSourceDriver, "FreeTDS");
+}
+
 TEST_F(ProjectConnection, MovesTheProviderToTheFront)
 {
     SetConnection(project, "DSN=Shop; uid = ann;PWD={a;b}}};provider=MSDASQL;Database=main", installed);

@@ -96,6 +96,14 @@ TEST_F(SqlServerFailures, AServerThatFallsSilentIsGivenUpAfterTheTimeOfTheSettin
     EXPECT_THAT(FailureOf(TdsTemper::Silent, TdsMoment::Question), HasSubstr(kGone));
 }
 
+TEST_F(SqlServerFailures, AProjectCannotHaveTheDriverGuessTheVersionAndWaitForEachGuess)
+{
+    const TdsServer server({}, {.Temper = TdsTemper::Silent, .From = TdsMoment::Greeting});
+    for (const std::string version : {"", "auto", "5.0"})
+        EXPECT_THAT(Project.FailureOn(server.ConnectionString() + "TDS_Version=" + version + ";"),
+                    HasSubstr("did not answer within 1 second: "));
+}
+
 TEST_F(SqlServerFailures, AServerThatClosesTheConnectionIsTold)
 {
     for (const TdsTemper temper : {TdsTemper::HangsUp, TdsTemper::BreaksOff}) {

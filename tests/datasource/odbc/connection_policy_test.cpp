@@ -84,6 +84,40 @@ TEST(OdbcLogon, NamesTheProtocolVersionForTds)
               "Driver=FreeTDS;Server=h;UID=u;PWD={p};TDS_Version=7.4;ClientCharset=UTF-8;");
 }
 
+TEST(OdbcLogon, GivesTheTdsDriverNoVersionButThoseItKeepsItsLimitsWith)
+{
+    for (const StringOrigin origin : {StringOrigin::ProjectFile, StringOrigin::CommandLine}) {
+        const auto versionFor = [&](const std::string& given) {
+            const std::string text = Built("Driver=FreeTDS;TDS_Version=" + given + ";", origin).Text;
+            EXPECT_EQ(text.find("TDS_Version="), text.rfind("TDS_Version=")) << text;
+            return text.substr(text.find("TDS_Version=") + 12, 4);
+        };
+        for (const std::string version : {"7.0", "7.1", "7.2", "7.3", "7.4"})
+            EXPECT_EQ(versionFor(version), version + ";");
+        for (const std::string version : {"", "{}", "auto", "0.0", "4.2", "5.0", "7", "7.5", "7.4.1", "8.0", "AUTO"})
+            EXPECT_EQ(versionFor(version), "7.4;") << version;
+    }
+    EXPECT_EQ(OfUser("Driver=FreeTDS;TDS_Version=7.1;tds_version=5.0;"),
+              "Driver=FreeTDS;TDS_Version=7.1;ClientCharset=UTF-8;");
+}
+
+TEST(OdbcLogon, JudgesTheVersionOfADataSourceLikeThatOfAString)
+{
+    EXPECT_EQ(OfProject("DSN=Payroll;"), "DSN=Payroll;ClientCharset=UTF-8;");
+    EXPECT_EQ(OfProject("DSN=Payroll;TDS_Version=;"), "DSN=Payroll;ClientCharset=UTF-8;");
+    EXPECT_EQ(OfProject("DSN=Guessing;"), "DSN=Guessing;TDS_Version=7.4;ClientCharset=UTF-8;");
+    EXPECT_EQ(OfUser("DSN=Guessing;TDS_Version=7.1;"), "DSN=Guessing;TDS_Version=7.1;ClientCharset=UTF-8;");
+}
+
+TEST(OdbcLogon, AnEmptyValueIsAsGoodAsNone)
+{
+    EXPECT_EQ(OfProject("Driver=SQLite3;Database=/a.db;Timeout=;"),
+              "Driver=SQLite3;Database=/a.db;NoCreat=1;Timeout=2000;");
+    EXPECT_EQ(OfProject("DSN=Files;timeout=;"), "DSN=Files;NoCreat=1;");
+    EXPECT_EQ(OfUser("Driver=MariaDB Unicode;CONN_TIMEOUT=;"), "Driver=MariaDB Unicode;CONN_TIMEOUT=7;");
+    EXPECT_EQ(Built("Driver=MariaDB Unicode;CONN_TIMEOUT=;", StringOrigin::ProjectFile).TimeoutKey, "");
+}
+
 TEST(OdbcLogon, LeavesTheServerAloneWhereThePortIsNoNumberOrGiven)
 {
     for (const std::string server : {"::1", "/run/db:x", "host\\instance", "a:b"})

@@ -50,6 +50,8 @@ class SampleDrivers : public InstalledDrivers
         {{"Payroll", "TDS_Version"}, "7.2"},
         {{"Payroll", "Database"}, "wages"},
         {{"Payroll", "Encryption"}, "require"},
+        {{"Guessing", "Driver"}, "FreeTDS"},
+        {{"Guessing", "TDS_Version"}, "auto"},
     };
 };
 

@@ -258,14 +258,25 @@ void CheckProjectLogon(const OdbcLogon& logon)
     }
 }
 
-void CheckValuesArrive(const ConnectionString& given, const Pairs& arrived)
+// A value with which the driver could do nothing, or nothing good, gives way to the program's own.
+bool GivesWay(const ConnectionEntry& entry, const DriverProfile& profile)
+{
+    return std::any_of(profile.Additions.begin(), profile.Additions.end(), [&](const DriverAddition& addition) {
+        const auto& accepted = addition.Accepted;
+        return Lower(std::string(addition.Key)) == Lower(entry.Key) &&
+               (entry.Value.empty() ||
+                (!accepted.empty() && std::find(accepted.begin(), accepted.end(), entry.Value) == accepted.end()));
+    });
+}
+
+void CheckValuesArrive(const ConnectionString& given, const Pairs& arrived, const DriverProfile& profile)
 {
     auto next = arrived.begin();
     for (const ConnectionEntry& entry : given.Entries()) {
         const std::string key = Lower(entry.Key);
         const bool isIdle =
             entry.Value.empty() && (key == "dsn" || (!given.Value("DSN").empty() && (key == "uid" || key == "pwd")));
-        if (key == "provider" || isIdle)
+        if (key == "provider" || isIdle || GivesWay(entry, profile))
             continue;
         Require(next != arrived.end() && next->first == key, "keys arrive in their order");
         const bool isServer = key == "server" || key == "servername"; // its port may be taken off
@@ -302,7 +313,7 @@ void CheckValuesArrive(const ConnectionString& given, const OdbcLogon& logon)
         CheckPasswordArrives(given, logon);
     else
         for (const Reading& reading : ReadingsOf(logon.Profile->Family))
-            CheckValuesArrive(given, Read(logon.Text, reading));
+            CheckValuesArrive(given, Read(logon.Text, reading), *logon.Profile);
 }
 
 std::optional<ConnectionString> Parsed(const std::string& text)

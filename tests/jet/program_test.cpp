@@ -67,14 +67,20 @@ TEST(JetProgram, RefusesAFileThatItMayNotRead)
     ASSERT_EQ(chmod(folder.Path("").c_str(), 0755), 0);
     const int output = memfd_create("answer", 0);
     ASSERT_GE(output, 0);
+    const int program = open(VELDRANE_JET, O_RDONLY); // a stranger may have no way to the folder
+    ASSERT_GE(program, 0);
     EXPECT_EQ(testing::ExitCodeUnprivileged([&] {
                   dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
                   dup2(output, STDOUT_FILENO);
-                  execl(VELDRANE_JET, VELDRANE_JET, path.c_str(), nullptr);
+                  std::string name = "veldrane-jet";
+                  std::string file = path;
+                  const std::array<char*, 3> arguments{name.data(), file.data(), nullptr};
+                  fexecve(program, arguments.data(), environ);
                   return testing::kThrew;
               }),
               0);
     EXPECT_THAT(ContentOf("/proc/self/fd/" + std::to_string(output)), HasSubstr("refused\tunreadable\t"));
+    close(program);
     close(output);
 }
 

@@ -161,6 +161,21 @@ TEST_F(SampleJetFiles, ARowThatStandsAmongThePlacesOfRowsIsDamage)
     }
 }
 
+TEST_F(SampleJetFiles, NamesAreOfTheFilesCodePage)
+{
+    const std::string japanese = "\x93\xFA\x96{\x8C\xEA"; // as many bytes as the name in its place
+    std::string content = ContentOf(Path("testV1997.mdb"));
+    for (std::size_t at = 0; (at = content.find("Table1", at)) != std::string::npos;)
+        content.replace(at, japanese.size(), japanese);
+    constexpr std::size_t kCodePageAt = 0x3C; // where the file has it enciphered, as one byte after the other
+    for (std::size_t i = 0; i < 2; ++i)
+        content[kCodePageAt + i] = static_cast<char>(content[kCodePageAt + i] ^ ((1252 ^ 932) >> (8 * i) & 0xFF));
+    const ScratchFolder folder;
+    const ReaderOutcome outcome = RunReader(folder.Write("japanese.mdb", content));
+    EXPECT_EQ(ReasonOf(outcome), "");
+    EXPECT_THAT(outcome.Answer, HasSubstr("\ntable\t日本語\tTABLE\ncolumn\tA\t"));
+}
+
 TEST_F(SampleJetFiles, CutAnywhereTheyEndInAnAnswer)
 {
     const ScratchFolder folder;

@@ -70,6 +70,15 @@ TEST(HeaderPage, APasswordIsComparedLetterByLetter)
     }
 }
 
+TEST(HeaderPage, TheCodePageOfAFileIsNotThatOfItsPassword)
+{
+    for (const int codePage : {1251, 932, 10001})
+        EXPECT_TRUE(
+            IsAccepted({.FileVersion = Version::Jet3, .Password = "geheim \xDF", .CodePage = codePage}, "geheim ß"))
+            << codePage;
+    EXPECT_EQ(ReadHeaderPage(HeaderBytes({.FileVersion = Version::Jet3, .Password = "\x80\xFF"})).Password, "\u0080ÿ");
+}
+
 TEST(HeaderPage, APasswordMayTakeAllOfItsPlace)
 {
     using namespace std::string_literals;

@@ -8,11 +8,6 @@ using jet::Version;
 constexpr std::size_t kPageHeader = 8;
 constexpr std::size_t kNextPageAt = 4;
 
-void Put(std::string& bytes, std::size_t at, const std::string& what)
-{
-    bytes.replace(at, what.size(), what);
-}
-
 std::string Zeros(std::size_t count)
 {
     return {std::string(count, '\0')};
@@ -70,6 +65,11 @@ std::string Entry(Version version, const DefinitionSpec::Logical& index)
 }
 
 } // namespace
+
+void Put(std::string& bytes, std::size_t at, const std::string& what)
+{
+    bytes.replace(at, what.size(), what);
+}
 
 std::string LittleEndian(std::uint64_t number, std::size_t size)
 {

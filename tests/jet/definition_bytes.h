@@ -40,6 +40,9 @@ struct DefinitionSpec
     std::vector<Logical> LogicalIndexes;
 };
 
+// Writes bytes over those at a place.
+void Put(std::string& bytes, std::size_t at, const std::string& what);
+
 // A number in `size` bytes, the least first.
 [[nodiscard]] std::string LittleEndian(std::uint64_t number, std::size_t size);
 

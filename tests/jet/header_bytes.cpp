@@ -19,11 +19,6 @@ std::string MixedWith(std::string password, double created)
 
 } // namespace
 
-void Put(std::string& page, std::size_t at, const std::string& bytes)
-{
-    page.replace(at, bytes.size(), bytes);
-}
-
 std::string HeaderBytes(const Header& header)
 {
     const bool isJet3 = header.FileVersion == jet::Version::Jet3;

@@ -3,7 +3,6 @@
 #include "jet/header_page.h"
 
 #include <array>
-#include <cstddef>
 #include <string>
 
 namespace veldrane::testing {
@@ -26,9 +25,6 @@ struct Header
     double Created = 0;
     int CodePage = 1252;
 };
-
-// Writes bytes over those at a place of the page.
-void Put(std::string& page, std::size_t at, const std::string& bytes);
 
 // The first page of a file, enciphered as the engine does.
 [[nodiscard]] std::string HeaderBytes(const Header& header);

@@ -176,6 +176,8 @@ TEST_F(WaitingProgram, IsBoundedBeforeItReadsAByte)
     EXPECT_THAT(limits, ::testing::ContainsRegex("Max address space +536870912 +536870912"));
     EXPECT_THAT(limits, ::testing::ContainsRegex("Max cpu time +5 +5"));
     EXPECT_THAT(limits, ::testing::ContainsRegex("Max core file size +0 +0"));
+    EXPECT_THAT(limits, ::testing::ContainsRegex("Max file size +67108864 +67108864"));
+    EXPECT_THAT(limits, ::testing::ContainsRegex("Max processes +0 +0"));
     kill(program, SIGKILL);
     EXPECT_EQ(testing::EndOf(program), testing::kKilled + SIGKILL);
 }

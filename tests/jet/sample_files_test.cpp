@@ -182,14 +182,28 @@ TEST_F(SampleJetFiles, CutAnywhereTheyEndInAnAnswer)
 {
     const ScratchFolder folder;
     const std::string whole = ContentOf(Path("queryTestV1997.mdb"));
+    const std::string answer = AnswerFor("queryTestV1997.mdb");
     for (std::size_t size = 0; size < whole.size(); size += 1021) {
         const ReaderOutcome outcome = RunReader(folder.Write("cut.mdb", whole.substr(0, size)));
         EXPECT_EQ(outcome.Code, 0) << size;
         EXPECT_TRUE(IsWhole(outcome.Answer)) << size;
+        EXPECT_TRUE(outcome.Answer == answer || !ReasonOf(outcome).empty()) << size << " loses something";
         if (size < 2048) {
             EXPECT_EQ(ReasonOf(outcome), size < 0x15 ? "not-jet" : "damaged") << size;
         }
     }
+}
+
+// The last page with rows of the list of objects, of which the cut leaves the places of the rows alone.
+TEST_F(SampleJetFiles, APageThatIsNotWholeIsNotThere)
+{
+    constexpr std::size_t kLastObjects = std::size_t{45} * 2048;
+    const ScratchFolder folder;
+    const std::string whole = ContentOf(Path("queryTestV1997.mdb"));
+    for (const std::size_t size : {kLastObjects, kLastObjects + 250, kLastObjects + 2047})
+        EXPECT_THAT(RunReader(folder.Write("cut.mdb", whole.substr(0, size))).Answer,
+                    HasSubstr("refused\tdamaged\tpage 45 is not there\n"))
+            << size;
 }
 
 // How readings of damaged files ended.

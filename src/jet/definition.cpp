@@ -14,7 +14,7 @@
 //   columns              an entry a column
 //   names of columns     length, name
 //   stored indexes       an entry each: ten times column id (FFFF: none) and direction; flags
-//   logical indexes      an entry each: place of the stored index, type
+//   logical indexes      an entry each: place of the stored index, page of a related table, type
 //   names of these       length, name
 namespace veldrane::jet {
 namespace {
@@ -42,7 +42,7 @@ struct Layout
     std::size_t ColumnEntry, IdAt, FlagsAt, SizeAt;
     std::size_t NameLength;
     std::size_t StoredEntry, KeyAt, StoredFlagsAt;
-    std::size_t LogicalEntry, PlaceAt, TypeAt;
+    std::size_t LogicalEntry, PlaceAt, RelatedAt, TypeAt;
 };
 
 constexpr Layout kJet3Layout{
@@ -62,6 +62,7 @@ constexpr Layout kJet3Layout{
     .StoredFlagsAt = 38,
     .LogicalEntry = 20,
     .PlaceAt = 4,
+    .RelatedAt = 13,
     .TypeAt = 19,
 };
 
@@ -82,6 +83,7 @@ constexpr Layout kJet4Layout{
     .StoredFlagsAt = 46,
     .LogicalEntry = 28,
     .PlaceAt = 8,
+    .RelatedAt = 17,
     .TypeAt = 23,
 };
 
@@ -168,6 +170,16 @@ class Parts
         return ids;
     }
 
+    // An index of a relationship alone names another table.
+    [[nodiscard]] std::uint8_t TypeOf(const Bytes& logical) const
+    {
+        const std::uint8_t type = logical.U8(layout_.TypeAt);
+        const bool isRelated = logical.U32(layout_.RelatedAt) != 0;
+        if (type > kRelationshipIndex || isRelated != (type == kRelationshipIndex))
+            throw Damaged("an index is of another type than it seems");
+        return type;
+    }
+
     std::vector<IndexDefinition> ReadIndexes(std::size_t count, const Bytes& storedIndexes)
     {
         const Bytes entries = Take(layout_.LogicalEntry, count);
@@ -175,7 +187,7 @@ class Parts
         for (std::size_t i = 0; i < count; ++i) {
             std::string name = TakeName();
             const Bytes entry(entries.Slice(i * layout_.LogicalEntry, layout_.LogicalEntry));
-            const std::uint8_t type = entry.U8(layout_.TypeAt);
+            const std::uint8_t type = TypeOf(entry);
             if (type == kRelationshipIndex)
                 continue;
             const std::size_t place = entry.U32(layout_.PlaceAt);

@@ -60,6 +60,7 @@ std::string Entry(Version version, const DefinitionSpec::Logical& index)
     std::string bytes = Zeros(isJet3 ? 20 : 28);
     Put(bytes, isJet3 ? 0 : 4, LittleEndian(static_cast<std::uint64_t>(index.Number), 4));
     Put(bytes, isJet3 ? 4 : 8, LittleEndian(static_cast<std::uint64_t>(index.Place), 4));
+    Put(bytes, isJet3 ? 13 : 17, LittleEndian(index.RelatedPage, 4));
     Put(bytes, isJet3 ? 19 : 23, LittleEndian(static_cast<std::uint64_t>(index.Type), 1));
     return bytes;
 }

@@ -32,6 +32,7 @@ struct DefinitionSpec
         int Number = 0; // which the engine counts on, whatever is dropped
         int Place = 0;  // among the stored ones
         int Type = 0;
+        std::uint32_t RelatedPage = 0; // of the other table's definition, for an index of a relationship
     };
 
     std::uint32_t Rows = 0;

@@ -65,7 +65,7 @@ class Definition : public ::testing::TestWithParam<Version>
         .StoredIndexes = {{.ColumnIds = {3}}, {.ColumnIds = {1, 0}, .Flags = 1}},
         .LogicalIndexes = {{.Name = "ByCity", .Number = 0, .Place = 0, .Type = kOrdinary},
                            {.Name = "PrimaryKey", .Number = 4, .Place = 1, .Type = kPrimary},
-                           {.Name = ".rB", .Number = 5, .Place = 0, .Type = kOfRelationship},
+                           {.Name = ".rB", .Number = 5, .Place = 0, .Type = kOfRelationship, .RelatedPage = 30},
                            {.Name = "AlsoByCity", .Number = 6, .Place = 0, .Type = kOrdinary}}};
 };
 
@@ -182,6 +182,20 @@ TEST_P(Definition, AnIndexOfARelationshipNeedsNoPlace)
     DefinitionSpec table = kOrders;
     table.LogicalIndexes[2].Place = -1;
     EXPECT_EQ(Read(table).Indexes.size(), 3U);
+}
+
+TEST_P(Definition, AnIndexOfATypeThatItIsNotIsDamaged)
+{
+    for (const int type : {kOfRelationship, 3, 0x81}) {
+        DefinitionSpec table = kOrders;
+        table.LogicalIndexes[1].Type = type;
+        EXPECT_EQ(ReasonOf(DefinitionBytes(GetParam(), table)), "damaged") << type;
+    }
+    for (const int type : {kOrdinary, kPrimary}) {
+        DefinitionSpec table = kOrders;
+        table.LogicalIndexes[2].Type = type;
+        EXPECT_EQ(ReasonOf(DefinitionBytes(GetParam(), table)), "damaged") << type;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(OfBothVersions, Definition, ::testing::Values(Version::Jet3, Version::Jet4),

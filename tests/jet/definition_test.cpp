@@ -168,6 +168,40 @@ TEST_P(Definition, TwoColumnsOfOneIdAreDamage)
                  Refusal);
 }
 
+// The bytes with a number of two of them replaced, in the entry of one of the columns.
+std::string WithNumber(std::string definition, std::size_t at, std::uint64_t number)
+{
+    testing::Put(definition, at, testing::LittleEndian(number, 2));
+    return definition;
+}
+
+TEST_P(Definition, AColumnWithAnIdThatTheTableHasNotGivenIsDamage)
+{
+    const std::string whole = DefinitionBytes(GetParam(), kOrders);
+    const std::size_t idsAt = GetParam() == Version::Jet3 ? 21 : 41;
+    EXPECT_EQ(ReasonOf(WithNumber(whole, idsAt, 9)), "read") << "columns of higher ids were dropped";
+    EXPECT_EQ(ReasonOf(WithNumber(whole, idsAt, 3)), "damaged");
+}
+
+TEST_P(Definition, ColumnsThatShareTheirPlaceInARowAreDamage)
+{
+    const DefinitionSpec table{.Columns = {{.Name = "A", .Type = kLong, .Id = 0, .Flags = 3, .Size = 4},
+                                           {.Name = "B", .Type = kLong, .Id = 1, .Flags = 3, .Size = 4},
+                                           {.Name = "YesNo", .Type = 1, .Id = 2, .Flags = 3, .Size = 1},
+                                           {.Name = "C", .Type = kText, .Id = 3, .Flags = 2, .Size = 100},
+                                           {.Name = "D", .Type = kText, .Id = 4, .Flags = 2, .Size = 100}}};
+    const std::string whole = DefinitionBytes(GetParam(), table);
+    const bool isJet3 = GetParam() == Version::Jet3;
+    const auto entryAt = [&](std::size_t column) { return (isJet3 ? 43 : 63) + column * (isJet3 ? 18 : 25); };
+    const auto offsetAt = [&](std::size_t column) { return entryAt(column) + (isJet3 ? 14 : 21); };
+    const auto numberAt = [&](std::size_t column) { return entryAt(column) + (isJet3 ? 3 : 7); };
+    EXPECT_EQ(ReasonOf(WithNumber(whole, offsetAt(1), 12)), "read") << "behind one that was dropped";
+    EXPECT_EQ(ReasonOf(WithNumber(whole, offsetAt(1), 3)), "damaged");
+    EXPECT_EQ(ReasonOf(WithNumber(whole, offsetAt(2), 0)), "read") << "stands nowhere";
+    EXPECT_EQ(ReasonOf(WithNumber(whole, numberAt(4), 7)), "read");
+    EXPECT_EQ(ReasonOf(WithNumber(whole, numberAt(4), 0)), "damaged");
+}
+
 TEST_P(Definition, AnIndexWithoutAPlaceIsDamaged)
 {
     DefinitionSpec table = kOrders;

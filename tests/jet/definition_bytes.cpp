@@ -23,12 +23,12 @@ std::string Named(Version version, const std::string& name)
     return LittleEndian(bytes.size(), version == Version::Jet3 ? 1 : 2) + bytes;
 }
 
-int HighestId(const DefinitionSpec& table)
+std::uint64_t IdsGiven(const DefinitionSpec& table)
 {
-    int highest = -1;
+    int given = 0;
     for (const auto& column : table.Columns)
-        highest = std::max(highest, column.Id);
-    return highest;
+        given = std::max(given, column.Id + 1);
+    return static_cast<std::uint64_t>(given);
 }
 
 std::string Beginning(Version version, const DefinitionSpec& table)
@@ -37,7 +37,7 @@ std::string Beginning(Version version, const DefinitionSpec& table)
     const std::size_t perStored = isJet3 ? 8 : 12;
     std::string bytes = "\x02\x01" + Zeros((isJet3 ? 41 : 61) + perStored * table.StoredIndexes.size());
     Put(bytes, isJet3 ? 12 : 16, LittleEndian(table.Rows, 4));
-    Put(bytes, isJet3 ? 21 : 41, LittleEndian(static_cast<std::uint64_t>(HighestId(table) + 1), 2));
+    Put(bytes, isJet3 ? 21 : 41, LittleEndian(IdsGiven(table), 2));
     Put(bytes, isJet3 ? 25 : 45, LittleEndian(table.Columns.size(), 2));
     Put(bytes, isJet3 ? 27 : 47, LittleEndian(table.LogicalIndexes.size(), 4));
     Put(bytes, isJet3 ? 31 : 51, LittleEndian(table.StoredIndexes.size(), 4));

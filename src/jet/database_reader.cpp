@@ -9,6 +9,8 @@
 #include "jet/system_tables.h"
 
 #include <algorithm>
+#include <map>
+#include <vector>
 
 namespace veldrane::jet {
 namespace {
@@ -63,6 +65,14 @@ bool IsTable(const Object& object)
     return object.Type == kTableObject || object.Type == kOdbcLinkObject || object.Type == kLinkObject;
 }
 
+// Parts of a query that is gone may be left; those of something else tell that it was a query.
+void CheckOwners(const std::map<std::int32_t, std::vector<QueryPart>>& parts, const std::vector<Object>& objects)
+{
+    for (const Object& object : objects)
+        if (object.Type != kQueryObject && parts.contains(object.Id))
+            throw Damaged("something is listed as what it is not");
+}
+
 } // namespace
 
 Database ReadDatabase(JetFile& file)
@@ -72,8 +82,9 @@ Database ReadDatabase(JetFile& file)
     for (const Object& object : objects)
         if (IsTable(object))
             database.Tables.push_back(DescribeTable(file, object));
-    database.Queries =
-        DescribeQueries(objects, ReadQueryParts(file, SystemTablePage(objects, "MSysQueries")), database.Tables);
+    const auto parts = ReadQueryParts(file, SystemTablePage(objects, "MSysQueries"));
+    CheckOwners(parts, objects);
+    database.Queries = DescribeQueries(objects, parts, database.Tables);
     database.Relationships = ReadRelationships(file, SystemTablePage(objects, "MSysRelationships"));
     return database;
 }

@@ -4,17 +4,18 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 // A definition is made of these parts, one behind the other. It begins with the whole first page of its chain and goes
 // on behind the page header of each other one.
 //
 //   page header          8 bytes: 2, 1, two of no use here, number of the next page
-//   counts               rows, columns, logical indexes, stored indexes
+//   counts               rows, ids given to columns, columns, logical indexes, stored indexes
 //   index statistics     an entry a stored index
 //   columns              an entry a column
 //   names of columns     length, name
 //   stored indexes       an entry each: ten times column id (FFFF: none) and direction; flags
-//   logical indexes      an entry each: place of the stored index, type
+//   logical indexes      an entry each: place of the stored index, page of a related table, type
 //   names of these       length, name
 namespace veldrane::jet {
 namespace {
@@ -28,6 +29,8 @@ constexpr std::size_t kPageHeader = 8;
 constexpr int kPagesAtMost = 64;
 constexpr std::size_t kColumnsAtMost = 255;
 
+constexpr int kYesNo = 1; // a type whose values stand nowhere but among the marks of nulls
+
 constexpr std::size_t kKeyColumns = 10;
 constexpr std::uint16_t kNoColumn = 0xFFFF;
 constexpr std::uint8_t kUniqueFlag = 0x01;
@@ -37,16 +40,17 @@ constexpr std::uint8_t kRelationshipIndex = 2;
 
 struct Layout
 {
-    std::size_t RowsAt, ColumnsAt, LogicalAt, StoredAt, StatisticsAt;
+    std::size_t RowsAt, IdsAt, ColumnsAt, LogicalAt, StoredAt, StatisticsAt;
     std::size_t StatisticsEntry;
-    std::size_t ColumnEntry, IdAt, FlagsAt, SizeAt;
+    std::size_t ColumnEntry, IdAt, NumberAt, FlagsAt, OffsetAt, SizeAt;
     std::size_t NameLength;
     std::size_t StoredEntry, KeyAt, StoredFlagsAt;
-    std::size_t LogicalEntry, PlaceAt, TypeAt;
+    std::size_t LogicalEntry, PlaceAt, RelatedAt, TypeAt;
 };
 
 constexpr Layout kJet3Layout{
     .RowsAt = 12,
+    .IdsAt = 21,
     .ColumnsAt = 25,
     .LogicalAt = 27,
     .StoredAt = 31,
@@ -54,7 +58,9 @@ constexpr Layout kJet3Layout{
     .StatisticsEntry = 8,
     .ColumnEntry = 18,
     .IdAt = 1,
+    .NumberAt = 3,
     .FlagsAt = 13,
+    .OffsetAt = 14,
     .SizeAt = 16,
     .NameLength = 1,
     .StoredEntry = 39,
@@ -62,11 +68,13 @@ constexpr Layout kJet3Layout{
     .StoredFlagsAt = 38,
     .LogicalEntry = 20,
     .PlaceAt = 4,
+    .RelatedAt = 13,
     .TypeAt = 19,
 };
 
 constexpr Layout kJet4Layout{
     .RowsAt = 16,
+    .IdsAt = 41,
     .ColumnsAt = 45,
     .LogicalAt = 47,
     .StoredAt = 51,
@@ -74,7 +82,9 @@ constexpr Layout kJet4Layout{
     .StatisticsEntry = 12,
     .ColumnEntry = 25,
     .IdAt = 5,
+    .NumberAt = 7,
     .FlagsAt = 15,
+    .OffsetAt = 21,
     .SizeAt = 23,
     .NameLength = 2,
     .StoredEntry = 52,
@@ -82,6 +92,7 @@ constexpr Layout kJet4Layout{
     .StoredFlagsAt = 46,
     .LogicalEntry = 28,
     .PlaceAt = 8,
+    .RelatedAt = 17,
     .TypeAt = 23,
 };
 
@@ -100,6 +111,35 @@ std::string ReadChain(JetFile& file, std::uint32_t firstPage)
     }
     return chain;
 }
+
+// Where a column has its values in a row: those of one size at an offset, the others by a number among themselves.
+class Places
+{
+  public:
+    void Add(const ColumnDefinition& column, std::size_t offset, std::size_t number)
+    {
+        if ((column.Flags & kFixedSize) == 0)
+            numbers_.emplace_back(number, 1);
+        else if (column.Type != kYesNo)
+            offsets_.emplace_back(offset, column.Size);
+    }
+
+    [[nodiscard]] bool Overlap() const { return Overlap(offsets_) || Overlap(numbers_); }
+
+  private:
+    using Extents = std::vector<std::pair<std::size_t, std::size_t>>; // begin and size
+
+    static bool Overlap(Extents extents)
+    {
+        std::sort(extents.begin(), extents.end());
+        return std::adjacent_find(extents.begin(), extents.end(), [](const auto& a, const auto& b) {
+                   return a.first + a.second > b.first;
+               }) != extents.end();
+    }
+
+    Extents offsets_;
+    Extents numbers_;
+};
 
 // Reads the parts in their order, each from where the last one ended.
 class Parts
@@ -142,19 +182,23 @@ class Parts
     std::vector<ColumnDefinition> ReadColumns(std::size_t count)
     {
         std::vector<ColumnDefinition> columns;
+        Places places;
         for (std::size_t i = 0; i < count; ++i) {
             const Bytes entry = Take(layout_.ColumnEntry);
             columns.push_back({.Type = entry.U8(0),
                                .Id = entry.U16(layout_.IdAt),
                                .Flags = entry.U8(layout_.FlagsAt),
                                .Size = entry.U16(layout_.SizeAt)});
+            places.Add(columns.back(), entry.U16(layout_.OffsetAt), entry.U16(layout_.NumberAt));
+            if (columns.back().Id >= bytes_.U16(layout_.IdsAt))
+                throw Damaged("a column of a table has no place in it");
         }
         for (ColumnDefinition& column : columns)
             column.Name = TakeName();
         std::stable_sort(columns.begin(), columns.end(),
                          [](const ColumnDefinition& a, const ColumnDefinition& b) { return a.Id < b.Id; });
         const auto sameId = [](const ColumnDefinition& a, const ColumnDefinition& b) { return a.Id == b.Id; };
-        if (std::adjacent_find(columns.begin(), columns.end(), sameId) != columns.end())
+        if (std::adjacent_find(columns.begin(), columns.end(), sameId) != columns.end() || places.Overlap())
             throw Damaged("two columns of a table are one");
         return columns;
     }
@@ -168,6 +212,16 @@ class Parts
         return ids;
     }
 
+    // An index of a relationship alone names another table.
+    [[nodiscard]] std::uint8_t TypeOf(const Bytes& logical) const
+    {
+        const std::uint8_t type = logical.U8(layout_.TypeAt);
+        const bool isRelated = logical.U32(layout_.RelatedAt) != 0;
+        if (type > kRelationshipIndex || isRelated != (type == kRelationshipIndex))
+            throw Damaged("an index is of another type than it seems");
+        return type;
+    }
+
     std::vector<IndexDefinition> ReadIndexes(std::size_t count, const Bytes& storedIndexes)
     {
         const Bytes entries = Take(layout_.LogicalEntry, count);
@@ -175,7 +229,7 @@ class Parts
         for (std::size_t i = 0; i < count; ++i) {
             std::string name = TakeName();
             const Bytes entry(entries.Slice(i * layout_.LogicalEntry, layout_.LogicalEntry));
-            const std::uint8_t type = entry.U8(layout_.TypeAt);
+            const std::uint8_t type = TypeOf(entry);
             if (type == kRelationshipIndex)
                 continue;
             const std::size_t place = entry.U32(layout_.PlaceAt);

@@ -2,6 +2,7 @@
 
 #include "jet/bytes.h"
 #include "jet/text_decoder.h"
+#include "text/characters.h"
 
 #include <array>
 #include <bit>
@@ -17,7 +18,7 @@
 //   0x14  version          0 Jet 3, 1 Jet 4
 //   0x18  what follows is enciphered, 126 bytes in Jet 3, 128 in Jet 4, with a key that all files share
 //   0x3C  code page        2 bytes
-//   0x42  password         20 bytes in Jet 3; 40 in Jet 4, of UTF-16, each four mixed with the whole days of the
+//   0x42  password         20 bytes of Latin-1 in Jet 3; 40 of UTF-16 in Jet 4, each four mixed with the whole days of
 //   0x72  date of creation 8 bytes, a double
 namespace veldrane::jet {
 namespace {
@@ -79,13 +80,21 @@ std::uint32_t PasswordMask(const Bytes& header)
     return static_cast<std::uint32_t>(static_cast<std::int32_t>(created));
 }
 
+std::string Jet3Password(const Bytes& header)
+{
+    std::string password;
+    for (const char byte : header.Slice(kPassword, 20))
+        text::AppendCodePoint(password, static_cast<unsigned char>(byte));
+    return password;
+}
+
 std::string Jet4Password(const Bytes& header)
 {
     const std::uint32_t mask = PasswordMask(header);
     std::string password(header.Slice(kPassword, 40));
     for (std::size_t i = 0; i < password.size(); ++i)
         password[i] = static_cast<char>(static_cast<std::uint8_t>(password[i]) ^ (mask >> (8 * (i % 4)) & 0xFFU));
-    return password;
+    return TextDecoder(Version::Jet4, 0).Name(password);
 }
 
 } // namespace
@@ -105,8 +114,7 @@ HeaderPage ReadHeaderPage(std::string_view beginning)
 
     const Bytes plain(page);
     header.CodePage = plain.U16(kCodePage);
-    const std::string password = isJet3 ? std::string(plain.Slice(kPassword, 20)) : Jet4Password(plain);
-    header.Password = UpToNul(TextDecoder(header.FileVersion, header.CodePage).Name(password));
+    header.Password = UpToNul(isJet3 ? Jet3Password(plain) : Jet4Password(plain));
     return header;
 }
 

@@ -4,7 +4,9 @@
 #include "jet/refusal.h"
 
 #include <cstddef>
+#include <cstdio>
 #include <memory>
+#include <sys/stat.h>
 
 // Without glib's header before it, that of libmdb takes it for one of C.
 #include <glib.h>
@@ -25,10 +27,22 @@ constexpr std::size_t kRowPlace = 2;
 constexpr int kIsNoRow = 0x4000;
 constexpr int kStartBits = 0x1FFF;
 
+// A place is the number of a page, and behind it these bits for a row.
+constexpr unsigned kRowBits = 8;
+
+// libmdb takes for zeros what the file lacks of its last page.
+void RequirePage(const MdbHandle* mdb, std::uint32_t number)
+{
+    struct stat facts = {};
+    if (fstat(fileno(mdb->f->stream), &facts) != 0 || facts.st_size / mdb->fmt->pg_size <= number)
+        throw Damaged("page " + std::to_string(number) + " is not there");
+}
+
 void ReadPage(MdbHandle* mdb, std::uint32_t number)
 {
+    RequirePage(mdb, number);
     if (mdb_read_pg(mdb, number) != mdb->fmt->pg_size)
-        throw Damaged("page " + std::to_string(number) + " is not there");
+        throw Damaged("page " + std::to_string(number) + " can't be read");
 }
 
 Refusal DisorderedRow()
@@ -154,6 +168,7 @@ std::string MdbFile::Page(std::uint32_t number)
 void MdbFile::ForEachRow(std::uint32_t definitionPage, const std::function<void(const Cells&)>& take)
 {
     MdbHandle* mdb = handle_->Mdb.get();
+    RequirePage(mdb, definitionPage);
     const MdbTable table(mdb, definitionPage);
     std::string bytes;
     std::uint32_t page = 0;
@@ -167,6 +182,7 @@ void MdbFile::ForEachRow(std::uint32_t definitionPage, const std::function<void(
 
 std::string MdbFile::StoredPiece(std::uint32_t place)
 {
+    RequirePage(handle_->Mdb.get(), place >> kRowBits);
     void* page = nullptr;
     int start = 0;
     std::size_t size = 0;

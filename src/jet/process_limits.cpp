@@ -12,6 +12,11 @@ namespace {
 
 constexpr rlim_t kAddressSpace = rlim_t{512} << 20U;
 constexpr rlim_t kProcessorSeconds = 5;
+constexpr rlim_t kFileBytes = rlim_t{64} << 20U;
+
+// The system counts all that a user has running, but only when one more is to be started, which this process never
+// does.
+constexpr rlim_t kProcesses = 0;
 
 bool Limit(__rlimit_resource_t resource, rlim_t most)
 {
@@ -35,8 +40,8 @@ bool EndWithParent()
 
 bool LimitProcess()
 {
-    return Limit(RLIMIT_AS, kAddressSpace) && Limit(RLIMIT_CPU, kProcessorSeconds) && Limit(RLIMIT_CORE, 0) &&
-           EndWithParent();
+    return Limit(RLIMIT_AS, kAddressSpace) && Limit(RLIMIT_CPU, kProcessorSeconds) && Limit(RLIMIT_FSIZE, kFileBytes) &&
+           Limit(RLIMIT_NPROC, kProcesses) && Limit(RLIMIT_CORE, 0) && EndWithParent();
 }
 
 int KeepAnswerApart()

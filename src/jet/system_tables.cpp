@@ -44,6 +44,15 @@ std::vector<RelationshipRow> ReadRelationshipRows(JetFile& file, std::uint32_t d
     return rows;
 }
 
+// Types below zero are those of the program on top of the engine, which are left to it. A link has no page.
+void CheckType(const Object& object)
+{
+    const bool mayHavePage =
+        object.Type == kTableObject || object.Type == kOdbcLinkObject || object.Type == kLinkObject;
+    if (object.Type >= 0 && !mayHavePage && (static_cast<std::uint32_t>(object.Id) >> 24U) == 0)
+        throw Damaged("something is listed as what it is not");
+}
+
 } // namespace
 
 std::vector<Object> ReadObjects(JetFile& file)
@@ -54,6 +63,7 @@ std::vector<Object> ReadObjects(JetFile& file)
                       .Id = record.Number("Id"),
                       .Type = record.Number("Type"),
                       .Flags = static_cast<std::uint32_t>(record.Number("Flags"))};
+        CheckType(object);
         if (object.Type == kTableObject)
             object.Properties = record.LongBinary("LvProp");
         objects.push_back(std::move(object));

@@ -29,8 +29,9 @@ inline constexpr int kOdbcLinkObject = 4;
 inline constexpr int kQueryObject = 5;
 inline constexpr int kLinkObject = 6;
 
-// All objects, in the order of the rows. Every file has its MSysObjects at the same page, and lists it there: a table
-// of which this is not so has lost more than a row.
+// All objects, in the order of the rows. The id of a table is a page, so that one of the engine's other objects whose
+// id may be a page was a table before it was damaged. Every file has its MSysObjects at the same page, and lists it
+// there: a table of which this is not so has lost more than a row.
 [[nodiscard]] std::vector<Object> ReadObjects(JetFile& file);
 
 // The page at which one of the engine's own tables is defined. Every file has those that are read here.

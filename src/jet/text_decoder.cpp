@@ -4,10 +4,21 @@
 #include "text/characters.h"
 #include "text/runtime_error.h"
 
+#include <algorithm>
+#include <array>
+
 namespace veldrane::jet {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
+
+// Of Windows' identifiers of code pages: Japanese, Chinese and Korean, Johab, and those of the Macintosh.
+constexpr std::array kTwoByteCodePages{932, 936, 949, 950, 1361, 10001, 10002, 10003, 10008};
+
+bool HasTwoByteCharacters(int codePage)
+{
+    return std::find(kTwoByteCodePages.begin(), kTwoByteCodePages.end(), codePage) != kTwoByteCodePages.end();
+}
 
 text::CodePage CodePageOf(int number)
 {
@@ -67,11 +78,35 @@ std::string Lengthened(std::string_view bytes)
 
 } // namespace
 
-TextDecoder::TextDecoder(Version version, int codePage) : version_(version), codePage_(CodePageOf(codePage)) {}
+TextDecoder::TextDecoder(Version version, int codePage) : version_(version)
+{
+    if (version == Version::Jet4)
+        return;
+    if (!HasTwoByteCharacters(codePage)) {
+        oneByte_ = CodePageOf(codePage);
+        return;
+    }
+    twoBytes_.emplace(codePage);
+    if (!twoBytes_->IsThere())
+        throw Refusal(jet_answer::kCodePage, std::to_string(codePage));
+}
+
+std::string TextDecoder::TwoByteText(std::string_view bytes) const
+{
+    std::string text = twoBytes_->Convert(bytes);
+    while (!bytes.empty()) {
+        text::AppendCodePoint(text, kReplacement);
+        bytes.remove_prefix(1);
+        text += twoBytes_->Convert(bytes);
+    }
+    return text;
+}
 
 std::string TextDecoder::Name(std::string_view bytes) const
 {
-    return version_ == Version::Jet3 ? codePage_.Decode(bytes) : Utf16(Bytes(bytes));
+    if (version_ == Version::Jet4)
+        return Utf16(Bytes(bytes));
+    return oneByte_ ? oneByte_->Decode(bytes) : TwoByteText(bytes);
 }
 
 std::string TextDecoder::Value(std::string_view bytes) const

@@ -33,8 +33,11 @@ std::string DatabaseOf(const ConnectionString& parsed, bool isJet)
 // A login that nobody typed stands in a Jet string too.
 std::string LoginOf(const ConnectionString& parsed, bool isJet)
 {
-    const std::string login = FirstOf(parsed, {"UID", "User ID"});
-    return isJet && text::EqualFolded(login, kJetUser) ? "" : login;
+    const std::string_view key = parsed.Contains("UID") ? "UID" : "User ID";
+    if (!isJet)
+        return parsed.Value(key);
+    const std::string login = JetValue(parsed, key);
+    return text::EqualFolded(login, kJetUser) ? "" : login;
 }
 
 // For SQL Server it is the one that is chosen, beside a data source too.

@@ -1,10 +1,10 @@
 #include "text/code_page.h"
 
 #include "text/characters.h"
+#include "text/converter.h"
 #include "text/runtime_error.h"
 
 #include <algorithm>
-#include <iconv.h>
 #include <utility>
 
 namespace veldrane::text {
@@ -12,9 +12,6 @@ namespace {
 
 constexpr int kByteCount = 256;
 constexpr char32_t kAsciiCount = 128;
-
-// POSIX says that iconv_open answers this value on failure.
-const iconv_t kNoConverter = reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr)
 
 RuntimeError UnknownCodePage(int number)
 {
@@ -24,28 +21,20 @@ RuntimeError UnknownCodePage(int number)
 
 // The character of one byte, or 0 where the code page assigns none. Two-byte code pages answer nothing for a lead
 // byte, as an unassigned one does; `CodePage` tells them apart by their number of gaps.
-char32_t CharacterOf(iconv_t converter, unsigned char byte)
+char32_t CharacterOf(const Converter& converter, unsigned char byte)
 {
-    char in = static_cast<char>(byte);
-    std::string out(8, '\0');
-    char* source = &in;
-    char* target = out.data();
-    std::size_t sourceLeft = 1;
-    std::size_t targetLeft = out.size();
-    iconv(converter, nullptr, nullptr, nullptr, nullptr);
-    if (iconv(converter, &source, &sourceLeft, &target, &targetLeft) == static_cast<std::size_t>(-1))
-        return 0;
-    // Some code pages hold a letter back, because a mark may follow that joins it.
-    iconv(converter, nullptr, nullptr, &target, &targetLeft);
-    return targetLeft == out.size() ? 0 : CodePoint(out, 0);
+    const char single = static_cast<char>(byte);
+    std::string_view left(&single, 1);
+    const std::string character = converter.Convert(left);
+    return left.empty() && !character.empty() ? CodePoint(character, 0) : 0;
 }
 
 } // namespace
 
 CodePage::CodePage(int number) : number_(number), characters_(kByteCount)
 {
-    const iconv_t converter = iconv_open("UTF-8", ("CP" + std::to_string(number)).c_str());
-    if (converter == kNoConverter)
+    const Converter converter(number);
+    if (!converter.IsThere())
         throw UnknownCodePage(number);
     int gaps = 0;
     for (int byte = 0; byte < kByteCount; ++byte) {
@@ -53,7 +42,6 @@ CodePage::CodePage(int number) : number_(number), characters_(kByteCount)
         gaps += byte > 0 && character == 0 ? 1 : 0;
         characters_[static_cast<std::size_t>(byte)] = character == 0 ? static_cast<char32_t>(byte) : character;
     }
-    iconv_close(converter);
     // The sparsest Windows single-byte page (1255) leaves some twenty bytes out, the two-byte ones a hundred.
     constexpr int kMostGaps = 48;
     if (gaps > kMostGaps || characters_['A'] != U'A')

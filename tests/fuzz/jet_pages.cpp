@@ -15,7 +15,8 @@
 
 // An input is a file's beginning, and a small file too: a byte whose lowest bit is the version, then pages of 256
 // bytes. The rows of the table that is defined on a page stand 16 pages behind it: how many cells a row has, then the
-// cells, each with its length before it, 255 for null. A stored piece goes on to the end of its page.
+// cells, each with its length before it, 255 for null; a row that would begin with an empty cell is behind the last. A
+// stored piece goes on to the end of its page.
 namespace veldrane {
 namespace {
 
@@ -50,7 +51,7 @@ class SmallFile : public jet::JetFile
         const std::string page = Page(definitionPage + kRowsBehind);
         const std::size_t cellsOfARow = jet::Bytes(page).U8(0);
         jet::Cells cells;
-        for (std::size_t at = 1; at < page.size();) {
+        for (std::size_t at = 1; at < page.size() && (!cells.empty() || page[at] != '\0');) {
             cells.push_back(TakeCell(page, at));
             if (cells.size() < cellsOfARow)
                 continue;

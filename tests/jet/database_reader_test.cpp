@@ -138,7 +138,7 @@ TEST_F(DatabaseReader, TellsTheTypesOfTables)
     AddObject("Hidden", kOrders, 1, 8);
     AddObject("FarByDriver", 900, 4);
     AddObject("Far", 901, 6, 0x200000);
-    AddObject("Form1", 902, 0xFFFF8000U);
+    AddObject("Form1", 0x80000386, 0xFFFF8000U);
     std::vector<std::string> types;
     const Database database = Read();
     for (const Table& table : database.Tables)
@@ -241,6 +241,29 @@ TEST_F(DatabaseReader, AFileWhoseObjectsStandElsewhereIsDamaged)
     file_.Rows[kObjects].erase(file_.Rows[kObjects].begin());
     AddObject("MSysObjects", kQueries, 1, kFlagSystem);
     EXPECT_EQ(Complaint(), "the list of objects is not where it says it is");
+}
+
+TEST_F(DatabaseReader, ATableThatIsListedAsAnythingElseIsDamage)
+{
+    for (const std::uint32_t type : {0U, 3U, 5U, 9U, 0x4001U}) {
+        const auto whole = file_.Rows[kObjects];
+        AddObject("Orders", kOrders, type);
+        EXPECT_EQ(Complaint(), "something is listed as what it is not") << type;
+        file_.Rows[kObjects] = whole;
+    }
+}
+
+TEST_F(DatabaseReader, AQueryThatIsListedAsAnythingElseIsDamage)
+{
+    for (const std::uint32_t type : {3U, 4U, 6U, 0xFFFF8005U}) {
+        AddObject("Q", 0x80000001, type);
+        file_.Rows[kQueries].push_back({Number(0x80000001), "\x06", std::nullopt, std::nullopt, std::nullopt,
+                                        Inline("Orders.ID"), LittleEndian(0, 2)});
+        EXPECT_EQ(Complaint(), "something is listed as what it is not") << type;
+        file_.Rows[kObjects].pop_back();
+        EXPECT_EQ(Complaint(), "") << "parts of a query that is gone";
+        file_.Rows[kQueries].clear();
+    }
 }
 
 TEST_F(DatabaseReader, AFileWithoutObjectsIsDamaged)

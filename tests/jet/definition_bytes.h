@@ -32,6 +32,7 @@ struct DefinitionSpec
         int Number = 0; // which the engine counts on, whatever is dropped
         int Place = 0;  // among the stored ones
         int Type = 0;
+        std::uint32_t RelatedPage = 0; // of the other table's definition, for an index of a relationship
     };
 
     std::uint32_t Rows = 0;
@@ -39,6 +40,9 @@ struct DefinitionSpec
     std::vector<Stored> StoredIndexes;
     std::vector<Logical> LogicalIndexes;
 };
+
+// Writes bytes over those at a place.
+void Put(std::string& bytes, std::size_t at, const std::string& what);
 
 // A number in `size` bytes, the least first.
 [[nodiscard]] std::string LittleEndian(std::uint64_t number, std::size_t size);

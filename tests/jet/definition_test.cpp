@@ -65,7 +65,7 @@ class Definition : public ::testing::TestWithParam<Version>
         .StoredIndexes = {{.ColumnIds = {3}}, {.ColumnIds = {1, 0}, .Flags = 1}},
         .LogicalIndexes = {{.Name = "ByCity", .Number = 0, .Place = 0, .Type = kOrdinary},
                            {.Name = "PrimaryKey", .Number = 4, .Place = 1, .Type = kPrimary},
-                           {.Name = ".rB", .Number = 5, .Place = 0, .Type = kOfRelationship},
+                           {.Name = ".rB", .Number = 5, .Place = 0, .Type = kOfRelationship, .RelatedPage = 30},
                            {.Name = "AlsoByCity", .Number = 6, .Place = 0, .Type = kOrdinary}}};
 };
 
@@ -168,6 +168,40 @@ TEST_P(Definition, TwoColumnsOfOneIdAreDamage)
                  Refusal);
 }
 
+// The bytes with a number of two of them replaced, in the entry of one of the columns.
+std::string WithNumber(std::string definition, std::size_t at, std::uint64_t number)
+{
+    testing::Put(definition, at, testing::LittleEndian(number, 2));
+    return definition;
+}
+
+TEST_P(Definition, AColumnWithAnIdThatTheTableHasNotGivenIsDamage)
+{
+    const std::string whole = DefinitionBytes(GetParam(), kOrders);
+    const std::size_t idsAt = GetParam() == Version::Jet3 ? 21 : 41;
+    EXPECT_EQ(ReasonOf(WithNumber(whole, idsAt, 9)), "read") << "columns of higher ids were dropped";
+    EXPECT_EQ(ReasonOf(WithNumber(whole, idsAt, 3)), "damaged");
+}
+
+TEST_P(Definition, ColumnsThatShareTheirPlaceInARowAreDamage)
+{
+    const DefinitionSpec table{.Columns = {{.Name = "A", .Type = kLong, .Id = 0, .Flags = 3, .Size = 4},
+                                           {.Name = "B", .Type = kLong, .Id = 1, .Flags = 3, .Size = 4},
+                                           {.Name = "YesNo", .Type = 1, .Id = 2, .Flags = 3, .Size = 1},
+                                           {.Name = "C", .Type = kText, .Id = 3, .Flags = 2, .Size = 100},
+                                           {.Name = "D", .Type = kText, .Id = 4, .Flags = 2, .Size = 100}}};
+    const std::string whole = DefinitionBytes(GetParam(), table);
+    const bool isJet3 = GetParam() == Version::Jet3;
+    const auto entryAt = [&](std::size_t column) { return (isJet3 ? 43 : 63) + column * (isJet3 ? 18 : 25); };
+    const auto offsetAt = [&](std::size_t column) { return entryAt(column) + (isJet3 ? 14 : 21); };
+    const auto numberAt = [&](std::size_t column) { return entryAt(column) + (isJet3 ? 3 : 7); };
+    EXPECT_EQ(ReasonOf(WithNumber(whole, offsetAt(1), 12)), "read") << "behind one that was dropped";
+    EXPECT_EQ(ReasonOf(WithNumber(whole, offsetAt(1), 3)), "damaged");
+    EXPECT_EQ(ReasonOf(WithNumber(whole, offsetAt(2), 0)), "read") << "stands nowhere";
+    EXPECT_EQ(ReasonOf(WithNumber(whole, numberAt(4), 7)), "read");
+    EXPECT_EQ(ReasonOf(WithNumber(whole, numberAt(4), 0)), "damaged");
+}
+
 TEST_P(Definition, AnIndexWithoutAPlaceIsDamaged)
 {
     DefinitionSpec table = kOrders;
@@ -182,6 +216,20 @@ TEST_P(Definition, AnIndexOfARelationshipNeedsNoPlace)
     DefinitionSpec table = kOrders;
     table.LogicalIndexes[2].Place = -1;
     EXPECT_EQ(Read(table).Indexes.size(), 3U);
+}
+
+TEST_P(Definition, AnIndexOfATypeThatItIsNotIsDamaged)
+{
+    for (const int type : {kOfRelationship, 3, 0x81}) {
+        DefinitionSpec table = kOrders;
+        table.LogicalIndexes[1].Type = type;
+        EXPECT_EQ(ReasonOf(DefinitionBytes(GetParam(), table)), "damaged") << type;
+    }
+    for (const int type : {kOrdinary, kPrimary}) {
+        DefinitionSpec table = kOrders;
+        table.LogicalIndexes[2].Type = type;
+        EXPECT_EQ(ReasonOf(DefinitionBytes(GetParam(), table)), "damaged") << type;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(OfBothVersions, Definition, ::testing::Values(Version::Jet3, Version::Jet4),

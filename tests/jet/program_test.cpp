@@ -1,3 +1,4 @@
+#include "header_bytes.h"
 #include "veldrane_jet.h"
 
 #include "support/child_process.h"
@@ -57,6 +58,25 @@ TEST(JetProgram, SaysDamagedOfAHeaderWithNothingBehindIt)
     header[0x14] = 0;
     const std::string reason = ReasonOf(RunReader(folder.Write("header.mdb", header)));
     EXPECT_TRUE(reason == "damaged" || reason == "password") << reason;
+}
+
+std::string HeaderOfCodePage(int codePage)
+{
+    return testing::HeaderBytes({.FileVersion = jet::Version::Jet3, .CodePage = codePage});
+}
+
+TEST(JetProgram, FindsTheConvertersOfCodePagesWithinItsLimits)
+{
+    const ScratchFolder folder;
+    for (const int codePage : {932, 936, 949, 950, 1251, 1252})
+        EXPECT_EQ(ReasonOf(RunReader(folder.Write("header.mdb", HeaderOfCodePage(codePage)))), "damaged") << codePage;
+}
+
+TEST(JetProgram, NamesTheCodePageThatItHasNoConverterFor)
+{
+    const ScratchFolder folder;
+    EXPECT_EQ(RunReader(folder.Write("header.mdb", HeaderOfCodePage(10001))).Answer,
+              "veldrane-jet 1\nrefused\tcode-page\t10001\nend\n");
 }
 
 TEST(JetProgram, RefusesAFileThatItMayNotRead)
@@ -156,6 +176,8 @@ TEST_F(WaitingProgram, IsBoundedBeforeItReadsAByte)
     EXPECT_THAT(limits, ::testing::ContainsRegex("Max address space +536870912 +536870912"));
     EXPECT_THAT(limits, ::testing::ContainsRegex("Max cpu time +5 +5"));
     EXPECT_THAT(limits, ::testing::ContainsRegex("Max core file size +0 +0"));
+    EXPECT_THAT(limits, ::testing::ContainsRegex("Max file size +67108864 +67108864"));
+    EXPECT_THAT(limits, ::testing::ContainsRegex("Max processes +0 +0"));
     kill(program, SIGKILL);
     EXPECT_EQ(testing::EndOf(program), testing::kKilled + SIGKILL);
 }

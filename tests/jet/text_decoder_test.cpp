@@ -17,9 +17,52 @@ TEST(TextDecoder, Jet3TextIsOfTheFilesCodePage)
     EXPECT_EQ(TextDecoder(Version::Jet3, 1252).Value("\xFF\xFEx"), "ÿþx") << "only Jet 4 has a shorter form";
 }
 
+TEST(TextDecoder, ACodePageMayHaveCharactersOfTwoBytes)
+{
+    EXPECT_EQ(TextDecoder(Version::Jet3, 932).Name("\x93\xFA\x96{\x8C\xEA \x95\\ \xC3"), "日本語 表 ﾃ");
+    EXPECT_EQ(TextDecoder(Version::Jet3, 936).Name("\xD6\xD0\xB9\xFA \x80"), "中国 €");
+    EXPECT_EQ(TextDecoder(Version::Jet3, 949).Value("\xC7\xD1\xB1\xDB \x8C\x63"), "한글 똠");
+    EXPECT_EQ(TextDecoder(Version::Jet3, 950).Value("\xA4\xA4\xA4\xE5 \xA5\\"), "中文 功");
+    EXPECT_EQ(TextDecoder(Version::Jet3, 932).Name("a\\b~"), "a\\b~");
+    EXPECT_EQ(TextDecoder(Version::Jet3, 932).Name(""), "");
+}
+
+TEST(TextDecoder, TextOfTwoByteCharactersMayBeLong)
+{
+    std::string bytes;
+    std::string text;
+    for (int i = 0; i < 5000; ++i) {
+        bytes += "x\x93\xFA";
+        text += "x日";
+    }
+    EXPECT_EQ(TextDecoder(Version::Jet3, 932).Value(bytes), text);
+}
+
+TEST(TextDecoder, BytesThatMakeNoCharacterOfTwoAreReplacedOneByOne)
+{
+    const TextDecoder text(Version::Jet3, 932);
+    EXPECT_EQ(text.Name("a\x93"), "a\uFFFD");
+    EXPECT_EQ(text.Name("\xFF\xFEx"), "\uFFFD\uFFFDx");
+    EXPECT_EQ(text.Name("\x93\x20y"), "\uFFFD y");
+    EXPECT_EQ(TextDecoder(Version::Jet3, 949).Name("\xC7"), "\uFFFD");
+    EXPECT_EQ(text.Name(std::string(1U << 16U, '\xFF')).size(), std::size_t{3} << 16U);
+}
+
+TEST(TextDecoder, RefusesACodePageOfTwoBytesThatItHasNoConverterFor)
+{
+    try {
+        const TextDecoder text(Version::Jet3, 10001);
+        FAIL();
+    } catch (const Refusal& refusal) {
+        EXPECT_EQ(refusal.Reason(), "code-page");
+        EXPECT_STREQ(refusal.what(), "10001");
+    }
+    EXPECT_EQ(TextDecoder(Version::Jet4, 10001).Name("a\0"s), "a");
+}
+
 TEST(TextDecoder, ACodePageThatNobodyKnowsCountsAs1252)
 {
-    for (const int codePage : {0, 932, 65535})
+    for (const int codePage : {0, 65535})
         EXPECT_EQ(TextDecoder(Version::Jet3, codePage).Name("\xDF"), "ß") << codePage;
 }
 

@@ -73,6 +73,28 @@ TEST_F(ProjectConnection, KeepsALoginOfAJetFileThatIsNotThatOfEveryone)
     EXPECT_EQ(project.DataSourceLogin, "Admin");
 }
 
+TEST_F(ProjectConnection, KeepsTheFactsOfAJetFileWithoutTheirQuotes)
+{
+    SetConnection(project,
+                  "Provider=Microsoft.Jet.OLEDB.4.0;User ID=\"ann \"\"b\"\"\";Data Source=\"/x y.mdb\";"
+                  "Jet OLEDB:Database Password='geheim'",
+                  installed);
+    EXPECT_EQ(project.DataSourceDatabaseName, "/x y.mdb");
+    EXPECT_EQ(project.DataSourceLogin, "ann \"b\"");
+    EXPECT_EQ(project.ConnectionString(), "Provider=Microsoft.Jet.OLEDB.4.0;User ID=\"ann \"\"b\"\"\";"
+                                          "Data Source=\"/x y.mdb\";Jet OLEDB:Database Password='geheim'");
+    SetConnection(project, "PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source='/x y.mdb';UID='Admin';", installed);
+    EXPECT_EQ(project.DataSourceDatabaseName, "/x y.mdb");
+    EXPECT_EQ(project.DataSourceLogin, "");
+}
+
+TEST_F(ProjectConnection, QuotesAreNothingButTextForOdbc)
+{
+    SetConnection(project, "DSN=Shop;UID=\"ann\";Database='main';", installed);
+    EXPECT_EQ(project.DataSourceLogin, "\"ann\"");
+    EXPECT_EQ(project.DataSourceDatabaseName, "'main'");
+}
+
 TEST_F(ProjectConnection, ADataSourceThatIsNotSetUpHasNoDriver)
 {
     SetConnection(project, "DSN=Gone;", installed);
@@ -92,6 +114,13 @@ TEST_F(ProjectConnection, AProviderIsTheSameWithItsVersion)
 {
     SetConnection(project, "PROVIDER=SQLOLEDB.1;DSN=Shop;Driver=FreeTDS;Data Source=host;", installed);
     EXPECT_EQ(project.DataSourceDriver, "FreeTDS");
+}
+
+TEST_F(ProjectConnection, QuotesStayAsTheyAreWhereTheProviderIsMoved)
+{
+    SetConnection(project, "Data Source=\"/x y.mdb\";Provider=Microsoft.Jet.OLEDB.4.0", installed);
+    EXPECT_EQ(project.ConnectionString(), "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=\"/x y.mdb\";");
+    EXPECT_EQ(project.DataSourceDatabaseName, "/x y.mdb");
 }
 
 TEST_F(ProjectConnection, MovesTheProviderToTheFront)

@@ -58,6 +58,7 @@ inline constexpr std::string_view kUnreadable = "unreadable"; // no permission, 
 inline constexpr std::string_view kNotJet = "not-jet";        // no Jet file, or none of versions 3 and 4
 inline constexpr std::string_view kAce = "ace";               // a file of the later engine (.accdb)
 inline constexpr std::string_view kPassword = "password";     // the password is wrong, or none was given
+inline constexpr std::string_view kCodePage = "code-page";    // no converter for that of its text, whose number follows
 inline constexpr std::string_view kDamaged = "damaged";
 
 } // namespace veldrane::jet_answer

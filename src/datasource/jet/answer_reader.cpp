@@ -20,8 +20,9 @@ using Fields = std::vector<std::string>; // behind the word of the record
 constexpr std::array kTableTypes{jet_answer::kPlainTable, jet_answer::kSystemTable, jet_answer::kProgramTable,
                                  jet_answer::kLinkedTable};
 
-constexpr std::array kReasons{jet_answer::kMissing, jet_answer::kNotAFile, jet_answer::kUnreadable, jet_answer::kNotJet,
-                              jet_answer::kAce,     jet_answer::kPassword, jet_answer::kDamaged};
+constexpr std::array kReasons{jet_answer::kMissing,  jet_answer::kNotAFile, jet_answer::kUnreadable,
+                              jet_answer::kNotJet,   jet_answer::kAce,      jet_answer::kPassword,
+                              jet_answer::kCodePage, jet_answer::kDamaged};
 
 // Far more than thousands of tables take. A record costs many times its bytes here.
 constexpr std::ptrdiff_t kMostRecords = 1000000;

@@ -45,6 +45,8 @@ constexpr std::array kRefusals{
             "check \"Data Source\" in the connection string."},
     Refusal{jet_answer::kAce, "Unrecognized database format: ", " is a file of the engine that came after Jet (.accdb)",
             "save it as a Jet file of version 3 or 4 (.mdb)."},
+    Refusal{jet_answer::kCodePage, "", " has its text in a code page for which this system has no converter",
+            "install the character sets of the C library, or save it as a Jet file of version 4."},
     Refusal{jet_answer::kDamaged, "", " is damaged", "repair it with the program that made it, or take a sound copy."},
 };
 

@@ -1,11 +1,11 @@
 #include "datasource/jet/jet_logon.h"
 
 #include "datasource/providers.h"
+#include "datasource/quoted_value.h"
 #include "text/case_folding.h"
 
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <string_view>
 
 namespace veldrane {
@@ -82,27 +82,6 @@ bool Holds(const Keys& keys, std::string_view key)
 bool IsKnown(std::string_view key)
 {
     return text::FindFolded(key, kOwnPrefix) == 0 ? Holds(kOwnKeys, key.substr(kOwnPrefix.size())) : Holds(kKeys, key);
-}
-
-// The value without the quotes around it, those within doubled, as the provider gives its strings back; none if they
-// don't close at its end.
-std::optional<std::string> Unquoted(const std::string& value)
-{
-    if (!value.starts_with('"') && !value.starts_with('\''))
-        return value;
-    const char quote = value.front();
-    std::string inner;
-    for (std::size_t at = 1; at < value.size(); ++at) {
-        if (value[at] != quote)
-            inner += value[at];
-        else if (++at == value.size())
-            return inner;
-        else if (value[at] != quote)
-            break;
-        else
-            inner += quote;
-    }
-    return std::nullopt;
 }
 
 void RefuseUnreadable(const ConnectionEntry& entry)

@@ -1,6 +1,7 @@
 #include "datasource/logon/logon_string.h"
 
 #include "datasource/connection_string.h"
+#include "datasource/quoted_value.h"
 #include "text/case_folding.h"
 #include "text/strings.h"
 
@@ -43,13 +44,18 @@ std::string OdbcEntries(const LogonPage& page)
     return entries;
 }
 
+std::string JetEntry(std::string_view opening, const std::string& value)
+{
+    return LogonEntry(opening, QuotedIfNeeded(value));
+}
+
 std::string JetEntries(const LogonPage& page)
 {
-    std::string entries = LogonEntry("Data Source=", page.txtDatabase);
-    entries += page.txtUID.empty() ? "USER ID=Admin;" : LogonEntry("USER ID=", page.txtUID);
-    entries += LogonEntry("PASSWORD=", page.txtPWD);
+    std::string entries = JetEntry("Data Source=", page.txtDatabase);
+    entries += page.txtUID.empty() ? "USER ID=Admin;" : JetEntry("USER ID=", page.txtUID);
+    entries += JetEntry("PASSWORD=", page.txtPWD);
     if (!page.txtDBPassword.empty())
-        entries += LogonEntry("Jet OLEDB:Database Password=", page.txtDBPassword);
+        entries += JetEntry("Jet OLEDB:Database Password=", page.txtDBPassword);
     return entries;
 }
 

@@ -1,5 +1,6 @@
 #include "datasource/logon/read_back.h"
 
+#include "datasource/quoted_value.h"
 #include "preview/active_parse.h"
 #include "text/case_folding.h"
 #include "text/strings.h"
@@ -56,7 +57,7 @@ class Reader
         else if (IsSecondPassword(entry))
             page_.txtDBPassword = entry.Value;
         else if (const TextOfPage text = TextFor(entry.Key, pageNumber_))
-            page_.*text = entry.Value;
+            page_.*text = ValueOf(entry);
     }
 
     void Finish()
@@ -78,6 +79,12 @@ class Reader
             found = true;
         else if (found)
             list.Selected = before;
+    }
+
+    // The provider of Jet files alone takes quotes off; those that it would refuse are left to be seen.
+    [[nodiscard]] std::string ValueOf(const ConnectionEntry& entry) const
+    {
+        return pageNumber_ == logon_page::kJet ? Unquoted(entry.Value).value_or(entry.Value) : entry.Value;
     }
 
     bool IsSecondPassword(const ConnectionEntry& entry)

@@ -250,6 +250,9 @@ TEST_F(JetConnectionTest, SaysWhyAFileIsNotRead)
     EXPECT_EQ(RefusalFor("ace"),
               "Unrecognized database format: \"/data/shop.mdb\" is a file of the engine that came after Jet (.accdb): "
               "save it as a Jet file of version 3 or 4 (.mdb).");
+    EXPECT_EQ(RefusalFor("code-page", "932"),
+              "\"/data/shop.mdb\" has its text in a code page for which this system has no converter (932): install "
+              "the character sets of the C library, or save it as a Jet file of version 4.");
     EXPECT_EQ(RefusalFor("damaged"),
               "\"/data/shop.mdb\" is damaged: repair it with the program that made it, or take a sound copy.");
 }

@@ -127,8 +127,6 @@ Block BlockOf(Catalog& catalog, const CatalogTable& table)
         return block;
     }
     Block block{"table " + table.Name + " | " + table.Type};
-    if (table.Type != "TABLE")
-        return block;
     AppendColumns(block, catalog, table.Name);
     for (const CatalogIndex& index : catalog.Indexes(table.Name))
         block.push_back(LineOf(index));

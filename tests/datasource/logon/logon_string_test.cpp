@@ -1,5 +1,7 @@
 #include "logon_fixture.h"
 
+#include "datasource/jet/jet_logon.h"
+
 namespace veldrane {
 namespace {
 
@@ -96,6 +98,31 @@ TEST_F(LogonString, AJetFileHasALoginAndAPasswordOfItsOwn)
     dialog->Page().txtDBPassword = "file's";
     EXPECT_EQ(StringOf(*dialog), "PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=/data/a.mdb;USER ID=ann;"
                                  "PASSWORD=secret;Jet OLEDB:Database Password=file's;");
+}
+
+TEST_F(LogonString, AValueThatBeginsWithAQuoteIsQuotedForJet)
+{
+    const auto dialog = Loaded();
+    dialog->Page().txtDatabase = "/a.mdb";
+    dialog->Page().txtUID = "'ann'";
+    dialog->Page().txtPWD = "\"";
+    dialog->Page().txtDBPassword = "\"a\";b";
+    EXPECT_EQ(StringOf(*dialog), "PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=/a.mdb;USER ID=\"'ann'\";"
+                                 "PASSWORD=\"\"\"\";Jet OLEDB:Database Password={\"\"\"a\"\";b\"};");
+}
+
+TEST_F(LogonString, AJetFileIsOpenedWithWhatWasTyped)
+{
+    const auto dialog = Loaded();
+    for (const char* typed : {"\"geheim", "\"geheim\"", "'geheim'", "'", "\"", "\"\"", "''", "a\"b\"", "\"a;b",
+                              " \"a\" ", "{\"a\"}", "\"{a}\"", "'a\"\"b'"}) {
+        for (std::string* text : {&dialog->Page().txtDatabase, &dialog->Page().txtUID, &dialog->Page().txtPWD,
+                                  &dialog->Page().txtDBPassword})
+            *text = typed;
+        const JetLogon logon = BuildJetLogon(ConnectionString(StringOf(*dialog)));
+        EXPECT_EQ(logon.File, typed);
+        EXPECT_EQ(logon.Password, typed);
+    }
 }
 
 TEST_F(LogonString, SqlServerWithoutALoginUsesThatOfTheSystem)

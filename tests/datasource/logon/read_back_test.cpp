@@ -78,6 +78,17 @@ TEST_F(LogonReadBack, TheJetPageTakesItsKeys)
     EXPECT_TRUE(page.optUseDSN);
 }
 
+TEST_F(LogonReadBack, TheJetPageTakesValuesOutOfTheirQuotes)
+{
+    const auto dialog = LoadedOn("PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=\"/x y.mdb\";USER ID='ann';"
+                                 "Jet OLEDB:Database Password=\"\"\"file\"\"\";");
+    EXPECT_EQ(dialog->Page().txtDatabase, "/x y.mdb");
+    EXPECT_EQ(dialog->Page().txtUID, "ann");
+    EXPECT_EQ(dialog->Page().txtDBPassword, "\"file\"");
+    EXPECT_EQ(LoadedOn("PROVIDER=Microsoft.Jet.OLEDB.4.0;USER ID=\"open;")->Page().txtUID, "\"open");
+    EXPECT_EQ(LoadedOn("PROVIDER=MSDASQL;DSN=Shop;UID='ann';")->Page().txtUID, "'ann'");
+}
+
 TEST_F(LogonReadBack, TheJetPageTakesThePasswordOfOtherProvidersToo)
 {
     const auto dialog = LoadedOn("PROVIDER=Microsoft.Jet.OLEDB.4.0;PWD=one;PWD=two;UID=ann;");

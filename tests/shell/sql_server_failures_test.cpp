@@ -10,9 +10,11 @@ namespace veldrane {
 namespace {
 
 using ::testing::AllOf;
+using ::testing::AnyOf;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
+using testing::TdsEndless;
 using testing::TdsMoment;
 using testing::TdsServer;
 using testing::TdsTemper;
@@ -27,6 +29,10 @@ const std::string kGone =
     "The server closed the connection, or gave no answer within 1 second (\"StatementTimeout\" in "
     "the section Platform of the settings).";
 
+const std::string kGivenUp =
+    "The answer did not come to its end. The statement was given up after 1 second: set \"StatementTimeout\" in the "
+    "section Platform of the settings to more seconds.";
+
 class SqlServerFailures : public ::testing::Test
 {
   protected:
@@ -39,9 +45,21 @@ class SqlServerFailures : public ::testing::Test
 
     [[nodiscard]] std::string FailureOf(TdsTemper temper, TdsMoment from) const
     {
-        const TdsServer server({.Tables = {{.Name = "T", .Columns = {{"a", "int"}}}}},
-                               {.Temper = temper, .From = from});
+        return FailureOf({.Temper = temper, .From = from});
+    }
+
+    [[nodiscard]] std::string FailureOf(const testing::TdsManners& manners) const
+    {
+        const TdsServer server({.Tables = {{.Name = "T", .Columns = {{"a", "int"}}}}}, manners);
         return Project.FailureOn(server.ConnectionString());
+    }
+
+    // A driver that waits for a byte in vain waits for its own limit once more. With two seconds, that is later than
+    // the end of the statement's time.
+    [[nodiscard]] std::string FailureOnSlowQuestion(TdsTemper temper) const
+    {
+        Project.Workspace.WriteFile("settings.ini", "[Platform]\nConnectTimeout=1\nStatementTimeout=2\n");
+        return FailureOf(temper, TdsMoment::Question);
     }
 
     testing::UntouchedProject Project;
@@ -93,7 +111,7 @@ TEST_F(SqlServerFailures, AServerThatFallsSilentIsGivenUpAfterTheTimeOfTheSettin
             FailureOf(TdsTemper::Silent, from),
             AllOf(StartsWith("veldrane: Timeout expired."), HasSubstr("did not answer within 1 second: "),
                   EndsWith("set \"ConnectTimeout\" in the section Platform of the settings to more seconds." + kEdit)));
-    EXPECT_THAT(FailureOf(TdsTemper::Silent, TdsMoment::Question), HasSubstr(kGone));
+    EXPECT_THAT(FailureOnSlowQuestion(TdsTemper::Silent), HasSubstr("The statement was given up after 2 seconds: "));
 }
 
 TEST_F(SqlServerFailures, AProjectCannotHaveTheDriverGuessTheVersionAndWaitForEachGuess)
@@ -102,6 +120,14 @@ TEST_F(SqlServerFailures, AProjectCannotHaveTheDriverGuessTheVersionAndWaitForEa
     for (const std::string version : {"", "auto", "5.0"})
         EXPECT_THAT(Project.FailureOn(server.ConnectionString() + "TDS_Version=" + version + ";"),
                     HasSubstr("did not answer within 1 second: "));
+}
+
+TEST_F(SqlServerFailures, AnInstanceWhosePortNobodyTellsIsGivenUpAfterThreeTimesTheLimit)
+{
+    EXPECT_THAT(Project.FailureOn("PROVIDER=SQLOLEDB;Data Source=127.0.0.1\\sales;User ID=a;Password=b;"),
+                AllOf(StartsWith("veldrane: Timeout expired."),
+                      HasSubstr("The server \"127.0.0.1\\sales\" did not answer within 1 second: name the port in "
+                                "place of the instance (\"Data Source=host,port\"), or set \"ConnectTimeout\"")));
 }
 
 TEST_F(SqlServerFailures, AServerThatClosesTheConnectionIsTold)
@@ -117,16 +143,33 @@ TEST_F(SqlServerFailures, NonsenseIsNoAnswer)
 {
     for (const TdsMoment from : {TdsMoment::Greeting, TdsMoment::Login})
         EXPECT_THAT(FailureOf(TdsTemper::Babbles, from), StartsWith("veldrane: Timeout expired."));
-    EXPECT_THAT(FailureOf(TdsTemper::Babbles, TdsMoment::Question), HasSubstr(kGone));
+    EXPECT_THAT(FailureOnSlowQuestion(TdsTemper::Babbles), HasSubstr("The statement was given up after 2 seconds: "));
 }
 
 TEST_F(SqlServerFailures, AnAnswerWithoutEndIsCutOff)
 {
-    for (const TdsMoment from : {TdsMoment::Greeting, TdsMoment::Login})
-        EXPECT_THAT(FailureOf(TdsTemper::NeverEnds, from), EndsWith(kStranger));
-    EXPECT_THAT(FailureOf(TdsTemper::NeverEnds, TdsMoment::Question),
-                HasSubstr("The answer did not come to its end. The statement was given up after 1 second: set "
-                          "\"StatementTimeout\" in the section Platform of the settings to more seconds."));
+    EXPECT_THAT(FailureOf(TdsTemper::NeverEnds, TdsMoment::Greeting), EndsWith(kStranger)); // a greeting is short
+    EXPECT_THAT(
+        FailureOf(TdsTemper::NeverEnds, TdsMoment::Login),
+        AllOf(StartsWith("veldrane: Timeout expired."), HasSubstr("did not answer within 1 second: "),
+              EndsWith("set \"ConnectTimeout\" in the section Platform of the settings to more seconds." + kEdit)));
+    EXPECT_THAT(FailureOf({.Temper = TdsTemper::NeverEnds, .Endless = TdsEndless::Changes}), HasSubstr(kGivenUp));
+    EXPECT_THAT(FailureOf({.Temper = TdsTemper::NeverEnds, .Endless = TdsEndless::Rows}),
+                AnyOf(HasSubstr(kGivenUp), HasSubstr("The answer has more than 1000000 rows."))); // which comes first
+}
+
+TEST_F(SqlServerFailures, AnAnswerThatComesInDribletsIsCutOffThoughNoneIsLongInComing)
+{
+    constexpr std::chrono::milliseconds pause(400);
+    for (const TdsEndless endless : {TdsEndless::Rows, TdsEndless::Changes, TdsEndless::Messages})
+        EXPECT_THAT(FailureOf({.Temper = TdsTemper::NeverEnds, .Endless = endless, .Pause = pause}),
+                    HasSubstr(kGivenUp));
+    EXPECT_THAT(FailureOf({.Temper = TdsTemper::Drips, .Pause = pause}), HasSubstr(kGivenUp));
+}
+
+TEST_F(SqlServerFailures, RowsWithoutEndBehindATableThatIsOpenedAreNotReadToTheirEnd)
+{
+    EXPECT_THAT(FailureOf(TdsTemper::NeverEnds, TdsMoment::Opening), HasSubstr(kGivenUp));
 }
 
 TEST_F(SqlServerFailures, ADriverThatIsNotSetUpIsNamedWithItsSetting)

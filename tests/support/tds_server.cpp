@@ -101,11 +101,25 @@ class Messages
     int socket_;
 };
 
-TdsMoment MomentOf(std::uint8_t type)
+bool IsOpening(std::uint8_t type, std::string_view body)
 {
-    if (type == request::kGreeting)
-        return TdsMoment::Greeting;
-    return type == request::kLogin ? TdsMoment::Login : TdsMoment::Question;
+    return type == request::kBatch && body.find(ToTdsText("SELECT * FROM ")) != std::string_view::npos;
+}
+
+// An opening is a question, too.
+bool IsAt(TdsMoment moment, std::uint8_t type, std::string_view body)
+{
+    switch (moment) {
+    case TdsMoment::Greeting:
+        return type == request::kGreeting;
+    case TdsMoment::Login:
+        return type == request::kLogin;
+    case TdsMoment::Question:
+        return type != request::kGreeting && type != request::kLogin;
+    case TdsMoment::Opening:
+        return IsOpening(type, body);
+    }
+    return false;
 }
 
 // One caller, from the greeting to the end.
@@ -121,7 +135,7 @@ class Caller
         for (std::string body;;) {
             const std::uint8_t type = messages_.Receive(body);
             const std::string answer = AnswerTo(type, body);
-            if (manners_.Temper == TdsTemper::Willing || MomentOf(type) != manners_.From)
+            if (manners_.Temper == TdsTemper::Willing || !IsAt(manners_.From, type, body))
                 messages_.Send(answer);
             else
                 Misbehave(answer, body);
@@ -183,6 +197,8 @@ class Caller
             return messages_.SendBytes("HTTP/1.0 400 Bad Request\r\n\r\n" + std::string(200, '\x7E'));
         case TdsTemper::NeverEnds:
             NeverEnd();
+        case TdsTemper::Drips:
+            Drip(answer);
         }
     }
 
@@ -190,18 +206,34 @@ class Caller
     [[noreturn]] void NeverEnd() const
     {
         const std::vector<TdsColumn> columns(5, {.Name = "x", .Type = "sysname"});
+        const bool isOfRows = manners_.Endless == TdsEndless::Rows && manners_.From != TdsMoment::Greeting &&
+                              manners_.From != TdsMoment::Login;
         TdsAnswer beginning(version_);
         TdsAnswer more(version_);
-        if (manners_.From == TdsMoment::Question)
+        if (isOfRows)
             beginning.Columns(columns);
-        while (more.Bytes().size() < kPacketSize / 2)
-            if (manners_.From == TdsMoment::Question)
+        do {
+            if (isOfRows)
                 more.Row(columns, TdsRow(columns.size(), "endless"));
+            else if (manners_.Endless == TdsEndless::Messages)
+                more.Complain({.Number = 50000, .Words = "endless", .Severity = 10});
             else
                 more.ChangeDatabase("endless");
+        } while (manners_.Pause.count() == 0 && more.Bytes().size() < kPacketSize / 2);
         messages_.SendPacket(beginning.Bytes(), 0);
-        for (;;)
+        for (;;) {
+            std::this_thread::sleep_for(manners_.Pause);
             messages_.SendPacket(more.Bytes(), 0);
+        }
+    }
+
+    [[noreturn]] void Drip(const std::string& answer) const
+    {
+        for (const char byte : answer) {
+            std::this_thread::sleep_for(manners_.Pause);
+            messages_.SendPacket({&byte, 1}, 0);
+        }
+        throw Gone();
     }
 
     Messages messages_;

@@ -69,7 +69,7 @@ struct LogonRules
 {
     StringOrigin Origin = StringOrigin::ProjectFile;
     std::chrono::seconds ConnectTimeout{15};
-    std::string TdsDriver{"FreeTDS"}; // the driver that stands in for SQL Server's own, by its name
+    std::string TdsDriver{kTdsDriver}; // the driver that stands in for SQL Server's own, by its name
 };
 
 // Makes the driver manager's string of the user's. A string for SQL Server's own provider is translated (see

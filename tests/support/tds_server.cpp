@@ -34,11 +34,24 @@ constexpr std::uint8_t kGreeting = 0x12;
 // The server's version, and that it knows no encryption.
 constexpr std::string_view kGreeting("\x00\x00\x0B\x00\x06\x01\x00\x11\x00\x01\xFF\x0A\x00\x00\x00\x00\x00\x02", 18);
 
+constexpr const char* kEndlessWord = "endless";
+const std::vector<TdsColumn> kEndlessRow(5, {.Name = "x", .Type = "sysname"});
+
 // The end of the connection; the thread that serves it ends too.
 struct Gone
 {};
 
-// Messages over a socket, cut into packets: a type, whether it is the last, its length, and four bytes of no concern.
+// A type, whether it is the last of its message, its length, and four bytes of no concern.
+std::string Packet(std::string_view body, std::uint8_t status)
+{
+    const std::size_t size = body.size() + kHeaderSize;
+    std::string bytes{static_cast<char>(kAnswer), static_cast<char>(status), static_cast<char>(size / 256),
+                      static_cast<char>(size % 256)};
+    bytes.append(4, '\0');
+    return bytes.append(body);
+}
+
+// Messages over a socket, cut into packets.
 class Messages
 {
   public:
@@ -67,14 +80,7 @@ class Messages
         } while (!body.empty());
     }
 
-    void SendPacket(std::string_view packet, std::uint8_t status) const
-    {
-        const std::size_t size = packet.size() + kHeaderSize;
-        std::string bytes{static_cast<char>(kAnswer), static_cast<char>(status), static_cast<char>(size / 256),
-                          static_cast<char>(size % 256)};
-        bytes.append(4, '\0');
-        SendBytes(bytes.append(packet));
-    }
+    void SendPacket(std::string_view packet, std::uint8_t status) const { SendBytes(Packet(packet, status)); }
 
     void SendBytes(std::string_view bytes) const
     {
@@ -198,27 +204,48 @@ class Caller
         case TdsTemper::NeverEnds:
             NeverEnd();
         case TdsTemper::Drips:
-            Drip(answer);
+            return Drip(answer);
+        }
+    }
+
+    [[nodiscard]] TdsEndless WithoutEnd() const
+    {
+        const bool isConnecting = manners_.From == TdsMoment::Greeting || manners_.From == TdsMoment::Login;
+        return isConnecting ? TdsEndless::Changes : manners_.Endless;
+    }
+
+    void BeginWithoutEnd(TdsAnswer& answer) const
+    {
+        if (WithoutEnd() == TdsEndless::Rows)
+            answer.Columns(kEndlessRow);
+        if (WithoutEnd() == TdsEndless::Value) {
+            answer.Columns({{.Name = "x", .Type = "nvarchar(max)"}});
+            answer.BeginLongRow();
+        }
+    }
+
+    void GoOn(TdsAnswer& answer) const
+    {
+        switch (WithoutEnd()) {
+        case TdsEndless::Rows:
+            return answer.Row(kEndlessRow, TdsRow(kEndlessRow.size(), kEndlessWord));
+        case TdsEndless::Changes:
+            return answer.ChangeDatabase(kEndlessWord);
+        case TdsEndless::Messages:
+            return answer.Complain({.Number = 50000, .Words = kEndlessWord, .Severity = 10});
+        case TdsEndless::Value:
+            return answer.Piece(kEndlessWord);
         }
     }
 
     // Packets whose end is in the middle of an answer, so that any number of them may follow.
     [[noreturn]] void NeverEnd() const
     {
-        const std::vector<TdsColumn> columns(5, {.Name = "x", .Type = "sysname"});
-        const bool isOfRows = manners_.Endless == TdsEndless::Rows && manners_.From != TdsMoment::Greeting &&
-                              manners_.From != TdsMoment::Login;
         TdsAnswer beginning(version_);
+        BeginWithoutEnd(beginning);
         TdsAnswer more(version_);
-        if (isOfRows)
-            beginning.Columns(columns);
         do {
-            if (isOfRows)
-                more.Row(columns, TdsRow(columns.size(), "endless"));
-            else if (manners_.Endless == TdsEndless::Messages)
-                more.Complain({.Number = 50000, .Words = "endless", .Severity = 10});
-            else
-                more.ChangeDatabase("endless");
+            GoOn(more);
         } while (manners_.Pause.count() == 0 && more.Bytes().size() < kPacketSize / 2);
         messages_.SendPacket(beginning.Bytes(), 0);
         for (;;) {
@@ -227,13 +254,12 @@ class Caller
         }
     }
 
-    [[noreturn]] void Drip(const std::string& answer) const
+    void Drip(const std::string& answer) const
     {
-        for (const char byte : answer) {
+        for (const char byte : Packet(answer, kLast)) {
             std::this_thread::sleep_for(manners_.Pause);
-            messages_.SendPacket({&byte, 1}, 0);
+            messages_.SendBytes({&byte, 1});
         }
-        throw Gone();
     }
 
     Messages messages_;

@@ -6,6 +6,12 @@
 
 #include <gmock/gmock.h>
 
+#include <arpa/inet.h>
+#include <array>
+#include <cstdint>
+#include <sys/socket.h>
+#include <unistd.h>
+
 namespace veldrane {
 namespace {
 
@@ -32,6 +38,43 @@ const std::string kGone =
 const std::string kGivenUp =
     "The answer did not come to its end. The statement was given up after 1 second: set \"StatementTimeout\" in the "
     "section Platform of the settings to more seconds.";
+
+// The service that tells the ports of a machine's instances, on a machine of its own, where it never says a word.
+class SilentBrowser
+{
+  public:
+    SilentBrowser() : socket_(socket(AF_INET, SOCK_DGRAM, 0))
+    {
+        constexpr std::uint16_t kPort = 1434;
+        const sockaddr_in address{.sin_family = AF_INET,
+                                  .sin_port = htons(kPort),
+                                  .sin_addr = {inet_addr(Machine().c_str())},
+                                  .sin_zero = {}};
+        EXPECT_EQ(bind(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
+    }
+    SilentBrowser(const SilentBrowser&) = delete;
+    SilentBrowser& operator=(const SilentBrowser&) = delete;
+    ~SilentBrowser() { close(socket_); }
+
+    // An address of this machine that no other process takes.
+    [[nodiscard]] std::string Machine() const
+    {
+        const pid_t process = getpid();
+        return "127." + std::to_string(1 + process / 65536 % 254) + "." + std::to_string(process / 256 % 256) + "." +
+               std::to_string(process % 256);
+    }
+
+    // What it was asked first, "" if nothing.
+    [[nodiscard]] std::string Question() const
+    {
+        std::array<char, 256> bytes{};
+        const ssize_t size = recv(socket_, bytes.data(), bytes.size(), MSG_DONTWAIT);
+        return size > 0 ? std::string(bytes.data(), static_cast<std::size_t>(size)) : "";
+    }
+
+  private:
+    int socket_;
+};
 
 class SqlServerFailures : public ::testing::Test
 {
@@ -124,10 +167,15 @@ TEST_F(SqlServerFailures, AProjectCannotHaveTheDriverGuessTheVersionAndWaitForEa
 
 TEST_F(SqlServerFailures, AnInstanceWhosePortNobodyTellsIsGivenUpAfterThreeTimesTheLimit)
 {
-    EXPECT_THAT(Project.FailureOn("PROVIDER=SQLOLEDB;Data Source=127.0.0.1\\sales;User ID=a;Password=b;"),
+    const SilentBrowser browser;
+    const std::string server = browser.Machine() + "\\sales";
+    EXPECT_THAT(Project.FailureOn("PROVIDER=SQLOLEDB;Data Source=" + server + ";User ID=a;Password=b;"),
                 AllOf(StartsWith("veldrane: Timeout expired."),
-                      HasSubstr("The server \"127.0.0.1\\sales\" did not answer within 1 second: name the port in "
-                                "place of the instance (\"Data Source=host,port\"), or set \"ConnectTimeout\"")));
+                      HasSubstr("The server \"" + server +
+                                "\" did not answer within 1 second: name the port in place of the instance (\"Data "
+                                "Source=host,port\"), or set \"ConnectTimeout\" in the section Platform of the "
+                                "settings to more seconds.")));
+    EXPECT_THAT(browser.Question(), HasSubstr("sales"));
 }
 
 TEST_F(SqlServerFailures, AServerThatClosesTheConnectionIsTold)
@@ -158,13 +206,36 @@ TEST_F(SqlServerFailures, AnAnswerWithoutEndIsCutOff)
                 AnyOf(HasSubstr(kGivenUp), HasSubstr("The answer has more than 1000000 rows."))); // which comes first
 }
 
+// The driver manager looks through all messages once more for each of them, so there are not too many here.
+TEST_F(SqlServerFailures, MessagesWithoutEndAreCutOff)
+{
+    EXPECT_THAT(
+        FailureOf(
+            {.Temper = TdsTemper::NeverEnds, .Endless = TdsEndless::Messages, .Pause = std::chrono::milliseconds(1)}),
+        HasSubstr(kGivenUp));
+}
+
+TEST_F(SqlServerFailures, AValueWithoutEndIsCutOff)
+{
+    EXPECT_THAT(FailureOf({.Temper = TdsTemper::NeverEnds, .Endless = TdsEndless::Value}), HasSubstr(kGivenUp));
+}
+
 TEST_F(SqlServerFailures, AnAnswerThatComesInDribletsIsCutOffThoughNoneIsLongInComing)
 {
     constexpr std::chrono::milliseconds pause(400);
-    for (const TdsEndless endless : {TdsEndless::Rows, TdsEndless::Changes, TdsEndless::Messages})
+    for (const TdsEndless endless : {TdsEndless::Rows, TdsEndless::Changes, TdsEndless::Messages, TdsEndless::Value})
         EXPECT_THAT(FailureOf({.Temper = TdsTemper::NeverEnds, .Endless = endless, .Pause = pause}),
                     HasSubstr(kGivenUp));
-    EXPECT_THAT(FailureOf({.Temper = TdsTemper::Drips, .Pause = pause}), HasSubstr(kGivenUp));
+}
+
+TEST_F(SqlServerFailures, AnAnswerThatComesByteByByteIsCutOff)
+{
+    constexpr std::chrono::milliseconds pause(300);
+    for (const TdsMoment from : {TdsMoment::Greeting, TdsMoment::Login})
+        EXPECT_THAT(FailureOf({.Temper = TdsTemper::Drips, .From = from, .Pause = pause}),
+                    AllOf(StartsWith("veldrane: Timeout expired."), HasSubstr("\"ConnectTimeout\" in the section")));
+    for (const TdsMoment from : {TdsMoment::Question, TdsMoment::Opening})
+        EXPECT_THAT(FailureOf({.Temper = TdsTemper::Drips, .From = from, .Pause = pause}), HasSubstr(kGivenUp));
 }
 
 TEST_F(SqlServerFailures, RowsWithoutEndBehindATableThatIsOpenedAreNotReadToTheirEnd)

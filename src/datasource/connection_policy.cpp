@@ -1,5 +1,6 @@
 #include "datasource/connection_policy.h"
 
+#include "datasource/connection_entries.h"
 #include "datasource/providers.h"
 #include "datasource/sql_server_string.h"
 #include "text/case_folding.h"
@@ -13,32 +14,10 @@ namespace veldrane {
 namespace {
 
 using namespace std::string_view_literals;
-using Entries = std::vector<ConnectionEntry>;
+using Entries = ConnectionEntries;
 
 constexpr std::array kPasswordKeys{"PWD"sv, "Password"sv};
 constexpr std::array kServerKeys{"Server"sv, "Servername"sv};
-
-[[noreturn]] void Refuse(const std::string& reason)
-{
-    throw DataSourceError(data_source_error::kFailed, "ConnectionString", reason);
-}
-
-bool IsOneOf(std::string_view word, std::span<const std::string_view> words)
-{
-    return std::any_of(words.begin(), words.end(),
-                       [&](std::string_view each) { return text::EqualFolded(each, word); });
-}
-
-bool HasKey(const Entries& entries, std::string_view key)
-{
-    return std::any_of(entries.begin(), entries.end(),
-                       [&](const ConnectionEntry& entry) { return text::EqualFolded(entry.Key, key); });
-}
-
-void RemoveKey(Entries& entries, std::string_view key)
-{
-    std::erase_if(entries, [&](const ConnectionEntry& entry) { return text::EqualFolded(entry.Key, key); });
-}
 
 enum class Provider
 {
@@ -54,11 +33,11 @@ Provider ProviderOf(const ConnectionString& given)
             continue;
         const bool isSqlServer = NamesProvider(entry.Value, kSqlServerProvider);
         if (!isSqlServer && !NamesProvider(entry.Value, kOdbcProvider))
-            Refuse("The connection string asks for the provider \"" + entry.Value +
-                   "\", which does not lead to an ODBC driver as MSDASQL and SQLOLEDB do.");
+            RefuseConnection("The connection string asks for the provider \"" + entry.Value +
+                             "\", which does not lead to an ODBC driver as MSDASQL and SQLOLEDB do.");
         const Provider provider = isSqlServer ? Provider::SqlServer : Provider::Odbc;
         if (told.value_or(provider) != provider)
-            Refuse("The connection string asks for two providers.");
+            RefuseConnection("The connection string asks for two providers.");
         told = provider;
     }
     return told.value_or(Provider::Odbc);
@@ -98,10 +77,10 @@ Target FindTarget(const ConnectionString& given, const InstalledDrivers& install
 {
     for (const ConnectionEntry& entry : given.Entries())
         if (entry.Value.empty() && text::EqualFolded(entry.Key, "Driver"))
-            Refuse("The connection string has an empty \"Driver\".");
+            RefuseConnection("The connection string has an empty \"Driver\".");
     Target target{.DataSource = given.Value("DSN"), .Driver = given.Value("Driver")};
     if (target.DataSource.empty() && target.Driver.empty())
-        Refuse("The connection string names neither a data source (DSN) nor a driver (Driver).");
+        RefuseConnection("The connection string names neither a data source (DSN) nor a driver (Driver).");
     const std::string driver =
         target.Driver.empty() ? installed.DataSourceSetting(target.DataSource, "Driver") : target.Driver;
     target.Profile = &ProfileOfTarget(driver, installed, rules);
@@ -112,24 +91,40 @@ void RefuseOtherDatabase(const Target& target)
 {
     if (target.Profile->Family == DriverFamily::Tds || target.Profile->Family == DriverFamily::Other)
         return;
-    Refuse("The connection string asks for SQL Server, and the " +
-           (target.Driver.empty() ? "data source \"" + target.DataSource : "driver \"" + target.Driver) +
-           "\" is for another kind of database.");
+    RefuseConnection("The connection string asks for SQL Server, and the " +
+                     (target.Driver.empty() ? "data source \"" + target.DataSource : "driver \"" + target.Driver) +
+                     "\" is for another kind of database.");
+}
+
+void RefuseUnknownDataSource(const std::string& name, const InstalledDrivers& installed)
+{
+    if (!name.empty() && installed.DataSourceSetting(name, "Driver").empty())
+        RefuseConnection("There is no ODBC data source named \"" + name +
+                         "\" on this machine: \"odbcinst -q -s\" lists those that are set up.");
+}
+
+// A server beside it takes its place; so it is looked at before.
+void RefuseOtherDataSource(const ConnectionString& given, const InstalledDrivers& installed, const LogonRules& rules)
+{
+    const std::string name = given.Value("DSN");
+    if (name.empty())
+        return;
+    RefuseUnknownDataSource(name, installed);
+    const std::string driver = installed.DataSourceSetting(name, "Driver");
+    RefuseOtherDatabase({.DataSource = name, .Driver = {}, .Profile = &ProfileOfTarget(driver, installed, rules)});
 }
 
 // The driver manager loads what stands behind "Driver" as a library when it knows no driver of that name.
 void RefuseUnknownTarget(const Target& target, const InstalledDrivers& installed)
 {
     if (!target.DataSource.empty() && !target.Driver.empty())
-        Refuse("The connection string of a project may set \"DSN\" or \"Driver\", not both.");
+        RefuseConnection("The connection string of a project may set \"DSN\" or \"Driver\", not both.");
     if (IsPath(target.Driver))
-        Refuse("A project may not name a library as its \"Driver\".");
+        RefuseConnection("A project may not name a library as its \"Driver\".");
     if (!target.Driver.empty() && installed.DriverSetting(target.Driver, "Driver").empty())
-        Refuse("There is no ODBC driver named \"" + target.Driver +
-               "\" on this machine: \"odbcinst -q -d\" lists those that are set up.");
-    if (!target.DataSource.empty() && installed.DataSourceSetting(target.DataSource, "Driver").empty())
-        Refuse("There is no ODBC data source named \"" + target.DataSource +
-               "\" on this machine: \"odbcinst -q -s\" lists those that are set up.");
+        RefuseConnection("There is no ODBC driver named \"" + target.Driver +
+                         "\" on this machine: \"odbcinst -q -d\" lists those that are set up.");
+    RefuseUnknownDataSource(target.DataSource, installed);
 }
 
 // The wide calls of the driver manager look for another name then.
@@ -138,9 +133,10 @@ void RefuseNameBeyondAscii(const Target& target, const InstalledDrivers& install
     const std::string& name = target.DataSource;
     const bool isAscii = std::all_of(name.begin(), name.end(), [](unsigned char c) { return c < 0x80; });
     if (!isAscii && target.Profile->Width == CallWidth::Wide && !installed.DataSourceSetting(name, "Driver").empty())
-        Refuse("The ODBC driver manager can't find the data source \"" + name +
-               "\" for its driver, for the name has letters beyond ASCII: rename the data source, or name its driver "
-               "(Driver) and its keys in the connection string instead.");
+        RefuseConnection(
+            "The ODBC driver manager can't find the data source \"" + name +
+            "\" for its driver, for the name has letters beyond ASCII: rename the data source, or name its driver "
+            "(Driver) and its keys in the connection string instead.");
 }
 
 void RefuseForeignKeys(const ConnectionString& given, const DriverProfile& profile)
@@ -148,15 +144,15 @@ void RefuseForeignKeys(const ConnectionString& given, const DriverProfile& profi
     Entries seen;
     for (const ConnectionEntry& entry : given.Entries()) {
         if (!text::EqualFolded(entry.Key, "PROVIDER") && !IsOneOf(entry.Key, profile.ProjectKeys))
-            Refuse("A project may not set the key \"" + entry.Key +
-                   "\" of a connection string; a data source that you have set up yourself may.");
+            RefuseConnection("A project may not set the key \"" + entry.Key +
+                             "\" of a connection string; a data source that you have set up yourself may.");
         // A password for the database comes as a second one, behind that of the login.
         if (HasKey(seen, entry.Key) && !IsOneOf(entry.Key, kPasswordKeys))
-            Refuse("The connection string sets the key \"" + entry.Key + "\" twice.");
+            RefuseConnection("The connection string sets the key \"" + entry.Key + "\" twice.");
         seen.push_back(entry);
         if (text::EqualFolded(entry.Key, "Database") && profile.IsPlainDatabase &&
             !profile.IsPlainDatabase(entry.Value))
-            Refuse("The \"Database\" of a project's connection string may not carry options.");
+            RefuseConnection("The \"Database\" of a project's connection string may not carry options.");
     }
 }
 
@@ -174,13 +170,14 @@ bool IsNumber(std::string_view text)
     return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-// "host:port" and "host,port"; more than one colon is an address of the newer kind.
+// "host,port" and "host:port"; more than one colon is an address of the newer kind.
 void SplitPort(Entries& entries)
 {
     if (HasKey(entries, "Port"))
         return;
     for (ConnectionEntry& entry : entries) {
-        const std::size_t at = entry.Value.find_first_of(":,");
+        const std::size_t comma = entry.Value.find(',');
+        const std::size_t at = comma != std::string::npos ? comma : entry.Value.find(':');
         if (!IsOneOf(entry.Key, kServerKeys) || at == std::string::npos || !IsNumber(entry.Value.substr(at + 1)))
             continue;
         const std::string port = entry.Value.substr(at + 1);
@@ -268,9 +265,16 @@ std::string Written(const ConnectionEntry& entry, const DriverProfile& profile, 
     if (MayStandInBraces(entry, profile, origin))
         return NeedsBraces(entry) ? Braced(entry.Value) : entry.Value;
     if (entry.Value.find(';') != std::string::npos || entry.Value.starts_with('{'))
-        Refuse("The driver can't be given the value of \"" + entry.Key +
-               "\": it has a semicolon in it or begins with a brace.");
+        RefuseConnection("The driver can't be given the value of \"" + entry.Key +
+                         "\": it has a semicolon in it or begins with a brace.");
     return entry.Value;
+}
+
+// Where the string names no login, the drivers for SQL Server take that of the system, whatever a data source has.
+bool IsTrusted(const ConnectionString& given, const DriverProfile& profile)
+{
+    return text::EqualFolded(given.Value("Trusted_Connection"), "Yes") ||
+           (profile.Family == DriverFamily::Tds && given.Value("UID").empty());
 }
 
 std::string ServerOf(const ConnectionString& given)
@@ -292,6 +296,8 @@ const DriverProfile& ProfileOfDriver(const std::string& driver, const InstalledD
 OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& installed, const LogonRules& rules)
 {
     const Provider provider = ProviderOf(given);
+    if (provider == Provider::SqlServer)
+        RefuseOtherDataSource(given, installed, rules);
     const ConnectionString odbc = InKeysOfOdbc(given, provider, installed, rules);
     const Target target = FindTarget(odbc, installed, rules);
     if (provider == Provider::SqlServer)
@@ -316,7 +322,7 @@ OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& 
                     .Server = ServerOf(odbc),
                     .Driver = target.Driver,
                     .DataSource = target.DataSource,
-                    .IsTrusted = text::EqualFolded(odbc.Value("Trusted_Connection"), "Yes"),
+                    .IsTrusted = IsTrusted(odbc, *target.Profile),
                     .TimeoutKey = timeoutKey};
     for (const ConnectionEntry& entry : entries)
         logon.Text += entry.Key + "=" + Written(entry, *target.Profile, rules.Origin) + ";";

@@ -61,7 +61,7 @@ struct OdbcLogon
     std::string Server{};
     std::string Driver{};
     std::string DataSource{};
-    bool IsTrusted = false;   // the login is that of the system, without a name and a password
+    bool IsTrusted = false;   // the login is that of the system: asked for, or for want of a user's name
     std::string TimeoutKey{}; // by which the string or the data source limits connecting itself, "" if neither does
 };
 
@@ -69,15 +69,17 @@ struct LogonRules
 {
     StringOrigin Origin = StringOrigin::ProjectFile;
     std::chrono::seconds ConnectTimeout{15};
-    std::string TdsDriver{"FreeTDS"}; // the driver that stands in for SQL Server's own, by its name
+    std::string TdsDriver{kTdsDriver}; // the driver that stands in for SQL Server's own, by its name
 };
 
 // Makes the driver manager's string of the user's. A string for SQL Server's own provider is translated (see
 // sql_server_string.h), and its driver's name means `TdsDriver`. An empty login or password leaves that of a data
-// source in force. What is added for a driver's sake (see driver_profile.h) gives way to a value of the string's or the
-// data source's that stands; an empty one does not. Throws DataSourceError, before any driver is loaded, for
+// source in force, for drivers that take one from there: that for SQL Server has the string's login alone, and without
+// one the system's. What is added for a driver's sake (see driver_profile.h) gives way to a value of the string's or
+// the data source's that stands; an empty one does not. Throws DataSourceError, before any driver is loaded, for
 // - a provider other than those for ODBC and for SQL Server;
-// - SQL Server behind a driver for another kind of database;
+// - SQL Server behind a driver for another kind of database, and beside a data source that is not set up;
+// - a server of SQL Server with a port that is none, or with two;
 // - a string that names neither a data source nor a driver: the driver manager would pick one;
 // - a value that the driver can't be given, because it would read another one out of it;
 // - a data source that the driver manager does not find for this driver, by reason of its name;

@@ -77,6 +77,9 @@ inline constexpr std::string_view kAddedMaxVarcharSize = "8000";
 // A name by which the profile of a driver for SQL Server is found.
 inline constexpr std::string_view kTdsLibrary = "tdsodbc";
 
+// The driver that stands in for SQL Server's own unless the settings name another, by the name it has in Debian.
+inline constexpr std::string_view kTdsDriver = "FreeTDS";
+
 // The profile of the driver with this library, a path or a name. One that is not known has the general profile.
 [[nodiscard]] const DriverProfile& ProfileOf(std::string_view library);
 

@@ -1,12 +1,15 @@
 #include "datasource/sql_server_string.h"
 
+#include "datasource/connection_entries.h"
 #include "text/case_folding.h"
 #include "text/strings.h"
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <optional>
 #include <span>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -14,21 +17,11 @@ namespace veldrane {
 namespace {
 
 using namespace std::string_view_literals;
-using Entries = std::vector<ConnectionEntry>;
+using Entries = ConnectionEntries;
 using GivenValue = std::optional<std::string>; // none: the driver is told nothing
 
+constexpr std::string_view kServer = "Server";
 constexpr std::string_view kThisMachine = "localhost";
-
-[[noreturn]] void Refuse(const std::string& reason)
-{
-    throw DataSourceError(data_source_error::kFailed, "ConnectionString", reason);
-}
-
-bool IsOneOf(std::string_view word, std::span<const std::string_view> words)
-{
-    return std::any_of(words.begin(), words.end(),
-                       [&](std::string_view each) { return text::EqualFolded(each, word); });
-}
 
 // Ways to a server that end at the machine they begin on, or that no driver here has.
 struct Way
@@ -56,23 +49,66 @@ std::string MachineOf(std::string_view name)
     return std::string(IsOneOf(name, kOwnNames) ? kThisMachine : name);
 }
 
+[[noreturn]] void RefuseTwoPorts()
+{
+    RefuseConnection("The connection string names two ports for its server.");
+}
+
+// A machine and the port behind it, none if the value has none.
+struct Address
+{
+    std::string_view Machine;
+    std::optional<std::string_view> Port;
+};
+
+// "host,port", "host:port", "[address]:port"; more than one colon is an address of the newer kind.
+Address SplitAddress(std::string_view value)
+{
+    const std::size_t comma = value.find(',');
+    Address address{.Machine = text::Trim(value.substr(0, comma)), .Port = {}};
+    if (comma != std::string_view::npos)
+        address.Port = text::Trim(value.substr(comma + 1));
+    const std::size_t bracket = address.Machine.starts_with('[') ? address.Machine.find(']') : std::string_view::npos;
+    const bool isBracketed = bracket != std::string_view::npos;
+    const std::size_t colon = address.Machine.find(':', isBracketed ? bracket : 0);
+    if (colon != std::string_view::npos && address.Machine.find(':', colon + 1) == std::string_view::npos) {
+        if (address.Port)
+            RefuseTwoPorts();
+        address.Port = text::Trim(address.Machine.substr(colon + 1));
+        address.Machine = address.Machine.substr(0, colon);
+    }
+    if (isBracketed && address.Machine.ends_with(']'))
+        address.Machine = address.Machine.substr(1, address.Machine.size() - 2);
+    return address;
+}
+
+void RequirePort(const ConnectionEntry& entry, std::string_view port)
+{
+    constexpr unsigned kLast = 65535;
+    unsigned number = 0;
+    const auto [end, error] = std::from_chars(port.data(), port.data() + port.size(), number);
+    if (error != std::errc() || end != port.data() + port.size() || number == 0 || number > kLast)
+        RefuseConnection("The port in the \"" + entry.Key +
+                         "\" of the connection string is not a number from 1 to 65535.");
+}
+
 // "host\instance,port": the port says where the instance is.
 GivenValue Server(const ConnectionEntry& entry)
 {
     std::string_view value = text::Trim(entry.Value);
     for (const Way& way : kOtherWays)
         if (BeginsWith(value, way.Prefix))
-            Refuse("The \"" + entry.Key + "\" of the connection string asks for " + std::string(way.Name) +
-                   "; SQL Server is reached by TCP alone.");
+            RefuseConnection("The \"" + entry.Key + "\" of the connection string asks for " + std::string(way.Name) +
+                             "; SQL Server is reached by TCP alone.");
     if (BeginsWith(value, "tcp:"))
         value = text::Trim(value.substr(4));
-    const std::size_t comma = value.find(',');
-    const std::string_view address = text::Trim(value.substr(0, comma));
-    const std::size_t backslash = std::min(address.find('\\'), address.size());
-    const std::string machine = MachineOf(text::Trim(address.substr(0, backslash)));
-    if (comma != std::string_view::npos)
-        return machine + "," + std::string(text::Trim(value.substr(comma + 1)));
-    return machine + std::string(address.substr(backslash));
+    const Address address = SplitAddress(value);
+    const std::size_t backslash = std::min(address.Machine.find('\\'), address.Machine.size());
+    const std::string machine = MachineOf(text::Trim(address.Machine.substr(0, backslash)));
+    if (!address.Port)
+        return machine + std::string(address.Machine.substr(backslash));
+    RequirePort(entry, *address.Port);
+    return machine + "," + std::string(*address.Port);
 }
 
 GivenValue AsItIs(const ConnectionEntry& entry)
@@ -85,34 +121,36 @@ GivenValue Nothing(const ConnectionEntry& /*entry*/)
     return std::nullopt;
 }
 
-bool Says(const ConnectionEntry& entry, std::span<const std::string_view> yes)
+bool Says(const ConnectionEntry& entry, std::span<const std::string_view> yes, std::span<const std::string_view> no)
 {
-    constexpr std::array kNo{""sv, "no"sv, "false"sv, "0"sv};
-    if (!IsOneOf(entry.Value, yes) && !IsOneOf(entry.Value, kNo))
-        Refuse("The \"" + entry.Key + "\" of the connection string is neither \"" + std::string(yes.front()) +
-               "\" nor \"no\".");
+    if (!IsOneOf(entry.Value, yes) && !IsOneOf(entry.Value, no))
+        RefuseConnection("The \"" + entry.Key + "\" of the connection string is neither \"" + std::string(yes.front()) +
+                         "\" nor \"no\".");
     return IsOneOf(entry.Value, yes);
 }
 
 GivenValue Trusted(const ConnectionEntry& entry)
 {
     constexpr std::array kYes{"SSPI"sv, "yes"sv, "true"sv, "1"sv};
-    return Says(entry, kYes) ? GivenValue("Yes") : std::nullopt;
+    constexpr std::array kNo{""sv, "no"sv, "false"sv, "0"sv};
+    return Says(entry, kYes, kNo) ? GivenValue("Yes") : std::nullopt;
 }
 
 GivenValue Encrypted(const ConnectionEntry& entry)
 {
     constexpr std::array kYes{"yes"sv, "true"sv, "mandatory"sv, "1"sv};
-    return Says(entry, kYes) ? GivenValue("require") : std::nullopt;
+    constexpr std::array kNo{""sv, "no"sv, "false"sv, "0"sv, "optional"sv};
+    return Says(entry, kYes, kNo) ? GivenValue("require") : std::nullopt;
 }
 
 GivenValue TcpAlone(const ConnectionEntry& entry)
 {
     constexpr std::array kTcp{""sv, "DBMSSOCN"sv, "TCPIP"sv};
     if (!IsOneOf(entry.Value, kTcp))
-        Refuse("The \"" + entry.Key +
-               "\" of the connection string asks for another network than TCP (\"DBMSSOCN\"), by which alone SQL "
-               "Server is reached.");
+        RefuseConnection(
+            "The \"" + entry.Key +
+            "\" of the connection string asks for another network than TCP (\"DBMSSOCN\"), by which alone SQL "
+            "Server is reached.");
     return std::nullopt;
 }
 
@@ -125,11 +163,11 @@ struct KeyRow
 
 // The published keywords of the provider, with their other names.
 constexpr std::array kKeys{
-    KeyRow{"Data Source", "Server", Server},
-    KeyRow{"Server", "Server", Server},
-    KeyRow{"Address", "Server", Server},
-    KeyRow{"Addr", "Server", Server},
-    KeyRow{"Network Address", "Server", Server},
+    KeyRow{"Data Source", kServer, Server},
+    KeyRow{"Server", kServer, Server},
+    KeyRow{"Address", kServer, Server},
+    KeyRow{"Addr", kServer, Server},
+    KeyRow{"Network Address", kServer, Server},
     KeyRow{"Initial Catalog", "Database", AsItIs},
     KeyRow{"User ID", "UID", AsItIs},
     KeyRow{"User", "UID", AsItIs},
@@ -162,10 +200,26 @@ constexpr std::array kKeys{
     KeyRow{"Window Handle", "", Nothing},
 };
 
+bool IsServer(const ConnectionEntry& entry)
+{
+    return std::any_of(kKeys.begin(), kKeys.end(), [&](const KeyRow& row) {
+        return row.Driver == kServer && text::EqualFolded(row.Given, entry.Key);
+    });
+}
+
+bool NamesAServer(const ConnectionString& given)
+{
+    return std::any_of(given.Entries().begin(), given.Entries().end(),
+                       [](const ConnectionEntry& entry) { return !entry.Value.empty() && IsServer(entry); });
+}
+
 Entries Translated(const ConnectionString& given)
 {
+    const bool namesAServer = NamesAServer(given);
     Entries entries;
     for (const ConnectionEntry& entry : given.Entries()) {
+        if (namesAServer && entry.Value.empty() && IsServer(entry))
+            continue;
         const auto row = std::find_if(kKeys.begin(), kKeys.end(),
                                       [&](const KeyRow& each) { return text::EqualFolded(each.Given, entry.Key); });
         if (row == kKeys.end())
@@ -176,36 +230,24 @@ Entries Translated(const ConnectionString& given)
     return entries;
 }
 
-bool Has(const Entries& entries, std::string_view key)
+void RefuseSecondPort(const Entries& entries)
 {
-    return std::any_of(entries.begin(), entries.end(),
-                       [&](const ConnectionEntry& entry) { return text::EqualFolded(entry.Key, key); });
-}
-
-void Remove(Entries& entries, std::string_view key)
-{
-    std::erase_if(entries, [&](const ConnectionEntry& entry) { return text::EqualFolded(entry.Key, key); });
-}
-
-bool NamesAServer(const ConnectionString& given)
-{
-    const auto names = [](const ConnectionEntry& entry) {
-        return !entry.Value.empty() && std::any_of(kKeys.begin(), kKeys.end(), [&](const KeyRow& row) {
-            return row.Driver == "Server" && text::EqualFolded(row.Given, entry.Key);
-        });
-    };
-    return std::any_of(given.Entries().begin(), given.Entries().end(), names);
+    const bool isInServer = std::any_of(entries.begin(), entries.end(), [](const ConnectionEntry& entry) {
+        return text::EqualFolded(entry.Key, kServer) && entry.Value.find(',') != std::string::npos;
+    });
+    if (isInServer && HasKey(entries, "Port"))
+        RefuseTwoPorts();
 }
 
 // The driver takes a data source or a server, not both.
 void ReplaceDataSource(Entries& entries, const std::string& dataSource, const InstalledDrivers& installed)
 {
     constexpr std::array kKept{"Database"sv, "TDS_Version"sv, "ClientCharset"sv, "Encryption"sv, "Language"sv};
-    Remove(entries, "DSN");
+    RemoveKey(entries, "DSN");
     for (const std::string_view each : kKept) {
         const std::string key(each);
         std::string value = installed.DataSourceSetting(dataSource, key);
-        if (!value.empty() && !Has(entries, key))
+        if (!value.empty() && !HasKey(entries, key))
             entries.push_back({.Key = key, .Value = std::move(value)});
     }
 }
@@ -213,9 +255,19 @@ void ReplaceDataSource(Entries& entries, const std::string& dataSource, const In
 void RequireSetUp(const std::string& tdsDriver, const InstalledDrivers& installed)
 {
     if (installed.DriverSetting(tdsDriver, "Driver").empty())
-        Refuse("There is no ODBC driver named \"" + tdsDriver +
-               "\" on this machine, by which SQL Server would be reached: \"odbcinst -q -d\" lists those that are set "
-               "up; \"TdsDriver\" in the section Platform of the settings names another.");
+        RefuseConnection(
+            "There is no ODBC driver named \"" + tdsDriver +
+            "\" on this machine, by which SQL Server would be reached: \"odbcinst -q -d\" lists those that are set "
+            "up; \"TdsDriver\" in the section Platform of the settings names another.");
+}
+
+// SQL Server's own driver knows a server by the same names as the provider.
+void TranslateServers(Entries& entries)
+{
+    for (ConnectionEntry& entry : entries)
+        if (text::EqualFolded(entry.Key, kServer))
+            entry.Value = Server(entry).value_or("");
+    RefuseSecondPort(entries);
 }
 
 } // namespace
@@ -223,17 +275,18 @@ void RequireSetUp(const std::string& tdsDriver, const InstalledDrivers& installe
 ConnectionString TranslateSqlServerString(const ConnectionString& given, const InstalledDrivers& installed)
 {
     Entries entries = Translated(given);
-    Remove(entries, "PROVIDER");
+    RemoveKey(entries, "PROVIDER");
+    RefuseSecondPort(entries);
     const std::string dataSource = given.Value("DSN");
     if (!dataSource.empty() && !NamesAServer(given)) {
-        Remove(entries, "Server");
+        RemoveKey(entries, "Server");
         return ConnectionString(std::move(entries));
     }
     if (!dataSource.empty())
         ReplaceDataSource(entries, dataSource, installed);
-    if (!Has(entries, "Server"))
+    if (!HasKey(entries, "Server"))
         entries.push_back({.Key = "Server", .Value = std::string(kThisMachine)});
-    if (!Has(entries, "Driver"))
+    if (!HasKey(entries, "Driver"))
         entries.insert(entries.begin(), {.Key = "Driver", .Value = std::string(kSqlServerDriver)});
     return ConnectionString(std::move(entries));
 }
@@ -248,6 +301,7 @@ ConnectionString WithStandInDriver(const ConnectionString& given, const Installe
             continue;
         RequireSetUp(tdsDriver, installed);
         entry.Value = tdsDriver;
+        TranslateServers(entries);
     }
     return ConnectionString(std::move(entries));
 }

@@ -18,15 +18,15 @@ inline constexpr std::string_view kSqlServerDriver = "SQL Server";
 //
 // A server named beside a data source is reached in place of the data source's own, with what the data source says of
 // the protocol and without its login: whoever wrote the string may not have that. No server, "." and "(local)" are this
-// machine. Keys that tune the provider and say nothing to a driver are left out; those that it does not have stay as
-// they are, for the caller to judge.
-// Throws DataSourceError for a server, a network or a kind of login that the driver can't be asked for. The message
-// names the key, never a password.
+// machine. An address of the newer kind may stand in brackets. Keys that tune the provider and say nothing to a driver
+// are left out; those that it does not have stay as they are, for the caller to judge. Throws DataSourceError for a
+// server, a network or a kind of login that the driver can't be asked for. The message names the key, never a password.
 [[nodiscard]] ConnectionString TranslateSqlServerString(const ConnectionString& given,
                                                         const InstalledDrivers& installed);
 
-// The same string with `tdsDriver` in place of the driver "SQL Server", unless a driver of that name is set up. Throws
-// DataSourceError if `tdsDriver` is wanted and is not set up.
+// The same string with `tdsDriver` in place of the driver "SQL Server", unless a driver of that name is set up; its
+// server is then named as the provider's is. Throws DataSourceError if `tdsDriver` is wanted and is not set up, and for
+// a server as above.
 [[nodiscard]] ConnectionString WithStandInDriver(const ConnectionString& given, const InstalledDrivers& installed,
                                                  const std::string& tdsDriver);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "datasource/driver_profile.h"
 #include "ports/settings.h"
 #include "text/code_page.h"
 
@@ -15,7 +16,7 @@ struct PlatformSettings
     std::chrono::seconds ConnectTimeout{15};
     std::chrono::seconds StatementTimeout{60};
     std::string VisualBasicCommand;
-    std::string TdsDriver{"FreeTDS"}; // the ODBC driver that reaches SQL Server
+    std::string TdsDriver{kTdsDriver}; // the ODBC driver that reaches SQL Server
 };
 
 // Reads them. A time that is no positive number counts as not set, one of more than a

@@ -23,6 +23,8 @@ using veldrane::testing::Require;
 using Pair = std::pair<std::string, std::string>;
 using Pairs = std::vector<Pair>;
 
+constexpr const char* kStandIn = "t"; // for SQL Server's own driver
+
 std::string Lower(std::string text)
 {
     std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::tolower(c); });
@@ -269,6 +271,62 @@ bool GivesWay(const ConnectionEntry& entry, const DriverProfile& profile)
     });
 }
 
+bool StandsInFor(const ConnectionEntry& entry)
+{
+    return Lower(entry.Key) == "driver" && Lower(entry.Value) == "sql server";
+}
+
+// A value that names a server of SQL Server, without what says nothing of the place: "tcp:[fe80::1]:9" as "fe80::1:9".
+std::string BarePlace(const std::string& value)
+{
+    std::string place = Lower(Trimmed(value));
+    if (place.starts_with("tcp:"))
+        place.erase(0, 4);
+    std::erase_if(place, [](char c) { return c == ' ' || c == '[' || c == ']'; });
+    return place;
+}
+
+bool IsPort(const std::string& text)
+{
+    constexpr int kLast = 65535;
+    const bool isNumber = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+    return isNumber && std::stod(text) >= 1 && std::stod(text) <= kLast;
+}
+
+// Whether "machine", "machine\\instance" or "machine,port" is the place that the value names. A port says where the
+// instance is, which is then left out.
+bool IsPlaceOf(const std::string& value, const std::string& arrived)
+{
+    std::string given = BarePlace(value);
+    const std::size_t comma = std::min(arrived.find(','), arrived.size());
+    const std::string port = arrived.substr(comma);
+    if (!port.empty()) {
+        const bool isGiven = given.ends_with(port) || given.ends_with(":" + port.substr(1));
+        if (!isGiven || !IsPort(port.substr(1)))
+            return false;
+        given.erase(given.size() - port.size());
+    }
+    const std::size_t backslash = std::min(given.find('\\'), given.size());
+    const std::string machine = given.substr(0, backslash);
+    const bool isThisMachine = machine.empty() || machine == "." || machine == "(local)";
+    return BarePlace(arrived.substr(0, comma)) ==
+           (isThisMachine ? "localhost" : machine) + (port.empty() ? given.substr(backslash) : "");
+}
+
+// Its port may have been taken off. SQL Server's own driver has names of its own for a place.
+void CheckServerArrives(const ConnectionString& given, const ConnectionEntry& entry, const std::string& server,
+                        const Pairs& arrived)
+{
+    const auto found = FindKey(arrived, "port");
+    const std::string port = found == arrived.end() ? "" : found->second;
+    if (Lower(entry.Key) == "server" && std::any_of(given.Entries().begin(), given.Entries().end(), StandsInFor))
+        Require(IsPlaceOf(entry.Value, server) || IsPlaceOf(entry.Value, server + "," + port),
+                "a server of SQL Server arrives as a machine with its port or its instance");
+    else
+        Require(server == entry.Value || server + "," + port == entry.Value || server + ":" + port == entry.Value,
+                "a server arrives with its port");
+}
+
 void CheckValuesArrive(const ConnectionString& given, const Pairs& arrived, const DriverProfile& profile)
 {
     auto next = arrived.begin();
@@ -279,10 +337,12 @@ void CheckValuesArrive(const ConnectionString& given, const Pairs& arrived, cons
         if (key == "provider" || isIdle || GivesWay(entry, profile))
             continue;
         Require(next != arrived.end() && next->first == key, "keys arrive in their order");
-        const bool isServer = key == "server" || key == "servername"; // its port may be taken off
-        const bool isStoodInFor = key == "driver" && Lower(entry.Value) == "sql server";
-        Require(next->second == entry.Value || isStoodInFor || (isServer && entry.Value.starts_with(next->second)),
-                "values arrive as they are");
+        if (key == "server" || key == "servername")
+            CheckServerArrives(given, entry, next->second, arrived);
+        else if (StandsInFor(entry))
+            Require(next->second == kStandIn, "a driver stands in for SQL Server's own");
+        else
+            Require(next->second == entry.Value, "values arrive as they are");
         ++next;
     }
 }
@@ -328,7 +388,7 @@ std::optional<ConnectionString> Parsed(const std::string& text)
 
 LogonRules RulesOf(StringOrigin origin)
 {
-    return {.Origin = origin, .ConnectTimeout = std::chrono::seconds(7), .TdsDriver = "t"};
+    return {.Origin = origin, .ConnectTimeout = std::chrono::seconds(7), .TdsDriver = kStandIn};
 }
 
 std::string RefusalOf(const std::string& text, StringOrigin origin)

@@ -6,13 +6,21 @@
 
 #include <gmock/gmock.h>
 
+#include <arpa/inet.h>
+#include <array>
+#include <cstdint>
+#include <sys/socket.h>
+#include <unistd.h>
+
 namespace veldrane {
 namespace {
 
 using ::testing::AllOf;
+using ::testing::AnyOf;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
+using testing::TdsEndless;
 using testing::TdsMoment;
 using testing::TdsServer;
 using testing::TdsTemper;
@@ -27,6 +35,47 @@ const std::string kGone =
     "The server closed the connection, or gave no answer within 1 second (\"StatementTimeout\" in "
     "the section Platform of the settings).";
 
+const std::string kGivenUp =
+    "The answer did not come to its end. The statement was given up after 1 second: set \"StatementTimeout\" in the "
+    "section Platform of the settings to more seconds.";
+
+// The service that tells the ports of a machine's instances, on a machine of its own, where it never says a word.
+class SilentBrowser
+{
+  public:
+    SilentBrowser() : socket_(socket(AF_INET, SOCK_DGRAM, 0))
+    {
+        constexpr std::uint16_t kPort = 1434;
+        const sockaddr_in address{.sin_family = AF_INET,
+                                  .sin_port = htons(kPort),
+                                  .sin_addr = {inet_addr(Machine().c_str())},
+                                  .sin_zero = {}};
+        EXPECT_EQ(bind(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
+    }
+    SilentBrowser(const SilentBrowser&) = delete;
+    SilentBrowser& operator=(const SilentBrowser&) = delete;
+    ~SilentBrowser() { close(socket_); }
+
+    // An address of this machine that no other process takes.
+    [[nodiscard]] std::string Machine() const
+    {
+        const pid_t process = getpid();
+        return "127." + std::to_string(1 + process / 65536 % 254) + "." + std::to_string(process / 256 % 256) + "." +
+               std::to_string(process % 256);
+    }
+
+    // What it was asked first, "" if nothing.
+    [[nodiscard]] std::string Question() const
+    {
+        std::array<char, 256> bytes{};
+        const ssize_t size = recv(socket_, bytes.data(), bytes.size(), MSG_DONTWAIT);
+        return size > 0 ? std::string(bytes.data(), static_cast<std::size_t>(size)) : "";
+    }
+
+  private:
+    int socket_;
+};
+
 class SqlServerFailures : public ::testing::Test
 {
   protected:
@@ -39,9 +88,21 @@ class SqlServerFailures : public ::testing::Test
 
     [[nodiscard]] std::string FailureOf(TdsTemper temper, TdsMoment from) const
     {
-        const TdsServer server({.Tables = {{.Name = "T", .Columns = {{"a", "int"}}}}},
-                               {.Temper = temper, .From = from});
+        return FailureOf({.Temper = temper, .From = from});
+    }
+
+    [[nodiscard]] std::string FailureOf(const testing::TdsManners& manners) const
+    {
+        const TdsServer server({.Tables = {{.Name = "T", .Columns = {{"a", "int"}}}}}, manners);
         return Project.FailureOn(server.ConnectionString());
+    }
+
+    // A driver that waits for a byte in vain waits for its own limit once more. With two seconds, that is later than
+    // the end of the statement's time.
+    [[nodiscard]] std::string FailureOnSlowQuestion(TdsTemper temper) const
+    {
+        Project.Workspace.WriteFile("settings.ini", "[Platform]\nConnectTimeout=1\nStatementTimeout=2\n");
+        return FailureOf(temper, TdsMoment::Question);
     }
 
     testing::UntouchedProject Project;
@@ -93,7 +154,7 @@ TEST_F(SqlServerFailures, AServerThatFallsSilentIsGivenUpAfterTheTimeOfTheSettin
             FailureOf(TdsTemper::Silent, from),
             AllOf(StartsWith("veldrane: Timeout expired."), HasSubstr("did not answer within 1 second: "),
                   EndsWith("set \"ConnectTimeout\" in the section Platform of the settings to more seconds." + kEdit)));
-    EXPECT_THAT(FailureOf(TdsTemper::Silent, TdsMoment::Question), HasSubstr(kGone));
+    EXPECT_THAT(FailureOnSlowQuestion(TdsTemper::Silent), HasSubstr("The statement was given up after 2 seconds: "));
 }
 
 TEST_F(SqlServerFailures, AProjectCannotHaveTheDriverGuessTheVersionAndWaitForEachGuess)
@@ -102,6 +163,19 @@ TEST_F(SqlServerFailures, AProjectCannotHaveTheDriverGuessTheVersionAndWaitForEa
     for (const std::string version : {"", "auto", "5.0"})
         EXPECT_THAT(Project.FailureOn(server.ConnectionString() + "TDS_Version=" + version + ";"),
                     HasSubstr("did not answer within 1 second: "));
+}
+
+TEST_F(SqlServerFailures, AnInstanceWhosePortNobodyTellsIsGivenUpAfterThreeTimesTheLimit)
+{
+    const SilentBrowser browser;
+    const std::string server = browser.Machine() + "\\sales";
+    EXPECT_THAT(Project.FailureOn("PROVIDER=SQLOLEDB;Data Source=" + server + ";User ID=a;Password=b;"),
+                AllOf(StartsWith("veldrane: Timeout expired."),
+                      HasSubstr("The server \"" + server +
+                                "\" did not answer within 1 second: name the port in place of the instance (\"Data "
+                                "Source=host,port\"), or set \"ConnectTimeout\" in the section Platform of the "
+                                "settings to more seconds.")));
+    EXPECT_THAT(browser.Question(), HasSubstr("sales"));
 }
 
 TEST_F(SqlServerFailures, AServerThatClosesTheConnectionIsTold)
@@ -117,16 +191,56 @@ TEST_F(SqlServerFailures, NonsenseIsNoAnswer)
 {
     for (const TdsMoment from : {TdsMoment::Greeting, TdsMoment::Login})
         EXPECT_THAT(FailureOf(TdsTemper::Babbles, from), StartsWith("veldrane: Timeout expired."));
-    EXPECT_THAT(FailureOf(TdsTemper::Babbles, TdsMoment::Question), HasSubstr(kGone));
+    EXPECT_THAT(FailureOnSlowQuestion(TdsTemper::Babbles), HasSubstr("The statement was given up after 2 seconds: "));
 }
 
 TEST_F(SqlServerFailures, AnAnswerWithoutEndIsCutOff)
 {
+    EXPECT_THAT(FailureOf(TdsTemper::NeverEnds, TdsMoment::Greeting), EndsWith(kStranger)); // a greeting is short
+    EXPECT_THAT(
+        FailureOf(TdsTemper::NeverEnds, TdsMoment::Login),
+        AllOf(StartsWith("veldrane: Timeout expired."), HasSubstr("did not answer within 1 second: "),
+              EndsWith("set \"ConnectTimeout\" in the section Platform of the settings to more seconds." + kEdit)));
+    EXPECT_THAT(FailureOf({.Temper = TdsTemper::NeverEnds, .Endless = TdsEndless::Changes}), HasSubstr(kGivenUp));
+    EXPECT_THAT(FailureOf({.Temper = TdsTemper::NeverEnds, .Endless = TdsEndless::Rows}),
+                AnyOf(HasSubstr(kGivenUp), HasSubstr("The answer has more than 1000000 rows."))); // which comes first
+}
+
+// The driver manager looks through all messages once more for each of them, so there are not too many here.
+TEST_F(SqlServerFailures, MessagesWithoutEndAreCutOff)
+{
+    EXPECT_THAT(
+        FailureOf(
+            {.Temper = TdsTemper::NeverEnds, .Endless = TdsEndless::Messages, .Pause = std::chrono::milliseconds(1)}),
+        HasSubstr(kGivenUp));
+}
+
+TEST_F(SqlServerFailures, AValueWithoutEndIsCutOff)
+{
+    EXPECT_THAT(FailureOf({.Temper = TdsTemper::NeverEnds, .Endless = TdsEndless::Value}), HasSubstr(kGivenUp));
+}
+
+TEST_F(SqlServerFailures, AnAnswerThatComesInDribletsIsCutOffThoughNoneIsLongInComing)
+{
+    constexpr std::chrono::milliseconds pause(400);
+    for (const TdsEndless endless : {TdsEndless::Rows, TdsEndless::Changes, TdsEndless::Messages, TdsEndless::Value})
+        EXPECT_THAT(FailureOf({.Temper = TdsTemper::NeverEnds, .Endless = endless, .Pause = pause}),
+                    HasSubstr(kGivenUp));
+}
+
+TEST_F(SqlServerFailures, AnAnswerThatComesByteByByteIsCutOff)
+{
+    constexpr std::chrono::milliseconds pause(300);
     for (const TdsMoment from : {TdsMoment::Greeting, TdsMoment::Login})
-        EXPECT_THAT(FailureOf(TdsTemper::NeverEnds, from), EndsWith(kStranger));
-    EXPECT_THAT(FailureOf(TdsTemper::NeverEnds, TdsMoment::Question),
-                HasSubstr("The answer did not come to its end. The statement was given up after 1 second: set "
-                          "\"StatementTimeout\" in the section Platform of the settings to more seconds."));
+        EXPECT_THAT(FailureOf({.Temper = TdsTemper::Drips, .From = from, .Pause = pause}),
+                    AllOf(StartsWith("veldrane: Timeout expired."), HasSubstr("\"ConnectTimeout\" in the section")));
+    for (const TdsMoment from : {TdsMoment::Question, TdsMoment::Opening})
+        EXPECT_THAT(FailureOf({.Temper = TdsTemper::Drips, .From = from, .Pause = pause}), HasSubstr(kGivenUp));
+}
+
+TEST_F(SqlServerFailures, RowsWithoutEndBehindATableThatIsOpenedAreNotReadToTheirEnd)
+{
+    EXPECT_THAT(FailureOf(TdsTemper::NeverEnds, TdsMoment::Opening), HasSubstr(kGivenUp));
 }
 
 TEST_F(SqlServerFailures, ADriverThatIsNotSetUpIsNamedWithItsSetting)

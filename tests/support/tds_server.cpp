@@ -34,11 +34,24 @@ constexpr std::uint8_t kGreeting = 0x12;
 // The server's version, and that it knows no encryption.
 constexpr std::string_view kGreeting("\x00\x00\x0B\x00\x06\x01\x00\x11\x00\x01\xFF\x0A\x00\x00\x00\x00\x00\x02", 18);
 
+constexpr const char* kEndlessWord = "endless";
+const std::vector<TdsColumn> kEndlessRow(5, {.Name = "x", .Type = "sysname"});
+
 // The end of the connection; the thread that serves it ends too.
 struct Gone
 {};
 
-// Messages over a socket, cut into packets: a type, whether it is the last, its length, and four bytes of no concern.
+// A type, whether it is the last of its message, its length, and four bytes of no concern.
+std::string Packet(std::string_view body, std::uint8_t status)
+{
+    const std::size_t size = body.size() + kHeaderSize;
+    std::string bytes{static_cast<char>(kAnswer), static_cast<char>(status), static_cast<char>(size / 256),
+                      static_cast<char>(size % 256)};
+    bytes.append(4, '\0');
+    return bytes.append(body);
+}
+
+// Messages over a socket, cut into packets.
 class Messages
 {
   public:
@@ -67,14 +80,7 @@ class Messages
         } while (!body.empty());
     }
 
-    void SendPacket(std::string_view packet, std::uint8_t status) const
-    {
-        const std::size_t size = packet.size() + kHeaderSize;
-        std::string bytes{static_cast<char>(kAnswer), static_cast<char>(status), static_cast<char>(size / 256),
-                          static_cast<char>(size % 256)};
-        bytes.append(4, '\0');
-        SendBytes(bytes.append(packet));
-    }
+    void SendPacket(std::string_view packet, std::uint8_t status) const { SendBytes(Packet(packet, status)); }
 
     void SendBytes(std::string_view bytes) const
     {
@@ -101,11 +107,25 @@ class Messages
     int socket_;
 };
 
-TdsMoment MomentOf(std::uint8_t type)
+bool IsOpening(std::uint8_t type, std::string_view body)
 {
-    if (type == request::kGreeting)
-        return TdsMoment::Greeting;
-    return type == request::kLogin ? TdsMoment::Login : TdsMoment::Question;
+    return type == request::kBatch && body.find(ToTdsText("SELECT * FROM ")) != std::string_view::npos;
+}
+
+// An opening is a question, too.
+bool IsAt(TdsMoment moment, std::uint8_t type, std::string_view body)
+{
+    switch (moment) {
+    case TdsMoment::Greeting:
+        return type == request::kGreeting;
+    case TdsMoment::Login:
+        return type == request::kLogin;
+    case TdsMoment::Question:
+        return type != request::kGreeting && type != request::kLogin;
+    case TdsMoment::Opening:
+        return IsOpening(type, body);
+    }
+    return false;
 }
 
 // One caller, from the greeting to the end.
@@ -121,7 +141,7 @@ class Caller
         for (std::string body;;) {
             const std::uint8_t type = messages_.Receive(body);
             const std::string answer = AnswerTo(type, body);
-            if (manners_.Temper == TdsTemper::Willing || MomentOf(type) != manners_.From)
+            if (manners_.Temper == TdsTemper::Willing || !IsAt(manners_.From, type, body))
                 messages_.Send(answer);
             else
                 Misbehave(answer, body);
@@ -183,25 +203,63 @@ class Caller
             return messages_.SendBytes("HTTP/1.0 400 Bad Request\r\n\r\n" + std::string(200, '\x7E'));
         case TdsTemper::NeverEnds:
             NeverEnd();
+        case TdsTemper::Drips:
+            return Drip(answer);
+        }
+    }
+
+    [[nodiscard]] TdsEndless WithoutEnd() const
+    {
+        const bool isConnecting = manners_.From == TdsMoment::Greeting || manners_.From == TdsMoment::Login;
+        return isConnecting ? TdsEndless::Changes : manners_.Endless;
+    }
+
+    void BeginWithoutEnd(TdsAnswer& answer) const
+    {
+        if (WithoutEnd() == TdsEndless::Rows)
+            answer.Columns(kEndlessRow);
+        if (WithoutEnd() == TdsEndless::Value) {
+            answer.Columns({{.Name = "x", .Type = "nvarchar(max)"}});
+            answer.BeginLongRow();
+        }
+    }
+
+    void GoOn(TdsAnswer& answer) const
+    {
+        switch (WithoutEnd()) {
+        case TdsEndless::Rows:
+            return answer.Row(kEndlessRow, TdsRow(kEndlessRow.size(), kEndlessWord));
+        case TdsEndless::Changes:
+            return answer.ChangeDatabase(kEndlessWord);
+        case TdsEndless::Messages:
+            return answer.Complain({.Number = 50000, .Words = kEndlessWord, .Severity = 10});
+        case TdsEndless::Value:
+            return answer.Piece(kEndlessWord);
         }
     }
 
     // Packets whose end is in the middle of an answer, so that any number of them may follow.
     [[noreturn]] void NeverEnd() const
     {
-        const std::vector<TdsColumn> columns(5, {.Name = "x", .Type = "sysname"});
         TdsAnswer beginning(version_);
+        BeginWithoutEnd(beginning);
         TdsAnswer more(version_);
-        if (manners_.From == TdsMoment::Question)
-            beginning.Columns(columns);
-        while (more.Bytes().size() < kPacketSize / 2)
-            if (manners_.From == TdsMoment::Question)
-                more.Row(columns, TdsRow(columns.size(), "endless"));
-            else
-                more.ChangeDatabase("endless");
+        do {
+            GoOn(more);
+        } while (manners_.Pause.count() == 0 && more.Bytes().size() < kPacketSize / 2);
         messages_.SendPacket(beginning.Bytes(), 0);
-        for (;;)
+        for (;;) {
+            std::this_thread::sleep_for(manners_.Pause);
             messages_.SendPacket(more.Bytes(), 0);
+        }
+    }
+
+    void Drip(const std::string& answer) const
+    {
+        for (const char byte : Packet(answer, kLast)) {
+            std::this_thread::sleep_for(manners_.Pause);
+            messages_.SendBytes({&byte, 1});
+        }
     }
 
     Messages messages_;

@@ -2,6 +2,7 @@
 
 #include "support/tds_contents.h"
 
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -13,6 +14,7 @@ enum class TdsMoment
     Greeting, // the first bytes, before the login
     Login,
     Question, // a statement or a call of the catalog
+    Opening,  // a table that is opened for its columns
 };
 
 enum class TdsTemper
@@ -23,12 +25,24 @@ enum class TdsTemper
     BreaksOff, // closes it in the middle of one
     Babbles,   // answers what is no answer
     NeverEnds, // answers without end
+    Drips,     // answers a byte at a time, with a pause before each; for answers that fit into a packet
+};
+
+// What an answer without end consists of.
+enum class TdsEndless
+{
+    Rows,
+    Changes, // of the database that is in use
+    Messages,
+    Value, // of one column; from version 7.2 of the protocol on
 };
 
 struct TdsManners
 {
     TdsTemper Temper = TdsTemper::Willing;
     TdsMoment From = TdsMoment::Question;
+    TdsEndless Endless = TdsEndless::Rows;
+    std::chrono::milliseconds Pause{0}; // before each row, change, message, piece of a value or byte
 };
 
 // A stand-in for SQL Server on a port of its own of 127.0.0.1: it speaks the protocol's versions 7.1 to 7.4 as far as

@@ -1,7 +1,6 @@
 #include "support/tds_tokens.h"
 
 #include "datasource/odbc/utf16.h"
-#include "support/tds_types.h"
 
 #include <algorithm>
 
@@ -105,6 +104,17 @@ void TdsAnswer::Type(const TdsColumn& column, const std::string& table)
         Number(0, 1);
     if (type.Layout == TdsLayout::Variant)
         Number(type.Bytes, 4);
+    if (type.Layout == TdsLayout::Clr)
+        ClrType(declared);
+}
+
+void TdsAnswer::ClrType(const TdsDeclared& declared)
+{
+    Number(declared.Length, 2);
+    Name("shop", 1);
+    Name("dbo", 1);
+    Name(declared.Type.Name, 1);
+    Name(std::string(declared.Type.Name) + ", Types, Version=1.0.0.0", 2);
 }
 
 void TdsAnswer::Columns(const std::vector<TdsColumn>& columns, const std::string& table)
@@ -140,6 +150,20 @@ void TdsAnswer::Row(const std::vector<TdsColumn>& columns, const TdsRow& row)
     Number(0xD1, 1);
     for (std::size_t at = 0; at < columns.size(); ++at)
         Value(columns[at], row.at(at));
+}
+
+void TdsAnswer::BeginLongRow()
+{
+    constexpr std::uint64_t kUnknownLength = 0xFFFFFFFFFFFFFFFE;
+    Number(0xD1, 1);
+    Number(kUnknownLength, 8);
+}
+
+void TdsAnswer::Piece(const std::string& text)
+{
+    const std::string bytes = ToTdsText(text);
+    Number(bytes.size(), 4);
+    bytes_ += bytes;
 }
 
 void TdsAnswer::Fail(const TdsFailure& failure)

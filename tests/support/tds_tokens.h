@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/tds_contents.h"
+#include "support/tds_types.h"
 
 #include <cstdint>
 #include <optional>
@@ -38,6 +39,11 @@ class TdsAnswer
 
     // Values are for columns of the types "sysname", "nvarchar", "varchar", "smallint" and "int".
     void Row(const std::vector<TdsColumn>& columns, const TdsRow& row);
+
+    // Begins a row with one value, of a type with "(max)", whose length is not said before it ends; and goes on with
+    // it.
+    void BeginLongRow();
+    void Piece(const std::string& text);
     void Fail(const TdsFailure& failure);
 
     // A failure behind which another follows.
@@ -52,6 +58,7 @@ class TdsAnswer
     void Number(std::uint64_t value, std::size_t bytes);
     void Name(std::string_view name, std::size_t sizeOfCount);
     void Type(const TdsColumn& column, const std::string& table);
+    void ClrType(const TdsDeclared& declared);
     void Value(const TdsColumn& column, const std::optional<std::string>& value);
     void Finish(std::uint8_t token, std::uint16_t status);
 

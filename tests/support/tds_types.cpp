@@ -41,6 +41,9 @@ constexpr std::array kTypes{
     TdsType{"datetimeoffset", TdsLayout::FractionOfS, 0x2B, 0, 10, -9, 34},
     TdsType{"xml", TdsLayout::Document, 0xF1, 0, 1, -10, 0},
     TdsType{"sql_variant", TdsLayout::Variant, 0x62, 0, 8009, -150, 8000},
+    TdsType{"hierarchyid", TdsLayout::Clr, 0xF0, 0, 1, -151, 892},
+    TdsType{"geography", TdsLayout::Clr, 0xF0, 0, 1, -151, 0xFFFF},
+    TdsType{"Point", TdsLayout::Clr, 0xF0, 0, 1, -151, 20}, // a user's own
 };
 
 std::uint32_t LengthOf(const std::string& text)

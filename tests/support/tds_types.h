@@ -20,6 +20,7 @@ enum class TdsLayout
     FractionOfS, // the digits of a second in a byte
     Document,    // a byte that says whether there is a schema
     Variant,     // a size of four bytes
+    Clr,         // a size of two bytes, and the names of its database, its schema, itself and its assembly
 };
 
 // A type of SQL Server with the numbers by which the protocol and the catalog know it.

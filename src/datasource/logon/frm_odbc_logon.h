@@ -48,7 +48,7 @@ struct LogonSurroundings
     const DriverManager& Installed;
     OpenDataSource Connect;
     std::unique_ptr<DataSourceConnection>& ActiveConnection; // the shared one; may be none
-    std::string TdsDriver = "FreeTDS";                       // the driver that stands in for SQL Server's own
+    std::string TdsDriver{kTdsDriver};                       // the driver that stands in for SQL Server's own
 };
 
 // The dialog that asks for a data source, makes a connection string of the answers, tries it out, and gives it to the

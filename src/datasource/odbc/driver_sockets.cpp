@@ -1,11 +1,13 @@
 #include "datasource/odbc/driver_sockets.h"
 
 #include <charconv>
+#include <csignal>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <utility>
 
 namespace veldrane {
 namespace {
@@ -52,23 +54,63 @@ void CutSockets(const OpenSockets& sockets)
             shutdown(number, SHUT_RDWR);
 }
 
-CutAfter::CutAfter(std::chrono::seconds limit) : waiting_([this, limit] { Wait(limit); }) {}
+SocketWatch::Limit::Limit(SocketWatch& watch, std::chrono::seconds length)
+    : watch_(watch), end_(watch.Add(Clock::now() + length))
+{}
 
-CutAfter::~CutAfter()
+SocketWatch::Limit::~Limit()
+{
+    watch_.Remove(end_);
+}
+
+SocketWatch::SocketWatch(std::function<OpenSockets()> find) : find_(std::move(find)) {}
+
+SocketWatch::~SocketWatch()
 {
     {
         const std::lock_guard lock(mutex_);
         isGone_ = true;
     }
-    gone_.notify_one();
-    waiting_.join();
+    changed_.notify_one();
+    if (watching_.joinable())
+        watching_.join();
 }
 
-void CutAfter::Wait(std::chrono::seconds limit)
+std::list<SocketWatch::Clock::time_point>::iterator SocketWatch::Add(Clock::time_point end)
 {
+    const std::lock_guard lock(mutex_);
+    if (!watching_.joinable())
+        watching_ = std::thread([this] { Watch(); });
+    else if (isIdle_) // otherwise it looks again before this end
+        changed_.notify_one();
+    return ends_.insert(ends_.end(), end);
+}
+
+void SocketWatch::Remove(std::list<Clock::time_point>::iterator end)
+{
+    const std::lock_guard lock(mutex_);
+    ends_.erase(end);
+}
+
+void SocketWatch::Watch()
+{
+    constexpr std::chrono::seconds kBetweenCuts(1);
+    sigset_t all;
+    sigfillset(&all);
+    pthread_sigmask(SIG_BLOCK, &all, nullptr); // signals are for the thread that works
     std::unique_lock lock(mutex_);
-    if (!gone_.wait_for(lock, limit, [this] { return isGone_; }))
-        CutSockets(SocketsSince(before_));
+    while (!isGone_) {
+        isIdle_ = ends_.empty();
+        if (isIdle_)
+            changed_.wait(lock);
+        else if (const Clock::time_point next = ends_.front(); Clock::now() < next)
+            changed_.wait_until(lock, next);
+        else {
+            hasCut_ = true;
+            CutSockets(find_());
+            changed_.wait_for(lock, kBetweenCuts);
+        }
+    }
 }
 
 } // namespace veldrane

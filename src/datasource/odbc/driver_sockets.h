@@ -1,7 +1,10 @@
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <functional>
+#include <list>
 #include <map>
 #include <mutex>
 #include <sys/types.h>
@@ -22,23 +25,49 @@ using OpenSockets = std::map<int, ino_t>;
 // Ends the connections behind them, as if the other side had. One that is closed already is passed over.
 void CutSockets(const OpenSockets& sockets);
 
-// Cuts whatever sockets have come up since it was made, unless it is gone by then.
-class CutAfter
+// Cuts sockets once a limit is over, and again each second for as long as the limit is there: drivers that lose one
+// connection may go on with another. One thread serves any number of limits, and starts with the first.
+class SocketWatch
 {
   public:
-    explicit CutAfter(std::chrono::seconds limit);
-    CutAfter(const CutAfter&) = delete;
-    CutAfter& operator=(const CutAfter&) = delete;
-    ~CutAfter();
+    using Clock = std::chrono::steady_clock;
+
+    // Begins when it is made and is called off when it goes. The limits of one watch are equally long.
+    class Limit
+    {
+      public:
+        Limit(SocketWatch& watch, std::chrono::seconds length);
+        Limit(const Limit&) = delete;
+        Limit& operator=(const Limit&) = delete;
+        ~Limit();
+
+      private:
+        SocketWatch& watch_;
+        std::list<Clock::time_point>::iterator end_;
+    };
+
+    // `find` tells at the time of a cut what to cut; the watch's thread calls it.
+    explicit SocketWatch(std::function<OpenSockets()> find);
+    SocketWatch(const SocketWatch&) = delete;
+    SocketWatch& operator=(const SocketWatch&) = delete;
+    ~SocketWatch();
+
+    // Whether a limit has been over, ever.
+    [[nodiscard]] bool HasCut() const { return hasCut_; }
 
   private:
-    void Wait(std::chrono::seconds limit);
+    std::list<Clock::time_point>::iterator Add(Clock::time_point end);
+    void Remove(std::list<Clock::time_point>::iterator end);
+    void Watch();
 
-    OpenSockets before_ = FindSockets();
+    std::function<OpenSockets()> find_;
     std::mutex mutex_;
-    std::condition_variable gone_;
+    std::condition_variable changed_;
+    std::list<Clock::time_point> ends_; // the next one first
+    bool isIdle_ = false;               // without an end to wait for
     bool isGone_ = false;
-    std::thread waiting_;
+    std::atomic<bool> hasCut_ = false;
+    std::thread watching_;
 };
 
 } // namespace veldrane

@@ -42,10 +42,15 @@ std::string Host(const FailureScene& /*scene*/)
     return "Check the server's name in the connection string (\"Server\").";
 }
 
-// The driver asks the machine for the port of an instance, and waits for that as long as it likes.
+bool NamesAnInstance(const FailureScene& scene)
+{
+    return scene.Logon.Server.find('\\') != std::string::npos;
+}
+
+// The driver asks the machine for the port of an instance, for some 16 seconds unless it is cut off before.
 std::string Refused(const FailureScene& scene)
 {
-    if (scene.Logon.Server.find('\\') != std::string::npos)
+    if (NamesAnInstance(scene))
         return "No port was told for the instance " + Quoted(scene.Logon.Server) +
                ": name the port in its place (\"Data Source=host,port\"), or check the names and that the server's "
                "browser service can be reached.";
@@ -58,7 +63,9 @@ std::string Silent(const FailureScene& scene)
     const std::string& key = scene.Logon.TimeoutKey;
     return (server.empty() ? "The server" : "The server " + Quoted(server)) + " did not answer " +
            (key.empty() ? "within " + Seconds(scene.ConnectTimeout) : "in time") +
-           ": check the server and the port of the connection string, or set " +
+           (NamesAnInstance(scene) ? ": name the port in place of the instance (\"Data Source=host,port\")"
+                                   : ": check the server and the port of the connection string") +
+           ", or set " +
            (key.empty() ? "\"ConnectTimeout\" in the section Platform of the settings" : "its " + Quoted(key)) +
            " to more seconds.";
 }

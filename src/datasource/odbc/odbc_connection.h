@@ -17,7 +17,7 @@ struct OdbcConnectionOptions
     StringOrigin Origin = StringOrigin::ProjectFile;
     std::chrono::seconds ConnectTimeout{15};
     std::chrono::seconds StatementTimeout{60};
-    std::string TdsDriver{"FreeTDS"}; // the driver that stands in for SQL Server's own
+    std::string TdsDriver{kTdsDriver}; // the driver that stands in for SQL Server's own
 };
 
 // A connection through the driver manager, to whatever drivers the machine has.

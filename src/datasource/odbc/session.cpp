@@ -10,6 +10,8 @@
 namespace veldrane {
 namespace {
 
+constexpr const char* kTimeout = "HYT00"; // the state by which hints know a limit that was met
+
 // Attributes are numbers in the place of a pointer.
 SQLPOINTER AsPointer(std::uintptr_t number)
 {
@@ -52,10 +54,13 @@ OdbcSession::OdbcSession(const OdbcLogon& logon, const SessionOptions& options, 
     const OpenSockets before = FindSockets();
     {
         constexpr int kWaits = 3;
-        const CutAfter limit(kWaits * options.ConnectTimeout);
-        Connect();
+        SocketWatch watch([&before] { return SocketsSince(before); });
+        const SocketWatch::Limit limit(watch, kWaits * options.ConnectTimeout);
+        Connect(watch);
     }
     sockets_ = SocketsSince(before);
+    if (!sockets_.empty())
+        watch_ = std::make_unique<SocketWatch>([this] { return sockets_; });
     scene_.Logon.Text.clear(); // it holds the password
 }
 
@@ -64,7 +69,7 @@ OdbcSession::~OdbcSession()
     Disconnect();
 }
 
-void OdbcSession::Connect()
+void OdbcSession::Connect(const SocketWatch& watch)
 {
     SQLRETURN result = SQL_ERROR;
     if (IsWide()) {
@@ -76,6 +81,8 @@ void OdbcSession::Connect()
         result = SQLDriverConnect(connection_.Get(), nullptr, reinterpret_cast<SQLCHAR*>(narrow.data()), SQL_NTS,
                                   nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
     }
+    if (!SQL_SUCCEEDED(result) && watch.HasCut())
+        Fail("Timeout expired.", kTimeout);
     Check(result, connection_);
     open_ = true;
     SQLUINTEGER extensions = 0;
@@ -110,22 +117,38 @@ std::string OdbcSession::Info(SQLUSMALLINT what) const
                                                                                   : "";
 }
 
+std::unique_ptr<SocketWatch::Limit> OdbcSession::LimitStatement() const
+{
+    constexpr std::chrono::seconds kMargin(1);
+    return watch_ ? std::make_unique<SocketWatch::Limit>(*watch_, StatementTimeout() + kMargin) : nullptr;
+}
+
 void OdbcSession::Check(SQLRETURN result, const OdbcHandle& handle) const
 {
+    if (watch_ && watch_->HasCut())
+        Fail("The answer did not come to its end.", kTimeout);
     if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA)
         return;
     *errors_ = ReadDiagnostics(handle.Type(), handle.Get(), Profile().Width);
-    throw ErrorFrom(*errors_, open_ ? HintOnStatement(*errors_, scene_) : HintOnConnecting(*errors_, scene_));
+    throw ErrorWithHint();
 }
 
-void OdbcSession::GiveUp() const
+DataSourceError OdbcSession::ErrorWithHint() const
+{
+    return ErrorFrom(*errors_, open_ ? HintOnStatement(*errors_, scene_) : HintOnConnecting(*errors_, scene_));
+}
+
+void OdbcSession::Fail(const std::string& reason, const std::string& state) const
+{
+    *errors_ = {
+        {.Number = data_source_error::kNoOpenConnection, .Description = reason, .Source = "ODBC", .SQLState = state}};
+    throw ErrorWithHint();
+}
+
+void OdbcSession::GiveUp(const std::string& reason) const
 {
     CutSockets(sockets_);
-    *errors_ = {{.Number = data_source_error::kNoOpenConnection,
-                 .Description = "The answer did not come to its end.",
-                 .Source = "ODBC",
-                 .SQLState = "HYT00"}};
-    throw ErrorFrom(*errors_, HintOnStatement(*errors_, scene_));
+    Fail(reason, "HY000");
 }
 
 } // namespace veldrane

@@ -53,7 +53,8 @@ class OdbcSession
   public:
     // Connects. A server that keeps the driver busy is cut off after three times the limit, for drivers that heed it
     // heed it with each wait: for the network, the greeting and the login. Throws DataSourceError kFailed with the
-    // driver's words. What drivers say about failures, now and later, is kept in `errors`.
+    // driver's words, kNoOpenConnection in words of its own if the server was cut off. What drivers say about failures,
+    // now and later, is kept in `errors`.
     OdbcSession(const OdbcLogon& logon, const SessionOptions& options, std::shared_ptr<OdbcErrors> errors);
     OdbcSession(const OdbcSession&) = delete;
     OdbcSession& operator=(const OdbcSession&) = delete;
@@ -75,21 +76,32 @@ class OdbcSession
     // A text that the driver tells of itself, "" if it has none.
     [[nodiscard]] std::string Info(SQLUSMALLINT what) const;
 
-    // Throws what the driver says about the handle, and what can be done, unless the call went well.
+    // Begins the time that a statement may take until its handle is freed. A second after the limit, which is the
+    // driver's own, the connection is cut under the driver. None for a driver without connections.
+    [[nodiscard]] std::unique_ptr<SocketWatch::Limit> LimitStatement() const;
+
+    // Throws what the driver says about the handle, and what can be done, unless the call went well. Once a statement
+    // has been cut off, throws kNoOpenConnection in words that say so.
     void Check(SQLRETURN result, const OdbcHandle& handle) const;
 
+    // Forgets what drivers said: of a failure that was expected.
+    void ForgetErrors() const { errors_->clear(); }
+
     // Ends the connection under the driver, which would wait for the end of the answer before it frees a statement, and
-    // throws kNoOpenConnection in words that say that the statement took too long.
-    [[noreturn]] void GiveUp() const;
+    // throws kNoOpenConnection for this reason.
+    [[noreturn]] void GiveUp(const std::string& reason) const;
 
   private:
-    void Connect();
+    void Connect(const SocketWatch& watch);
+    [[nodiscard]] DataSourceError ErrorWithHint() const;
+    [[noreturn]] void Fail(const std::string& reason, const std::string& state) const;
 
     FailureScene scene_;
     std::shared_ptr<OdbcErrors> errors_;
     OdbcHandle environment_;
     OdbcHandle connection_;
     OpenSockets sockets_; // the driver's, as far as it has any
+    std::unique_ptr<SocketWatch> watch_;
     bool open_ = false;
     bool readsBoundValuesAgain_ = false;
 };

@@ -30,6 +30,7 @@ std::string AskForSchema(const OdbcSession& session)
     } catch (const DataSourceError& error) {
         if (error.Number == data_source_error::kNoOpenConnection)
             throw;
+        session.ForgetErrors();
     }
     return schema.empty() ? std::string(kSchemaOfAll) : schema;
 }

@@ -3,8 +3,8 @@
 #include "datasource/odbc/session.h"
 
 #include <array>
-#include <chrono>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,7 +27,8 @@ struct OdbcColumn
 // A name handed to a catalog function; none at all is not the same as an empty one.
 using OdbcName = std::optional<std::string>;
 
-// One statement and its rows. Every member throws DataSourceError with the driver's words.
+// One statement and its rows, for as long as the session gives a statement. Every member throws DataSourceError with
+// the driver's words.
 class OdbcStatement
 {
   public:
@@ -44,7 +45,7 @@ class OdbcStatement
     void Procedures(const OdbcName& catalog, const OdbcName& schema);
     void ProcedureColumns(const OdbcName& catalog, const OdbcName& schema);
 
-    // Goes to the next row; false behind the last. An answer that goes on beyond the limit of a statement is given up.
+    // Goes to the next row; false behind the last. An answer of more than a million rows is given up.
     [[nodiscard]] bool Fetch();
 
     // A value of the row by its 1-based place; none for NULL. Each is read once, from left to right.
@@ -59,7 +60,6 @@ class OdbcStatement
     template <class Narrow, class Wide, class... Arguments>
     void Call(Narrow narrow, Wide wide, const Arguments&... arguments);
     void Bind();
-    void LimitRows();
     [[nodiscard]] std::optional<std::string> ReadInPieces(SQLUSMALLINT column);
     [[nodiscard]] OdbcColumn Column(SQLUSMALLINT number);
     [[nodiscard]] std::string TypeName(SQLUSMALLINT number);
@@ -75,8 +75,9 @@ class OdbcStatement
     const OdbcSession& session_;
     std::vector<BoundValue> row_; // outlives the statement, which knows its addresses
     bool fetched_ = false;
-    std::chrono::steady_clock::time_point begun_ = std::chrono::steady_clock::now();
     std::uint64_t rows_ = 0;
+    // Outlives the handle: a driver that frees one may first read its answer to the end.
+    std::unique_ptr<SocketWatch::Limit> limit_;
     OdbcHandle handle_;
 };
 

@@ -162,6 +162,26 @@ TEST(OdbcConnection, ALockedFileIsRefusedWithTheDriversWords)
     OdbcStatement(locking).Execute("COMMIT");
 }
 
+TEST(OdbcConnection, AnAnswerOfMoreThanAMillionRowsIsGivenUp)
+{
+    SqliteFile file("CREATE TABLE a (x);\n");
+    const OdbcLogon logon{.Text = "Driver=SQLite3;Database=" + file.Path() + ";",
+                          .Profile = &ProfileOf("libsqlite3odbc.so"),
+                          .Database = file.Path()};
+    const OdbcSession session(logon, {}, std::make_shared<OdbcErrors>());
+    const auto read = [&](int rows) {
+        OdbcStatement statement(session);
+        statement.Execute("WITH RECURSIVE n(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM n) SELECT x FROM n LIMIT " +
+                          std::to_string(rows));
+        while (statement.Fetch()) {
+        }
+    };
+    read(1'000'000);
+    const DataSourceError error = Failure([&] { read(1'000'001); });
+    EXPECT_EQ(error.Number, data_source_error::kNoOpenConnection);
+    EXPECT_EQ(error.Description(), "The answer has more than 1000000 rows.");
+}
+
 TEST(OdbcConnection, KeepsWhatTheDriverSaidOfTheLatestFailure)
 {
     SqliteFile file("CREATE TABLE a (x);\n");

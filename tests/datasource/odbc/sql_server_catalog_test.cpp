@@ -32,6 +32,8 @@ class SqlServer
 
     Catalog* operator->() const { return catalog_.get(); }
 
+    [[nodiscard]] const std::vector<ADOError>& Errors() const { return connection_.Errors(); }
+
     // "type name" of every table.
     [[nodiscard]] std::vector<std::string> Tables() const
     {
@@ -74,6 +76,12 @@ TEST(SqlServerCatalog, TakesDboForTheDefaultSchemaOfAServerThatDoesNotSay)
 {
     const SqlServer source({.Schema = "", .Tables = {{.Name = "Customer"}, {.Name = "Customer", .Owner = "archive"}}});
     EXPECT_THAT(source.Tables(), ElementsAre("TABLE Customer", "TABLE archive.Customer"));
+}
+
+TEST(SqlServerCatalog, LeavesNoErrorBehindWhereTheServerDoesNotSayTheDefaultSchema)
+{
+    const SqlServer source({.Schema = ""});
+    EXPECT_THAT(source.Errors(), IsEmpty());
 }
 
 TEST(SqlServerCatalog, TakesWhatTheServerKeepsForItselfForSystemObjects)
@@ -144,6 +152,10 @@ const std::vector<TypeCase> kTypes{
     {"time", 202, 16, 7.3},
     {"datetime2", 135, 16, 7.3},
     {"datetimeoffset", 202, 34, 7.3},
+    // Of types that are written in .NET the driver tells neither the name nor the size.
+    {"hierarchyid", 205, 2147483647, 7.2},
+    {"geography", 205, 2147483647, 7.2},
+    {"Point", 205, 2147483647, 7.2},
 };
 
 TEST(SqlServerCatalog, OpensEveryTypeInEveryVersionOfTheProtocol)

@@ -5,7 +5,7 @@
 namespace veldrane {
 namespace {
 
-// The driver itself waits for it for a quarter of a minute.
+// The driver itself waits for it for a quarter of a minute, unless three times the limit are over before.
 TEST(SqlServerHint, APortIsTheRemedyForAnInstanceThatIsNotTold)
 {
     const FailureScene scene{.Logon = {.Text = {}, .Server = "db\\sales"}};

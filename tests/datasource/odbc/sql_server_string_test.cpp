@@ -65,6 +65,10 @@ TEST(SqlServerString, NamesTheServerAsTheDriverKnowsIt)
         {"tcp:", "Server=localhost;"},
         {"10.0.0.7", "Server=10.0.0.7;"},
         {"fe80::1", "Server=fe80::1;"},
+        {"[fe80::1]", "Server=fe80::1;"},
+        {"[fe80::1],1434", "Server=fe80::1;Port=1434;"},
+        {"tcp:[fe80::1]:1434", "Server=fe80::1;Port=1434;"},
+        {"fe80::1,1434", "Server=fe80::1;Port=1434;"},
     };
     for (const auto& [given, server] : servers) {
         const std::string port = server.find("Port=") == std::string::npos ? "" : server.substr(server.find("Port="));
@@ -73,6 +77,24 @@ TEST(SqlServerString, NamesTheServerAsTheDriverKnowsIt)
             << given;
     }
     EXPECT_EQ(OfProject("UID=a;"), "Driver=FreeTDS;UID=a;Server=localhost;" + kAdded);
+}
+
+TEST(SqlServerString, APortIsOneNumberThatAPortCanHave)
+{
+    for (const std::string port : {"", "0", "65536", "99999999999", "-1", "1433x", "1433,1434"})
+        EXPECT_EQ(Refusal("Data Source=db," + port + ";"),
+                  "The port in the \"Data Source\" of the connection string is not a number from 1 to 65535.")
+            << port;
+    EXPECT_EQ(Refusal("Address=db:sales;"),
+              "The port in the \"Address\" of the connection string is not a number from 1 to 65535.");
+    for (const std::string text : {"Data Source=db:1433,1434;", "Data Source=db,1433;Port=1434;"})
+        EXPECT_EQ(Refusal(text), "The connection string names two ports for its server.") << text;
+    EXPECT_EQ(OfProject("Data Source=db,65535;"), "Driver=FreeTDS;Server=db;Port=65535;" + kAdded);
+}
+
+TEST(SqlServerString, AnEmptyNameForTheServerIsPassedOverBesideAnother)
+{
+    EXPECT_EQ(OfProject("Data Source=;Server=db;Address=;"), "Driver=FreeTDS;Server=db;" + kAdded);
 }
 
 TEST(SqlServerString, OtherWaysThanTcpAreRefusedByName)
@@ -111,7 +133,8 @@ TEST(SqlServerString, EncryptionThatIsAskedForIsRequired)
 {
     for (const std::string word : {"Use Encryption for Data=True", "Encrypt=yes"})
         EXPECT_EQ(OfProject("Data Source=db;" + word + ";"), "Driver=FreeTDS;Server=db;Encryption=require;" + kAdded);
-    EXPECT_EQ(OfProject("Data Source=db;Use Encryption for Data=False;"), "Driver=FreeTDS;Server=db;" + kAdded);
+    for (const std::string word : {"Use Encryption for Data=False", "Encrypt=Optional"})
+        EXPECT_EQ(OfProject("Data Source=db;" + word + ";"), "Driver=FreeTDS;Server=db;" + kAdded);
     EXPECT_EQ(Refusal("Data Source=db;Encrypt=perhaps;"),
               "The \"Encrypt\" of the connection string is neither \"yes\" nor \"no\".");
 }
@@ -153,6 +176,29 @@ TEST(SqlServerString, TheDriverOfTheSettingsStandsInForSqlServersOwn)
     EXPECT_EQ(OfProject("Driver=FreeTDS;Data Source=db;"), "Driver=FreeTDS;Server=db;" + kAdded);
 }
 
+TEST(SqlServerString, SqlServersOwnDriverHasTheServersOfTheProvider)
+{
+    const auto built = [](const std::string& server) {
+        return Built("Driver={SQL Server};Server=" + server + ";", StringOrigin::ProjectFile);
+    };
+    EXPECT_EQ(built("(local)"), "Driver=FreeTDS;Server=localhost;" + kAdded);
+    EXPECT_EQ(built("tcp:.\\sales,1434"), "Driver=FreeTDS;Server=localhost;Port=1434;" + kAdded);
+    EXPECT_THROW((void)built("np:db"), DataSourceError);
+    EXPECT_THROW((void)built("db,1434;Port=1433"), DataSourceError);
+}
+
+TEST(SqlServerString, ALoginThatIsNotNamedIsThatOfTheSystem)
+{
+    const auto isTrusted = [](const std::string& text) {
+        return BuildOdbcLogon(ConnectionString(text), SampleDrivers(), {}).IsTrusted;
+    };
+    EXPECT_TRUE(isTrusted("PROVIDER=SQLOLEDB;Data Source=db;"));
+    EXPECT_TRUE(isTrusted("Driver=FreeTDS;Server=db;UID=;"));
+    EXPECT_FALSE(isTrusted("Driver=FreeTDS;Server=db;UID=ann;"));
+    EXPECT_TRUE(isTrusted("DSN=Payroll;"));
+    EXPECT_FALSE(isTrusted("Driver=SQLite3;"));
+}
+
 TEST(SqlServerString, ADriverOfTheSettingsThatIsNotSetUpIsNamed)
 {
     for (const StringOrigin origin : {StringOrigin::ProjectFile, StringOrigin::CommandLine})
@@ -167,6 +213,12 @@ TEST(SqlServerString, ADriverOfAnotherDatabaseIsRefused)
     EXPECT_EQ(
         Refusal("DSN=Shop;Integrated Security=SSPI;Data Source=;"),
         "The connection string asks for SQL Server, and the data source \"Shop\" is for another kind of database.");
+    EXPECT_EQ(
+        Refusal("DSN=Shop;Data Source=db;", StringOrigin::CommandLine),
+        "The connection string asks for SQL Server, and the data source \"Shop\" is for another kind of database.");
+    EXPECT_EQ(Refusal("DSN=Nothing;Data Source=db;"),
+              "There is no ODBC data source named \"Nothing\" on this machine: \"odbcinst -q -s\" lists those that "
+              "are set up.");
     EXPECT_EQ(Refusal("Driver=SQLite3;Data Source=db;", StringOrigin::CommandLine),
               "The connection string asks for SQL Server, and the driver \"SQLite3\" is for another kind of database.");
 }

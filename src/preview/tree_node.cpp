@@ -18,25 +18,25 @@ struct TreeNodeRow
 
 // The lookup classes and the additional classes share a tag, because "Class" tells a class that has no table.
 constexpr auto kNodes = std::to_array<TreeNodeRow>({
-    {"Root", "Root", NodeType::ProjectSummary, "the project, its settings and its members"},
-    {"KZMParent", "KZMParent", NodeType::ParentClasses, "parent and child classes"},
-    {"TypeOf", "TypeOf", NodeType::LookupClasses, "lookup classes"},
-    {"TypeOf", "Class", NodeType::AdditionalClasses, "additional classes, those without a table"},
-    {"KZMRequired", "KZMRequired", NodeType::RequiredFiles, "the required files"},
-    {"KZMRequiredProjects", "KZMRequiredProjects", NodeType::RequiredProjects, "the required projects"},
-    {"VBProjectFile", "VBProjectFile", NodeType::ProjectFile, "the text of the project file"},
-    {"VBProjectTestFile", "VBProjectTestFile", NodeType::TestProjectFile, "the text of the test project"},
-    {"VBProjectGroupFile", "VBProjectGroupFile", NodeType::TestProjectGroup, "the text of the project group"},
-    {"KZMRequiredModules", "KZMRequiredModules", NodeType::RequiredModules, "the required modules"},
-    {"KZMGlobals", "KZMGlobals", NodeType::GlobalsModule, "the text of the globals module"},
-    {"KZMRequiredClassModules", "KZMRequiredClassModules", NodeType::RequiredClasses, "the required classes"},
-    {"KZMWRAPPER", "KZMWRAPPER", NodeType::WrapperClass, "the text of the wrapper class"},
-    {"Class", "", NodeType::Class, ""},
-    {"Table", "", NodeType::Class, ""},
-    {"Domain", "", NodeType::Class, ""},
-    {"ClassCollection", "", NodeType::Collection, ""},
-    {"TableCollection", "", NodeType::Collection, ""},
-    {"DomainCollection", "", NodeType::Collection, ""},
+    {tree_key::kRoot, tree_key::kRoot, NodeType::ProjectSummary, "the project, its settings and its members"},
+    {tree_key::kParentClasses, tree_key::kParentClasses, NodeType::ParentClasses, "parent and child classes"},
+    {tree_key::kLookupClasses, tree_key::kLookupClasses, NodeType::LookupClasses, "lookup classes"},
+    {tree_key::kLookupClasses, tree_key::kAdditionalClasses, NodeType::AdditionalClasses, "additional classes, those without a table"},
+    {tree_key::kRequired, tree_key::kRequired, NodeType::RequiredFiles, "the required files"},
+    {tree_key::kRequiredProjects, tree_key::kRequiredProjects, NodeType::RequiredProjects, "the required projects"},
+    {tree_key::kProjectFile, tree_key::kProjectFile, NodeType::ProjectFile, "the text of the project file"},
+    {tree_key::kTestProjectFile, tree_key::kTestProjectFile, NodeType::TestProjectFile, "the text of the test project"},
+    {tree_key::kTestProjectGroup, tree_key::kTestProjectGroup, NodeType::TestProjectGroup, "the text of the project group"},
+    {tree_key::kRequiredModules, tree_key::kRequiredModules, NodeType::RequiredModules, "the required modules"},
+    {tree_key::kGlobals, tree_key::kGlobals, NodeType::GlobalsModule, "the text of the globals module"},
+    {tree_key::kRequiredClassModules, tree_key::kRequiredClassModules, NodeType::RequiredClasses, "the required classes"},
+    {tree_key::kWrapper, tree_key::kWrapper, NodeType::WrapperClass, "the text of the wrapper class"},
+    {tree_tag::kClass, "", NodeType::Class, ""},
+    {tree_tag::kTable, "", NodeType::Class, ""},
+    {tree_tag::kDomain, "", NodeType::Class, ""},
+    {tree_tag::kClassCollection, "", NodeType::Collection, ""},
+    {tree_tag::kTableCollection, "", NodeType::Collection, ""},
+    {tree_tag::kDomainCollection, "", NodeType::Collection, ""},
 });
 
 KZMClass* ClassNamed(std::string_view name, const KZMClasses& classes)
@@ -80,7 +80,7 @@ std::vector<FixedNode> FixedNodes()
     std::vector<FixedNode> nodes;
     for (const TreeNodeRow& node : kNodes)
         if (!node.Key.empty())
-            nodes.push_back({.Key = node.Key, .Shows = node.Shows});
+            nodes.push_back({.Key = node.Key, .Tag = node.Tag, .Shows = node.Shows});
     return nodes;
 }
 

@@ -9,6 +9,33 @@
 
 namespace veldrane {
 
+// The keys of the nodes that every project tree has.
+namespace tree_key {
+inline constexpr std::string_view kRoot = "Root";
+inline constexpr std::string_view kParentClasses = "KZMParent";
+inline constexpr std::string_view kLookupClasses = "TypeOf";
+inline constexpr std::string_view kAdditionalClasses = "Class";
+inline constexpr std::string_view kRequired = "KZMRequired";
+inline constexpr std::string_view kRequiredProjects = "KZMRequiredProjects";
+inline constexpr std::string_view kProjectFile = "VBProjectFile";
+inline constexpr std::string_view kTestProjectFile = "VBProjectTestFile";
+inline constexpr std::string_view kTestProjectGroup = "VBProjectGroupFile";
+inline constexpr std::string_view kRequiredModules = "KZMRequiredModules";
+inline constexpr std::string_view kGlobals = "KZMGlobals";
+inline constexpr std::string_view kRequiredClassModules = "KZMRequiredClassModules";
+inline constexpr std::string_view kWrapper = "KZMWRAPPER";
+} // namespace tree_key
+
+// The tags of the nodes that are named after a class or its collection.
+namespace tree_tag {
+inline constexpr std::string_view kClass = "Class"; // stands on no table
+inline constexpr std::string_view kTable = "Table";
+inline constexpr std::string_view kDomain = "Domain"; // a lookup class
+inline constexpr std::string_view kClassCollection = "ClassCollection";
+inline constexpr std::string_view kTableCollection = "TableCollection";
+inline constexpr std::string_view kDomainCollection = "DomainCollection";
+} // namespace tree_tag
+
 // What the preview shows for a node of the project tree.
 enum class NodeType : std::int32_t
 {
@@ -45,11 +72,12 @@ struct PreviewNode
 // does not count. Nothing if there is none.
 [[nodiscard]] std::optional<PreviewNode> FindNode(std::string_view name, const KZMClasses& classes);
 
-// A node that every tree has, for a person who is to name one.
+// A node that every tree has.
 struct FixedNode
 {
     std::string_view Key;
-    std::string_view Shows; // in words
+    std::string_view Tag;
+    std::string_view Shows; // in words, for a person who is to name one
 };
 
 // In the order of the tree.

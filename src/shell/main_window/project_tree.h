@@ -1,6 +1,10 @@
 #pragma once
 
+#include "model/classes.h"
+#include "model/project.h"
+
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,7 +16,7 @@ namespace veldrane {
 // Each kind has keys of its own, so that a class may be called "Root" or "Class".
 enum class NodeKind
 {
-    Fixed,      // one that every project has
+    Fixed,      // one that every project has; its key is one of tree_key
     Class,      // its key is the class's name
     Collection, // its key is the collection's name
 };
@@ -38,7 +42,28 @@ struct TreeNode
 
 using ProjectTree = std::vector<TreeNode>;
 
+// The nodes that every project has, then those of its classes: each class once, under its collection where it has one,
+// and both under the class's parent. A class whose parent is not in the project, and the first of a ring of classes
+// that are each other's parents, stand under the group that they would stand under without a parent.
+[[nodiscard]] ProjectTree BuildProjectTree(const TTCProject& project, const KZMClasses& classes);
+
+// The same for a project that the New command has just made: one caption differs.
+[[nodiscard]] ProjectTree BuildNewProjectTree(const TTCProject& project, const KZMClasses& classes);
+
+// All classes, those without a parent first, then those whose parent is among the classes before; otherwise in their
+// own order. What has no parent in the project at all comes last, with what stands below it.
+[[nodiscard]] std::vector<const KZMClass*> ParentsFirst(const KZMClasses& classes);
+
 // The index of the node with this key; nothing if there is none.
 [[nodiscard]] std::optional<std::size_t> IndexOf(const ProjectTree& tree, const NodeKey& key);
+
+// Whether the node is the fixed one with this key (tree_key).
+[[nodiscard]] bool IsFixed(const TreeNode& node, std::string_view key);
+
+// The indices of all nodes below the node, parents before their children.
+[[nodiscard]] std::vector<std::size_t> NodesBelow(const ProjectTree& tree, std::size_t index);
+
+// What `Root` shows of a project's name.
+[[nodiscard]] std::string RootCaption(const TTCProject& project);
 
 } // namespace veldrane

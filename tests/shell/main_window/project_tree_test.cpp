@@ -12,7 +12,6 @@ namespace veldrane {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using testing::TreeText;
 

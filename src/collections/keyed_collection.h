@@ -122,6 +122,17 @@ class KeyedCollection
         return lastKey_;
     }
 
+    // Adds to `target`, in the same order and under the same keys, what `copy` makes of each item. Throws RuntimeError
+    // 457 if `target` holds one of the keys already.
+    template <class Copy>
+    void CopyInto(KeyedCollection& target, const Copy& copy) const
+    {
+        for (const Entry& entry : entries_)
+            target.Insert(copy(*entry.Item), entry.FoldedKey);
+        if constexpr (kKnowsLastIndex)
+            target.lastKey_ = lastKey_;
+    }
+
   private:
     struct Entry
     {

@@ -80,6 +80,15 @@ bool AddClassToProject(const std::shared_ptr<KZMClass>& item, const ProjectNames
     return true;
 }
 
+bool AcceptNewClass(const std::shared_ptr<KZMClass>& item, const ProjectNames& names)
+{
+    ClassForm form = FormOf(*item);
+    if (CheckNames(form, {}, names) != NameCheck::Accepted)
+        return false;
+    StoreForm(form, *item);
+    return AddClassToProject(item, names);
+}
+
 bool ChangeNamesInProject(const std::shared_ptr<KZMClass>& item, const NamesBefore& before, const ProjectNames& names)
 {
     const NamesBefore after = NamesInProject(*item);

@@ -74,6 +74,10 @@ void StoreForm(const ClassForm& form, KZMClass& item);
 // is in use: that is told, and nothing is changed.
 bool AddClassToProject(const std::shared_ptr<KZMClass>& item, const ProjectNames& names);
 
+// Does with a class just made what OK does with one that nothing was changed in: checks its names, cleans them and adds
+// it. False if one of the names is refused: that is told, and the project is as it was.
+bool AcceptNewClass(const std::shared_ptr<KZMClass>& item, const ProjectNames& names);
+
 // Takes a changed class whose names have been checked to its new names in the project, which is modified then. False
 // if one of them is in use: that is told, and nothing is changed.
 bool ChangeNamesInProject(const std::shared_ptr<KZMClass>& item, const NamesBefore& before, const ProjectNames& names);

@@ -57,6 +57,13 @@ bool StandsOnFields(const TTCKey& key, const KZMClass& item)
     return key.TTCColumns.Count() > 0;
 }
 
+// Gives back a primary key that the table does not tell, as one set by hand.
+void KeepPrimaryKey(const std::shared_ptr<TTCKey>& before, KZMClass& item)
+{
+    if (before && !FirstKey(item, key_type::kPrimaryKey) && StandsOnFields(*before, item))
+        item.TTCKeys.AddExisting(before, KeyTypeText(key_type::kPrimaryKey));
+}
+
 } // namespace
 
 void InitialiseClass(ClassEdit& edit, const NewClass& request)
@@ -97,9 +104,20 @@ FieldsOutcome RefreshClass(ClassEdit& edit)
 {
     const std::shared_ptr<TTCKey> before = FirstKey(edit.Class, key_type::kPrimaryKey);
     const FieldsOutcome outcome = AddFieldsAsProperties(edit);
-    if (before && !FirstKey(edit.Class, key_type::kPrimaryKey) && StandsOnFields(*before, edit.Class))
-        edit.Class.TTCKeys.AddExisting(before, KeyTypeText(key_type::kPrimaryKey));
+    KeepPrimaryKey(before, edit.Class);
     return outcome;
+}
+
+void MoveClassUnder(ClassEdit& edit, const KZMClass& parent)
+{
+    const std::shared_ptr<TTCKey> before = FirstKey(edit.Class, key_type::kPrimaryKey);
+    edit.Class.TTCRelationships.Clear();
+    edit.Class.IsDomainTable = false;
+    edit.Class.ParentClassName = parent.ClassName;
+    // Without a data source that there are no keys to read says nothing new beside that there are no relationships.
+    edit.KeysFailed = edit.KeysFailed || edit.Source == nullptr;
+    RetrieveParentRelationships(edit, parent.TableName);
+    KeepPrimaryKey(before, edit.Class);
 }
 
 std::string_view AccessText(const KZMClass& item)

@@ -227,12 +227,7 @@ class ClassDefinition
             item->CreateCollection = true;
             ChangeCollectionBox(*item, CollectionBox::Ticked, Buttons::OkCancel, run_.Application.Asking);
         }
-        const ProjectNames names = NamesOfProject();
-        ClassForm form = FormOf(*item);
-        if (CheckNames(form, {}, names) != NameCheck::Accepted)
-            return false;
-        StoreForm(form, *item);
-        if (!AddClassToProject(item, names))
+        if (!AcceptNewClass(item, NamesOfProject()))
             return false;
         classesByTable_.try_emplace(text::Fold(item->TableName), item->ClassName);
         leftOut_ = leftOut_ || edit.FieldLeftOut;

@@ -2,6 +2,7 @@
 
 #include "class_fixture.h"
 #include "datasource/class_names.h"
+#include "datasource/table_keys.h"
 
 #include <algorithm>
 
@@ -198,6 +199,69 @@ TEST_F(TableToClassTest, ARefreshTakesTheTablesOwnKey)
     RefreshClass(edit);
     EXPECT_EQ(item.TTCKeys.Count(), 1U);
     EXPECT_TRUE(item.TTCKeys.Contains("PK"));
+}
+
+class MovedClassTest : public TableToClassTest
+{
+  protected:
+    MovedClassTest()
+    {
+        auto& table = OwnTable("Orders");
+        table.Fields = {IdentityField("ID"), Field("Customer", adInteger), Field("Shop", adInteger)};
+        table.Keys = {ForeignKey("FK_Customer", "Customers", {{"Customer", "ID"}})};
+        table.Indexes = {PrimaryIndex({"ID"})};
+        catalog.Add("Customers").Fields = {Field("ID", adInteger)};
+        EXPECT_EQ(RefreshClass(edit), FieldsOutcome::Read);
+        item.ParentClassName = "Shop";
+        item.IsDomainTable = true;
+        item.TTCRelationships.Add("FK_Shop", "Shops", {}, "FK_Shop");
+        item.TTCMethods.Add("Mine", false, {}, "", "Public", false, "Mine");
+        parent.ClassName = "Customer";
+        parent.TableName = "Customers";
+    }
+
+    KZMClass parent;
+};
+
+TEST_F(MovedClassTest, IsJoinedToItsNewParentAlone)
+{
+    MoveClassUnder(edit, parent);
+    EXPECT_EQ(item.ParentClassName, "Customer");
+    EXPECT_FALSE(item.IsDomainTable);
+    ASSERT_EQ(item.TTCRelationships.Count(), 1U);
+    EXPECT_EQ(item.TTCRelationships.Item("FK_Customer")->ParentTableName, "Customers");
+    EXPECT_TRUE(item.TTCKeys.Contains("PK"));
+    EXPECT_TRUE(item.TTCMethods.Contains("Mine"));
+    EXPECT_TRUE(messages.Asked().empty());
+}
+
+TEST_F(MovedClassTest, KeepsItsKeysWithoutADataSource)
+{
+    edit.Source = nullptr;
+    MoveClassUnder(edit, parent);
+    EXPECT_EQ(item.ParentClassName, "Customer");
+    EXPECT_EQ(item.TTCRelationships.Count(), 0U);
+    EXPECT_EQ(FirstKey(item, key_type::kPrimaryKey)->TTCColumns.Item(1)->ColumnName, "ID");
+    EXPECT_TRUE(FirstKey(item, key_type::kIdentityColumn));
+    EXPECT_EQ(Titles(), Texts{"Unable to display Relationships"});
+    EXPECT_EQ(errors.Reported.size(), 1U);
+}
+
+TEST_F(MovedClassTest, KeepsItsKeysWhenItsTableIsGone)
+{
+    catalog.Content.erase("Orders");
+    MoveClassUnder(edit, parent);
+    EXPECT_EQ(FirstKey(item, key_type::kPrimaryKey)->TTCColumns.Item(1)->ColumnName, "ID");
+}
+
+TEST_F(MovedClassTest, UnderAClassWithoutATableHasNoJoins)
+{
+    parent.TableName = "";
+    MoveClassUnder(edit, parent);
+    EXPECT_EQ(item.ParentClassName, "Customer");
+    EXPECT_EQ(item.TTCRelationships.Count(), 0U);
+    EXPECT_TRUE(item.TTCKeys.Contains("PK"));
+    EXPECT_TRUE(messages.Asked().empty());
 }
 
 TEST_F(TableToClassTest, ManyClassesEnterOneProject)

@@ -4,7 +4,11 @@ set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+# The static layers go into the program and into the desktop's library alike. Hidden, each has its own copy, and a call
+# within costs no more than in code that is bound to its place.
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 
 add_library(veldrane_warnings INTERFACE)
 target_compile_options(veldrane_warnings INTERFACE

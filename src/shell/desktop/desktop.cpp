@@ -1,14 +1,14 @@
 #include "shell/desktop/desktop.h"
 
 #include "shell/application.h"
-#include "shell/product.h"
+#include "shell/desktop/guarded_application.h"
 
-#include <QApplication>
 #include <QMainWindow>
 
 #include <array>
 #include <cstdlib>
 #include <iostream>
+#include <memory>
 #include <string>
 
 namespace veldrane {
@@ -44,10 +44,10 @@ class MessageHandlerWhile
     QtMessageHandler before_;
 };
 
-std::unique_ptr<QApplication> StartQt(int& argumentCount, char** arguments)
+std::unique_ptr<GuardedApplication> StartQt(int& argumentCount, char** arguments)
 {
     const MessageHandlerWhile handler(EndWithoutDisplay);
-    return std::make_unique<QApplication>(argumentCount, arguments);
+    return std::make_unique<GuardedApplication>(argumentCount, arguments);
 }
 
 } // namespace
@@ -57,7 +57,7 @@ int OpenDesktop(const StartCommand&, const ProgramStreams&)
     std::string name = "veldrane";
     std::array<char*, 2> arguments{name.data(), nullptr};
     int argumentCount = 1; // Qt keeps a reference to it
-    const std::unique_ptr<QApplication> application = StartQt(argumentCount, arguments.data());
+    const std::unique_ptr<GuardedApplication> application = StartQt(argumentCount, arguments.data());
     QMainWindow window;
     window.setObjectName(QStringLiteral("frmMain"));
     window.show();

@@ -8,7 +8,6 @@
 namespace veldrane {
 namespace {
 
-constexpr int kHintAlone = 4;
 constexpr std::string_view kProgram = "veldrane: ";
 
 // What failed and what to do, as two sentences.
@@ -29,18 +28,12 @@ ConsoleErrorReport::ConsoleErrorReport(std::ostream& out, ADOErrors adoErrors)
 void ConsoleErrorReport::ReportError(const RuntimeError& error, const ErrorPlace& place)
 {
     ++count_;
-    // A hint that is missing must not make the failure a silent one.
-    if (place.Mode == kHintAlone && !place.Hint.empty()) {
+    if (IsHintAlone(place)) {
         out_ << kProgram << ConsoleText(place.Hint) << '\n' << std::flush;
         return;
     }
-    const std::string report = ErrorText({.Number = error.Number,
-                                          .Description = error.Description(),
-                                          .Source = error.Source,
-                                          .HelpFile = {},
-                                          .ModuleName = place.ModuleName,
-                                          .RoutineName = place.RoutineName,
-                                          .ADOErrors = adoErrors_ ? adoErrors_(error) : std::vector<ADOError>()});
+    const std::string report =
+        ErrorText(FactsOf(error, place, adoErrors_ ? adoErrors_(error) : std::vector<ADOError>()));
     out_ << kProgram << ClearLine(error.Description(), place.Hint) << '\n'
          << kConsoleIndent << ConsoleText(report) << '\n'
          << std::flush;

@@ -1,11 +1,13 @@
 #include "shell/platform/error_text.h"
 
 #include <string_view>
+#include <utility>
 
 namespace veldrane {
 namespace {
 
 constexpr std::string_view kLineBreak = "\r\n";
+constexpr int kHintAlone = 4;
 
 void AppendLine(std::string& report, std::string_view label, std::string_view value, std::string_view end = "")
 {
@@ -28,6 +30,22 @@ void AppendADOErrors(std::string& report, const std::vector<ADOError>& errors)
 }
 
 } // namespace
+
+ErrorFacts FactsOf(const RuntimeError& error, const ErrorPlace& place, std::vector<ADOError> adoErrors)
+{
+    return {.Number = error.Number,
+            .Description = error.Description(),
+            .Source = error.Source,
+            .HelpFile = {},
+            .ModuleName = place.ModuleName,
+            .RoutineName = place.RoutineName,
+            .ADOErrors = std::move(adoErrors)};
+}
+
+bool IsHintAlone(const ErrorPlace& place)
+{
+    return place.Mode == kHintAlone && !place.Hint.empty();
+}
 
 std::string ErrorText(const ErrorFacts& facts)
 {

@@ -1,4 +1,4 @@
-#include <QApplication>
+#include "shell/desktop/guarded_application.h"
 
 #include <gtest/gtest.h>
 
@@ -7,6 +7,7 @@ int main(int argumentCount, char** arguments)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     ::testing::InitGoogleTest(&argumentCount, arguments);
-    const QApplication application(argumentCount, arguments);
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    const veldrane::GuardedApplication application(argumentCount, arguments);
     return RUN_ALL_TESTS();
 }

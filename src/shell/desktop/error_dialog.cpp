@@ -1,0 +1,47 @@
+#include "shell/desktop/error_dialog.h"
+
+#include "shell/desktop/qt_text.h"
+#include "ui_frm_error.h"
+
+#include <QClipboard>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QStyle>
+
+namespace veldrane {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int kIconSize = 32;
+
+} // namespace
+
+ErrorDialog::ErrorDialog(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::frmError>())
+{
+    ui_->setupUi(this);
+    ui_->imgError->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxCritical).pixmap(kIconSize));
+    ui_->txtError->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    ui_->txtError->hide();
+    connect(ui_->cmdCopy, &QPushButton::clicked, this, &ErrorDialog::Copy);
+    connect(ui_->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+ErrorDialog::~ErrorDialog() = default;
+
+void ErrorDialog::Add(const std::string& summary, const std::string& report)
+{
+    const QString before = ui_->lblError->text();
+    ui_->lblError->setText(before.isEmpty() ? ToQt(summary) : before + u"\n\n"_s + ToQt(summary));
+    if (report.empty())
+        return;
+    ui_->txtError->appendPlainText(ToQt(report));
+    ui_->txtError->show();
+}
+
+void ErrorDialog::Copy()
+{
+    QGuiApplication::clipboard()->setText(ui_->lblError->text() + u"\n\n"_s + ui_->txtError->toPlainText());
+}
+
+} // namespace veldrane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+#include <string>
+
+namespace Ui {
+class frmError;
+}
+
+namespace veldrane {
+
+// `frmError`: what failed and what to do in the words of the failure, and the report below (`txtError`), which
+// `cmdCopy` puts on the clipboard whole.
+class ErrorDialog : public QDialog
+{
+    Q_OBJECT
+
+  public:
+    explicit ErrorDialog(QWidget* parent);
+    ~ErrorDialog() override;
+
+    // Adds a failure behind those that the dialog shows already. An empty report is left out.
+    void Add(const std::string& summary, const std::string& report);
+
+  private:
+    void Copy();
+
+    std::unique_ptr<Ui::frmError> ui_;
+};
+
+} // namespace veldrane

@@ -1,0 +1,21 @@
+#include "shell/desktop/guarded_application.h"
+
+#include "generator/generation_settings.h"
+#include "shell/platform/console_error_report.h"
+
+#include <iostream>
+
+namespace veldrane {
+
+GuardedApplication::GuardedApplication(int& argumentCount, char** arguments) : QApplication(argumentCount, arguments) {}
+
+bool GuardedApplication::notify(QObject* receiver, QEvent* event)
+{
+    ConsoleErrorReport console(std::cerr);
+    ErrorReport& report = report_ == nullptr ? static_cast<ErrorReport&>(console) : *report_;
+    bool isHandled = true;
+    Guarded(report, kAppTitle, "Event", [&] { isHandled = QApplication::notify(receiver, event); });
+    return isHandled;
+}
+
+} // namespace veldrane

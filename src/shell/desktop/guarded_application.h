@@ -1,0 +1,27 @@
+#pragma once
+
+#include "ports/error_report.h"
+
+#include <QApplication>
+
+namespace veldrane {
+
+// The application of Qt, which no failure of a handler gets past: it is reported, and the program goes on.
+class GuardedApplication : public QApplication
+{
+    Q_OBJECT
+
+  public:
+    // `argumentCount` and `arguments` outlive it.
+    GuardedApplication(int& argumentCount, char** arguments);
+
+    // Who is told. Until then a failure goes to standard error. nullptr for nobody any more.
+    void ReportTo(ErrorReport* report) { report_ = report; }
+
+    bool notify(QObject* receiver, QEvent* event) override;
+
+  private:
+    ErrorReport* report_ = nullptr;
+};
+
+} // namespace veldrane

@@ -1,0 +1,105 @@
+#include "shell/desktop/qt_messages.h"
+
+#include "shell/desktop/qt_text.h"
+#include "shell/desktop/room_for_dialog.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <array>
+#include <vector>
+
+namespace veldrane {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+struct AnswerButton
+{
+    Answer Meaning;
+    QMessageBox::StandardButton Button;
+    const char* Name;
+};
+
+constexpr std::array kButtons{
+    AnswerButton{Answer::Ok, QMessageBox::Ok, "cmdOK"},
+    AnswerButton{Answer::Cancel, QMessageBox::Cancel, "cmdCancel"},
+    AnswerButton{Answer::Yes, QMessageBox::Yes, "cmdYes"},
+    AnswerButton{Answer::No, QMessageBox::No, "cmdNo"},
+};
+
+const AnswerButton& ButtonOf(Answer answer)
+{
+    return kButtons.at(static_cast<std::size_t>(answer));
+}
+
+// The answer that loses nothing last.
+std::vector<Answer> AnswersOf(Buttons buttons)
+{
+    switch (buttons) {
+    case Buttons::OkCancel:
+        return {Answer::Ok, Answer::Cancel};
+    case Buttons::YesNo:
+        return {Answer::Yes, Answer::No};
+    case Buttons::YesNoCancel:
+        return {Answer::Yes, Answer::No, Answer::Cancel};
+    case Buttons::Ok:
+        break;
+    }
+    return {Answer::Ok};
+}
+
+QMessageBox::Icon IconOf(MessageIcon icon)
+{
+    switch (icon) {
+    case MessageIcon::Information:
+        return QMessageBox::Information;
+    case MessageIcon::Question:
+        return QMessageBox::Question;
+    case MessageIcon::Warning:
+        return QMessageBox::Warning;
+    case MessageIcon::Critical:
+        return QMessageBox::Critical;
+    case MessageIcon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+void AddButtons(QMessageBox& box, const Question& question)
+{
+    const std::vector<Answer> answers = AnswersOf(question.Offered);
+    for (const Answer answer : answers) {
+        const AnswerButton& row = ButtonOf(answer);
+        box.addButton(row.Button)->setObjectName(QLatin1StringView(row.Name));
+    }
+    box.setDefaultButton(ButtonOf(question.Default).Button);
+    box.setEscapeButton(ButtonOf(answers.back()).Button);
+}
+
+Answer AnswerOf(int button)
+{
+    for (const AnswerButton& row : kButtons) {
+        if (row.Button == button)
+            return row.Meaning;
+    }
+    return Answer::Cancel;
+}
+
+} // namespace
+
+Answer QtMessages::Ask(const Question& question)
+{
+    const RoomForDialog room;
+    QMessageBox box(WindowInFront());
+    box.setObjectName(u"msgBox"_s);
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box.setWindowTitle(ToQt(question.Title));
+    box.setText(ToQt(question.Text));
+    box.setIcon(IconOf(question.Icon));
+    AddButtons(box, question);
+    return AnswerOf(box.exec());
+}
+
+} // namespace veldrane

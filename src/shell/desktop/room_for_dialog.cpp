@@ -1,0 +1,36 @@
+#include "shell/desktop/room_for_dialog.h"
+
+#include <QApplication>
+
+namespace veldrane {
+
+RoomForDialog::RoomForDialog() : hasArrow_(QApplication::overrideCursor() != nullptr)
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows) {
+        if (!window->isVisible() || !window->windowFlags().testFlag(Qt::WindowStaysOnTopHint))
+            continue;
+        window->hide();
+        hidden_.emplace_back(window);
+    }
+    if (hasArrow_)
+        QApplication::setOverrideCursor(Qt::ArrowCursor);
+}
+
+RoomForDialog::~RoomForDialog()
+{
+    if (hasArrow_)
+        QApplication::restoreOverrideCursor();
+    for (const QPointer<QWidget>& window : hidden_) {
+        if (window)
+            window->show();
+    }
+}
+
+QWidget* WindowInFront()
+{
+    QWidget* dialog = QApplication::activeModalWidget();
+    return dialog != nullptr ? dialog : QApplication::activeWindow();
+}
+
+} // namespace veldrane

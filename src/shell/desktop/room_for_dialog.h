@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include <vector>
+
+namespace veldrane {
+
+// Makes room for something that a person has to answer: as long as it lives, windows that stay on top (the splash form,
+// the loading form) are hidden and the pointer is an arrow, even over a run that shows the hourglass.
+class RoomForDialog
+{
+  public:
+    RoomForDialog();
+    ~RoomForDialog();
+    RoomForDialog(const RoomForDialog&) = delete;
+    RoomForDialog& operator=(const RoomForDialog&) = delete;
+
+  private:
+    std::vector<QPointer<QWidget>> hidden_;
+    bool hasArrow_;
+};
+
+// The window that a dialog belongs to: the one in front, nullptr if the program has none.
+[[nodiscard]] QWidget* WindowInFront();
+
+} // namespace veldrane

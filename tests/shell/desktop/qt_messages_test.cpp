@@ -1,0 +1,98 @@
+#include "shell/desktop/qt_messages.h"
+
+#include "widgets.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace veldrane::testing {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+Answer AnswerAfter(const Question& question, const Act& act)
+{
+    Answer answer = Answer::Ok;
+    WithDialogs([&] { answer = QtMessages().Ask(question); }, {act});
+    return answer;
+}
+
+TEST(QtMessages, ShowTheQuestionWordByWord)
+{
+    const Question question{
+        .Title = "Confirm Delete",
+        .Text = "Are you sure you want to delete <b>Österreich</b> & \"Co\"?\r\nThis action cannot be undone.",
+        .Offered = Buttons::OkCancel,
+        .Icon = MessageIcon::Warning,
+        .Default = Answer::Cancel};
+    const Answer answer = AnswerAfter(question, [](QWidget& dialog) {
+        auto& box = dynamic_cast<QMessageBox&>(dialog);
+        EXPECT_EQ(box.objectName(), u"msgBox"_s);
+        EXPECT_EQ(box.windowTitle(), u"Confirm Delete"_s);
+        EXPECT_EQ(box.text(),
+                  u"Are you sure you want to delete <b>Österreich</b> & \"Co\"?\nThis action cannot be undone."_s);
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.icon(), QMessageBox::Warning);
+        EXPECT_EQ(box.buttons().size(), 2);
+        EXPECT_TRUE(Find<QPushButton>(box, "cmdCancel").isDefault());
+        Click(box, "cmdOK");
+    });
+    EXPECT_EQ(answer, Answer::Ok);
+}
+
+struct Row
+{
+    Buttons Offered;
+    std::vector<std::pair<std::string, Answer>> Clicked;
+    Answer Escaped;
+};
+
+TEST(QtMessages, AnswerByTheButtonClickedAndEscapeLosesNothing)
+{
+    const std::vector<Row> rows{
+        {Buttons::Ok, {{"cmdOK", Answer::Ok}}, Answer::Ok},
+        {Buttons::OkCancel, {{"cmdOK", Answer::Ok}, {"cmdCancel", Answer::Cancel}}, Answer::Cancel},
+        {Buttons::YesNo, {{"cmdYes", Answer::Yes}, {"cmdNo", Answer::No}}, Answer::No},
+        {Buttons::YesNoCancel,
+         {{"cmdYes", Answer::Yes}, {"cmdNo", Answer::No}, {"cmdCancel", Answer::Cancel}},
+         Answer::Cancel},
+    };
+    for (const Row& row : rows) {
+        const Question question{.Title = "Save Changes?", .Text = "?", .Offered = row.Offered};
+        for (const auto& [button, answer] : row.Clicked) {
+            const std::string& name = button;
+            EXPECT_EQ(AnswerAfter(question, [&](QWidget& box) { Click(box, name); }), answer) << name;
+        }
+        EXPECT_EQ(AnswerAfter(question, [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); }), row.Escaped);
+        EXPECT_EQ(AnswerAfter(question, [](QWidget& box) { box.close(); }), row.Escaped);
+    }
+}
+
+TEST(QtMessages, EnterTakesTheDefault)
+{
+    const Question question{.Title = "T", .Text = "?", .Offered = Buttons::YesNo, .Default = Answer::Yes};
+    EXPECT_EQ(AnswerAfter(question, [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); }), Answer::Yes);
+}
+
+TEST(QtMessages, StandInFrontOfWindowsThatStayOnTopWithAnArrow)
+{
+    QWidget splash(nullptr, Qt::WindowStaysOnTopHint);
+    splash.show();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    AnswerAfter({.Title = "T", .Text = "?"}, [&](QWidget& box) {
+        EXPECT_FALSE(splash.isVisible());
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+        Click(box, "cmdOK");
+    });
+    EXPECT_TRUE(splash.isVisible());
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    QApplication::restoreOverrideCursor();
+}
+
+} // namespace
+} // namespace veldrane::testing

@@ -60,6 +60,7 @@ std::string DefineInMemory(const std::vector<SchemaTable>& schema)
     MemoryWorld world;
     ModuleState state;
     NoProgress progress;
+    NoFileWindows windows;
     const testing::FakeDriverManager installed;
     const Application application{
         .UserSettings = world.UserSettings,
@@ -75,6 +76,7 @@ std::string DefineInMemory(const std::vector<SchemaTable>& schema)
         .Output = world.Output,
         .ErrorOutput = world.Output,
         .Progress = progress,
+        .Windows = windows.Windows(),
     };
     const DefineCommand command{
         .File = kProjectPath,

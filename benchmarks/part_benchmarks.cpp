@@ -92,7 +92,8 @@ class OpenedProject
     TTCProject project_;
     KZMClasses classes_;
     text::CodePage codePage_;
-    TTCFileManagement files_{world_.Files, world_.Messages, world_.Errors, codePage_};
+    NoFileWindows windows_;
+    TTCFileManagement files_{world_.Files, world_.Messages, world_.Errors, codePage_, windows_.Windows()};
     CodeGeneration generation_{
         project_, {world_.Messages, world_.Errors, world_.Files, world_.Clock, world_.Processes, conflicts_}};
 };

@@ -3,10 +3,13 @@
 #include "projectfile/class_reader.h"
 #include "projectfile/class_writer.h"
 #include "projectfile/format.h"
+#include "projectfile/project_dialogs.h"
 #include "projectfile/project_reader.h"
 #include "projectfile/project_writer.h"
 #include "text/characters.h"
 #include "text/strings.h"
+
+#include <utility>
 
 namespace veldrane {
 
@@ -33,11 +36,6 @@ class LoadingGuard
     KZMClasses& classes_;
 };
 
-std::string LastPart(const std::string& path)
-{
-    return path.substr(path.find_last_of("/\\") + 1);
-}
-
 std::string ProjectText(const TTCProject& project, const KZMClasses& classes)
 {
     std::string text;
@@ -63,12 +61,21 @@ std::string Shown(std::string_view line)
 } // namespace
 
 TTCFileManagement::TTCFileManagement(FileSystem& files, Messages& messages, ErrorReport& report,
-                                     const text::CodePage& codePage)
-    : files_(files), messages_(messages), report_(report), codePage_(codePage)
+                                     const text::CodePage& codePage, const FileWindows& windows)
+    : files_(files), messages_(messages), report_(report), codePage_(codePage), windows_(windows)
 {}
+
+std::optional<std::string> TTCFileManagement::AskForProject(const std::string& fullPath)
+{
+    return windows_.Dialogs.AskForFileToOpen(OpenProjectRequest(fullPath));
+}
 
 bool TTCFileManagement::OpenProject(TTCProject& project, KZMClasses& classes, const std::string& fileName)
 {
+    if (fileName.empty()) {
+        const std::optional<std::string> chosen = AskForProject(project.FullPath);
+        return chosen && !chosen->empty() && OpenProject(project, classes, *chosen);
+    }
     if (files_.Kind(fileName) == FileKind::Missing) {
         messages_.Tell("Unable to open file", "Unable to open file: " + fileName + "\r\nFile no longer exists.");
         return false;
@@ -84,6 +91,8 @@ bool TTCFileManagement::OpenProject(TTCProject& project, KZMClasses& classes, co
         }
         project.FullPath = fileName;
         project.FileName = LastPart(fileName);
+        windows_.Loading.SetStatus("Opening Datasource Connection...Please wait");
+        const LoadingFormWhile loading(windows_.Loading, Visibility::Shown);
         ReadProject(stream, project, classes);
         ProjectSavedSuccessfully.Raise();
         opened = true;
@@ -100,11 +109,13 @@ std::string TTCFileManagement::ReadText(const std::string& fileName) const
 
 void TTCFileManagement::ReadProject(LineStream& stream, TTCProject& project, KZMClasses& classes)
 {
+    const PointerWhile hourglass(windows_.Pointer, PointerShape::Hourglass);
     SetMinMaxProgress.Raise(1, 100, 1);
     SavingProject.Raise(0);
     SavingProject.Raise(1);
     const LoadingGuard loading(classes);
     SavingProject.Raise(10);
+    windows_.Loading.SetStatus("Opening Project...");
     SavingProject.Raise(25);
     Naming(project.FullPath, [&] { ReadProjectInfo(stream, project); });
     lostClasses_ = !Guarded(report_, kModule, "ReadClassInfo", [&] {
@@ -115,16 +126,54 @@ void TTCFileManagement::ReadProject(LineStream& stream, TTCProject& project, KZM
     project.SetModified(false);
 }
 
-bool TTCFileManagement::SaveProject(TTCProject& project, const KZMClasses& classes)
+bool TTCFileManagement::SaveProject(TTCProject& project, const KZMClasses& classes, SaveKind kind)
 {
-    std::string losses;
-    const bool saved = Guarded(report_, kModule, "SaveProject", [&] {
-        if (project.FullPath.empty())
-            throw PathFailure("The project has no file yet: there is no path to save it under.");
+    return kind == SaveKind::SaveAs || NeedsName(project) ? SaveUnderNewName(project, classes)
+                                                          : SaveOverFile(project, classes);
+}
+
+// A recovered project stays one when it has been given a file.
+bool TTCFileManagement::NeedsName(const TTCProject& project) const
+{
+    return project.FullPath.empty() || (project.Recovered && project.FullPath != namedPath_);
+}
+
+bool TTCFileManagement::SaveUnderNewName(TTCProject& project, const KZMClasses& classes)
+{
+    const std::optional<std::string> chosen = windows_.Dialogs.AskForFileToSave(SaveProjectRequest(project));
+    if (!chosen || chosen->empty())
+        return false;
+    const std::string formerPath = std::exchange(project.FullPath, *chosen);
+    const std::string formerName = std::exchange(project.FileName, LastPart(*chosen));
+    const bool saved = Write(project, classes, [&] {
+        SavingProject.Raise(0);
+        SavingProject.Raise(1);
+    });
+    if (saved) {
+        namedPath_ = project.FullPath;
+    } else {
+        project.FullPath = formerPath;
+        project.FileName = formerName;
+    }
+    return saved;
+}
+
+bool TTCFileManagement::SaveOverFile(TTCProject& project, const KZMClasses& classes)
+{
+    return Write(project, classes, [&] {
         BackUp(project.FullPath);
         SavingProject.Raise(0);
         SetMinMaxProgress.Raise(1, 100, 1);
         SavingProject.Raise(1);
+    });
+}
+
+bool TTCFileManagement::Write(TTCProject& project, const KZMClasses& classes, const std::function<void()>& begin)
+{
+    std::string losses;
+    const bool saved = Guarded(report_, kModule, "SaveProject", [&] {
+        const PointerWhile hourglass(windows_.Pointer, PointerShape::Hourglass);
+        begin();
         SavingProject.Raise(10);
         std::string text = ProjectText(project, classes);
         losses = LossesIn(text);

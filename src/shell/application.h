@@ -5,6 +5,7 @@
 #include "ports/clock.h"
 #include "ports/error_report.h"
 #include "ports/file_system.h"
+#include "ports/file_windows.h"
 #include "ports/messages.h"
 #include "ports/process_starter.h"
 #include "ports/settings.h"
@@ -41,6 +42,7 @@ struct Application
     std::ostream& Output;
     std::ostream& ErrorOutput;
     veldrane::Progress& Progress;
+    FileWindows Windows;
 };
 
 // Exit codes of the program.

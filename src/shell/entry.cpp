@@ -102,6 +102,7 @@ int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStrea
                         .ApplicationFolder = StateFolder()};
     ApplySwitches(command, state);
     const OdbcInstalledDrivers installed;
+    NoFileWindows windows;
     const Application application{
         .UserSettings = settings,
         .Asking = messages,
@@ -125,6 +126,7 @@ int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStrea
         .Output = streams.Output,
         .ErrorOutput = streams.ErrorOutput,
         .Progress = *progress,
+        .Windows = windows.Windows(),
     };
     return RunOn(application, command);
 }

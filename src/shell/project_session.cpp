@@ -37,7 +37,7 @@ bool ProjectSession::Open(const std::string& path, DataSourceOnOpen dataSource)
     StartDocument(dataSource);
     Project().Clear();
     TTCFileManagement files(application_.Files, application_.Asking, application_.Errors,
-                            application_.State.Generation.CodePage);
+                            application_.State.Generation.CodePage, application_.Windows);
     const bool opened = files.OpenProject(Project(), Classes(), path);
     lostClasses_ = files.LostClasses();
     return opened;
@@ -46,7 +46,7 @@ bool ProjectSession::Open(const std::string& path, DataSourceOnOpen dataSource)
 bool ProjectSession::Save()
 {
     TTCFileManagement files(application_.Files, application_.Asking, application_.Errors,
-                            application_.State.Generation.CodePage);
+                            application_.State.Generation.CodePage, application_.Windows);
     return files.SaveProject(Project(), Classes());
 }
 

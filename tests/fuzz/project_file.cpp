@@ -59,7 +59,8 @@ class OpenFile
     MemoryFileSystem files_;
     ScriptedMessages messages_;
     RecordedErrors errors_;
-    TTCFileManagement management_{files_, messages_, errors_, WindowsCodePage()};
+    NoFileWindows windows_;
+    TTCFileManagement management_{files_, messages_, errors_, WindowsCodePage(), windows_.Windows()};
     TTCProject project_;
     KZMClasses classes_;
     bool opened_ = false;

@@ -54,7 +54,8 @@ class WriterCase : public GenerationTest, public ::testing::WithParamInterface<s
     {
         const text::CodePage codePage;
         files.Files["/case.kzm"] = codePage.Encode(text::ReplaceAll(ReadWhole(folder / "project.kzm"), "\u2402", "\x02")).Bytes;
-        TTCFileManagement management(files, messages, errors, codePage);
+        NoFileWindows windows;
+        TTCFileManagement management(files, messages, errors, codePage, windows.Windows());
         ASSERT_TRUE(management.OpenProject(project, classes, "/case.kzm"));
         ASSERT_TRUE(errors.Reported.empty()) << errors.Reported.front().Error.Description();
         generation.Settings.DebugTiming = fs::exists(folder / "switches") && ReadWhole(folder / "switches").find("/DEBUG") != std::string::npos;

@@ -3,6 +3,9 @@
 #include "projectfile/project_reader.h"
 #include "support/failing_file_system.h"
 #include "support/recorded_errors.h"
+#include "support/recorded_loading_form.h"
+#include "support/recorded_pointer.h"
+#include "support/scripted_file_dialogs.h"
 #include "support/scripted_messages.h"
 
 #include <gmock/gmock.h>
@@ -71,7 +74,11 @@ class FileManagement : public ::testing::Test
     ScriptedMessages messages_;
     RecordedErrors errors_;
     text::CodePage codePage_;
-    TTCFileManagement management_{files_, messages_, errors_, codePage_};
+    testing::ScriptedFileDialogs dialogs_;
+    testing::RecordedPointer pointer_;
+    testing::RecordedLoadingForm loading_;
+    FileWindows windows_{.Dialogs = dialogs_, .Pointer = pointer_, .Loading = loading_};
+    TTCFileManagement management_{files_, messages_, errors_, codePage_, windows_};
     TTCProject project_;
     KZMClasses classes_;
     std::vector<std::string> events_;
@@ -299,15 +306,6 @@ TEST_F(FileManagement, CanNotSaveOverAFileWithoutTheEnding)
     EXPECT_TRUE(project_.Modified());
 }
 
-TEST_F(FileManagement, SaysThatAProjectWithoutAPathCanNotBeSaved)
-{
-    Listen();
-    EXPECT_FALSE(management_.SaveProject(project_, classes_));
-    ASSERT_EQ(errors_.Reported.size(), 1U);
-    EXPECT_THAT(errors_.Reported[0].Error.Description(), HasSubstr("no path"));
-    EXPECT_THAT(events_, ElementsAre("Unable to save file. Please try again."));
-}
-
 TEST_F(FileManagement, LeavesFileAndFlagWhenItCanNotWrite)
 {
     ASSERT_TRUE(Save());
@@ -368,7 +366,7 @@ TEST_F(FileManagement, NamesTenOfManyLinesThatLost)
 TEST_F(FileManagement, ReadsAndWritesInTheCodePageItIsGiven)
 {
     const text::CodePage cyrillic(1251);
-    TTCFileManagement management(files_, messages_, errors_, cyrillic);
+    TTCFileManagement management(files_, messages_, errors_, cyrillic, windows_);
     project_.Author = "Жук";
     project_.FullPath = kPath;
     ASSERT_TRUE(management.SaveProject(project_, classes_));

@@ -97,7 +97,8 @@ class Handwritten : public ::testing::TestWithParam<std::string>
     ScriptedMessages messages_;
     RecordedErrors errors_;
     text::CodePage codePage_;
-    TTCFileManagement management_{files_, messages_, errors_, codePage_};
+    NoFileWindows windows_;
+    TTCFileManagement management_{files_, messages_, errors_, codePage_, windows_.Windows()};
     TTCProject project_;
     KZMClasses classes_;
     bool opened_ = false;

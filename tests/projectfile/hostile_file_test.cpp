@@ -73,7 +73,8 @@ class HostileFile : public ::testing::Test
     ScriptedMessages messages_;
     RecordedErrors errors_;
     text::CodePage codePage_;
-    TTCFileManagement management_{files_, messages_, errors_, codePage_};
+    NoFileWindows windows_;
+    TTCFileManagement management_{files_, messages_, errors_, codePage_, windows_.Windows()};
     TTCProject project_;
     KZMClasses classes_;
 };

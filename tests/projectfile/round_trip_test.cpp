@@ -27,7 +27,8 @@ class RoundTrip : public ::testing::TestWithParam<unsigned>
     ScriptedMessages messages_;
     RecordedErrors errors_;
     text::CodePage codePage_;
-    TTCFileManagement management_{files_, messages_, errors_, codePage_};
+    NoFileWindows windows_;
+    TTCFileManagement management_{files_, messages_, errors_, codePage_, windows_.Windows()};
 };
 
 TEST_P(RoundTrip, GivesTheSameBytesAgain)

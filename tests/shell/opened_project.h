@@ -17,7 +17,7 @@ class OpenedProject
 {
   public:
     OpenedProject(const std::string& path, const std::string& bytes)
-        : path_(path), projectFiles_(files_, messages_, errors_, codePage_)
+        : path_(path), projectFiles_(files_, messages_, errors_, codePage_, windows_.Windows())
     {
         files_.Folders.insert(std::filesystem::path(path).parent_path());
         Project.Clear();
@@ -42,6 +42,7 @@ class OpenedProject
     ScriptedMessages messages_;
     RecordedErrors errors_;
     text::CodePage codePage_;
+    NoFileWindows windows_;
     TTCFileManagement projectFiles_;
 };
 

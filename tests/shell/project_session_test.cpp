@@ -72,6 +72,7 @@ class ProjectSessionTest : public ::testing::Test
     std::ostringstream output;
     ModuleState state;
     NoProgress Unwatched;
+    NoFileWindows windows;
     Application application{
         .UserSettings = settings,
         .Asking = messages,
@@ -84,7 +85,8 @@ class ProjectSessionTest : public ::testing::Test
         .State = state,
         .Output = output,
         .ErrorOutput = output,
-        .Progress = Unwatched};
+        .Progress = Unwatched,
+        .Windows = windows.Windows()};
     ProjectSession session{application};
 };
 

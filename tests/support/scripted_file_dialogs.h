@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace veldrane::testing {
@@ -25,6 +26,8 @@ class ScriptedFileDialogs : public FileDialogs
     {
         return Choose(saved_, request);
     }
+
+    void Add(std::optional<std::string> choice) { choices_.push_back(std::move(choice)); }
 
     [[nodiscard]] const std::vector<FileDialogRequest>& AskedToOpen() const { return opened_; }
     [[nodiscard]] const std::vector<FileDialogRequest>& AskedToSave() const { return saved_; }

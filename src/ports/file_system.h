@@ -2,6 +2,7 @@
 
 #include "text/runtime_error.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -48,6 +49,9 @@ class FileSystem
 
     // The whole content.
     [[nodiscard]] virtual std::string Read(const std::string& path) const = 0;
+
+    // The first bytes of the content, as many as there are up to `most`.
+    [[nodiscard]] virtual std::string ReadBeginning(const std::string& path, std::size_t most) const = 0;
 
     // Writes beside the target under a private name, syncs, renames over the target and syncs the folder: afterwards
     // the file is the old or the new one, whole, whatever happens meanwhile.

@@ -14,6 +14,10 @@ class MemoryFileSystem : public FileSystem
     [[nodiscard]] FileKind Kind(const std::string& path) const override;
     [[nodiscard]] bool IsLink(const std::string& path) const override { return Links.contains(path); }
     [[nodiscard]] std::string Read(const std::string& path) const override;
+    [[nodiscard]] std::string ReadBeginning(const std::string& path, std::size_t most) const override
+    {
+        return Read(path).substr(0, most);
+    }
     void Write(const std::string& path, std::string_view bytes) override;
     void Copy(const std::string& from, const std::string& to) override;
     void Remove(const std::string& path) override;

@@ -69,15 +69,15 @@ Descriptor OpenForReading(const std::string& path)
     return Descriptor(number);
 }
 
-std::string ReadAll(const Descriptor& file, const std::string& path)
+std::string ReadAll(const Descriptor& file, const std::string& path, std::size_t most)
 {
     std::string bytes;
     struct stat status = {};
     if (fstat(file.Number(), &status) == 0 && S_ISREG(status.st_mode))
-        bytes.reserve(static_cast<std::size_t>(status.st_size));
+        bytes.reserve(std::min(static_cast<std::size_t>(status.st_size), most));
     std::array<char, 65536> buffer{};
     while (true) {
-        const ssize_t count = read(file.Number(), buffer.data(), buffer.size());
+        const ssize_t count = read(file.Number(), buffer.data(), std::min(buffer.size(), most - bytes.size()));
         if (count == 0)
             return bytes;
         if (count > 0)

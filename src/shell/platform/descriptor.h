@@ -37,8 +37,9 @@ class Descriptor
 // Opens what stands at the path for reading; waits for the other end if that is a pipe. Throws ReadFailure.
 [[nodiscard]] Descriptor OpenForReading(const std::string& path);
 
-// Everything up to the end. `path` is for the failure's text. Throws ReadFailure.
-[[nodiscard]] std::string ReadAll(const Descriptor& file, const std::string& path);
+// Everything up to the end, or to as many bytes as `most`. `path` is for the failure's text. Throws ReadFailure.
+[[nodiscard]] std::string ReadAll(const Descriptor& file, const std::string& path,
+                                  std::size_t most = std::string::npos);
 
 // All bytes, in as many steps as the system takes. `path` is for the failure's text. Throws WriteFailure.
 void WriteAll(const Descriptor& file, std::string_view bytes, const std::string& path);

@@ -90,6 +90,11 @@ std::string DiskFileSystem::Read(const std::string& path) const
     return ReadAll(OpenForReading(path), path);
 }
 
+std::string DiskFileSystem::ReadBeginning(const std::string& path, std::size_t most) const
+{
+    return ReadAll(OpenForReading(path), path, most);
+}
+
 void DiskFileSystem::Write(const std::string& path, std::string_view bytes)
 {
     WriteOne(WriteTarget::Find(path), bytes);

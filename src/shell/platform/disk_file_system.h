@@ -19,6 +19,7 @@ class DiskFileSystem : public FileSystem
     [[nodiscard]] FileKind Kind(const std::string& path) const override;
     [[nodiscard]] bool IsLink(const std::string& path) const override;
     [[nodiscard]] std::string Read(const std::string& path) const override;
+    [[nodiscard]] std::string ReadBeginning(const std::string& path, std::size_t most) const override;
     void Write(const std::string& path, std::string_view bytes) override;
     void Copy(const std::string& from, const std::string& to) override;
     void Remove(const std::string& path) override;

@@ -74,6 +74,16 @@ TYPED_TEST(FileSystemContract, AnEmptyFileIsWrittenAndRead)
     EXPECT_EQ(this->files_.Kind(this->At("a.txt")), FileKind::File);
 }
 
+TYPED_TEST(FileSystemContract, OfAFileNoMoreThanItsBeginningIsReadOnRequest)
+{
+    this->files_.Write(this->At("a.txt"), "abc");
+    EXPECT_EQ(this->files_.ReadBeginning(this->At("a.txt"), 2), "ab");
+    EXPECT_EQ(this->files_.ReadBeginning(this->At("a.txt"), 0), "");
+    EXPECT_EQ(this->files_.ReadBeginning(this->At("a.txt"), 4), "abc");
+    this->ExpectFailure(error_number::kFileNotFound, this->At("gone.txt"), "No such file or directory",
+                        [&] { static_cast<void>(this->files_.ReadBeginning(this->At("gone.txt"), 2)); });
+}
+
 TYPED_TEST(FileSystemContract, ALargeFileIsWrittenWhole)
 {
     const std::string bytes(3'000'001, 'x');

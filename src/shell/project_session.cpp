@@ -1,53 +1,77 @@
 #include "shell/project_session.h"
 
 #include "model/xml_assist.h"
-#include "projectfile/file_management.h"
 #include "shell/new_project.h"
+
+#include <utility>
 
 namespace veldrane {
 
-ProjectSession::ProjectSession(const Application& application) : application_(application)
-{
-    StartDocument(DataSourceOnOpen::Connect);
-}
-
-void ProjectSession::StartDocument(DataSourceOnOpen dataSource)
+ProjectSession::ProjectSession(const Application& application)
+    : application_(application), files_(application.Files, application.Asking, application.Errors,
+                                        application.State.Generation.CodePage, application.Windows)
 {
     application_.State.ActiveConnection.reset();
-    document_ = std::make_unique<Document>();
-    lostClasses_ = false;
+    Adopt(std::make_unique<Document>(), DataSourceOnOpen::Connect);
+}
+
+void ProjectSession::Adopt(std::unique_ptr<Document> document, DataSourceOnOpen dataSource)
+{
     connectionChanged_ = Connection();
+    document_ = std::move(document);
     if (dataSource == DataSourceOnOpen::Connect)
         connectionChanged_ = Project().ProjectConnectionChanged.Connect([this](const std::string& text) {
-            if (!text.empty() && !IsOpenOn(text))
-                ConnectDataSource(StringOrigin::ProjectFile);
+            if (text.empty())
+                return;
+            if (!IsOpenOn(text))
+                Connect(text, StringOrigin::ProjectFile);
+            DataSourceChanged.Raise();
         });
+    DocumentReplaced.Raise();
+    DataSourceChanged.Raise();
 }
 
 void ProjectSession::New(DataSourceOnOpen dataSource)
 {
-    StartDocument(dataSource);
-    NewProject(Project(), application_.UserSettings, application_.Errors);
-    if (Project().MTSEnabled)
-        AddXmlAssist(Project(), Classes());
+    auto document = std::make_unique<Document>();
+    NewProject(document->Project, application_.UserSettings, application_.Errors);
+    if (document->Project.MTSEnabled)
+        AddXmlAssist(document->Project, document->Classes);
+    application_.State.ActiveConnection.reset();
+    lostClasses_ = false;
+    Adopt(std::move(document), dataSource);
 }
 
+// The data source is opened in the middle of the file, where its string stands.
 bool ProjectSession::Open(const std::string& path, DataSourceOnOpen dataSource)
 {
-    StartDocument(dataSource);
-    Project().Clear();
-    TTCFileManagement files(application_.Files, application_.Asking, application_.Errors,
-                            application_.State.Generation.CodePage, application_.Windows);
-    const bool opened = files.OpenProject(Project(), Classes(), path);
-    lostClasses_ = files.LostClasses();
-    return opened;
+    const std::optional<std::string> chosen = path.empty() ? files_.AskForProject(Project().FullPath) : path;
+    if (!chosen || chosen->empty())
+        return false;
+    auto document = std::make_unique<Document>();
+    document->Project.Clear();
+    bool connected = false;
+    const Connection connecting = document->Project.ProjectConnectionChanged.Connect([&](const std::string& text) {
+        connected = dataSource == DataSourceOnOpen::Connect && !text.empty();
+        if (connected)
+            Connect(text, StringOrigin::ProjectFile);
+    });
+    if (!files_.OpenProject(document->Project, document->Classes, *chosen))
+        return false;
+    if (!connected)
+        application_.State.ActiveConnection.reset();
+    lostClasses_ = files_.LostClasses();
+    Adopt(std::move(document), dataSource);
+    FileUsed.Raise(*chosen);
+    return true;
 }
 
-bool ProjectSession::Save()
+bool ProjectSession::Save(SaveKind kind)
 {
-    TTCFileManagement files(application_.Files, application_.Asking, application_.Errors,
-                            application_.State.Generation.CodePage, application_.Windows);
-    return files.SaveProject(Project(), Classes());
+    const bool saved = files_.SaveProject(Project(), Classes(), kind);
+    if (saved)
+        FileUsed.Raise(Project().FullPath);
+    return saved;
 }
 
 // The connection dialog hands over what it has opened with the string.
@@ -59,15 +83,23 @@ bool ProjectSession::IsOpenOn(const std::string& text)
 
 bool ProjectSession::ConnectDataSource(StringOrigin origin)
 {
+    const bool connected = Connect(Project().ConnectionString(), origin);
+    DataSourceChanged.Raise();
+    return connected;
+}
+
+// Closed first: a data source may allow no second connection.
+bool ProjectSession::Connect(const std::string& text, StringOrigin origin)
+{
     application_.State.ActiveConnection.reset();
+    const LoadingFormWhile hidden(application_.Windows.Loading, Visibility::Hidden);
     const ErrorPlace place{
         .ModuleName = application_.State.Generation.AppTitle,
         .RoutineName = "Open Datasource",
         .Hint =
             "If you would like to modify your DataSource, you may do so by selecting Project|Edit DataSource from the menu."};
-    return Guarded(application_.Errors, place, [&] {
-        application_.State.ActiveConnection = application_.Connect(Project().ConnectionString(), origin);
-    });
+    return Guarded(application_.Errors, place,
+                   [&] { application_.State.ActiveConnection = application_.Connect(text, origin); });
 }
 
 } // namespace veldrane

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/signal.h"
+#include "projectfile/file_management.h"
 #include "shell/application.h"
 #include "shell/document.h"
 
@@ -26,17 +28,22 @@ class ProjectSession
     [[nodiscard]] TTCProject& Project() { return document_->Project; }
     [[nodiscard]] KZMClasses& Classes() { return document_->Classes; }
 
+    // What opens and saves the document's file; its events tell how far it is.
+    [[nodiscard]] TTCFileManagement& FileManagement() { return files_; }
+
     // A new document, as the New command and OK in the project's properties give it.
     void New(DataSourceOnOpen dataSource = DataSourceOnOpen::Connect);
 
-    // Replaces the document by that of the file. False if it can't be opened, which is told.
+    // Replaces the document by that of the file; an empty path asks for the file first. False if it can't be opened,
+    // which is told, or if the person cancels: the former document and its connection are then as they were.
     bool Open(const std::string& path, DataSourceOnOpen dataSource);
 
     // Whether the file that was opened holds classes that could not be read, which is reported. Saving drops them.
     [[nodiscard]] bool LostClasses() const { return lostClasses_; }
 
-    // Writes the document over its file. False if that fails, which is reported.
-    bool Save();
+    // Writes the document as SaveProject of the file management does. False if that fails, which is reported, or if the
+    // person cancels.
+    bool Save(SaveKind kind = SaveKind::Normal);
 
     // Opens the project's data source in place of the open one. False if that fails, which is reported.
     bool ConnectDataSource(StringOrigin origin);
@@ -44,11 +51,22 @@ class ProjectSession
     // The shared connection; nothing while no data source is open.
     [[nodiscard]] DataSourceConnection* ActiveConnection() { return application_.State.ActiveConnection.get(); }
 
+    // `Project` and `Classes` are new objects now. Raised before DataSourceChanged, where both change.
+    Signal<> DocumentReplaced;
+
+    // Another connection is open now, or none.
+    Signal<> DataSourceChanged;
+
+    // The document came from the file at this path, or was saved into it.
+    Signal<const std::string&> FileUsed;
+
   private:
-    void StartDocument(DataSourceOnOpen dataSource);
+    void Adopt(std::unique_ptr<Document> document, DataSourceOnOpen dataSource);
+    bool Connect(const std::string& text, StringOrigin origin);
     [[nodiscard]] bool IsOpenOn(const std::string& text);
 
     const Application& application_;
+    TTCFileManagement files_;
     std::unique_ptr<Document> document_;
     Connection connectionChanged_;
     bool lostClasses_ = false;

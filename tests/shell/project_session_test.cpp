@@ -6,7 +6,10 @@
 #include "support/memory_file_system.h"
 #include "support/memory_settings.h"
 #include "support/recorded_errors.h"
+#include "support/recorded_loading_form.h"
+#include "support/recorded_pointer.h"
 #include "support/recorded_processes.h"
+#include "support/scripted_file_dialogs.h"
 #include "support/scripted_messages.h"
 
 #include <gtest/gtest.h>
@@ -52,8 +55,18 @@ class ProjectSessionTest : public ::testing::Test
         return writer.Save() && session.Open("/shop.kzm", dataSource);
     }
 
+    // Writes down the session's events from now on.
+    void Listen()
+    {
+        connections.push_back(session.DocumentReplaced.Connect([&] { Log.emplace_back("document"); }));
+        connections.push_back(session.DataSourceChanged.Connect([&] { Log.emplace_back("data source"); }));
+        connections.push_back(
+            session.FileUsed.Connect([&](const std::string& path) { Log.push_back("file " + path); }));
+    }
+
     [[nodiscard]] std::unique_ptr<DataSourceConnection> Connect(const std::string& text, StringOrigin origin)
     {
+        LoadingWhileConnecting = loading.Current;
         Log.push_back((origin == StringOrigin::ProjectFile ? "open " : "open for the user ") + text);
         if (Fails)
             throw DataSourceError(data_source_error::kFailed, "ODBC", "[SQLite]connect failed");
@@ -62,6 +75,7 @@ class ProjectSessionTest : public ::testing::Test
 
     Texts Log;
     bool Fails = false;
+    Visibility LoadingWhileConnecting = Visibility::Shown;
     testing::MemorySettings settings;
     testing::ScriptedMessages messages;
     testing::RecordedErrors errors;
@@ -72,7 +86,9 @@ class ProjectSessionTest : public ::testing::Test
     std::ostringstream output;
     ModuleState state;
     NoProgress Unwatched;
-    NoFileWindows windows;
+    testing::ScriptedFileDialogs dialogs;
+    testing::RecordedPointer pointer;
+    testing::RecordedLoadingForm loading;
     Application application{
         .UserSettings = settings,
         .Asking = messages,
@@ -86,8 +102,9 @@ class ProjectSessionTest : public ::testing::Test
         .Output = output,
         .ErrorOutput = output,
         .Progress = Unwatched,
-        .Windows = windows.Windows()};
+        .Windows = {.Dialogs = dialogs, .Pointer = pointer, .Loading = loading}};
     ProjectSession session{application};
+    std::vector<Connection> connections;
 };
 
 TEST_F(ProjectSessionTest, OpeningAProjectOpensItsDataSource)
@@ -193,6 +210,115 @@ TEST_F(ProjectSessionTest, AUsersOwnStringIsOpenedAsSuch)
     OpenProjectOn("DSN=Shop;", DataSourceOnOpen::LeaveClosed);
     EXPECT_TRUE(session.ConnectDataSource(StringOrigin::CommandLine));
     EXPECT_EQ(Log, Texts{"open for the user DSN=Shop;"});
+}
+
+TEST_F(ProjectSessionTest, AFileThatCanNotBeOpenedLeavesTheDocumentAndItsConnection)
+{
+    OpenProjectOn("DSN=Shop;");
+    session.Project().Author = "Somebody";
+    const TTCProject* const project = &session.Project();
+    files.Files["/broken.kzm"] = "Veldrane Professional 2000 Data File\r\nBegin Project\r\nMTSEnabled\2perhaps\r\n"
+                                 "ConnectionString\2DSN=Other;\r\nEnd Project\r\n";
+    files.Files["/other.kzm"] = "no project";
+    Listen();
+    for (const char* path : {"/gone.kzm", "/other.kzm", "/broken.kzm"})
+        EXPECT_FALSE(session.Open(path, DataSourceOnOpen::Connect)) << path;
+    EXPECT_EQ(&session.Project(), project);
+    EXPECT_EQ(session.Project().Author, "Somebody");
+    EXPECT_EQ(session.Project().FullPath, "/shop.kzm");
+    ASSERT_TRUE(session.ActiveConnection());
+    EXPECT_EQ(session.ActiveConnection()->ConnectionString(), "DSN=Shop;");
+    EXPECT_EQ(Log, Texts{"open DSN=Shop;"});
+    EXPECT_EQ(messages.Asked().size(), 2U);
+    EXPECT_EQ(errors.Reported.size(), 1U);
+    session.Project().SetConnectionString("DSN=Third;");
+    EXPECT_EQ(session.ActiveConnection()->ConnectionString(), "DSN=Third;");
+}
+
+TEST_F(ProjectSessionTest, AnotherFileClosesTheConnectionOfTheFormer)
+{
+    OpenProjectOn("DSN=Shop;");
+    OpenProjectOn("DSN=Shop;");
+    EXPECT_EQ(Log, (Texts{"open DSN=Shop;", "close DSN=Shop;", "open DSN=Shop;"}));
+    OpenProjectOn("");
+    EXPECT_FALSE(session.ActiveConnection());
+}
+
+TEST_F(ProjectSessionTest, TellsOfADocumentThenOfItsDataSourceThenOfItsFile)
+{
+    Listen();
+    OpenProjectOn("DSN=Shop;");
+    EXPECT_EQ(Log, (Texts{"open DSN=Shop;", "document", "data source", "file /shop.kzm"}));
+    Log.clear();
+    session.New();
+    EXPECT_EQ(Log, (Texts{"close DSN=Shop;", "document", "data source"}));
+}
+
+TEST_F(ProjectSessionTest, TellsOfEachDataSourceThatTheDocumentIsGiven)
+{
+    session.New();
+    Listen();
+    session.Project().SetConnectionString("DSN=Shop;");
+    state.ActiveConnection = Connect("DSN=Other;", StringOrigin::CommandLine);
+    session.Project().SetConnectionString("DSN=Other;");
+    Fails = true;
+    EXPECT_FALSE(session.ConnectDataSource(StringOrigin::ProjectFile));
+    EXPECT_EQ(Log, (Texts{"open DSN=Shop;", "data source", "open for the user DSN=Other;", "close DSN=Shop;",
+                          "data source", "close DSN=Other;", "open DSN=Other;", "data source"}));
+}
+
+TEST_F(ProjectSessionTest, ListenersFindTheNewDocumentInPlace)
+{
+    session.Project().FullPath = "/former.kzm";
+    Texts seen;
+    const auto note = [&] { seen.push_back(session.Project().FullPath + "|" + session.Project().ConnectionString()); };
+    connections.push_back(session.DocumentReplaced.Connect(note));
+    connections.push_back(session.DataSourceChanged.Connect(note));
+    OpenProjectOn("DSN=Shop;");
+    EXPECT_EQ(seen, (Texts{"/shop.kzm|DSN=Shop;", "/shop.kzm|DSN=Shop;"}));
+}
+
+TEST_F(ProjectSessionTest, AsksForTheFileToOpenInTheFolderOfTheFormer)
+{
+    OpenProjectOn("");
+    files.Folders.insert("/folder");
+    files.Files["/folder/shop.kzm"] = files.Files["/shop.kzm"];
+    dialogs.Add("/folder/shop.kzm");
+    EXPECT_TRUE(session.Open("", DataSourceOnOpen::Connect));
+    EXPECT_EQ(dialogs.AskedToOpen().at(0).StartFolder, "/");
+    EXPECT_EQ(session.Project().FullPath, "/folder/shop.kzm");
+}
+
+TEST_F(ProjectSessionTest, ACancelledDialogLeavesTheDocument)
+{
+    OpenProjectOn("DSN=Shop;");
+    Listen();
+    EXPECT_FALSE(session.Open("", DataSourceOnOpen::Connect));
+    EXPECT_FALSE(session.Save(SaveKind::SaveAs));
+    EXPECT_EQ(session.Project().FullPath, "/shop.kzm");
+    EXPECT_EQ(Log, Texts{"open DSN=Shop;"});
+}
+
+TEST_F(ProjectSessionTest, TellsUnderWhichFileTheDocumentIsSaved)
+{
+    OpenProjectOn("");
+    Listen();
+    dialogs.Add("/copy.kzm");
+    EXPECT_TRUE(session.Save());
+    EXPECT_TRUE(session.Save(SaveKind::SaveAs));
+    EXPECT_TRUE(session.Save());
+    EXPECT_EQ(Log, (Texts{"file /shop.kzm", "file /copy.kzm", "file /copy.kzm"}));
+}
+
+TEST_F(ProjectSessionTest, TheLoadingFormMakesRoomWhileADataSourceOpens)
+{
+    OpenProjectOn("DSN=Shop;");
+    EXPECT_EQ(LoadingWhileConnecting, Visibility::Hidden);
+    EXPECT_EQ(loading.Log, (Texts{"Opening Datasource Connection...Please wait", "shown", "Opening Project...",
+                                  "hidden", "shown", "hidden"}));
+    loading.Log.clear();
+    session.Project().SetConnectionString("DSN=Other;");
+    EXPECT_TRUE(loading.Log.empty());
 }
 
 } // namespace

@@ -26,6 +26,8 @@ class ScriptedMessages : public Messages
 
     [[nodiscard]] const std::vector<Question>& Asked() const { return asked_; }
 
+    void Add(Answer answer) { answers_.push_back(answer); }
+
     void Forget() { asked_.clear(); }
 
   private:

@@ -1,8 +1,6 @@
 #include "shell/preview_colors.h"
 
-#include "text/conversion.h"
-#include "text/runtime_error.h"
-#include "text/strings.h"
+#include "shell/stored_options.h"
 
 #include <array>
 #include <string>
@@ -30,21 +28,17 @@ constexpr auto kColorOptions = std::to_array<ColorOption>({
 
 LineColors ReadPreviewColors(const RegistryAccess& registry, Messages& messages)
 {
+    const StoredOptions options(registry, messages);
     LineColors colors;
-    for (const ColorOption& option : kColorOptions) {
-        const std::string value = registry.GetKeyValue(settings_section::kOptions, option.Name);
-        if (text::Trim(value).empty())
-            continue;
-        try {
-            colors.*option.Member = text::ToLong(value);
-        } catch (const RuntimeError&) {
-            messages.Tell("Settings",
-                          "The setting " + std::string(option.Name) + " in the section Options is '" + value +
-                              "', which is no colour: a 32-bit number, red in the low byte. The default is used.",
-                          MessageIcon::Warning);
-        }
-    }
+    for (const ColorOption& option : kColorOptions)
+        colors.*option.Member = options.ColorOf(option.Name, colors.*option.Member);
     return colors;
+}
+
+void WritePreviewColors(RegistryAccess& registry, const LineColors& colors)
+{
+    for (const ColorOption& option : kColorOptions)
+        registry.UpdateKey(settings_section::kOptions, option.Name, std::to_string(colors.*option.Member));
 }
 
 } // namespace veldrane

@@ -10,4 +10,7 @@ namespace veldrane {
 // one that is no 32-bit number, which is told.
 [[nodiscard]] LineColors ReadPreviewColors(const RegistryAccess& registry, Messages& messages);
 
+// Stores the six colours where they are read from, as decimal text. Throws as UpdateKey does.
+void WritePreviewColors(RegistryAccess& registry, const LineColors& colors);
+
 } // namespace veldrane

@@ -65,5 +65,23 @@ TEST_F(PreviewColors, NameAValueThatIsNoColour)
               "number, red in the low byte. The default is used.");
 }
 
+TEST_F(PreviewColors, ComeBackAsTheyWereWritten)
+{
+    WritePreviewColors(settings, {.ColorCode = 1,
+                                  .ColorHeader = 2,
+                                  .ColorHidden = static_cast<Color>(0x80000011U),
+                                  .ColorComment = 4,
+                                  .ColorKey = 5,
+                                  .ColorError = 6});
+    EXPECT_EQ(settings.GetKeyValue("Options", "PreviewPaneHiddenTextColor"), "-2147483631");
+    const LineColors colors = Read();
+    EXPECT_EQ(colors.ColorCode, 1);
+    EXPECT_EQ(colors.ColorHeader, 2);
+    EXPECT_EQ(colors.ColorHidden, static_cast<Color>(0x80000011U));
+    EXPECT_EQ(colors.ColorComment, 4);
+    EXPECT_EQ(colors.ColorKey, 5);
+    EXPECT_EQ(colors.ColorError, 6);
+}
+
 } // namespace
 } // namespace veldrane

@@ -1,0 +1,189 @@
+#include "shell/main_window/class_editor.h"
+
+#include "support/fake_connection.h"
+#include "support/fake_driver_manager.h"
+#include "support/manual_clock.h"
+#include "support/memory_file_system.h"
+#include "support/memory_settings.h"
+#include "support/recorded_errors.h"
+#include "support/recorded_processes.h"
+#include "support/scripted_messages.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace veldrane {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::Field;
+using testing::ForeignKey;
+using testing::IdentityField;
+using ::testing::IsEmpty;
+using testing::PrimaryIndex;
+
+// A new project on a data source with customers and their orders.
+class AcceptingEditor : public ::testing::Test
+{
+  protected:
+    AcceptingEditor()
+    {
+        session.New();
+        auto connection = std::make_unique<testing::FakeConnection>();
+        source = &connection->Content;
+        state.ActiveConnection = std::move(connection);
+        auto& customers = source->Add("Customers");
+        customers.Fields = {IdentityField("ID"), Field("Name", adVarWChar, 50)};
+        customers.Indexes = {PrimaryIndex({"Name"})};
+        auto& orders = source->Add("Orders");
+        orders.Fields = {IdentityField("OrderID"), Field("Customer", adInteger)};
+        orders.Keys = {ForeignKey("FK_Customer", "Customers", {{"Customer", "ID"}})};
+        session.Project().SetModified(false);
+    }
+
+    void AnswerWith(std::initializer_list<Answer> answers) { messages = testing::ScriptedMessages(answers); }
+
+    [[nodiscard]] std::vector<std::string> Titles() const
+    {
+        std::vector<std::string> titles;
+        for (const Question& question : messages.Asked())
+            titles.push_back(question.Title);
+        return titles;
+    }
+
+    [[nodiscard]] std::shared_ptr<KZMClass> Class(const std::string& name) { return session.Classes().Item(name); }
+
+    testing::MemorySettings settings;
+    testing::ScriptedMessages messages;
+    testing::RecordedErrors errors;
+    testing::MemoryFileSystem files;
+    testing::ManualClock clock;
+    testing::RecordedProcesses processes;
+    testing::FakeDriverManager installed;
+    std::ostringstream output;
+    ModuleState state;
+    NoProgress unwatched;
+    Application application{
+        .UserSettings = settings,
+        .Asking = messages,
+        .Errors = errors,
+        .Files = files,
+        .Time = clock,
+        .Programs = processes,
+        .Connect = [](const std::string& /*text*/, StringOrigin /*origin*/) -> std::unique_ptr<DataSourceConnection> {
+            return nullptr;
+        },
+        .Installed = installed,
+        .State = state,
+        .Output = output,
+        .ErrorOutput = output,
+        .Progress = unwatched};
+    ProjectSession session{application};
+    AcceptingClassEditor editor{application, session};
+    testing::FakeCatalog* source = nullptr;
+};
+
+TEST_F(AcceptingEditor, AddsTheClassThatItsTableGives)
+{
+    AnswerWith({Answer::No, Answer::Yes});
+    EXPECT_TRUE(editor.Add({.TableName = "Customers"}));
+    EXPECT_THAT(Titles(), ElementsAre("Add Delete Method to Class", "Choose Retrieval Method"));
+    const auto customer = Class("Customer");
+    ASSERT_TRUE(customer);
+    EXPECT_EQ(customer->TableName, "Customers");
+    EXPECT_TRUE(customer->TTCProperties.Contains("Name"));
+    EXPECT_TRUE(customer->RetrieveByIdentityCol);
+    EXPECT_TRUE(customer->DeleteByPrimaryKey);
+    EXPECT_TRUE(session.Project().ClassCollectionNames.ClassNameExists("Customer"));
+    EXPECT_TRUE(session.Project().Modified());
+}
+
+TEST_F(AcceptingEditor, AddsAClassUnderItsParentWithItsJoinsAndACollection)
+{
+    ASSERT_TRUE(editor.Add({.TableName = "Customers"}));
+    ASSERT_TRUE(editor.Add({.TableName = "Orders", .ParentClassName = "Customer", .Place = Placement::UnderParent}));
+    const auto order = Class("Order");
+    EXPECT_EQ(order->ParentClassName, "Customer");
+    EXPECT_TRUE(order->CreateCollection);
+    EXPECT_TRUE(order->TTCRelationships.Contains("FK_Customer"));
+}
+
+TEST_F(AcceptingEditor, ATableThatIsThereAlreadyIsRefusedInWords)
+{
+    ASSERT_TRUE(editor.Add({.TableName = "Orders"}));
+    session.Project().SetModified(false);
+    messages.Forget();
+    EXPECT_FALSE(editor.Add({.TableName = "Orders"}));
+    EXPECT_THAT(Titles(), ElementsAre("Duplicate Class Name"));
+    EXPECT_EQ(messages.Asked().at(0).Text,
+              "The Class Name already exists in this project. Please change the Class Name then click OK.");
+    EXPECT_FALSE(session.Project().Modified());
+}
+
+TEST_F(AcceptingEditor, ATableThatWasDroppedMeanwhileIsToldAndNothingIsAdded)
+{
+    const std::size_t before = session.Classes().Count();
+    AnswerWith({Answer::No});
+    EXPECT_FALSE(editor.Add({.TableName = "Gone"}));
+    ASSERT_FALSE(messages.Asked().empty());
+    EXPECT_EQ(messages.Asked()[0].Title, "Table Missing");
+    EXPECT_EQ(messages.Asked()[0].Text,
+              "The table named 'Gone' cannot be found. Has this table been renamed?\r\n"
+              "Click 'Yes' if the table has been renamed and you know what the new name is.\r\n"
+              "Click 'No' if the table has been deleted\r\n"
+              "Click 'Cancel' to cancel this operation.");
+    EXPECT_EQ(session.Classes().Count(), before);
+    EXPECT_FALSE(session.Project().Modified());
+}
+
+TEST_F(AcceptingEditor, WithoutADataSourceNoClassIsAdded)
+{
+    const std::size_t before = session.Classes().Count();
+    state.ActiveConnection.reset();
+    EXPECT_FALSE(editor.Add({.TableName = "Orders"}));
+    ASSERT_FALSE(errors.Reported.empty());
+    EXPECT_EQ(errors.Reported[0].Place.Hint,
+              "The DataSource is currently unavailable. Unable to add new DataSource fields as properties at this "
+              "time. \r\nYou may continue, but some functionality will be unavailable.");
+    EXPECT_EQ(session.Classes().Count(), before);
+}
+
+TEST_F(AcceptingEditor, MovesAClassWithAllThatItHas)
+{
+    ASSERT_TRUE(editor.Add({.TableName = "Customers"}));
+    ASSERT_TRUE(editor.Add({.TableName = "Orders", .Access = ClassAccess::ReadOnly}));
+    Class("Order")->TTCProperties.Item("Customer")->FormatStringOnGet = "0000";
+    messages.Forget();
+    EXPECT_TRUE(editor.Move(Class("Order"), "Customer"));
+    const auto moved = Class("Order");
+    EXPECT_EQ(moved->ParentClassName, "Customer");
+    EXPECT_TRUE(moved->ReadOnly);
+    EXPECT_EQ(moved->TTCProperties.Item("Customer")->FormatStringOnGet, "0000");
+    EXPECT_TRUE(moved->TTCRelationships.Contains("FK_Customer"));
+    EXPECT_THAT(messages.Asked(), IsEmpty());
+}
+
+TEST_F(AcceptingEditor, WithoutADataSourceAMovedClassKeepsItsKeysAndHasNoJoins)
+{
+    ASSERT_TRUE(editor.Add({.TableName = "Customers"}));
+    ASSERT_TRUE(editor.Add({.TableName = "Orders"}));
+    state.ActiveConnection.reset();
+    messages.Forget();
+    EXPECT_TRUE(editor.Move(Class("Customer"), "Order"));
+    EXPECT_EQ(Class("Customer")->TTCKeys.Count(), 2U);
+    EXPECT_EQ(Class("Customer")->TTCRelationships.Count(), 0U);
+    EXPECT_THAT(Titles(), ElementsAre("Unable to display Relationships"));
+}
+
+TEST_F(AcceptingEditor, AClassIsNotMovedUnderOneThatIsGone)
+{
+    ASSERT_TRUE(editor.Add({.TableName = "Orders"}));
+    const auto order = Class("Order");
+    EXPECT_FALSE(editor.Move(order, "Gone"));
+    EXPECT_EQ(Class("Order"), order);
+}
+
+} // namespace
+} // namespace veldrane

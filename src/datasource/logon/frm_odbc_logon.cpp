@@ -14,6 +14,13 @@ namespace veldrane {
 namespace {
 
 constexpr std::string_view kModuleName = "frmODBCLogon";
+constexpr std::string_view kJetEnding = ".mdb";
+
+bool IsJetFile(std::string_view path)
+{
+    return path.size() > kJetEnding.size() &&
+           text::EqualFolded(path.substr(path.size() - kJetEnding.size()), kJetEnding);
+}
 
 } // namespace
 
@@ -150,6 +157,29 @@ void frmODBCLogon::cmdBrowse_Click()
         {.Title = "Select DataSource File", .Filter = filter, .DefaultName = Page().txtDatabase});
     if (path)
         Page().txtDatabase = *path;
+}
+
+void frmODBCLogon::DropFile(const std::string& path)
+{
+    if (IsJetFile(path))
+        SelectProvider(kJetProvider);
+    else
+        SelectSqliteDriver();
+    if (Page().cmdBrowseEnabled)
+        Page().txtDatabase = path;
+}
+
+void frmODBCLogon::SelectSqliteDriver()
+{
+    const std::vector<ComboRow>& drivers = pages_[logon_page::kOdbc].cmbDrivers.Rows;
+    const auto found = std::find_if(drivers.begin(), drivers.end(), [&](const ComboRow& row) {
+        return ProfileOfDriver(row.Text, surroundings_.Installed).Family == DriverFamily::Sqlite;
+    });
+    if (found == drivers.end())
+        return;
+    SelectProvider(kOdbcProvider);
+    optDSNLess_Click();
+    cmbDrivers_Click(static_cast<std::size_t>(found - drivers.begin()));
 }
 
 void frmODBCLogon::cmdOK_Click()

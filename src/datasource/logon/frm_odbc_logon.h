@@ -98,6 +98,11 @@ class frmODBCLogon
     void optUseDSN_Click();
     void optDSNLess_Click();
     void cmdBrowse_Click();
+
+    // A file was dropped on the dialog: a Jet file (by its ending, .mdb) or, where a driver for SQLite is set up, one
+    // of that is selected with its page, its driver and its path. Any other goes where the path of a file is asked for.
+    void DropFile(const std::string& path);
+
     void cmdOK_Click();
     void cmdCancel_Click(); // closing the window too
 
@@ -108,6 +113,7 @@ class frmODBCLogon
         Driver,
     };
 
+    void SelectSqliteDriver();
     void Choose(Target target); // nothing to choose on the Jet page
     void GetDSNsAndDrivers();
     [[nodiscard]] bool OffersOdbc() const;

@@ -10,8 +10,9 @@ using namespace Qt::StringLiterals;
 // "*.*" leaves out names without a point here.
 QString Patterns(const QString& given)
 {
-    QStringList patterns = given.split(u';', Qt::SkipEmptyParts);
-    patterns.replaceInStrings(u"*.*"_s, u"*"_s);
+    QStringList patterns;
+    for (const QString& pattern : given.split(u';', Qt::SkipEmptyParts))
+        patterns << (pattern.trimmed() == u"*.*" ? u"*"_s : pattern.trimmed());
     return patterns.isEmpty() ? u"*"_s : patterns.join(u' ');
 }
 
@@ -23,7 +24,7 @@ QStringList NameFilters(std::string_view filter)
     QStringList rows;
     for (qsizetype name = 0; name < parts.size(); name += 2) {
         if (!parts.at(name).isEmpty())
-            rows << parts.at(name) + u" ("_s + Patterns(parts.value(name + 1)) + u")"_s;
+            rows << parts.at(name).trimmed() + u" ("_s + Patterns(parts.value(name + 1)) + u")"_s;
     }
     return rows;
 }

@@ -164,5 +164,35 @@ TEST_F(LogonBrowse, SaysThatNoDriverTellsNoFileType)
     ExpectNoFilterSaid();
 }
 
+TEST_F(LogonBrowse, AFileThatIsDroppedIsOneForSqlite)
+{
+    const auto dialog = LoadedAt("SQLOLEDB");
+    dialog->DropFile("/data/Größe.db");
+    EXPECT_EQ(dialog->Provider().Key, "MSDASQL");
+    EXPECT_FALSE(dialog->Page().optUseDSN);
+    EXPECT_EQ(StringOf(*dialog), "PROVIDER=MSDASQL;Driver=SQLite3;Server=;UID=;PWD=;Database=/data/Größe.db;");
+}
+
+TEST_F(LogonBrowse, AJetFileThatIsDroppedIsOneByItsEnding)
+{
+    const auto dialog = LoadedAt("MSDASQL");
+    dialog->DropFile("/data/Shop.MDB");
+    EXPECT_EQ(dialog->Provider().Key, "Microsoft.Jet.OLEDB.4.0");
+    EXPECT_EQ(dialog->Page().txtDatabase, "/data/Shop.MDB");
+}
+
+TEST_F(LogonBrowse, AFileThatIsDroppedGoesWhereAPathIsAskedFor)
+{
+    installed.Libraries.erase("SQLite3");
+    installed.Sources = {{"Old Files", kAccess}, {"Shop", "PostgreSQL Unicode"}};
+    const auto dialog = LoadedAt("MSDASQL");
+    dialog->DropFile("/data/Shop.dat");
+    EXPECT_EQ(dialog->Page().cmbDSN.Text(), "Old Files");
+    EXPECT_EQ(dialog->Page().txtDatabase, "/data/Shop.dat");
+    SelectDSN(*dialog, "Shop");
+    dialog->DropFile("/data/Other.dat");
+    EXPECT_EQ(dialog->Page().txtDatabase, "/data/Shop.dat");
+}
+
 } // namespace
 } // namespace veldrane

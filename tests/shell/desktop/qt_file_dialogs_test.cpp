@@ -55,6 +55,8 @@ TEST(NameFilters, TurnNamesAndPatternsIntoRows)
 {
     EXPECT_EQ(NameFilters(kProjectFilter), (QStringList{u"Veldrane Project (*.kzm)"_s, u"All Files (*)"_s}));
     EXPECT_EQ(NameFilters("SQLite Databases|*.db;*.sqlite"), QStringList{u"SQLite Databases (*.db *.sqlite)"_s});
+    EXPECT_EQ(NameFilters("Text Files |*.txt; *.csv|All Files|*.*"),
+              (QStringList{u"Text Files (*.txt *.csv)"_s, u"All Files (*)"_s}));
     EXPECT_EQ(NameFilters("All"), QStringList{u"All (*)"_s});
     EXPECT_EQ(NameFilters(""), QStringList());
 }

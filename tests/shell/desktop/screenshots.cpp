@@ -45,6 +45,7 @@ QPalette DarkPalette()
         palette.setColor(shade.Role, QColor::fromRgb(shade.Color));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, QColor::fromRgb(kDarkDisabled));
+    palette.setColor(QPalette::Disabled, QPalette::Base, palette.color(QPalette::Window));
     return palette;
 }
 

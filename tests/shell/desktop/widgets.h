@@ -7,9 +7,16 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <vector>
+
+// How a failed comparison shows a text.
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
 
 // A person in front of the windows: finds controls by their names, clicks them, and answers dialogs.
 namespace veldrane::testing {

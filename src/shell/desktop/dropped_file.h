@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QMimeData>
+
+#include <string>
+
+namespace veldrane {
+
+// The path of the one file of this machine that is dragged; "" where something else is, or several.
+[[nodiscard]] std::string DroppedFile(const QMimeData* data);
+
+} // namespace veldrane

@@ -2,6 +2,7 @@
 
 #include "generator/generation_settings.h"
 #include "preview/tree_node.h"
+#include "shell/platform/paths.h"
 #include "shell/switch_line.h"
 
 #include <CLI/CLI.hpp>
@@ -26,7 +27,8 @@ struct CommandUsage
 
 constexpr auto kUsages = std::to_array<CommandUsage>({
     {"", "veldrane tables | define | generate | preview  (veldrane COMMAND --help tells more)\n"
-         "       veldrane /C [/DEBUG] [/DELETE] [/NOSPLASH] FILE.kzm [FOLDER]"},
+         "       veldrane /C [/DEBUG] [/DELETE] [/NOSPLASH] FILE.kzm [FOLDER]\n"
+         "       veldrane [/DEBUG] [/NOSPLASH] [FILE.kzm]"},
     {"tables", "veldrane tables --connection STRING"},
     {"define",
      "veldrane define FILE.kzm [--connection STRING] [--table NAME[=PARENT]]... [--lookup NAME]... "
@@ -171,9 +173,11 @@ class Parser
         app_.set_help_flag("--help", "Print this help");
         app_.formatter(std::make_shared<HelpFormatter>());
         app_.footer(
+            "Without a command the windows are opened, on the project if one is named.\n\n"
             "/C opens the project, writes it into FOLDER (its OutputPath unless given) with backups of files that\n"
             "exist, compiles it if the settings say so, and asks nothing. /DELETE removes the plain files of the\n"
-            "folder first, /DEBUG gives generated routines lines that time them, /NOSPLASH is for the desktop.");
+            "folder first, /DEBUG gives generated routines lines that time them, /NOSPLASH opens the windows without\n"
+            "the picture in front of them.");
         app_.require_subcommand(1);
         AddTables();
         AddDefine();
@@ -183,9 +187,7 @@ class Parser
 
     Command Parse(const std::vector<std::string>& arguments)
     {
-        if (arguments.empty())
-            return WrongUsage("no command was given.", "");
-        const std::string& first = arguments.front();
+        const std::string first = arguments.empty() ? "" : arguments.front();
         if (first != "--help" && first != "--version" && !IsCommand(first))
             return ParseStart(arguments);
         try {
@@ -276,19 +278,36 @@ class Parser
     Command ParseStart(const std::vector<std::string>& arguments)
     {
         const SwitchLine line = ReadSwitchLine(arguments, files_);
-        if (!line.AutoCompileMode)
-            return WrongUsage("'" + arguments.front() + "' is no command.", "");
         // Mostly a variable of a script that was never set: the project's own folder must not stand in for it.
         if (std::find(arguments.begin(), arguments.end(), "") != arguments.end())
             return WrongUsage("one of the words is empty.", "");
+        if (!line.AutoCompileMode)
+            return ParseWindows(line);
         if (!line.Surplus.empty())
             return WrongUsage("'" + line.Surplus + "' is one word too many.", "");
         if (line.File.empty())
             return WrongUsage("/C needs a project file.", "");
         return StartCommand{.File = line.File,
                             .Folder = line.Folder,
+                            .AutoCompileMode = true,
                             .DebugTiming = line.DebugTiming,
-                            .DeleteAfterCompile = line.DeleteAfterCompile};
+                            .DeleteAfterCompile = line.DeleteAfterCompile,
+                            .NoSplash = line.NoSplash};
+    }
+
+    // A word that is no path may be a command that was mistyped; and nothing is emptied from a window.
+    Command ParseWindows(const SwitchLine& line)
+    {
+        if (line.DeleteAfterCompile)
+            return WrongUsage("'/DELETE' is no command.", "");
+        if (!line.Folder.empty() && (line.Folder.find('/') == std::string::npos || line.Folder.starts_with('-')))
+            return WrongUsage("'" + line.Folder + "' is no command.", "");
+        if (!line.Surplus.empty())
+            return WrongUsage("'" + line.Surplus + "' is one word too many.", "");
+        return StartCommand{.File = line.File.empty() ? "" : PathFromRoot(line.File),
+                            .DebugTiming = line.DebugTiming,
+                            .NoSplash = line.NoSplash,
+                            .InvalidPath = files_.Kind(line.Folder) == FileKind::Folder ? "" : line.Folder};
     }
 
     PrintAndExit Printed(const CLI::Success& success)

@@ -59,14 +59,17 @@ struct PreviewCommand
     std::string Node; // a node's key, or a class or a collection
 };
 
-// A line without a command: the program's own switches, a project and a folder to write into. Without a desktop it is
-// for /C alone, the run with nobody to ask.
+// A line without a command: the program's own switches and a project. With /C it is the run with nobody to ask, into a
+// folder; without, it opens the windows.
 struct StartCommand
 {
-    std::string File;
-    std::string Folder; // "" for the project's own OutputPath
+    std::string File{};   // "" for none; for the windows it begins at the root
+    std::string Folder{}; // "" for the project's own OutputPath
+    bool AutoCompileMode = false;
     bool DebugTiming = false;
     bool DeleteAfterCompile = false;
+    bool NoSplash = false;
+    std::string InvalidPath{}; // for the windows: a word with a slash in it that leads nowhere; "" for none
 };
 
 // Nothing is to be done but to print a text and to end: help, version, or what was wrong with the words.

@@ -1,20 +1,13 @@
 #include "shell/entry.h"
 
-#include "datasource/odbc/installed_drivers.h"
+#include "shell/assembly.h"
 #include "shell/command_line.h"
 #include "shell/commands.h"
-#include "shell/data_sources.h"
 #include "shell/platform/console_error_report.h"
 #include "shell/platform/console_messages.h"
 #include "shell/platform/console_text.h"
-#include "shell/platform/detached_process_starter.h"
 #include "shell/platform/disk_file_system.h"
-#include "shell/platform/limited_program_runner.h"
-#include "shell/platform/paths.h"
-#include "shell/platform/settings_file.h"
 #include "shell/platform/system_clock.h"
-#include "shell/platform_settings.h"
-#include "shell/preview_colors.h"
 #include "shell/terminal_progress.h"
 
 #include <exception>
@@ -24,28 +17,12 @@
 namespace veldrane {
 namespace {
 
-// What a failure of the data source carries; behind any other, what the shared connection still holds.
-std::vector<ADOError> ADOErrorsOf(const RuntimeError& error, const DataSourceConnection* connection)
-{
-    if (const auto* failure = dynamic_cast<const DataSourceError*>(&error))
-        return failure->Errors;
-    return connection == nullptr ? std::vector<ADOError>{} : connection->Errors();
-}
-
-// The compiler's helper program of an earlier run, where that was left behind.
-void RemoveLeftover(FileSystem& files, ErrorReport& report)
-{
-    const std::string leftover = StateFolder() + "/tmpVELDRANE.EXE";
-    if (files.Kind(leftover) == FileKind::File)
-        Guarded(report, kAppTitle, "RemoveLeftover", [&] { files.Remove(leftover); });
-}
-
 void ApplySwitches(const Command& command, ModuleState& state)
 {
     const auto* start = std::get_if<StartCommand>(&command);
     if (start == nullptr)
         return;
-    state.AutoCompileMode = true;
+    state.AutoCompileMode = start->AutoCompileMode;
     state.DeleteAfterCompile = start->DeleteAfterCompile;
     state.Generation.DebugTiming = start->DebugTiming;
 }
@@ -85,50 +62,33 @@ int RunOn(const Application& application, const Command& command)
 int RunCommand(const Command& command, DiskFileSystem& files, const ProgramStreams& streams)
 {
     ConsoleMessages messages(streams.ErrorOutput, ToldAnswers(command));
-    LimitedProgramRunner runner;
     ModuleState state;
     ConsoleErrorReport report(streams.ErrorOutput, [&](const RuntimeError& error) {
         return ADOErrorsOf(error, state.ActiveConnection.get());
     });
     SystemClock clock;
     const std::unique_ptr<Progress> progress = ProgressOn(streams, clock);
-    DetachedProcessStarter programs;
-    SettingsFile settings(SettingsPath(), files, messages);
-    const PlatformSettings platform = ReadPlatformSettings(settings);
-    RemoveLeftover(files, report);
-    state.Generation = {.CodePage = platform.CodePage,
-                        .Colors = ReadPreviewColors(settings, messages),
-                        .VisualBasicCommand = platform.VisualBasicCommand,
-                        .ApplicationFolder = StateFolder()};
-    ApplySwitches(command, state);
-    const OdbcInstalledDrivers installed;
     NoFileWindows windows;
-    const Application application{
-        .UserSettings = settings,
-        .Asking = messages,
-        .Errors = report,
-        .Files = files,
-        .Time = clock,
-        .Programs = programs,
-        .Connect = [&](const std::string& text, StringOrigin origin) -> std::unique_ptr<DataSourceConnection> {
-            auto connection = ConnectionFor(text, origin,
-                                            {.ConnectTimeout = platform.ConnectTimeout,
-                                             .StatementTimeout = platform.StatementTimeout,
-                                             .TdsDriver = platform.TdsDriver,
-                                             .ProgramFolder = streams.Folder,
-                                             .Runner = runner});
-            progress->Stage(0, "Connecting to the data source");
-            connection->Open(text);
-            return connection;
-        },
-        .Installed = installed,
-        .State = state,
-        .Output = streams.Output,
-        .ErrorOutput = streams.ErrorOutput,
-        .Progress = *progress,
-        .Windows = windows.Windows(),
-    };
-    return RunOn(application, command);
+    const Assembly assembly(files, state,
+                            {.Asking = messages,
+                             .Errors = report,
+                             .Time = clock,
+                             .Progress = *progress,
+                             .Windows = windows.Windows(),
+                             .Output = streams.Output,
+                             .ErrorOutput = streams.ErrorOutput,
+                             .ProgramFolder = streams.Folder});
+    ApplySwitches(command, state);
+    return RunOn(assembly.World(), command);
+}
+
+int OpenWindows(const StartCommand& start, const ProgramStreams& streams)
+{
+    if (streams.OpenDesktop)
+        return streams.OpenDesktop(start, streams);
+    streams.ErrorOutput << "veldrane: this program was built without windows. What it does without them, veldrane "
+                           "--help tells.\n";
+    return exit_code::kFailed;
 }
 
 int RunArguments(const std::vector<std::string>& arguments, const ProgramStreams& streams)
@@ -139,6 +99,8 @@ int RunArguments(const std::vector<std::string>& arguments, const ProgramStreams
         (print->OnStandardError ? streams.ErrorOutput : streams.Output) << print->Text;
         return print->ExitCode;
     }
+    if (const auto* start = std::get_if<StartCommand>(&command); start != nullptr && !start->AutoCompileMode)
+        return OpenWindows(*start, streams);
     return RunCommand(command, files, streams);
 }
 

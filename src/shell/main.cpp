@@ -1,4 +1,5 @@
 #include "shell/entry.h"
+#include "shell/open_desktop.h"
 #include "shell/platform/paths.h"
 #include "shell/platform/standard_streams.h"
 #include "shell/platform/temporary_registry.h"
@@ -16,5 +17,6 @@ int main(int argumentCount, char** arguments)
                                 {.Output = std::cout,
                                  .ErrorOutput = std::cerr,
                                  .ErrorOutputIsTerminal = isatty(STDERR_FILENO) == 1,
-                                 .Folder = veldrane::ProgramFolder()});
+                                 .Folder = veldrane::ProgramFolder(),
+                                 .OpenDesktop = veldrane::OpenDesktopLibrary});
 }

@@ -6,7 +6,9 @@
 namespace veldrane {
 namespace {
 
+using ::testing::AllOf;
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Pair;
@@ -111,14 +113,55 @@ TEST(CommandLine, HelpAndVersionAreAnswersAndNoErrors)
     EXPECT_THAT(Parsed<PrintAndExit>({"--version"}).Text, StartsWith("veldrane "));
 }
 
+TEST(CommandLine, ALineWithoutACommandOpensTheWindows)
+{
+    const auto bare = Parsed<StartCommand>({});
+    EXPECT_EQ(bare.File + bare.Folder + bare.InvalidPath, "");
+    EXPECT_FALSE(bare.AutoCompileMode || bare.DebugTiming || bare.DeleteAfterCompile || bare.NoSplash);
+    const auto named = Parsed<StartCommand>({"/NOSPLASH", "/shop/Shop.kzm", "/DEBUG"});
+    EXPECT_EQ(named.File, "/shop/Shop.kzm");
+    EXPECT_TRUE(named.NoSplash);
+    EXPECT_TRUE(named.DebugTiming);
+    EXPECT_FALSE(named.AutoCompileMode);
+}
+
+TEST(CommandLine, TheWindowsGetThePathOfTheProjectFromTheRoot)
+{
+    EXPECT_THAT(Parsed<StartCommand>({"Shop.kzm"}).File, AllOf(StartsWith("/"), EndsWith("/Shop.kzm")));
+}
+
+TEST(CommandLine, TheWindowsAreToldOfAPathThatLeadsNowhere)
+{
+    testing::MemoryFileSystem files;
+    files.Folders.insert("/out");
+    EXPECT_EQ(Parsed<StartCommand>({"/nowhere"}, files).InvalidPath, "/nowhere");
+    EXPECT_EQ(Parsed<StartCommand>({"/shop.kzm", "/c"}, files).InvalidPath, "/c");
+    EXPECT_EQ(Parsed<StartCommand>({"/shop.kzm", "/out"}, files).InvalidPath, "");
+}
+
+TEST(CommandLine, AutoCompileModeNamesAProjectAndAFolder)
+{
+    const auto command = Parsed<StartCommand>({"/C", "/DEBUG", "Shop.kzm", "out", "/DELETE"});
+    EXPECT_TRUE(command.AutoCompileMode);
+    EXPECT_TRUE(command.DebugTiming);
+    EXPECT_TRUE(command.DeleteAfterCompile);
+    EXPECT_EQ(command.File, "Shop.kzm");
+    EXPECT_EQ(command.Folder, "out");
+    EXPECT_EQ(command.InvalidPath, "");
+}
+
 // What is wrong in one line, then the usage in another.
 TEST(CommandLine, WrongUsageIsOneLineAndTheUsage)
 {
     const std::vector<std::pair<std::vector<std::string>, std::string>> cases{
-        {{}, "veldrane: no command was given.\nUsage: veldrane tables"},
         {{"nonsense"}, "veldrane: 'nonsense' is no command.\nUsage: veldrane tables"},
-        {{"x.kzm"}, "veldrane: 'x.kzm' is no command.\nUsage: veldrane tables"},
         {{"--frobnicate"}, "veldrane: '--frobnicate' is no command.\nUsage: veldrane tables"},
+        {{"--file=/x.kz"}, "veldrane: '--file=/x.kz' is no command.\nUsage: veldrane tables"},
+        {{"x.kzm", "nonsense"}, "veldrane: 'nonsense' is no command.\nUsage: veldrane tables"},
+        {{"x.kzm", "y.kzm"}, "veldrane: 'y.kzm' is one word too many.\nUsage: veldrane tables"},
+        {{"/DELETE", "x.kzm"}, "veldrane: '/DELETE' is no command.\nUsage: veldrane tables"},
+        {{"x.kzm", ""}, "veldrane: one of the words is empty.\nUsage: veldrane tables"},
+        {{""}, "veldrane: one of the words is empty.\nUsage: veldrane tables"},
         {{"tables"}, "veldrane: --connection is required.\nUsage: veldrane tables --connection STRING"},
         {{"define"}, "veldrane: file is required.\nUsage: veldrane define FILE.kzm"},
         {{"generate", "x.kzm"}, "veldrane: folder is required.\nUsage: veldrane generate FILE.kzm FOLDER"},

@@ -69,7 +69,7 @@ enum class ToolNeeds
 };
 
 // Every state, as a list of their digits.
-constexpr std::string_view kAlways = "";
+constexpr std::string_view kAlways;
 
 // What keeps a tool off. A tool without a row is on throughout.
 struct ToolRule
@@ -211,6 +211,13 @@ std::optional<std::string_view> ContextMenuOf(const TreeNode& node)
     if (node.Id.Key == tree_key::kAdditionalClasses)
         return context_menu::kClassRoot;
     return std::nullopt;
+}
+
+std::optional<std::string_view> DoubleClickToolOf(const TreeNode& node)
+{
+    if (IsFixed(node, tree_key::kRoot))
+        return "ProjectProperties";
+    return node.Id.Kind == NodeKind::Class ? std::optional<std::string_view>("EditClass") : std::nullopt;
 }
 
 std::span<const std::string_view> ToolsOfContextMenu(std::string_view menu)

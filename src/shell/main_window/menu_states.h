@@ -83,6 +83,9 @@ inline constexpr std::string_view kData = "popData"; // of a row that stands for
 // The context menu of a node; nothing for one that has none.
 [[nodiscard]] std::optional<std::string_view> ContextMenuOf(const TreeNode& node);
 
+// The tool that a double click on the node starts; nothing for a node that has none.
+[[nodiscard]] std::optional<std::string_view> DoubleClickToolOf(const TreeNode& node);
+
 // The names of a context menu's tools, in their order.
 [[nodiscard]] std::span<const std::string_view> ToolsOfContextMenu(std::string_view menu);
 

@@ -68,8 +68,8 @@ void TreeState::Reveal(const NodeKey& key)
     if (!index)
         return;
     selected_ = index;
-    for (auto above = nodes_[*index].Parent; above; above = nodes_[*above].Parent)
-        expanded_.insert(*above);
+    for (auto shown = index; shown; shown = nodes_[*shown].Parent)
+        expanded_.insert(*shown);
 }
 
 void TreeState::Mark(const std::vector<std::size_t>& indices)

@@ -56,7 +56,7 @@ class TreeState
     // Selects the node, or nothing. An index beyond the nodes is ignored.
     void Select(std::optional<std::size_t> index);
 
-    // Selects the node and expands all above it, so that it is seen. A key that no node has is ignored.
+    // Selects the node and expands it and all above it, so that it is seen. A key that no node has is ignored.
     void Reveal(const NodeKey& key);
 
     [[nodiscard]] bool IsMarked(std::size_t index) const { return marked_.contains(index); }

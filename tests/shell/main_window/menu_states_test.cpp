@@ -174,6 +174,14 @@ TEST_F(MenusOf, ANodeMayHaveAContextMenu)
     EXPECT_EQ(ContextMenuOf(Node(NodeKind::Fixed, "KZMGlobals")), std::nullopt);
 }
 
+TEST_F(MenusOf, ADoubleClickEditsAClassOrTheProject)
+{
+    EXPECT_EQ(DoubleClickToolOf(Node(NodeKind::Fixed, "Root")), "ProjectProperties");
+    EXPECT_EQ(DoubleClickToolOf(Node(NodeKind::Class, "Root")), "EditClass");
+    EXPECT_EQ(DoubleClickToolOf(Node(NodeKind::Collection, "TypeOf")), std::nullopt);
+    EXPECT_EQ(DoubleClickToolOf(Node(NodeKind::Fixed, "KZMParent")), std::nullopt);
+}
+
 TEST_F(MenusOf, EveryContextMenuIsMadeOfTools)
 {
     for (const char* menu : {"ctxProject", "ctxMTSProject", "ctxClassRoot", "ctxClass", "popData"}) {

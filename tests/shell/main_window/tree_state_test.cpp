@@ -114,7 +114,7 @@ TEST_F(TreeStateTest, ARevealedNodeIsSelectedAndSeen)
     Show(3);
     Tree.Reveal({NodeKind::Class, "C3"});
     EXPECT_EQ(Tree.Selected(), 3U);
-    EXPECT_THAT(Expanded(), ElementsAre(0, 1, 2));
+    EXPECT_THAT(Expanded(), ElementsAre(0, 1, 2, 3));
     Tree.Reveal({NodeKind::Class, "C9"});
     EXPECT_EQ(Tree.Selected(), 3U);
 }

@@ -2,6 +2,8 @@
 
 #include "shell/application.h"
 #include "shell/desktop/guarded_application.h"
+#include "shell/desktop/icons.h"
+#include "shell/desktop/product_text.h"
 
 #include <QMainWindow>
 
@@ -58,6 +60,7 @@ int OpenDesktop(const StartCommand&, const ProgramStreams&)
     std::array<char*, 2> arguments{name.data(), nullptr};
     int argumentCount = 1; // Qt keeps a reference to it
     const std::unique_ptr<GuardedApplication> application = StartQt(argumentCount, arguments.data());
+    QApplication::setWindowIcon(Icon(kProgramIcon));
     QMainWindow window;
     window.setObjectName(QStringLiteral("frmMain"));
     window.show();

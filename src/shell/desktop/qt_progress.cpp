@@ -2,6 +2,8 @@
 
 #include "shell/desktop/qt_text.h"
 
+#include <utility>
+
 namespace veldrane {
 namespace {
 
@@ -9,7 +11,8 @@ constexpr qint64 kMillisecondsBetweenSteps = 33;
 
 } // namespace
 
-QtProgress::QtProgress(QLabel& status, QProgressBar& bar) : status_(&status), bar_(&bar)
+QtProgress::QtProgress(QLabel& status, QProgressBar& bar, Drawn drawn)
+    : status_(&status), bar_(&bar), drawn_(std::move(drawn))
 {
     bar.setRange(0, 100);
 }
@@ -34,6 +37,8 @@ void QtProgress::Draw(int percent, const std::string& line)
     status_->repaint();
     bar_->repaint();
     sinceDrawn_.start();
+    if (drawn_)
+        drawn_();
 }
 
 } // namespace veldrane

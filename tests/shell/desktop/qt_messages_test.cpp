@@ -1,5 +1,6 @@
 #include "shell/desktop/qt_messages.h"
 
+#include "screenshots.h"
 #include "widgets.h"
 
 #include <QApplication>
@@ -40,6 +41,7 @@ TEST(QtMessages, ShowTheQuestionWordByWord)
         EXPECT_EQ(box.icon(), QMessageBox::Warning);
         EXPECT_EQ(box.buttons().size(), 2);
         EXPECT_TRUE(Find<QPushButton>(box, "cmdCancel").isDefault());
+        Photograph(box, "msgBox");
         Click(box, "cmdOK");
     });
     EXPECT_EQ(answer, Answer::Ok);

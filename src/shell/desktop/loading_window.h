@@ -1,0 +1,55 @@
+#pragma once
+
+#include "shell/desktop/qt_progress.h"
+
+#include <QWidget>
+
+#include <memory>
+#include <string>
+
+namespace Ui {
+class frmLoading;
+}
+
+namespace veldrane {
+
+// Whether the person may break off what the form is shown for.
+enum class Cancelling
+{
+    NotOffered,
+    Offered,
+};
+
+// `frmLoading`: how far the opening of a project or the reading of a catalog is, on top of all windows. While it is
+// shown no other window takes clicks or keys. Where cancelling is offered, each report of progress serves events, so
+// that `cmdCancel` and Escape get through.
+class LoadingWindow : public QWidget
+{
+    Q_OBJECT
+
+  public:
+    LoadingWindow(Cancelling cancelling, QWidget* parent);
+    ~LoadingWindow() override;
+
+    void ShowStatus(const std::string& status);
+
+    // Whoever works is handed this. A closed form takes no harm of it.
+    [[nodiscard]] Progress& Watching() { return *progress_; }
+
+    // Whether the person wants it broken off.
+    [[nodiscard]] bool IsCancelled() const { return isCancelled_; }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void Cancel();
+
+    std::unique_ptr<Ui::frmLoading> ui_;
+    std::unique_ptr<QtProgress> progress_;
+    Cancelling cancelling_;
+    bool isCancelled_ = false;
+};
+
+} // namespace veldrane

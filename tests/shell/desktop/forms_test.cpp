@@ -1,0 +1,197 @@
+#include "screenshots.h"
+#include "shell/desktop/about_dialog.h"
+#include "shell/desktop/error_dialog.h"
+#include "shell/desktop/loading_window.h"
+#include "shell/desktop/name_dialog.h"
+#include "shell/desktop/product_text.h"
+#include "shell/desktop/splash_form.h"
+#include "shell/desktop/zoom_dialog.h"
+#include "widgets.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QStandardItemModel>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace veldrane::testing {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(FrmAddTable, AsksForAName)
+{
+    const AskForName ask = AskForTableName(nullptr);
+    std::optional<std::string> name;
+    WithDialogs([&] { name = ask(); }, {[](QWidget& dialog) {
+                    EXPECT_EQ(dialog.objectName(), u"frmAddTable"_s);
+                    Type(dialog, "txtName", "Straßen");
+                    Photograph(dialog, "frmAddTable");
+                    Click(dialog, "cmdOK");
+                }});
+    EXPECT_EQ(name, "Straßen");
+}
+
+TEST(FrmAddTable, CancelGivesNone)
+{
+    const AskForName ask = AskForTableName(nullptr);
+    std::optional<std::string> name;
+    for (const auto& leave : std::vector<Act>{[](QWidget& dialog) { Click(dialog, "cmdCancel"); },
+                                              [](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }}) {
+        WithDialogs([&] { name = ask(); }, {leave});
+        EXPECT_EQ(name, std::nullopt);
+    }
+}
+
+TEST(FrmAddSP, ShowsTheNameOfTheLastTimeReadyToBeTypedOver)
+{
+    const AskForName ask = AskForStoredProcedureName(nullptr);
+    std::optional<std::string> name;
+    WithDialogs([&] { name = ask(); }, {[](QWidget& dialog) {
+                    EXPECT_EQ(dialog.objectName(), u"frmAddSP"_s);
+                    QTest::keyClicks(&Find<QLineEdit>(dialog, "txtName"), u"GetOrdrs"_s);
+                    QTest::keyClick(&dialog, Qt::Key_Return);
+                }});
+    EXPECT_EQ(name, "GetOrdrs");
+    WithDialogs([&] { name = ask(); }, {[](QWidget& dialog) {
+                    EXPECT_EQ(Find<QLineEdit>(dialog, "txtName").text(), u"GetOrdrs"_s);
+                    Photograph(dialog, "frmAddSP");
+                    QTest::keyClicks(&Find<QLineEdit>(dialog, "txtName"), u"GetOrders"_s);
+                    Click(dialog, "cmdOK");
+                }});
+    EXPECT_EQ(name, "GetOrders");
+}
+
+TEST(FrmAbout, TellsTitleVersionAndSupport)
+{
+    AboutDialog dialog(nullptr);
+    EXPECT_EQ(Find<QLabel>(dialog, "lblTitle").text(), u"Veldrane Professional Edition +Forms"_s);
+    EXPECT_EQ(Find<QLabel>(dialog, "lblVersion").text(), VersionLine());
+    EXPECT_EQ(Find<QLabel>(dialog, "lblSupport").text(), u"Support: support@quillmere.example"_s);
+    Photograph(dialog, "frmAbout");
+    Click(dialog, "cmdOK");
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST(FrmSplash, StaysOnTopUntilItsTimeIsOver)
+{
+    const QPointer<SplashForm> splash = new SplashForm();
+    splash->ShowFor(std::chrono::milliseconds(30));
+    EXPECT_TRUE(splash->isVisible());
+    EXPECT_TRUE(splash->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    Photograph(*splash, "frmSplash");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return splash.isNull(); }));
+}
+
+TEST(FrmSplash, GoesAtAClick)
+{
+    const QPointer<SplashForm> splash = new SplashForm();
+    splash->ShowFor(std::chrono::hours(1));
+    QTest::mouseClick(splash.data(), Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return splash.isNull(); }));
+}
+
+TEST(FrmLoading, ShowsHowFarTheWorkIs)
+{
+    LoadingWindow form(Cancelling::NotOffered, nullptr);
+    form.show();
+    EXPECT_TRUE(form.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    form.ShowStatus("Opening Datasource Connection...Please wait");
+    EXPECT_EQ(Find<QLabel>(form, "lblStatus").text(), u"Opening Datasource Connection...Please wait"_s);
+    form.Watching().Stage(40, "Opening Project...");
+    EXPECT_EQ(Find<QLabel>(form, "lblStatus").text(), u"Opening Project..."_s);
+    EXPECT_EQ(Find<QProgressBar>(form, "Progress").value(), 40);
+    EXPECT_FALSE(Find<QPushButton>(form, "cmdCancel").isVisible());
+    QTest::keyClick(&form, Qt::Key_Escape);
+    form.close();
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_FALSE(form.IsCancelled());
+    Photograph(form, "frmLoading");
+}
+
+TEST(FrmLoading, CanBeCancelledWhileTheWorkGoesOn)
+{
+    LoadingWindow form(Cancelling::Offered, nullptr);
+    form.show();
+    QTimer::singleShot(0, &form, [&] { Click(form, "cmdCancel"); });
+    form.Watching().Stage(40, "Reading tables");
+    EXPECT_TRUE(form.IsCancelled());
+    EXPECT_FALSE(Find<QPushButton>(form, "cmdCancel").isEnabled());
+}
+
+TEST(FrmLoading, IsCancelledByEscapeAndByClosing)
+{
+    for (const auto& leave : std::vector<Act>{[](QWidget& form) { QTest::keyClick(&form, Qt::Key_Escape); },
+                                              [](QWidget& form) { form.close(); }}) {
+        LoadingWindow form(Cancelling::Offered, nullptr);
+        form.show();
+        form.Watching().Stage(35, "Reading the tables of the data source");
+        Photograph(form, "frmLoading-cancel");
+        leave(form);
+        EXPECT_TRUE(form.IsCancelled());
+        EXPECT_TRUE(form.isVisible());
+    }
+}
+
+class FrmZoom : public ::testing::Test
+{
+  protected:
+    FrmZoom()
+    {
+        for (int line = 0; line < 500; ++line)
+            model_.appendRow(new QStandardItem(u"    Line %1"_s.arg(line)));
+        preview_.setModel(&model_);
+        preview_.setCurrentIndex(model_.index(321, 0));
+    }
+
+    QStandardItemModel model_;
+    QListView preview_;
+};
+
+TEST_F(FrmZoom, ShowsTheLinesOfThePreviewLarge)
+{
+    ZoomDialog zoom(preview_, nullptr);
+    zoom.show();
+    auto& list = Find<QListView>(zoom, "lstZoom");
+    EXPECT_EQ(list.model(), &model_);
+    EXPECT_EQ(list.currentIndex().row(), 321);
+    const int middle = list.viewport()->height() / 2;
+    EXPECT_NEAR(list.visualRect(list.currentIndex()).center().y(), middle, middle / 5);
+    EXPECT_GT(list.font().pointSizeF(), preview_.font().pointSizeF());
+    Photograph(zoom, "frmZoom");
+    QTest::keyClick(&zoom, Qt::Key_Escape);
+    EXPECT_FALSE(zoom.isVisible());
+}
+
+TEST_F(FrmZoom, GrowsAndShrinksWithinBounds)
+{
+    ZoomDialog zoom(preview_, nullptr);
+    zoom.show();
+    auto& list = Find<QListView>(zoom, "lstZoom");
+    const double before = list.font().pointSizeF();
+    Click(zoom, "cmdLarger");
+    EXPECT_GT(list.font().pointSizeF(), before);
+    for (int click = 0; click < 40; ++click)
+        Click(zoom, "cmdSmaller");
+    EXPECT_DOUBLE_EQ(list.font().pointSizeF(), 6);
+    for (int click = 0; click < 40; ++click)
+        Click(zoom, "cmdLarger");
+    EXPECT_DOUBLE_EQ(list.font().pointSizeF(), 96);
+}
+
+TEST(FrmError, LooksWell)
+{
+    ErrorDialog dialog(nullptr);
+    dialog.Add(
+        "[unixODBC][Driver Manager]Data source name not found and no default driver specified. If you would like "
+        "to modify your DataSource, you may do so by selecting Project|Edit DataSource from the menu.",
+        "Last Error Number: -2147467259.\r\nError Description: Data source name not found\r\nError Source: ODBC\r\n");
+    Photograph(dialog, "frmError");
+}
+
+} // namespace
+} // namespace veldrane::testing

@@ -118,6 +118,15 @@ void frmOptions::ChooseFont()
     font_ = ports_.Dialogs.AskForFont(font_).value_or(font_);
 }
 
+std::vector<HelpMessageRow> frmOptions::HelpMessages() const
+{
+    std::vector<HelpMessageRow> rows;
+    rows.reserve(kHelpMessages.size());
+    for (const HelpMessage& message : kHelpMessages)
+        rows.push_back({.About = message.About, .Shown = IsShown(message, ports_.Registry)});
+    return rows;
+}
+
 void frmOptions::ResetMessages()
 {
     Guarded(ports_.Errors, kForm, "cmdResetMessages_Click", [this] { ResetHelpMessages(ports_.Registry); });

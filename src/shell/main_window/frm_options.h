@@ -10,6 +10,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace veldrane {
 
@@ -68,6 +70,13 @@ enum class OptionColor
     Error,
 };
 
+// A row of the list of help messages.
+struct HelpMessageRow
+{
+    std::string_view About;
+    bool Shown;
+};
+
 // The user's settings that belong to no project. What is changed here counts when OK is pressed and not before, but
 // for ResetMessages.
 class frmOptions
@@ -97,6 +106,8 @@ class frmOptions
 
     // The font's name alone, for whoever wants its letters in columns.
     void UseFontNamed(std::string name) { font_.Name = std::move(name); }
+
+    [[nodiscard]] std::vector<HelpMessageRow> HelpMessages() const;
 
     // Has all help messages shown again, at once. A failure is reported.
     void ResetMessages();

@@ -2,7 +2,6 @@
 
 #include "recorded_options_owner.h"
 #include "scripted_look_dialogs.h"
-#include "shell/main_window/help_messages.h"
 #include "support/memory_settings.h"
 #include "support/recorded_errors.h"
 #include "support/scripted_messages.h"
@@ -237,14 +236,16 @@ TEST_F(Options, ResetFourOfTheColours)
 TEST_F(Options, ResetTheHelpMessagesAtOnce)
 {
     settings.SaveSetting("Help", "warnLoggingTable", "1");
-    EXPECT_FALSE(IsShown(kHelpMessages[5], settings));
-    Load().ResetMessages();
+    frmOptions form = Load();
+    EXPECT_EQ(form.HelpMessages()[5].About, "The table of the application log");
+    EXPECT_FALSE(form.HelpMessages()[5].Shown);
+    form.ResetMessages();
     EXPECT_THAT(settings.GetAllSettings("Help"),
                 ElementsAre(Pair("warnLoggingTable", "0"), Pair("warnDataTypeRegulation", "0"),
                             Pair("warnPreviewPaneFontChange", "0"), Pair("warnOpenDatasource", "0"),
                             Pair("warnSPsAsMethodsInPro", "0"), Pair("warnHelpMessages", "0")));
-    for (const HelpMessage& message : kHelpMessages)
-        EXPECT_TRUE(IsShown(message, settings)) << message.Name;
+    for (const HelpMessageRow& row : form.HelpMessages())
+        EXPECT_TRUE(row.Shown) << row.About;
 }
 
 TEST_F(Options, ReportHelpMessagesThatCanNotBeReset)

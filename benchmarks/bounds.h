@@ -32,6 +32,9 @@ enum class Measure
     ProjectReadGrowth,
     ProjectWriteRate,
     ProjectWriteGrowth,
+    PreviewTime,
+    PreviewRate,
+    PreviewGrowth,
 };
 
 enum class Better
@@ -57,6 +60,7 @@ struct Bound
 // floor that composes and writes them. A driver of which the program knows nothing (here that of PostgreSQL under
 // another name) leaves it the driver's own calls; the floor makes the same ones. For one table, `define --table` stands
 // against its calls alone. Memory is that of a process, its driver included. Rates are by processor time, on one core.
+// From the click to the preview is what a window waits for before it paints: the text written and the pane filled.
 inline constexpr auto kBounds = std::to_array<Bound>({
     {Measure::WholeRun10, "whole run, 10 tables", "x floor", Better::Lower, 6, 3},
     {Measure::WholeRun1000, "whole run, 1,000 tables", "x floor", Better::Lower, 4, 2},
@@ -86,6 +90,9 @@ inline constexpr auto kBounds = std::to_array<Bound>({
     {Measure::ProjectReadGrowth, "reading, growth from 1,000 to 5,000 classes", "exponent", Better::Lower, 1.15, 1.05},
     {Measure::ProjectWriteRate, "writing a .kzm of 5,000 classes", "MB/s", Better::Higher, 100, 300},
     {Measure::ProjectWriteGrowth, "writing, growth from 1,000 to 5,000 classes", "exponent", Better::Lower, 1.15, 1.05},
+    {Measure::PreviewTime, "click to preview, a class of 200 properties", "ms", Better::Lower, 50, 10},
+    {Measure::PreviewRate, "preview, a class of 2,000 properties", "million lines/s", Better::Higher, 1, 5},
+    {Measure::PreviewGrowth, "preview, growth from 200 to 2,000 properties", "exponent", Better::Lower, 1.1, 1.05},
 });
 
 } // namespace veldrane::bench

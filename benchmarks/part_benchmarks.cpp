@@ -4,6 +4,8 @@
 
 #include "generator/code_generation.h"
 #include "projectfile/file_management.h"
+#include "shell/main_window/preview_pane.h"
+#include "support/recorded_pointer.h"
 
 #include <benchmark/benchmark.h>
 
@@ -14,6 +16,7 @@
 #include <malloc.h>
 #include <map>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -22,6 +25,7 @@ namespace veldrane::bench {
 namespace {
 
 constexpr double kMillion = 1e6;
+constexpr double kMillisecondsInASecond = 1e3;
 
 // The counter of what a benchmark gets through: lines or bytes.
 constexpr const char* kAmount = "amount";
@@ -57,6 +61,19 @@ class OpenedProject
     }
 
     void Save() { Require(files_.SaveProject(project_, classes_) && world_.Messages.Asked().empty(), "writing"); }
+
+    // Shows the first class of a table in the pane and says how many lines it has.
+    double Preview()
+    {
+        const auto item = std::find_if(classes_.begin(), classes_.end(),
+                                       [](const KZMClass& candidate) { return !candidate.TableName.empty(); });
+        const PreviewNode node{.Type = NodeType::Class, .Class = &*item};
+        Require(pane_.DisplayPreview(node, {project_, classes_, generation_, world_.Errors}, pointer_) &&
+                    world_.Errors.Reported.empty() && ToldOfLongStatementsAlone(),
+                "previewing");
+        world_.Messages.Forget();
+        return static_cast<double>(pane_.Count());
+    }
 
     // Removes the generated files and says how many lines they had.
     double TakeGeneratedLines()
@@ -96,6 +113,8 @@ class OpenedProject
     TTCFileManagement files_{world_.Files, world_.Messages, world_.Errors, codePage_, windows_.Windows()};
     CodeGeneration generation_{
         project_, {world_.Messages, world_.Errors, world_.Files, world_.Clock, world_.Processes, conflicts_}};
+    testing::RecordedPointer pointer_;
+    PreviewPane pane_;
 };
 
 void MeasureGenerating(benchmark::State& state, const std::string& bytes)
@@ -130,6 +149,15 @@ void MeasureWriting(benchmark::State& state, const std::string& bytes)
     state.counters[kAmount] = static_cast<double>(bytes.size()) * static_cast<double>(state.iterations());
 }
 
+void MeasurePreviewing(benchmark::State& state, const std::string& bytes)
+{
+    OpenedProject project(bytes);
+    double lines = 0;
+    for ([[maybe_unused]] auto step : state)
+        lines += project.Preview();
+    state.counters[kAmount] = lines;
+}
+
 std::vector<SchemaTable> OneTable(std::size_t columns)
 {
     return {MakeWideTable(columns)};
@@ -143,8 +171,9 @@ struct Part
     std::vector<SchemaTable> (*Schema)(std::size_t size);
     std::size_t Small;
     std::size_t Large;
-    Measure Rate;   // at the larger size, in millions a second
-    Measure Growth; // from the smaller to the larger
+    Measure Rate;                               // at the larger size, in millions a second
+    Measure Growth;                             // from the smaller to the larger
+    std::optional<Measure> Time = std::nullopt; // of one at the smaller size, in milliseconds
 };
 
 // By how much the sizes of a trial are smaller.
@@ -157,6 +186,8 @@ constexpr auto kParts = std::to_array<Part>({
      Measure::GenerationGrowthProperties},
     {"read", MeasureReading, MakeSchema, 1000, 5000, Measure::ProjectReadRate, Measure::ProjectReadGrowth},
     {"write", MeasureWriting, MakeSchema, 1000, 5000, Measure::ProjectWriteRate, Measure::ProjectWriteGrowth},
+    {"preview", MeasurePreviewing, OneTable, 200, 2000, Measure::PreviewRate, Measure::PreviewGrowth,
+     Measure::PreviewTime},
 });
 
 // What the repetitions of one benchmark took.
@@ -241,6 +272,8 @@ void MeasureParts(const PartOptions& options, Figures& figures)
         figures[part.Rate] = Median(atLarge.Rates) / kMillion;
         figures[part.Growth] = GrowthExponent(static_cast<double>(small), Median(atSmall.Seconds),
                                               static_cast<double>(large), Median(atLarge.Seconds));
+        if (part.Time)
+            figures[*part.Time] = Median(atSmall.Seconds) * kMillisecondsInASecond;
     }
 }
 

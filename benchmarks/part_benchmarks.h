@@ -15,8 +15,8 @@ struct PartOptions
     std::string Names = "."; // a regular expression that chooses among the parts
 };
 
-// Measures the parts of the program in memory, by processor time: generating, reading and writing project files, each
-// at two sizes. Figures are medians of the repetitions.
+// Measures the parts of the program in memory, by processor time: generating, reading and writing project files,
+// previewing a class, each at two sizes. Figures are medians of the repetitions.
 //
 // Throws std::runtime_error if a part does not do its work.
 void MeasureParts(const PartOptions& options, Figures& figures);

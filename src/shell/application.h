@@ -1,5 +1,6 @@
 #pragma once
 
+#include "datasource/driver_profile.h"
 #include "datasource/open_data_source.h"
 #include "generator/generation_settings.h"
 #include "ports/clock.h"
@@ -43,6 +44,8 @@ struct Application
     std::ostream& ErrorOutput;
     veldrane::Progress& Progress;
     FileWindows Windows;
+    std::string TdsDriver{kTdsDriver}; // the driver that stands in for SQL Server's own
+    std::string ProgramFolder{};       // where the programs and pages lie that belong to this one
 };
 
 // Exit codes of the program.

@@ -46,6 +46,8 @@ Application Assembly::MakeApplication(FileSystem& files, ModuleState& state)
         .ErrorOutput = frontEnd_.ErrorOutput,
         .Progress = frontEnd_.Progress,
         .Windows = frontEnd_.Windows,
+        .TdsDriver = platform_.TdsDriver,
+        .ProgramFolder = frontEnd_.ProgramFolder,
     };
 }
 

@@ -2,6 +2,7 @@
 #include "shell/commands.h"
 #include "shell/empty_folder.h"
 #include "shell/generation_run.h"
+#include "shell/invalid_path.h"
 #include "shell/open_project_file.h"
 #include "shell/option_text.h"
 #include "shell/platform/paths.h"
@@ -64,10 +65,7 @@ int RunAutoCompile(const Application& application, const StartCommand& command)
 {
     if (!command.Folder.empty() && application.Files.Kind(command.Folder) != FileKind::Folder) {
         application.State.AutoCompileMode = false;
-        application.Asking.Tell("Invalid Command Line Parameter",
-                                "Invalid Auto Compile Path in command line. \r\n" + command.Folder +
-                                    " is not a valid path.",
-                                MessageIcon::Critical);
+        TellInvalidPath(application.Asking, command.Folder);
         return exit_code::kWrongUsage;
     }
     ProjectSession session(application);

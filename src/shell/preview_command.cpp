@@ -1,21 +1,12 @@
 #include "preview/preview.h"
 #include "shell/commands.h"
+#include "shell/no_conflicts.h"
 #include "shell/open_project_file.h"
 #include "shell/platform/console_text.h"
 #include "shell/platform/paths.h"
 
 namespace veldrane {
 namespace {
-
-// A preview writes no files, so none is in its way.
-class NoConflicts : public ConflictResolver
-{
-  public:
-    [[nodiscard]] ConflictAnswer ResolveConflict(const std::string& /*path*/, const std::string& /*fileName*/) override
-    {
-        return ConflictAnswer::Leave;
-    }
-};
 
 int RefuseNode(const Application& application, const PreviewCommand& command)
 {

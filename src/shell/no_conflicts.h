@@ -1,0 +1,17 @@
+#pragma once
+
+#include "generator/code_generation.h"
+
+namespace veldrane {
+
+// For a preview, which writes no files, so that none is in its way.
+class NoConflicts : public ConflictResolver
+{
+  public:
+    [[nodiscard]] ConflictAnswer ResolveConflict(const std::string& /*path*/, const std::string& /*fileName*/) override
+    {
+        return ConflictAnswer::Leave;
+    }
+};
+
+} // namespace veldrane

@@ -28,6 +28,9 @@ class PreviewPane
 
     void Clear() { Show({}, {}); }
 
+    // The blocks of lines as the writers gave them; their lines, one behind the other, are the rows.
+    [[nodiscard]] const std::vector<TTCOutputs>& Blocks() const { return text_.Blocks; }
+
     [[nodiscard]] std::size_t Count() const { return rows_.size(); }
 
     // The line, its picture, colour and weight. The row must be below Count; the reference holds until Replacing.

@@ -1,0 +1,171 @@
+#include "shell/main_window/frm_main.h"
+
+#include "shell/invalid_path.h"
+#include "shell/main_window/ask_to_save.h"
+#include "shell/main_window/tree_labels.h"
+#include "shell/main_window/window_geometry.h"
+
+#include <algorithm>
+
+namespace veldrane {
+namespace {
+
+constexpr std::string_view kModule = "frmMain";
+
+} // namespace
+
+frmMain::frmMain(const Application& application, MainWindowDialogs& dialogs)
+    : application_(application), dialogs_(dialogs), session_(application), editor_(application, session_),
+      recent_(application)
+{
+    status_.Follow(session_.FileManagement());
+    ListenToSession();
+    StartProject();
+}
+
+void frmMain::ListenToSession()
+{
+    sessionEvents_.push_back(session_.DocumentReplaced.Connect([this] { StartProject(); }));
+    sessionEvents_.push_back(session_.DataSourceChanged.Connect([this] {
+        RefreshLists();
+        ShowMenus(menu_state::kParentClasses);
+    }));
+    sessionEvents_.push_back(session_.FileUsed.Connect([this](const std::string& path) { recent_.Update(path); }));
+}
+
+// What hangs on the project or on its classes is made anew with them.
+void frmMain::StartProject()
+{
+    ttc_ = std::make_unique<CodeGeneration>(Project(),
+                                            GenerationPorts{.Asking = application_.Asking,
+                                                            .Errors = application_.Errors,
+                                                            .Files = application_.Files,
+                                                            .Time = application_.Time,
+                                                            .Programs = application_.Programs,
+                                                            .Conflicts = conflicts_},
+                                            application_.State.Generation);
+    projectEvents_.clear();
+    projectEvents_.push_back(
+        Project().ProjectNameChanged.Connect([this](const std::string& name) { Project_ProjectNameChanged(name); }));
+    projectEvents_.push_back(
+        Classes().NewClassAdded.Connect([this](const std::string& name) { Classes_NewClassAdded(name); }));
+    projectEvents_.push_back(
+        Classes().ClassNameChanged.Connect([this](const std::string& oldName, const std::string& newName) {
+            Classes_ClassNameChanged(oldName, newName);
+        }));
+    Project_ProjectNameChanged(Project().ProjectName());
+}
+
+bool frmMain::Load(const StartCommand& start)
+{
+    Guarded(application_.Errors, kModule, "Form_Load", [&] {
+        look_ = ReadPreviewLook(application_.UserSettings, application_.Asking);
+        panes_ = ReadPanes(application_.UserSettings);
+    });
+    application_.State.Generation.DebugTiming = start.DebugTiming;
+    preview_.Available = panes_.pmPreviewVisible;
+    Changed.Raise(WindowPart::PreviewLook);
+    Changed.Raise(WindowPart::Panes);
+    recent_.Rebuild();
+    StartNewProject();
+    if (!start.InvalidPath.empty())
+        TellInvalidPath(application_.Asking, start.InvalidPath);
+    if (start.File.empty())
+        return start.InvalidPath.empty();
+    OpenProject(start.File);
+    return false;
+}
+
+void frmMain::tmrStartup_Timer()
+{
+    if (WantsStartupDialog(application_.UserSettings))
+        ShowStartup();
+}
+
+bool frmMain::QueryUnload()
+{
+    return AskToSave(application_, session_);
+}
+
+void frmMain::OpenProject(const std::string& path)
+{
+    if (!AskToSave(application_, session_) || !session_.Open(path, DataSourceOnOpen::Connect))
+        return;
+    DisplayClasses();
+    ShowWholeProject(menu_state::kProject);
+    status_.SetStatus(kReadyStatus);
+}
+
+void frmMain::StartNewProject()
+{
+    session_.New();
+    Guarded(application_.Errors, kModule, "NewProject",
+            [&] { tree_.Rebuild([this] { return BuildNewProjectTree(Project(), Classes()); }); });
+    ShowWholeProject(menu_state::kNewProject);
+}
+
+void frmMain::ShowWholeProject(int menuState)
+{
+    tree_.ExpandAll();
+    tree_.Select(0);
+    ShowRebuiltTree();
+    RefreshLists();
+    ShowMenus(menuState);
+}
+
+void frmMain::ShowMenus(int state)
+{
+    const DataSourceConnection* connection = session_.ActiveConnection();
+    tools_.SetMenus(state);
+    tools_.SetOpen({.Project = true, .DataSource = connection != nullptr && connection->IsOpen()});
+    Changed.Raise(WindowPart::Menus);
+}
+
+void frmMain::SetPane(bool PaneManagement::*pane, bool shown)
+{
+    if (panes_.*pane == shown)
+        return;
+    panes_.*pane = shown;
+    WritePanes(application_.UserSettings, application_.Errors, panes_);
+    if (pane == &PaneManagement::pmPreviewVisible) {
+        preview_.Available = shown;
+        DisplayPreview();
+    }
+    Changed.Raise(WindowPart::Panes);
+}
+
+void frmMain::ApplyPreviewFont(const PreviewFont& font)
+{
+    look_.Font = font;
+    Changed.Raise(WindowPart::PreviewLook);
+}
+
+void frmMain::UseFontNamed(const std::string& name)
+{
+    look_.Font.Name = name;
+    Guarded(application_.Errors, kModule, "UseFontNamed",
+            [&] { WritePreviewFont(application_.UserSettings, look_.Font); });
+    Changed.Raise(WindowPart::PreviewLook);
+}
+
+void frmMain::ApplyPreviewBackground(Color background)
+{
+    look_.Background = background;
+    Changed.Raise(WindowPart::PreviewLook);
+}
+
+void frmMain::ApplyPreviewColors(const LineColors& colors)
+{
+    application_.State.Generation.Colors = colors;
+    ttc_->Settings.Colors = colors;
+}
+
+void frmMain::FileDropped(const std::string& path)
+{
+    if (path.ends_with(".kzm"))
+        OpenProject(path);
+    else
+        ShowLogon(LogonPurpose::NewDataSource, path);
+}
+
+} // namespace veldrane

@@ -1,0 +1,131 @@
+#include "datasource/logon/edit_data_source.h"
+#include "shell/main_window/ask_to_save.h"
+#include "shell/main_window/delete_class.h"
+#include "shell/main_window/frm_main.h"
+
+namespace veldrane {
+
+struct frmMain::NamedCommand
+{
+    std::string_view Name;
+    std::function<void(frmMain&)> Run;
+};
+
+const std::vector<frmMain::NamedCommand>& frmMain::Commands()
+{
+    static const std::vector<NamedCommand> commands{
+        {"New", &frmMain::New},
+        {"Open", [](frmMain& form) { form.OpenProject({}); }},
+        {"Save", [](frmMain& form) { form.Save(SaveKind::Normal); }},
+        {"SaveAs", [](frmMain& form) { form.Save(SaveKind::SaveAs); }},
+        {"Startup",
+         [](frmMain& form) {
+             form.application_.UserSettings.UpdateKey(settings_section::kOptions, "DontShowStartupDialog", "0");
+             form.ShowStartup();
+         }},
+        {"Exit", [](frmMain& form) { form.dialogs_.CloseMainWindow(); }},
+        {"ProjectRename", [](frmMain& form) { form.dialogs_.StartLabelEdit(); }},
+        {"DeleteClass", &frmMain::DeleteSelectedClass},
+        {"EditDataSource", &frmMain::EditDataSource},
+        {"OpenDatasource", &frmMain::OpenDatasource},
+        {"RefreshTables", &frmMain::RefreshLists},
+        {"ViewDataSourceTables",
+         [](frmMain& form) { form.SetPane(&PaneManagement::pmDatasourceVisible, !form.panes_.pmDatasourceVisible); }},
+        {"ViewNavigator",
+         [](frmMain& form) { form.SetPane(&PaneManagement::pmNavigatorVisible, !form.panes_.pmNavigatorVisible); }},
+        {"ViewPreviewPane",
+         [](frmMain& form) { form.SetPane(&PaneManagement::pmPreviewVisible, !form.panes_.pmPreviewVisible); }},
+        {"ExpandTree",
+         [](frmMain& form) {
+             form.tree_.ExpandAll();
+             form.Changed.Raise(WindowPart::TreeState);
+         }},
+        {"Colapse",
+         [](frmMain& form) {
+             form.tree_.CollapseAll();
+             form.Changed.Raise(WindowPart::TreeState);
+         }},
+        {"Zoom", [](frmMain& form) { form.dialogs_.ShowZoom(); }},
+        {"Options", &frmMain::Options},
+        {"HelpContents", &frmMain::HelpContents},
+        {"About", [](frmMain& form) { form.dialogs_.ShowAbout(); }},
+    };
+    return commands;
+}
+
+void frmMain::actbar_Click(std::string_view tool)
+{
+    if (!tools_.IsEnabled(tool))
+        return;
+    Guarded(application_.Errors, application_.State.Generation.AppTitle, "Menu", [&] {
+        if (const auto path = recent_.PathOf(tool))
+            return OpenProject(*path);
+        for (const NamedCommand& command : Commands())
+            if (command.Name == tool)
+                return command.Run(*this);
+    });
+}
+
+void frmMain::New()
+{
+    if (!AskToSave(application_, session_))
+        return;
+    StartNewProject();
+    OpenDatasource();
+}
+
+void frmMain::Save(SaveKind kind)
+{
+    if (session_.Save(kind))
+        status_.SetStatus(kReadyStatus);
+}
+
+void frmMain::ShowStartup()
+{
+    frmStartup startup(application_);
+    const StartupChoice choice = dialogs_.AskAtStartup(startup);
+    if (choice.Action == StartupAction::New)
+        actbar_Click("New");
+    else if (choice.Action == StartupAction::Open)
+        OpenProject(choice.Path);
+}
+
+void frmMain::DeleteSelectedClass()
+{
+    if (!tree_.Selected())
+        return;
+    const bool deleted =
+        DeleteClass({.Project = Project(), .Classes = Classes(), .Tree = tree_, .Messages = application_.Asking},
+                    *tree_.Selected());
+    Changed.Raise(WindowPart::TreeState);
+    if (deleted)
+        DisplayClasses();
+}
+
+void frmMain::EditDataSource()
+{
+    veldrane::EditDataSource(application_.Asking, [this](LogonPurpose purpose) { ShowLogon(purpose); });
+}
+
+void frmMain::OpenDatasource()
+{
+    veldrane::OpenDatasource(Project(), OpenDatasourceFor::UsersChoice,
+                             [this](LogonPurpose purpose) { ShowLogon(purpose); });
+}
+
+void frmMain::Options()
+{
+    frmOptions options({.Registry = application_.UserSettings,
+                        .Asking = application_.Asking,
+                        .Errors = application_.Errors,
+                        .Dialogs = dialogs_.Look()},
+                       *this, look_);
+    dialogs_.Show(options);
+}
+
+void frmMain::HelpContents()
+{
+    application_.Programs.Start({"xdg-open", application_.ProgramFolder + "/help.html"});
+}
+
+} // namespace veldrane

@@ -1,0 +1,150 @@
+#include "shell/main_window/class_renamed.h"
+#include "shell/main_window/display_classes.h"
+#include "shell/main_window/frm_main.h"
+#include "shell/main_window/perform_drop.h"
+#include "shell/main_window/tree_labels.h"
+
+namespace veldrane {
+namespace {
+
+std::optional<PreviewNode> PreviewNodeOf(const TreeNode& node, const KZMClasses& classes)
+{
+    switch (node.Id.Kind) {
+    case NodeKind::Class:
+        return PreviewNode{NodeType::Class, classes.Item(node.ClassName).get()};
+    case NodeKind::Collection:
+        return PreviewNode{NodeType::Collection, classes.Item(node.ClassName).get()};
+    case NodeKind::Fixed:
+        break;
+    }
+    return NodeOfTree(node.Tag, node.Id.Key, classes);
+}
+
+} // namespace
+
+void frmMain::DisplayClasses()
+{
+    veldrane::DisplayClasses(tree_, Project(), Classes(), application_.Errors);
+    ShowRebuiltTree();
+}
+
+void frmMain::ShowRebuiltTree()
+{
+    Changed.Raise(WindowPart::Tree);
+    if (tree_.Selected())
+        treMain_NodeClick(*tree_.Selected());
+}
+
+void frmMain::DisplayPreview()
+{
+    if (const TreeNode* node = tree_.SelectedNode())
+        preview_.DisplayPreview(PreviewNodeOf(*node, Classes()), {Project(), Classes(), *ttc_, application_.Errors},
+                                application_.Windows.Pointer);
+    navigation_ = NavigationRows(preview_.Blocks());
+    Changed.Raise(WindowPart::Navigator);
+}
+
+void frmMain::treMain_NodeClick(std::size_t node)
+{
+    tree_.Select(node);
+    Changed.Raise(WindowPart::TreeState);
+    if (const TreeNode* selected = tree_.SelectedNode())
+        ShowMenus(MenuStateOf(*selected));
+    DisplayPreview();
+}
+
+void frmMain::treMain_DblClick(std::size_t node)
+{
+    treMain_NodeClick(node);
+    const TreeNode* selected = tree_.SelectedNode();
+    if (const auto tool = selected == nullptr ? std::nullopt : DoubleClickToolOf(*selected))
+        actbar_Click(*tool);
+}
+
+bool frmMain::treMain_AfterLabelEdit(std::size_t node, const std::string& label)
+{
+    return node < tree_.Nodes().size() && AfterLabelEdit(TreeNode(tree_.Nodes().at(node)), label, Project());
+}
+
+void frmMain::Project_ProjectNameChanged(const std::string& name)
+{
+    caption_ = WindowCaption(application_.State.Generation.AppTitle, name);
+    status_.SetProjectName(name);
+    Changed.Raise(WindowPart::Caption);
+    if (tree_.Nodes().empty())
+        return;
+    tree_.SetCaption(tree_.Nodes().front().Id, RootCaption(Project()));
+    Changed.Raise(WindowPart::Tree);
+}
+
+void frmMain::Classes_NewClassAdded(const std::string& className)
+{
+    DisplayNewClass(className, tree_, Project(), Classes(), application_.Errors);
+    ShowRebuiltTree();
+}
+
+void frmMain::Classes_ClassNameChanged(const std::string& oldName, const std::string& newName)
+{
+    FollowRenamedClass(oldName, newName, Classes(), tree_);
+    Changed.Raise(WindowPart::Tree);
+}
+
+std::optional<Dragged> frmMain::DraggedFromNode(std::size_t node)
+{
+    if (node >= tree_.Nodes().size() || !CanDrag(node, {.Tree = tree_.Nodes(), .Classes = Classes()}))
+        return std::nullopt;
+    return tree_.Nodes().at(node).Id;
+}
+
+std::optional<Dragged> frmMain::DraggedFromSelection(std::string_view tool)
+{
+    if (tool == "AddClassTo")
+        return datasource_.SelectedRow() ? DraggedFromRow(*datasource_.SelectedRow()) : std::nullopt;
+    return tree_.Selected() ? DraggedFromNode(*tree_.Selected()) : std::nullopt;
+}
+
+Drop frmMain::EffectOf(const Dragged& dragged, std::size_t target)
+{
+    const DropGround ground{.Tree = tree_.Nodes(), .Classes = Classes()};
+    if (const auto* row = std::get_if<DraggedRow>(&dragged))
+        return DropOf(*row, target, ground);
+    const auto node = IndexOf(tree_.Nodes(), std::get<NodeKey>(dragged));
+    return node ? DropOf(*node, target, ground) : NoDrop();
+}
+
+bool frmMain::MayDrop(const Dragged& dragged, std::size_t target)
+{
+    return !std::holds_alternative<NoDrop>(EffectOf(dragged, target));
+}
+
+std::vector<DropTarget> frmMain::Targets(const Dragged& dragged)
+{
+    const DropGround ground{.Tree = tree_.Nodes(), .Classes = Classes()};
+    if (const auto* row = std::get_if<DraggedRow>(&dragged))
+        return TargetsOf(*row, ground);
+    const auto node = IndexOf(tree_.Nodes(), std::get<NodeKey>(dragged));
+    return node ? TargetsOf(*node, ground) : std::vector<DropTarget>{};
+}
+
+void frmMain::DropOn(const Dragged& dragged, std::size_t target)
+{
+    PerformDrop(EffectOf(dragged, target));
+}
+
+// A failure of the construction is told by the editor. The tree follows what has changed all the same.
+void frmMain::PerformDrop(const Drop& drop)
+{
+    bool changed = false;
+    Guarded(application_.Errors, "frmMain", "treMain_DragDrop",
+            [&] { changed = Perform(drop, {.Project = Project(), .Classes = Classes(), .Editor = editor_}); });
+    if (changed)
+        DisplayClasses();
+}
+
+void frmMain::cmbNavigate_Click(std::size_t entry)
+{
+    if (entry < navigation_.size())
+        preview_.Select(navigation_.at(entry).Row);
+}
+
+} // namespace veldrane

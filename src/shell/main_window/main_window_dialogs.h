@@ -1,0 +1,40 @@
+#pragma once
+
+#include "datasource/logon/frm_odbc_logon.h"
+#include "shell/main_window/frm_options.h"
+#include "shell/main_window/frm_startup.h"
+#include "shell/main_window/look_dialogs.h"
+
+#include <optional>
+#include <string>
+
+namespace veldrane {
+
+// The windows that the main window opens. Each function returns when the window is left.
+class MainWindowDialogs
+{
+  public:
+    virtual ~MainWindowDialogs() = default;
+
+    virtual void Show(frmODBCLogon& logon) = 0;
+    virtual void Show(frmOptions& options) = 0;
+    virtual void ShowAbout() = 0;
+    virtual void ShowZoom() = 0; // of the preview
+
+    // What the person chose in the start-up dialog.
+    [[nodiscard]] virtual StartupChoice AskAtStartup(frmStartup& startup) = 0;
+
+    // The name of a table that is to be attached by hand; nothing on Cancel.
+    [[nodiscard]] virtual std::optional<std::string> AskForTable() = 0;
+
+    // The standard dialogs for a colour and a font.
+    [[nodiscard]] virtual LookDialogs& Look() = 0;
+
+    // Lets the person type over the label of the selected node.
+    virtual void StartLabelEdit() = 0;
+
+    // Closes the main window as its own button does, which may ask about the project.
+    virtual void CloseMainWindow() = 0;
+};
+
+} // namespace veldrane

@@ -1,13 +1,25 @@
 #include "shell/desktop/desktop.h"
 
-#include "shell/application.h"
+#include "shell/assembly.h"
+#include "shell/desktop/desktop_dialogs.h"
+#include "shell/desktop/desktop_loading_form.h"
 #include "shell/desktop/guarded_application.h"
 #include "shell/desktop/icons.h"
+#include "shell/desktop/main_window.h"
 #include "shell/desktop/product_text.h"
+#include "shell/desktop/qt_clock.h"
+#include "shell/desktop/qt_error_report.h"
+#include "shell/desktop/qt_file_dialogs.h"
+#include "shell/desktop/qt_messages.h"
+#include "shell/desktop/qt_mouse_pointer.h"
+#include "shell/desktop/splash_form.h"
+#include "shell/platform/disk_file_system.h"
 
-#include <QMainWindow>
+#include <QPointer>
+#include <QTimer>
 
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
@@ -15,6 +27,11 @@
 
 namespace veldrane {
 namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kSplashTime = 2s;
+constexpr auto kStartupInterval = 150ms; // of tmrStartup
 
 std::string Named(const char* variable)
 {
@@ -52,19 +69,73 @@ std::unique_ptr<GuardedApplication> StartQt(int& argumentCount, char** arguments
     return std::make_unique<GuardedApplication>(argumentCount, arguments);
 }
 
+// The windows of one session, and the world as they meet it.
+class Desktop
+{
+  public:
+    explicit Desktop(const ProgramStreams& streams)
+        : errors_([this](const RuntimeError& error) { return ADOErrorsOf(error, state_.ActiveConnection.get()); }),
+          assembly_(files_, state_,
+                    {.Asking = messages_,
+                     .Errors = errors_,
+                     .Time = clock_,
+                     .Progress = loading_,
+                     .Windows = {.Dialogs = fileDialogs_, .Pointer = pointer_, .Loading = loading_},
+                     .Output = streams.Output,
+                     .ErrorOutput = streams.ErrorOutput,
+                     .ProgramFolder = streams.Folder}),
+          rules_(assembly_.World(), dialogs_), window_(rules_, assembly_.World())
+    {
+        dialogs_.ShowOver(window_);
+    }
+
+    [[nodiscard]] ErrorReport& Errors() { return errors_; }
+
+    int Run(const StartCommand& command)
+    {
+        const QPointer<SplashForm> splash = command.NoSplash ? nullptr : new SplashForm;
+        if (splash != nullptr)
+            splash->ShowFor(kSplashTime);
+        window_.show();
+        // What the command line asks for may open a box, so the loop has to run.
+        QTimer::singleShot(kStartupInterval, &window_, [this, &command] {
+            if (rules_.Load(command))
+                rules_.tmrStartup_Timer();
+        });
+        const int exitCode = QApplication::exec();
+        delete splash;
+        return exitCode;
+    }
+
+  private:
+    DiskFileSystem files_;
+    ModuleState state_;
+    QtMessages messages_;
+    QtErrorReport errors_;
+    QtClock clock_;
+    QtMousePointer pointer_;
+    QtFileDialogs fileDialogs_;
+    DesktopLoadingForm loading_;
+    Assembly assembly_;
+    DesktopDialogs dialogs_;
+    frmMain rules_;
+    MainWindow window_;
+};
+
 } // namespace
 
-int OpenDesktop(const StartCommand&, const ProgramStreams&)
+int OpenDesktop(const StartCommand& command, const ProgramStreams& streams)
 {
     std::string name = "veldrane";
     std::array<char*, 2> arguments{name.data(), nullptr};
     int argumentCount = 1; // Qt keeps a reference to it
-    const std::unique_ptr<GuardedApplication> application = StartQt(argumentCount, arguments.data());
-    QApplication::setWindowIcon(Icon(kProgramIcon));
-    QMainWindow window;
-    window.setObjectName(QStringLiteral("frmMain"));
-    window.show();
-    return QApplication::exec();
+    const std::unique_ptr<GuardedApplication> qt = StartQt(argumentCount, arguments.data());
+    qt->setWindowIcon(Icon(kProgramIcon));
+    Desktop desktop(streams);
+    qt->ReportTo(&desktop.Errors());
+    const int exitCode = desktop.Run(command);
+    qt->ReportTo(nullptr);
+    return exitCode;
 }
 
 } // namespace veldrane

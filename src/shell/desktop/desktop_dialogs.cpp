@@ -1,0 +1,61 @@
+#include "shell/desktop/desktop_dialogs.h"
+
+#include "shell/desktop/about_dialog.h"
+#include "shell/desktop/logon_dialog.h"
+#include "shell/desktop/main_window.h"
+#include "shell/desktop/name_dialog.h"
+#include "shell/desktop/options_dialog.h"
+#include "shell/desktop/startup_dialog.h"
+#include "shell/desktop/zoom_dialog.h"
+
+namespace veldrane {
+
+void DesktopDialogs::ShowOver(MainWindow& window)
+{
+    window_ = &window;
+    askForTable_ = AskForTableName(window_);
+}
+
+void DesktopDialogs::Show(frmODBCLogon& logon)
+{
+    LogonDialog(logon, window_).exec();
+}
+
+void DesktopDialogs::Show(frmOptions& options)
+{
+    OptionsDialog(options, window_).exec();
+}
+
+void DesktopDialogs::ShowAbout()
+{
+    AboutDialog(window_).exec();
+}
+
+void DesktopDialogs::ShowZoom()
+{
+    ZoomDialog(window_->PreviewList(), window_).exec();
+}
+
+StartupChoice DesktopDialogs::AskAtStartup(frmStartup& startup)
+{
+    StartupDialog dialog(startup, window_);
+    dialog.exec();
+    return dialog.Choice();
+}
+
+std::optional<std::string> DesktopDialogs::AskForTable()
+{
+    return askForTable_();
+}
+
+void DesktopDialogs::StartLabelEdit()
+{
+    window_->StartLabelEdit();
+}
+
+void DesktopDialogs::CloseMainWindow()
+{
+    window_->close();
+}
+
+} // namespace veldrane

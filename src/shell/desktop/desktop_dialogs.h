@@ -1,0 +1,34 @@
+#pragma once
+
+#include "datasource/attach_by_hand.h"
+#include "shell/desktop/qt_look_dialogs.h"
+#include "shell/main_window/main_window_dialogs.h"
+
+namespace veldrane {
+
+class MainWindow;
+
+// The dialogs over the main window.
+class DesktopDialogs : public MainWindowDialogs
+{
+  public:
+    // The window over which the dialogs are shown from now on; it must outlive them.
+    void ShowOver(MainWindow& window);
+
+    void Show(frmODBCLogon& logon) override;
+    void Show(frmOptions& options) override;
+    void ShowAbout() override;
+    void ShowZoom() override;
+    [[nodiscard]] StartupChoice AskAtStartup(frmStartup& startup) override;
+    [[nodiscard]] std::optional<std::string> AskForTable() override;
+    [[nodiscard]] LookDialogs& Look() override { return look_; }
+    void StartLabelEdit() override;
+    void CloseMainWindow() override;
+
+  private:
+    MainWindow* window_ = nullptr;
+    QtLookDialogs look_;
+    AskForName askForTable_; // shows the name of the last time
+};
+
+} // namespace veldrane

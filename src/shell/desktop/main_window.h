@@ -1,0 +1,85 @@
+#pragma once
+
+#include "shell/desktop/project_tree_model.h"
+#include "shell/desktop/row_list_model.h"
+#include "shell/desktop/tool_actions.h"
+#include "shell/main_window/frm_main.h"
+
+#include <QMainWindow>
+
+#include <array>
+#include <memory>
+#include <vector>
+
+class QLabel;
+class QListView;
+class QProgressBar;
+
+namespace Ui {
+class frmMain;
+}
+
+namespace veldrane {
+
+class PreviewView;
+class RowListView;
+
+// The main window: shows what its rules hold, and tells them what the person does.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+  public:
+    // Both must outlive the window.
+    MainWindow(frmMain& rules, const Application& application);
+    ~MainWindow() override;
+
+    [[nodiscard]] const QListView& PreviewList() const;
+
+    // Lets the person type over the label of the tree's selected node.
+    void StartLabelEdit();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    void ListenToRules();
+    void BuildStatusBar();
+    void ConnectTree();
+    void ConnectLists();
+    void ConnectPanes();
+
+    void Show(WindowPart part);
+    void ShowTree();
+    void ShowTreeState();
+    void ShowLists();
+    void ShowNavigator();
+    void ShowStatus();
+    void ShowPanes();
+
+    bool TakeLabel(const NodeKey& node, const std::string& label);
+    void ListChoices(QMenu& menu, std::string_view tool);
+    void OpenTreeMenu(const QPoint& where);
+    void OpenListMenu(RowListView& list, const QPoint& where);
+    void RestorePlace();
+    void StorePlace();
+
+    frmMain& rules_;
+    const Application& application_;
+    std::unique_ptr<Ui::frmMain> ui_;
+    ProjectTreeModel tree_;
+    std::array<RowListModel, kDataSourceTabs> lists_;
+    std::array<RowListView*, kDataSourceTabs> listViews_{};
+    PreviewView* preview_ = nullptr;
+    ToolActions* tools_ = nullptr;
+    QLabel* iconPanel_ = nullptr;
+    QLabel* statusPanel_ = nullptr;
+    QProgressBar* progress_ = nullptr;
+    QLabel* adPanel_ = nullptr;
+    bool showing_ = false; // widgets are being set from the rules, which are not to hear of it
+    std::vector<Connection> listening_;
+};
+
+} // namespace veldrane

@@ -1,0 +1,113 @@
+#include "shell/desktop/icons.h"
+#include "shell/desktop/main_window.h"
+#include "shell/desktop/preview_view.h"
+#include "shell/desktop/qt_text.h"
+#include "shell/desktop/row_list_view.h"
+#include "ui_frm_main.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QScopedValueRollback>
+
+// What the window shows of its rules.
+namespace veldrane {
+namespace {
+
+constexpr int kPanelIcon = 16; // pixels
+
+} // namespace
+
+void MainWindow::ListenToRules()
+{
+    listening_.push_back(rules_.Changed.Connect([this](WindowPart part) { Show(part); }));
+    listening_.push_back(rules_.Status().Changed.Connect([this] { ShowStatus(); }));
+    listening_.push_back(rules_.Recent().Changed.Connect([this] { tools_->ShowRecent(rules_.Recent().Tools()); }));
+    for (const WindowPart part : {WindowPart::Caption, WindowPart::Tree, WindowPart::Lists, WindowPart::Navigator,
+                                  WindowPart::PreviewLook, WindowPart::Menus, WindowPart::Panes})
+        Show(part);
+    tools_->ShowRecent(rules_.Recent().Tools());
+    ShowStatus();
+}
+
+void MainWindow::Show(WindowPart part)
+{
+    const QScopedValueRollback showing(showing_, true);
+    switch (part) {
+    case WindowPart::Caption:
+        return setWindowTitle(ToQt(rules_.Caption()));
+    case WindowPart::Tree:
+        tree_.Show(rules_.treMain().Nodes());
+        return ShowTreeState();
+    case WindowPart::TreeState:
+        return ShowTreeState();
+    case WindowPart::Lists:
+        return ShowLists();
+    case WindowPart::Navigator:
+        return ShowNavigator();
+    case WindowPart::PreviewLook:
+        return preview_->SetLook(rules_.Look());
+    case WindowPart::Menus:
+        return tools_->ShowStates(rules_.actBar());
+    case WindowPart::Panes:
+        return ShowPanes();
+    }
+}
+
+void MainWindow::ShowTreeState()
+{
+    const TreeState& state = rules_.treMain();
+    QTreeView& view = *ui_->treMain;
+    for (std::size_t node = 0; node < state.Nodes().size(); ++node) {
+        const QModelIndex index = tree_.IndexOfNode(node);
+        if (view.isExpanded(index) != state.IsExpanded(node))
+            view.setExpanded(index, state.IsExpanded(node));
+        tree_.Mark(node, state.IsMarked(node));
+    }
+    if (state.Selected()) {
+        const QModelIndex selected = tree_.IndexOfNode(*state.Selected());
+        if (view.currentIndex() != selected)
+            view.setCurrentIndex(selected);
+    }
+}
+
+void MainWindow::ShowLists()
+{
+    for (std::size_t tab = 0; tab < kDataSourceTabs; ++tab)
+        lists_.at(tab).Show(rules_.Datasource().Rows(static_cast<DataSourceTab>(tab)));
+    ui_->tabDatasource->setCurrentIndex(static_cast<int>(rules_.Datasource().Tab()));
+}
+
+void MainWindow::ShowNavigator()
+{
+    ui_->cmbNavigate->clear();
+    for (const NavigationRow& row : rules_.cmbNavigate())
+        ui_->cmbNavigate->addItem(Icon(row.Icon), ToQt(row.Caption));
+    ui_->cmbNavigate->setEnabled(!rules_.cmbNavigate().empty());
+}
+
+void MainWindow::ShowStatus()
+{
+    const StatusBar& status = rules_.Status();
+    const StatusProgress& progress = status.Progress();
+    iconPanel_->setPixmap(status.Icon().empty() ? QPixmap() : Icon(status.Icon()).pixmap(kPanelIcon));
+    statusPanel_->setText(ToQt(status.Status()));
+    statusPanel_->setVisible(!progress.Visible);
+    progress_->setVisible(progress.Visible);
+    progress_->setRange(progress.Minimum, progress.Maximum);
+    progress_->setValue(progress.Value);
+    adPanel_->setText(ToQt(status.adPanel()));
+    ui_->Status->repaint(); // a file is read and written without events in between
+}
+
+void MainWindow::ShowPanes()
+{
+    const PaneManagement& panes = rules_.Panes();
+    ui_->panDatasource->setVisible(panes.pmDatasourceVisible);
+    ui_->panPreview->setVisible(panes.pmPreviewVisible);
+    ui_->cmbNavigate->setVisible(panes.pmNavigatorVisible);
+    tools_->Action("ViewDataSourceTables")->setChecked(panes.pmDatasourceVisible);
+    tools_->Action("ViewPreviewPane")->setChecked(panes.pmPreviewVisible);
+    tools_->Action("ViewNavigator")->setChecked(panes.pmNavigatorVisible);
+}
+
+} // namespace veldrane

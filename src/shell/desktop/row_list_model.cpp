@@ -1,0 +1,92 @@
+#include "shell/desktop/row_list_model.h"
+
+#include "shell/desktop/icons.h"
+#include "shell/desktop/qt_text.h"
+
+#include <QApplication>
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+
+namespace veldrane {
+namespace {
+
+// Red and blue that can be read on the palette's background, dark or light. Black stands for the palette's text.
+QVariant Foreground(RowColour colour)
+{
+    const bool dark = QApplication::palette().color(QPalette::Base).lightness() < 128;
+    switch (colour) {
+    case RowColour::Red:
+        return QColor(dark ? QRgb(0xFFFF7B72) : QRgb(0xFFFF0000));
+    case RowColour::Blue:
+        return QColor(dark ? QRgb(0xFF79B8FF) : QRgb(0xFF0000FF));
+    case RowColour::Black:
+    case RowColour::Default:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+RowListModel::RowListModel(std::string_view header, QObject* parent) : QAbstractListModel(parent), header_(header) {}
+
+void RowListModel::Show(std::vector<ListRow> rows)
+{
+    beginResetModel();
+    rows_ = std::move(rows);
+    endResetModel();
+}
+
+const ListRow& RowListModel::Row(const QModelIndex& index) const
+{
+    return rows_.at(static_cast<std::size_t>(index.row()));
+}
+
+int RowListModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+QVariant RowListModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid())
+        return {};
+    const ListRow& row = Row(index);
+    switch (role) {
+    case Qt::DisplayRole:
+        return ToQt(row.Text);
+    case Qt::DecorationRole:
+        return row.Icon.empty() ? QVariant() : QVariant(Icon(row.Icon));
+    case Qt::ForegroundRole:
+        return Foreground(row.Colour);
+    case Qt::FontRole:
+        if (row.Bold) {
+            QFont font;
+            font.setBold(true);
+            return font;
+        }
+        return {};
+    default:
+        return {};
+    }
+}
+
+QVariant RowListModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (section == 0 && orientation == Qt::Horizontal && role == Qt::DisplayRole)
+        return ToQt(header_);
+    return {};
+}
+
+Qt::ItemFlags RowListModel::flags(const QModelIndex& index) const
+{
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    const ListRow& row = Row(index);
+    const bool command = row.Key == kNoDataSourceKey || row.Key == kAddTableKey;
+    const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    return command ? flags : flags | Qt::ItemIsDragEnabled;
+}
+
+} // namespace veldrane

@@ -1,0 +1,77 @@
+#include "shell/desktop/startup_dialog.h"
+
+#include "shell/desktop/icons.h"
+#include "shell/desktop/product_text.h"
+#include "shell/desktop/qt_text.h"
+#include "ui_frm_startup.h"
+
+#include <QPushButton>
+
+namespace veldrane {
+
+StartupDialog::StartupDialog(frmStartup& rules, QWidget* parent)
+    : QDialog(parent), rules_(rules), ui_(std::make_unique<Ui::frmStartup>())
+{
+    ui_->setupUi(this);
+    ShowTitle(*ui_->lblTitle);
+    ui_->imgProgram->setPixmap(Icon(kProgramIcon).pixmap(ui_->imgProgram->minimumSize()));
+    ShowRows();
+    connect(ui_->lstNew, &QListWidget::itemActivated, this, [this](QListWidgetItem* row) {
+        Choose(rules_.lstNew_DblClick(FromQt(row->data(Qt::UserRole).toString())));
+    });
+    connect(ui_->lstRecent, &QListWidget::itemActivated, this, [this](QListWidgetItem* row) {
+        Choose(rules_.lstRecent_DblClick(static_cast<std::size_t>(ui_->lstRecent->row(row))));
+    });
+    connect(ui_->chkDontShow, &QCheckBox::clicked, this, [this] {
+        rules_.chkDontShow_Click();
+        ui_->chkDontShow->setChecked(rules_.chkDontShow());
+    });
+    connect(ui_->cmdOpen, &QPushButton::clicked, this, [this] { Open(); });
+    connect(ui_->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
+    // One row of the two lists is chosen at a time.
+    connect(ui_->lstNew, &QListWidget::itemSelectionChanged, this, [this] {
+        if (!ui_->lstNew->selectedItems().isEmpty())
+            ui_->lstRecent->clearSelection();
+    });
+    connect(ui_->lstRecent, &QListWidget::itemSelectionChanged, this, [this] {
+        if (!ui_->lstRecent->selectedItems().isEmpty())
+            ui_->lstNew->clearSelection();
+    });
+}
+
+StartupDialog::~StartupDialog() = default;
+
+void StartupDialog::ShowRows()
+{
+    for (const StartupRow& row : frmStartup::lstNew()) {
+        auto* item = new QListWidgetItem(Icon(row.Icon), ToQt(row.Text), ui_->lstNew);
+        item->setData(Qt::UserRole, ToQt(row.Key));
+    }
+    for (const RecentProject& project : rules_.lstRecent()) {
+        auto* item = new QListWidgetItem(Icon("Root"), NameToQt(project.ProjectName), ui_->lstRecent);
+        item->setToolTip(NameToQt(project.Path));
+    }
+    ui_->lblNoRecent->setVisible(rules_.lstRecent().empty());
+    ui_->lstRecent->setVisible(!rules_.lstRecent().empty());
+    ui_->chkDontShow->setChecked(rules_.chkDontShow());
+    QListWidget& first = rules_.lstRecent().empty() ? *ui_->lstNew : *ui_->lstRecent;
+    first.setCurrentRow(0);
+    first.setFocus();
+}
+
+void StartupDialog::Choose(const std::optional<StartupChoice>& choice)
+{
+    if (!choice)
+        return;
+    choice_ = *choice;
+    accept();
+}
+
+void StartupDialog::Open()
+{
+    for (QListWidget* list : {ui_->lstNew, ui_->lstRecent})
+        if (!list->selectedItems().isEmpty())
+            return Q_EMIT list->itemActivated(list->selectedItems().front());
+}
+
+} // namespace veldrane

@@ -30,10 +30,18 @@ LoadingWindow::LoadingWindow(Cancelling cancelling, QWidget* parent)
 
 LoadingWindow::~LoadingWindow() = default;
 
-void LoadingWindow::ShowStatus(const std::string& status)
+void LoadingWindow::SetStatus(const std::string& text)
 {
-    ui_->lblStatus->setText(ToQt(status));
+    ui_->lblStatus->setText(ToQt(text));
     ui_->lblStatus->repaint();
+}
+
+Visibility LoadingWindow::Show(Visibility visibility)
+{
+    const Visibility before = isVisible() ? Visibility::Shown : Visibility::Hidden;
+    setVisible(visibility == Visibility::Shown);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    return before;
 }
 
 void LoadingWindow::Cancel()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ports/loading_form.h"
 #include "shell/desktop/qt_progress.h"
 
 #include <QWidget>
@@ -23,7 +24,7 @@ enum class Cancelling
 // `frmLoading`: how far the opening of a project or the reading of a catalog is, on top of all windows. While it is
 // shown no other window takes clicks or keys. Where cancelling is offered, each report of progress serves events, so
 // that `cmdCancel` and Escape get through.
-class LoadingWindow : public QWidget
+class LoadingWindow : public QWidget, public LoadingForm
 {
     Q_OBJECT
 
@@ -31,7 +32,10 @@ class LoadingWindow : public QWidget
     LoadingWindow(Cancelling cancelling, QWidget* parent);
     ~LoadingWindow() override;
 
-    void ShowStatus(const std::string& status);
+    void SetStatus(const std::string& text) override;
+
+    // Drawn at once: what follows may keep the program busy.
+    Visibility Show(Visibility visibility) override;
 
     // Whoever works is handed this. A closed form takes no harm of it.
     [[nodiscard]] Progress& Watching() { return *progress_; }

@@ -100,7 +100,7 @@ TEST(FrmLoading, ShowsHowFarTheWorkIs)
     LoadingWindow form(Cancelling::NotOffered, nullptr);
     form.show();
     EXPECT_TRUE(form.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-    form.ShowStatus("Opening Datasource Connection...Please wait");
+    form.SetStatus("Opening Datasource Connection...Please wait");
     EXPECT_EQ(Find<QLabel>(form, "lblStatus").text(), u"Opening Datasource Connection...Please wait"_s);
     form.Watching().Stage(40, "Opening Project...");
     EXPECT_EQ(Find<QLabel>(form, "lblStatus").text(), u"Opening Project..."_s);
@@ -111,6 +111,21 @@ TEST(FrmLoading, ShowsHowFarTheWorkIs)
     EXPECT_TRUE(form.isVisible());
     EXPECT_FALSE(form.IsCancelled());
     Photograph(form, "frmLoading");
+}
+
+TEST(FrmLoading, ComesAndGoesAndIsPutBackAsItWas)
+{
+    LoadingWindow form(Cancelling::NotOffered, nullptr);
+    {
+        const LoadingFormWhile shown(form, Visibility::Shown);
+        EXPECT_TRUE(form.isVisible());
+        {
+            const LoadingFormWhile hidden(form, Visibility::Hidden);
+            EXPECT_FALSE(form.isVisible());
+        }
+        EXPECT_TRUE(form.isVisible());
+    }
+    EXPECT_FALSE(form.isVisible());
 }
 
 TEST(FrmLoading, CanBeCancelledWhileTheWorkGoesOn)

@@ -44,6 +44,8 @@ LogonDialog::LogonDialog(frmODBCLogon& rules, QWidget* parent)
     if (rules.Purpose() == LogonPurpose::EditDataSource)
         setWindowTitle(u"Edit DataSource"_s);
     AddPages();
+    setTabOrder(previousInFocusChain(), ui_->cmdOK); // behind the controls of the pages, which came later
+    setTabOrder(ui_->cmdOK, ui_->cmdCancel);
     for (const LogonProvider& provider : rules.Providers())
         ui_->cmbProviders->addItem(NameToQt(provider.Text));
     connect(ui_->cmbProviders, &QComboBox::activated, this,

@@ -140,6 +140,24 @@ TEST_F(LogonDialogTest, TakesWhatIsTypedOnEachPage)
     EXPECT_EQ(project_.ConnectionString(), "PROVIDER=MSDASQL;DSN=Shop;UID=ann;PWD=sec ret;Database=shop;");
 }
 
+TEST_F(LogonDialogTest, TabGoesFromTheProviderThroughThePageToTheButtons)
+{
+    LogonDialog& dialog = Shown();
+    Choose(dialog, "cmbProviders", kOdbc);
+    Click(Page(), "optDSNLess");
+    Choose(Page(), "cmbDrivers", u"SQLite3"_s);
+    dialog.activateWindow();
+    Find<QComboBox>(dialog, "cmbProviders").setFocus();
+    std::vector<std::string> names;
+    for (int step = 0; step < 11; ++step) {
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        names.push_back(dialog.focusWidget()->objectName().toStdString());
+    }
+    EXPECT_EQ(names,
+              (std::vector<std::string>{"qt_tabwidget_tabbar", "optUseDSN", "optDSNLess", "cmbDrivers", "txtDatabase",
+                                        "cmdBrowse", "txtUID", "txtPWD", "txtDBPassword", "cmdOK", "cmdCancel"}));
+}
+
 TEST_F(LogonDialogTest, ShowsTheStringThatIsThere)
 {
     project_.SetConnectionString("PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=/data/a.mdb;USER ID=Admin;PASSWORD=;");

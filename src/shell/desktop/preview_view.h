@@ -32,7 +32,7 @@ class PreviewView : public QWidget
     // Shows the lines in this font, on this background.
     void SetLook(const PreviewLook& look);
 
-    [[nodiscard]] const QListView& List() const { return lstPreview_; }
+    [[nodiscard]] QListView& List() { return lstPreview_; }
     [[nodiscard]] PreviewFind& Search() { return find_; }
 
     // The action of the name; nullptr if there is none.

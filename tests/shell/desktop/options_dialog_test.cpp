@@ -202,7 +202,7 @@ TEST_F(TheOptionsWindow, IsDrawnInEitherPalette)
     QWidget& window = Show();
     for (const char* tab : {"tabGeneral", "tabPreview"}) {
         ShowTab(tab);
-        Photograph(window, std::string("options-") + tab);
+        Photograph(window, std::string("frmOptions-") + tab);
     }
 }
 

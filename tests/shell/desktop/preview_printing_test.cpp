@@ -1,9 +1,13 @@
 #include "shell/desktop/preview_printing.h"
 
 #include "shell/main_window/shown_lines.h"
+#include "support/scripted_messages.h"
+#include "widgets.h"
 
 #include <QFile>
 #include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -54,6 +58,53 @@ TEST_F(ThePrintedPreview, HasNoPageWhereNoneCanBeMade)
 {
     ShowLines(pane, {"a"});
     EXPECT_EQ(Print(folder.filePath(u"missing/preview.pdf"_s)), 0);
+}
+
+struct ThePrintDialog : ThePrintedPreview
+{
+    ThePrintDialog() { ShowLines(pane, {"a"}, "Customer"); }
+
+    // Asks, with `answer` in front of the dialog, which prints into the file.
+    void Ask(const QString& path, QDialog::DialogCode answer)
+    {
+        QWidget window;
+        WithDialogs([&] { AskAndPrint(pane, QFont(), messages, window); }, {[&](QWidget& dialog) {
+                        EXPECT_EQ(dialog.objectName(), u"printDialog"_s);
+                        auto& printing = dynamic_cast<QPrintDialog&>(dialog);
+                        EXPECT_EQ(printing.printer()->docName(), u"Customer"_s);
+                        printing.printer()->setOutputFormat(QPrinter::PdfFormat);
+                        printing.printer()->setOutputFileName(path);
+                        printing.QDialog::done(answer);
+                    }});
+    }
+
+    ScriptedMessages messages;
+};
+
+TEST_F(ThePrintDialog, PrintsWhereThePersonSays)
+{
+    const QString path = folder.filePath(u"preview.pdf"_s);
+    Ask(path, QDialog::Accepted);
+    EXPECT_GT(QFile(path).size(), 500);
+    EXPECT_TRUE(messages.Asked().empty());
+}
+
+TEST_F(ThePrintDialog, PrintsNothingWhenItIsCancelled)
+{
+    const QString path = folder.filePath(u"preview.pdf"_s);
+    Ask(path, QDialog::Rejected);
+    EXPECT_FALSE(QFile::exists(path));
+    EXPECT_TRUE(messages.Asked().empty());
+}
+
+TEST_F(ThePrintDialog, SaysThatNothingCouldBePrinted)
+{
+    Ask(folder.filePath(u"missing/preview.pdf"_s), QDialog::Accepted);
+    ASSERT_EQ(messages.Asked().size(), 1U);
+    EXPECT_EQ(messages.Asked().front().Title, "Print Preview");
+    EXPECT_EQ(messages.Asked().front().Text,
+              "The preview could not be printed: the printer, or the file that it prints "
+              "to, can't be written to.");
 }
 
 } // namespace

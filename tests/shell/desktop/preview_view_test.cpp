@@ -79,9 +79,7 @@ TEST_F(ThePreview, ScrollsToTheRowThatThePaneSelects)
     ShowLines(pane, std::vector<std::string>(100'000, "a line"));
     pane.Select(99'999);
     EXPECT_EQ(list.currentIndex().row(), 99'999);
-    EXPECT_TRUE(list.viewport()->rect().contains(list.visualRect(list.currentIndex()).center().x() < 0
-                                                     ? QPoint()
-                                                     : QPoint(5, list.visualRect(list.currentIndex()).center().y())));
+    EXPECT_TRUE(list.viewport()->rect().intersects(list.visualRect(list.currentIndex())));
 }
 
 TEST_F(ThePreview, CopiesTheSelectedLines)
@@ -251,10 +249,10 @@ TEST_F(ThePreview, MarksThePlacesOfTheSearch)
 {
     pane.Show(LinesOfAllKinds(), "Customer");
     view.resize(480, 320);
-    Photograph(view, "preview");
+    Photograph(view, "lstPreview");
     view.Action("FindInPreview")->trigger();
     Type(view, "txtFind", "city");
-    Photograph(view, "preview-find");
+    Photograph(view, "lstPreview-find");
     const QImage picture = view.grab().toImage();
     EXPECT_GT(Count(picture, 0xFFFFE066), 50);
     EXPECT_GT(Count(picture, 0xFFFFA94D), 50);

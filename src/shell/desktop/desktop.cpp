@@ -2,9 +2,9 @@
 
 #include "shell/assembly.h"
 #include "shell/desktop/desktop_dialogs.h"
-#include "shell/desktop/desktop_loading_form.h"
 #include "shell/desktop/guarded_application.h"
 #include "shell/desktop/icons.h"
+#include "shell/desktop/loading_window.h"
 #include "shell/desktop/main_window.h"
 #include "shell/desktop/product_text.h"
 #include "shell/desktop/qt_clock.h"
@@ -79,7 +79,7 @@ class Desktop
                     {.Asking = messages_,
                      .Errors = errors_,
                      .Time = clock_,
-                     .Progress = loading_,
+                     .Progress = loading_.Watching(),
                      .Windows = {.Dialogs = fileDialogs_, .Pointer = pointer_, .Loading = loading_},
                      .Output = streams.Output,
                      .ErrorOutput = streams.ErrorOutput,
@@ -115,7 +115,7 @@ class Desktop
     QtClock clock_;
     QtMousePointer pointer_;
     QtFileDialogs fileDialogs_;
-    DesktopLoadingForm loading_;
+    LoadingWindow loading_{Cancelling::NotOffered, nullptr};
     Assembly assembly_;
     DesktopDialogs dialogs_;
     frmMain rules_;

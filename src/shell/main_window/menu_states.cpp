@@ -21,13 +21,13 @@ constexpr auto kTools = std::to_array<Tool>({
     {"Save", "&Save Project", kFileMenu, "Ctrl+S", "Save", "Save the project"},
     {"SaveAs", "Save Project &As...", kFileMenu, "Ctrl+Shift+S", "", "Save the project under another name"},
     {"SavePreview", "Save Pre&view As...", kFileMenu, "", "File", "Save the text of the preview"},
-    {"PrintPreview", "&Print Preview...", kFileMenu, "Ctrl+P", "", "Print the text of the preview"},
+    {"PrintPreview", "&Print Preview...", kFileMenu, "Ctrl+P", "Print", "Print the text of the preview"},
     {"Startup", "S&tart-up Dialog...", kFileMenu, "", "", "Choose a new, an existing or a recent project"},
     {"Exit", "E&xit", kFileMenu, "Ctrl+Q", "", "End the program"},
 
-    {"CopyLines", "&Copy", kEditMenu, "Ctrl+C", "", "Copy the selected lines of the preview"},
+    {"CopyLines", "&Copy", kEditMenu, "Ctrl+C", "Copy", "Copy the selected lines of the preview"},
     {"CopyAll", "Copy &All", kEditMenu, "Ctrl+Shift+C", "", "Copy all lines of the preview"},
-    {"Find", "&Find...", kEditMenu, "Ctrl+F", "", "Find a text in the preview"},
+    {"Find", "&Find...", kEditMenu, "Ctrl+F", "Find", "Find a text in the preview"},
     {"FindNext", "Find &Next", kEditMenu, "F3", "", "Go to the next place of the text"},
     {"FindPrevious", "Find &Previous", kEditMenu, "Shift+F3", "", "Go to the previous place of the text"},
 
@@ -35,27 +35,27 @@ constexpr auto kTools = std::to_array<Tool>({
     {"ProjectRename", "&Rename", kProjectMenu, "F2", "", "Change the name of the project"},
     {"NewClass", "&New Class...", kProjectMenu, "Ctrl+Shift+N", "Class", "Add a class that stands on no table"},
     {"EditClass", "&Edit Class...", kProjectMenu, "Ctrl+E", "TableClass", "Change the selected class"},
-    {"DeleteClass", "&Delete Class", kProjectMenu, "Del", "", "Delete the selected class with its subclasses"},
+    {"DeleteClass", "&Delete Class", kProjectMenu, "Del", "Delete", "Delete the selected class with its subclasses"},
     {"AddClassTo", "&Add Class To", kProjectMenu, "", "Table", "Make a class of the selected table"},
     {"MoveClassTo", "&Move Class To", kProjectMenu, "", "", "Move the selected class to another place"},
     {"OpenDatasource", "&Open DataSource...", kProjectMenu, "Ctrl+D", "DSN", "Connect the project to its data source"},
     {"EditDataSource", "Edit Data&Source...", kProjectMenu, "", "", "Change the data source of the project"},
-    {"RefreshTables", "Re&fresh Tables", kProjectMenu, "F5", "", "Read the tables of the data source again"},
+    {"RefreshTables", "Re&fresh Tables", kProjectMenu, "F5", "Refresh", "Read the tables of the data source again"},
     {"Generate", "&Generate Code...", kProjectMenu, "F9", "Module", "Write the Visual Basic project"},
 
     {"ViewDataSourceTables", "&DataSource Tables", kViewMenu, "Ctrl+1", "",
      "Show or hide the lists of the data source"},
     {"ViewNavigator", "&Navigator", kViewMenu, "Ctrl+2", "", "Show or hide the list of members"},
     {"ViewPreviewPane", "&Preview", kViewMenu, "Ctrl+3", "", "Show or hide the preview"},
-    {"ExpandTree", "&Expand Tree", kViewMenu, "Ctrl+Shift+Right", "", "Expand every node of the tree"},
-    {"Colapse", "&Collapse Tree", kViewMenu, "Ctrl+Shift+Left", "", "Collapse every node below the project"},
-    {"Zoom", "&Zoom Preview", kViewMenu, "F11", "", "Show the preview in a window of its own"},
+    {"ExpandTree", "&Expand Tree", kViewMenu, "Ctrl+Shift+Right", "Expand", "Expand every node of the tree"},
+    {"Colapse", "&Collapse Tree", kViewMenu, "Ctrl+Shift+Left", "Collapse", "Collapse every node below the project"},
+    {"Zoom", "&Zoom Preview", kViewMenu, "F11", "Zoom", "Show the preview in a window of its own"},
 
-    {"Options", "&Options...", kToolsMenu, "Ctrl+,", "", "Change the options of the program"},
+    {"Options", "&Options...", kToolsMenu, "Ctrl+,", "Options", "Change the options of the program"},
 
-    {"HelpContents", "&Contents", kHelpMenu, "F1", "", "Open the help page"},
+    {"HelpContents", "&Contents", kHelpMenu, "F1", "Help", "Open the help page"},
     {"ReportABug", "Report a &Bug...", kHelpMenu, "", "", "Report a bug"},
-    {"About", "&About...", kHelpMenu, "", "", "Tell about the program"},
+    {"About", "&About...", kHelpMenu, "", "Veldrane", "Tell about the program"},
 });
 
 // Off until they have a window to open.

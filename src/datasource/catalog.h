@@ -87,7 +87,8 @@ struct CatalogParameter
 // agree with each other, and a new object sees the data source as it is now. Names of tables are those that Tables()
 // gives; others are looked up without regard to case where the data source does so.
 //
-// Every member throws DataSourceError: kNotSupported where the data source can't answer such a question at all,
+// Every member throws ReadingCancelled where whoever watches the reading ends it; what was read by then is lost. Every
+// member throws DataSourceError: kNotSupported where the data source can't answer such a question at all,
 // kTableUnknown for a table that it does not have, kNoOpenConnection when the connection is gone.
 class Catalog
 {

@@ -1,6 +1,7 @@
 #include "datasource/table_lists.h"
 
 #include "datasource/naming.h"
+#include "ports/reading_watch.h"
 #include "preview/active_parse.h"
 #include "text/case_folding.h"
 #include "text/conversion.h"
@@ -68,6 +69,16 @@ void PassingOverUnsupported(Body&& body)
     } catch (const DataSourceError& error) {
         if (error.Number != data_source_error::kNotSupported)
             throw;
+    }
+}
+
+// Where the person has cancelled the reading, the lists are as far as they were filled.
+template <class Body>
+void UntilCancelled(Body&& body)
+{
+    try {
+        body();
+    } catch (const ReadingCancelled&) {
     }
 }
 
@@ -180,12 +191,14 @@ DataSourceLists DisplayDataSourceTables(const DataSourceView& view, std::string_
         // Kept for the settings alone: the list of procedures is always complete.
         static_cast<void>(ReadLimit(view, "MaxProcsToDisplay", kRoutine));
         bool suspect = false;
-        AddTableRows(tables, view, tableIcon, limit, RowColour::Blue, [&](ListRow& row, const CatalogTable& table) {
-            row.Bold = IsSuspect(table);
-            row.Colour = row.Bold ? RowColour::Red : RowColour::Black;
-            suspect = suspect || row.Bold;
+        UntilCancelled([&] {
+            AddTableRows(tables, view, tableIcon, limit, RowColour::Blue, [&](ListRow& row, const CatalogTable& table) {
+                row.Bold = IsSuspect(table);
+                row.Colour = row.Bold ? RowColour::Red : RowColour::Black;
+                suspect = suspect || row.Bold;
+            });
+            AddProcedures(procedures, view);
         });
-        AddProcedures(procedures, view);
         if (suspect)
             WarnOfSuspectNames(view.Messages);
     });
@@ -201,7 +214,8 @@ std::vector<ListRow> DisplayDataSourceTablesInComboBox(const DataSourceView& vie
     Guarded(view.Errors, kModule, kRoutine, [&] {
         RequireSource(view);
         const std::int32_t limit = ReadLimit(view, "MaxTablesToDisplay", kRoutine);
-        AddTableRows(rows, view, icon, limit, RowColour::Default, [](ListRow&, const CatalogTable&) {});
+        UntilCancelled(
+            [&] { AddTableRows(rows, view, icon, limit, RowColour::Default, [](ListRow&, const CatalogTable&) {}); });
     });
     return std::move(rows.Rows());
 }

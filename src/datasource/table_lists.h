@@ -62,7 +62,8 @@ struct DataSourceView
 };
 
 // The three lists of the main window. What a data source does not support is left out. Any other failure is reported,
-// and the lists are as far as they were filled. Names that a class can't have are marked and warned of once.
+// and the lists are as far as they were filled; so they are, without a report, where the person cancels the reading.
+// Names that a class can't have are marked and warned of once.
 [[nodiscard]] DataSourceLists DisplayDataSourceTables(const DataSourceView& view, std::string_view tableIcon);
 
 // The tables alone, as a combo box offers them: nothing is marked or warned of.

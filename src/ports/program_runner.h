@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ports/reading_watch.h"
+
 #include <chrono>
 #include <cstddef>
 #include <string>
@@ -13,6 +15,7 @@ struct ProgramLimits
 {
     std::chrono::milliseconds Time{};
     std::size_t OutputBytes = 0;
+    ReadingWatch* Watch = nullptr; // told how many lines the program has said, which it may cancel; nothing for nobody
 };
 
 enum class ProgramEnd
@@ -38,8 +41,8 @@ class ProgramRunner
 
     // Runs the program `command[0]` with the other elements as its arguments, without a shell, and waits for its end.
     // It gets `input` as its standard input; its standard error goes nowhere. At a limit it is killed; nothing of it
-    // is left when this returns. Throws RuntimeError (53 if there is no such program, 75 if it can't be started),
-    // naming it.
+    // is left when this returns, nor when the watch cancels it, which is thrown. Throws RuntimeError (53 if there is no
+    // such program, 75 if it can't be started), naming it.
     [[nodiscard]] virtual ProgramOutcome Run(const std::vector<std::string>& command, std::string_view input,
                                              const ProgramLimits& limits) = 0;
 };

@@ -58,7 +58,8 @@ std::unique_ptr<DataSourceConnection> Assembly::Connect(const std::string& text,
                                      .StatementTimeout = platform_.StatementTimeout,
                                      .TdsDriver = platform_.TdsDriver,
                                      .ProgramFolder = frontEnd_.ProgramFolder,
-                                     .Runner = runner_});
+                                     .Runner = runner_,
+                                     .Watch = frontEnd_.Watch});
     frontEnd_.Progress.Stage(0, "Connecting to the data source");
     connection->Open(text);
     return connection;

@@ -23,7 +23,8 @@ struct FrontEnd
     FileWindows Windows;
     std::ostream& Output;
     std::ostream& ErrorOutput;
-    std::string ProgramFolder; // where the programs lie that belong to this one
+    std::string ProgramFolder;     // where the programs lie that belong to this one
+    ReadingWatch* Watch = nullptr; // told what is read of data sources; nothing for nobody
 };
 
 // The application over the machine's own files, settings, drivers and programs.

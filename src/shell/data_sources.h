@@ -3,6 +3,7 @@
 #include "datasource/catalog.h"
 #include "datasource/connection_policy.h"
 #include "ports/program_runner.h"
+#include "ports/reading_watch.h"
 
 #include <chrono>
 #include <memory>
@@ -18,6 +19,7 @@ struct DataSourceAccess
     std::string TdsDriver;     // the driver that stands in for SQL Server's own, by its name
     std::string ProgramFolder; // where the programs lie that belong to this one
     ProgramRunner& Runner;
+    ReadingWatch* Watch = nullptr; // told what is read of them; nothing for nobody
 };
 
 // A connection of the kind that the string's provider asks for, not open yet; one through ODBC for any that is not

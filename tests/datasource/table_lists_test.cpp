@@ -260,6 +260,29 @@ TEST_F(TableListsTest, WhatTheSourceDoesNotSupportIsLeftOutInSilence)
     EXPECT_TRUE(errors.Reported.empty());
 }
 
+TEST_F(TableListsTest, AReadingThatIsCancelledLeavesTheListsAsFarAsTheyWereFilled)
+{
+    AddTables({"Orders", "Order-Lines"});
+    catalog.ProcedureNames = {"GetOrders"};
+    catalog.CancelledCall = "Procedures";
+    const DataSourceLists lists = Display();
+    EXPECT_EQ(Shown(lists.Tables), (Texts{"<Add a Table>", "Orders", "Order-Lines"}));
+    EXPECT_TRUE(lists.StoredProcedures.empty());
+    EXPECT_TRUE(errors.Reported.empty());
+    ASSERT_EQ(messages.Asked().size(), 1U);
+    EXPECT_EQ(messages.Asked()[0].Title, "Invalid Characters Detected");
+}
+
+TEST_F(TableListsTest, ACancelledReadingOfTablesIsNoFailure)
+{
+    AddTables({"Orders"});
+    catalog.CancelledCall = "Tables";
+    EXPECT_EQ(Shown(Display().Tables), Texts{"<Add a Table>"});
+    EXPECT_EQ(Shown(DisplayDataSourceTablesInComboBox(view, "Table")), Texts{"<Add a Table>"});
+    EXPECT_TRUE(errors.Reported.empty());
+    EXPECT_TRUE(messages.Asked().empty());
+}
+
 TEST_F(TableListsTest, AnyOtherFailureIsReportedAndTheListsStay)
 {
     AddTables({"Order-Details"});

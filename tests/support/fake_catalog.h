@@ -2,6 +2,7 @@
 
 #include "datasource/ado_types.h"
 #include "datasource/catalog.h"
+#include "ports/reading_watch.h"
 
 #include <map>
 #include <string>
@@ -90,12 +91,15 @@ class FakeCatalog : public Catalog
     std::map<std::string, FakeTable> Content;
     std::vector<std::string> ProcedureNames;
     std::map<std::string, long> Failures; // error number by the name of the call
+    std::string CancelledCall;            // in which the person cancels the reading; "" for none
     std::vector<std::string> Calls;
 
   private:
     void Record(const std::string& call, const std::string& argument)
     {
         Calls.push_back(argument.empty() ? call : call + " " + argument);
+        if (call == CancelledCall)
+            throw ReadingCancelled();
         if (const auto failure = Failures.find(call); failure != Failures.end())
             throw DataSourceError(failure->second, "FakeCatalog", call + " fails");
     }

@@ -130,7 +130,7 @@ JetDatabase JetFile::Read() const
     ProgramOutcome outcome;
     try {
         outcome = programs_.Run({options_.Folder + "/" + std::string(kReader), logon_.File}, logon_.Password,
-                                {.Time = TimeOf(options_), .OutputBytes = kMostAnswerBytes});
+                                {.Time = TimeOf(options_), .OutputBytes = kMostAnswerBytes, .Watch = options_.Watch});
     } catch (const RuntimeError& error) {
         Fail("The program that reads Jet files can't be started (" + error.Description() +
              "): install it in the folder of this program.");

@@ -3,6 +3,7 @@
 #include "datasource/jet/jet_database.h"
 #include "datasource/jet/jet_logon.h"
 #include "ports/program_runner.h"
+#include "ports/reading_watch.h"
 
 #include <chrono>
 #include <string>
@@ -16,6 +17,7 @@ struct JetReaderOptions
 {
     std::string Folder;                            // where the reader lies, a program of its own
     std::chrono::seconds Timeout{kLongestReading}; // what reading a file may take; more than kLongestReading is that
+    ReadingWatch* Watch = nullptr;                 // told of the reader's records; nothing for nobody
 };
 
 // A Jet file, read by a program of its own, for a damaged one can send the library that knows the format round in

@@ -54,9 +54,11 @@ std::shared_ptr<OdbcSession> OdbcConnection::Connect(const std::string& connecti
         veldrane::ConnectionString(connectionString), OdbcInstalledDrivers(),
         {.Origin = options_.Origin, .ConnectTimeout = options_.ConnectTimeout, .TdsDriver = options_.TdsDriver});
     RefuseOtherThanFile(logon);
-    auto session = std::make_shared<OdbcSession>(
-        logon, SessionOptions{.ConnectTimeout = options_.ConnectTimeout, .StatementTimeout = options_.StatementTimeout},
-        errors_);
+    auto session = std::make_shared<OdbcSession>(logon,
+                                                 SessionOptions{.ConnectTimeout = options_.ConnectTimeout,
+                                                                .StatementTimeout = options_.StatementTimeout,
+                                                                .Watch = options_.Watch},
+                                                 errors_);
     if (!logon.Profile->Probe.empty())
         Run(*session, std::string(logon.Profile->Probe));
     LimitStatements(*session);

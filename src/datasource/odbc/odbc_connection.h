@@ -2,6 +2,7 @@
 
 #include "datasource/catalog.h"
 #include "datasource/connection_policy.h"
+#include "ports/reading_watch.h"
 
 #include <chrono>
 #include <memory>
@@ -18,6 +19,7 @@ struct OdbcConnectionOptions
     std::chrono::seconds ConnectTimeout{15};
     std::chrono::seconds StatementTimeout{60};
     std::string TdsDriver{kTdsDriver}; // the driver that stands in for SQL Server's own
+    ReadingWatch* Watch = nullptr;     // told of the rows that are fetched; nothing for nobody
 };
 
 // A connection through the driver manager, to whatever drivers the machine has.

@@ -44,7 +44,7 @@ OdbcHandle::~OdbcHandle()
 
 OdbcSession::OdbcSession(const OdbcLogon& logon, const SessionOptions& options, std::shared_ptr<OdbcErrors> errors)
     : scene_{.Logon = logon, .ConnectTimeout = options.ConnectTimeout, .StatementTimeout = options.StatementTimeout},
-      errors_(std::move(errors)), environment_(SQL_HANDLE_ENV, SQL_NULL_HANDLE)
+      errors_(std::move(errors)), environment_(SQL_HANDLE_ENV, SQL_NULL_HANDLE), readingWatch_(options.Watch)
 {
     SQLSetEnvAttr(environment_.Get(), SQL_ATTR_ODBC_VERSION, AsPointer(SQL_OV_ODBC3), 0);
     connection_ = OdbcHandle(SQL_HANDLE_DBC, environment_.Get());

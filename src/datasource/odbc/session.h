@@ -4,12 +4,14 @@
 #include "datasource/data_source_error.h"
 #include "datasource/odbc/driver_sockets.h"
 #include "datasource/odbc/failure_hint.h"
+#include "ports/reading_watch.h"
 
 #include <sql.h>
 #include <sqlext.h>
 #include <sqlucode.h>
 
 #include <chrono>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -44,6 +46,7 @@ struct SessionOptions
 {
     std::chrono::seconds ConnectTimeout{15};
     std::chrono::seconds StatementTimeout{60};
+    ReadingWatch* Watch = nullptr; // told of the rows that are fetched; nothing for nobody
 };
 
 // One open connection of the driver manager. Catalogs share it with the connection that opened it, and see it closed
@@ -69,6 +72,13 @@ class OdbcSession
     [[nodiscard]] bool IsWide() const { return Profile().Width == CallWidth::Wide; }
     [[nodiscard]] SQLHDBC Handle() const { return connection_.Get(); }
     [[nodiscard]] std::chrono::seconds StatementTimeout() const { return scene_.StatementTimeout; }
+
+    // Tells whoever watches that so many rows of a statement were fetched. Throws ReadingCancelled.
+    void TellRows(std::uint64_t rows) const
+    {
+        if (readingWatch_ != nullptr)
+            readingWatch_->Read(rows);
+    }
 
     // Whether the driver gives a value in pieces that it has already put, cut off, where the row's values go.
     [[nodiscard]] bool ReadsBoundValuesAgain() const { return readsBoundValuesAgain_; }
@@ -102,6 +112,7 @@ class OdbcSession
     OdbcHandle connection_;
     OpenSockets sockets_; // the driver's, as far as it has any
     std::unique_ptr<SocketWatch> watch_;
+    ReadingWatch* readingWatch_;
     bool open_ = false;
     bool readsBoundValuesAgain_ = false;
 };

@@ -133,9 +133,12 @@ bool OdbcStatement::Fetch()
         Bind();
     const SQLRETURN result = SQLFetch(handle_.Get());
     session_.Check(result, handle_);
-    if (result != SQL_NO_DATA && ++rows_ > kMostRows)
+    if (result == SQL_NO_DATA)
+        return false;
+    if (++rows_ > kMostRows)
         session_.GiveUp("The answer has more than " + std::to_string(kMostRows) + " rows.");
-    return result != SQL_NO_DATA;
+    session_.TellRows(rows_);
+    return true;
 }
 
 // A call for each value costs more than all the rest of a large answer.

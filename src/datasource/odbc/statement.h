@@ -45,7 +45,8 @@ class OdbcStatement
     void Procedures(const OdbcName& catalog, const OdbcName& schema);
     void ProcedureColumns(const OdbcName& catalog, const OdbcName& schema);
 
-    // Goes to the next row; false behind the last. An answer of more than a million rows is given up.
+    // Goes to the next row and tells whoever watches the session; false behind the last. An answer of more than a
+    // million rows is given up. Throws ReadingCancelled as well.
     [[nodiscard]] bool Fetch();
 
     // A value of the row by its 1-based place; none for NULL. Each is read once, from left to right.

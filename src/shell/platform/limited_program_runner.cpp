@@ -74,6 +74,9 @@ Descriptor ProcessDescriptor(pid_t process)
     return Descriptor(static_cast<int>(syscall(SYS_pidfd_open, process, 0)));
 }
 
+constexpr std::chrono::milliseconds kLongestPoll = std::chrono::hours(1);
+constexpr std::chrono::milliseconds kWatchedPoll{100}; // from one word to the watch to the next
+
 // A program from its start until it has ended and has been waited for.
 class RunningProgram
 {
@@ -100,6 +103,7 @@ class RunningProgram
     Descriptor ended_;
     pid_t process_ = 0;
     std::string output_;
+    std::size_t lines_ = 0; // of the output
 };
 
 RunningProgram::RunningProgram(std::vector<std::string> command)
@@ -156,16 +160,20 @@ void RunningProgram::Receive(std::size_t most)
 {
     std::array<char, 65536> buffer{};
     const ssize_t count = read(fromProgram_.Number(), buffer.data(), std::min(buffer.size(), most));
-    if (count > 0)
+    if (count > 0) {
         output_.append(buffer.data(), static_cast<std::size_t>(count));
-    else if (count == 0 || errno != EINTR)
+        lines_ += static_cast<std::size_t>(std::count(buffer.data(), buffer.data() + count, '\n'));
+    } else if (count == 0 || errno != EINTR)
         static_cast<void>(fromProgram_.Close());
 }
 
 ProgramEnd RunningProgram::Converse(std::string_view input, const ProgramLimits& limits)
 {
     const Clock::time_point end = Clock::now() + limits.Time;
+    const std::chrono::milliseconds longestPoll = limits.Watch == nullptr ? kLongestPoll : kWatchedPoll;
     while (true) {
+        if (limits.Watch != nullptr)
+            limits.Watch->Read(lines_);
         if (input.empty())
             static_cast<void>(toProgram_.Close());
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
@@ -175,8 +183,7 @@ ProgramEnd RunningProgram::Converse(std::string_view input, const ProgramLimits&
         std::array<pollfd, 3> files{pollfd{.fd = toProgram_.Number(), .events = POLLOUT, .revents = 0},
                                     pollfd{.fd = fromProgram_.Number(), .events = POLLIN, .revents = 0},
                                     pollfd{.fd = ended_.Number(), .events = POLLIN, .revents = 0}};
-        constexpr std::chrono::milliseconds kLongestPoll = std::chrono::hours(1);
-        if (poll(files.data(), files.size(), static_cast<int>(std::min(left, kLongestPoll).count())) <= 0)
+        if (poll(files.data(), files.size(), static_cast<int>(std::min(left, longestPoll).count())) <= 0)
             continue;
         if (files[0].revents != 0)
             Send(input);

@@ -1,6 +1,7 @@
 #include "datasource/jet/jet_connection.h"
 
 #include "datasource/ado_types.h"
+#include "support/recorded_watch.h"
 #include "support/scripted_programs.h"
 
 #include <gmock/gmock.h>
@@ -90,6 +91,16 @@ TEST_F(JetConnectionTest, RunsTheReaderOfItsFolderUnderLimits)
     EXPECT_EQ(programs.Calls[0].Input, "geheim");
     EXPECT_EQ(programs.Calls[0].Limits.Time, std::chrono::seconds(7));
     EXPECT_GT(programs.Calls[0].Limits.OutputBytes, 0U);
+}
+
+TEST_F(JetConnectionTest, LetsWhoeverWatchesFollowTheReader)
+{
+    testing::RecordedWatch watch;
+    JetConnection watched(programs, {.Folder = "/opt/veldrane", .Watch = &watch});
+    watched.Open(kShop);
+    EXPECT_EQ(programs.Calls.at(0).Limits.Watch, &watch);
+    connection.Open(kShop);
+    EXPECT_EQ(programs.Calls.at(1).Limits.Watch, nullptr);
 }
 
 TEST_F(JetConnectionTest, KeepsItsStringWhileItIsOpen)

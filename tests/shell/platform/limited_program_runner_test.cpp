@@ -3,6 +3,7 @@
 #include "shell/platform/descriptor.h"
 #include "shell/platform/temporary_registry.h"
 #include "support/child_process.h"
+#include "support/recorded_watch.h"
 #include "temporary_folder.h"
 #include "text/runtime_error.h"
 
@@ -74,6 +75,45 @@ TEST_F(RunningPrograms, WordsArriveOneByOneWithoutAShell)
     EXPECT_EQ(outcome.End, ProgramEnd::Exited);
     EXPECT_EQ(outcome.Code, 0);
     EXPECT_EQ(outcome.Output, "a b|$HOME|\"*\"||");
+}
+
+TEST_F(RunningPrograms, TheWatchIsToldHowManyLinesWereSaid)
+{
+    RecordedWatch watch;
+    const ProgramOutcome outcome =
+        RunShell("echo a; echo b; printf c", "", {.Time = 60s, .OutputBytes = 100, .Watch = &watch});
+    EXPECT_EQ(outcome.Output, "a\nb\nc");
+    EXPECT_EQ(watch.Told.front(), 0U);
+    EXPECT_EQ(watch.Told.back(), 2U);
+}
+
+TEST_F(RunningPrograms, TheWatchEndsAProgramThatSaysNothingMore)
+{
+    RecordedWatch watch;
+    watch.CancelAt = 1;
+    EXPECT_THROW(static_cast<void>(
+                     RunShell("echo begun; exec sleep 600", "", {.Time = 60s, .OutputBytes = 100, .Watch = &watch})),
+                 ReadingCancelled);
+}
+
+// The watch hears from a silent program too: a person may cancel at any time.
+TEST_F(RunningPrograms, TheWatchIsAskedWhileAProgramIsSilent)
+{
+    class Impatient : public ReadingWatch
+    {
+      public:
+        void Read(std::size_t /*rows*/) override
+        {
+            if (++asked_ == 3)
+                throw ReadingCancelled();
+        }
+
+      private:
+        int asked_ = 0;
+    };
+    Impatient watch;
+    EXPECT_THROW(static_cast<void>(RunShell("exec sleep 600", "", {.Time = 60s, .OutputBytes = 100, .Watch = &watch})),
+                 ReadingCancelled);
 }
 
 TEST_F(RunningPrograms, TheExitCodeIsTold)

@@ -1,20 +1,11 @@
 #include "shell/project_session.h"
 
 #include "datasource/data_source_error.h"
-#include "support/fake_driver_manager.h"
-#include "support/manual_clock.h"
-#include "support/memory_file_system.h"
-#include "support/memory_settings.h"
-#include "support/recorded_errors.h"
-#include "support/recorded_loading_form.h"
-#include "support/recorded_pointer.h"
-#include "support/recorded_processes.h"
-#include "support/scripted_file_dialogs.h"
-#include "support/scripted_messages.h"
+#include "support/memory_application.h"
 
 #include <gtest/gtest.h>
 
-#include <sstream>
+#include <string>
 #include <vector>
 
 namespace veldrane {
@@ -45,10 +36,15 @@ class EmptyConnection : public DataSourceConnection
 class ProjectSessionTest : public ::testing::Test
 {
   protected:
+    ProjectSessionTest()
+    {
+        world.Connect = [this](const std::string& text, StringOrigin origin) { return Connect(text, origin); };
+    }
+
     // Writes a project that names the data source, and opens it.
     bool OpenProjectOn(const std::string& connectionString, DataSourceOnOpen dataSource = DataSourceOnOpen::Connect)
     {
-        ProjectSession writer(application);
+        ProjectSession writer(world.World);
         writer.New(DataSourceOnOpen::LeaveClosed);
         writer.Project().FullPath = "/shop.kzm";
         writer.Project().SetConnectionString(connectionString);
@@ -66,7 +62,7 @@ class ProjectSessionTest : public ::testing::Test
 
     [[nodiscard]] std::unique_ptr<DataSourceConnection> Connect(const std::string& text, StringOrigin origin)
     {
-        LoadingWhileConnecting = loading.Current;
+        LoadingWhileConnecting = world.Loading.Current;
         Log.push_back((origin == StringOrigin::ProjectFile ? "open " : "open for the user ") + text);
         if (Fails)
             throw DataSourceError(data_source_error::kFailed, "ODBC", "[SQLite]connect failed");
@@ -76,34 +72,8 @@ class ProjectSessionTest : public ::testing::Test
     Texts Log;
     bool Fails = false;
     Visibility LoadingWhileConnecting = Visibility::Shown;
-    testing::MemorySettings settings;
-    testing::ScriptedMessages messages;
-    testing::RecordedErrors errors;
-    testing::MemoryFileSystem files;
-    testing::ManualClock clock;
-    testing::RecordedProcesses processes;
-    testing::FakeDriverManager installed;
-    std::ostringstream output;
-    ModuleState state;
-    NoProgress Unwatched;
-    testing::ScriptedFileDialogs dialogs;
-    testing::RecordedPointer pointer;
-    testing::RecordedLoadingForm loading;
-    Application application{
-        .UserSettings = settings,
-        .Asking = messages,
-        .Errors = errors,
-        .Files = files,
-        .Time = clock,
-        .Programs = processes,
-        .Connect = [this](const std::string& text, StringOrigin origin) { return Connect(text, origin); },
-        .Installed = installed,
-        .State = state,
-        .Output = output,
-        .ErrorOutput = output,
-        .Progress = Unwatched,
-        .Windows = {.Dialogs = dialogs, .Pointer = pointer, .Loading = loading}};
-    ProjectSession session{application};
+    testing::MemoryApplication world;
+    ProjectSession session{world.World};
     std::vector<Connection> connections;
 };
 
@@ -120,7 +90,7 @@ TEST_F(ProjectSessionTest, AProjectWithoutADataSourceOpensNone)
     EXPECT_TRUE(OpenProjectOn(""));
     EXPECT_TRUE(Log.empty());
     EXPECT_FALSE(session.ActiveConnection());
-    EXPECT_TRUE(errors.Reported.empty());
+    EXPECT_TRUE(world.Errors.Reported.empty());
 }
 
 TEST_F(ProjectSessionTest, ADataSourceStaysClosedOnRequest)
@@ -150,7 +120,7 @@ TEST_F(ProjectSessionTest, TheSameStringAndAnEmptyOneLeaveTheConnectionAsItIs)
 TEST_F(ProjectSessionTest, AStringThatIsOpenAlreadyIsNotOpenedAgain)
 {
     OpenProjectOn("DSN=Shop;");
-    state.ActiveConnection = Connect("DSN=Other;", StringOrigin::CommandLine);
+    world.State.ActiveConnection = Connect("DSN=Other;", StringOrigin::CommandLine);
     session.Project().SetConnectionString("DSN=Other;");
     EXPECT_EQ(Log, (Texts{"open DSN=Shop;", "open for the user DSN=Other;", "close DSN=Shop;"}));
     EXPECT_EQ(session.ActiveConnection()->ConnectionString(), "DSN=Other;");
@@ -162,10 +132,10 @@ TEST_F(ProjectSessionTest, AProjectWhoseDataSourceFailsStaysOpenWithoutOne)
     EXPECT_TRUE(OpenProjectOn("DSN=Shop;"));
     EXPECT_FALSE(session.ActiveConnection());
     EXPECT_EQ(session.Project().ConnectionString(), "DSN=Shop;");
-    ASSERT_EQ(errors.Reported.size(), 1U);
-    EXPECT_EQ(errors.Reported.front().Error.Description(), "[SQLite]connect failed");
-    const ErrorPlace& place = errors.Reported.front().Place;
-    EXPECT_EQ(place.ModuleName, application.State.Generation.AppTitle);
+    ASSERT_EQ(world.Errors.Reported.size(), 1U);
+    EXPECT_EQ(world.Errors.Reported.front().Error.Description(), "[SQLite]connect failed");
+    const ErrorPlace& place = world.Errors.Reported.front().Place;
+    EXPECT_EQ(place.ModuleName, world.World.State.Generation.AppTitle);
     EXPECT_EQ(place.RoutineName, "Open Datasource");
     EXPECT_EQ(
         place.Hint,
@@ -217,9 +187,10 @@ TEST_F(ProjectSessionTest, AFileThatCanNotBeOpenedLeavesTheDocumentAndItsConnect
     OpenProjectOn("DSN=Shop;");
     session.Project().Author = "Somebody";
     const TTCProject* const project = &session.Project();
-    files.Files["/broken.kzm"] = "Veldrane Professional 2000 Data File\r\nBegin Project\r\nMTSEnabled\2perhaps\r\n"
-                                 "ConnectionString\2DSN=Other;\r\nEnd Project\r\n";
-    files.Files["/other.kzm"] = "no project";
+    world.Files.Files["/broken.kzm"] =
+        "Veldrane Professional 2000 Data File\r\nBegin Project\r\nMTSEnabled\2perhaps\r\n"
+        "ConnectionString\2DSN=Other;\r\nEnd Project\r\n";
+    world.Files.Files["/other.kzm"] = "no project";
     Listen();
     for (const char* path : {"/gone.kzm", "/other.kzm", "/broken.kzm"})
         EXPECT_FALSE(session.Open(path, DataSourceOnOpen::Connect)) << path;
@@ -229,8 +200,8 @@ TEST_F(ProjectSessionTest, AFileThatCanNotBeOpenedLeavesTheDocumentAndItsConnect
     ASSERT_TRUE(session.ActiveConnection());
     EXPECT_EQ(session.ActiveConnection()->ConnectionString(), "DSN=Shop;");
     EXPECT_EQ(Log, Texts{"open DSN=Shop;"});
-    EXPECT_EQ(messages.Asked().size(), 2U);
-    EXPECT_EQ(errors.Reported.size(), 1U);
+    EXPECT_EQ(world.Messages.Asked().size(), 2U);
+    EXPECT_EQ(world.Errors.Reported.size(), 1U);
     session.Project().SetConnectionString("DSN=Third;");
     EXPECT_EQ(session.ActiveConnection()->ConnectionString(), "DSN=Third;");
 }
@@ -238,9 +209,11 @@ TEST_F(ProjectSessionTest, AFileThatCanNotBeOpenedLeavesTheDocumentAndItsConnect
 TEST_F(ProjectSessionTest, AnotherFileClosesTheConnectionOfTheFormer)
 {
     OpenProjectOn("DSN=Shop;");
-    OpenProjectOn("DSN=Shop;");
+    EXPECT_TRUE(session.Open("/shop.kzm", DataSourceOnOpen::Connect));
     EXPECT_EQ(Log, (Texts{"open DSN=Shop;", "close DSN=Shop;", "open DSN=Shop;"}));
-    OpenProjectOn("");
+    world.Files.Files["/bare.kzm"] = "Veldrane Professional 2000 Data File\r\nBegin Project\r\nProjectName\2Bare\r\n"
+                                     "End Project\r\nBegin Classes\r\nEnd Classes\r\n";
+    EXPECT_TRUE(session.Open("/bare.kzm", DataSourceOnOpen::Connect));
     EXPECT_FALSE(session.ActiveConnection());
 }
 
@@ -259,7 +232,7 @@ TEST_F(ProjectSessionTest, TellsOfEachDataSourceThatTheDocumentIsGiven)
     session.New();
     Listen();
     session.Project().SetConnectionString("DSN=Shop;");
-    state.ActiveConnection = Connect("DSN=Other;", StringOrigin::CommandLine);
+    world.State.ActiveConnection = Connect("DSN=Other;", StringOrigin::CommandLine);
     session.Project().SetConnectionString("DSN=Other;");
     Fails = true;
     EXPECT_FALSE(session.ConnectDataSource(StringOrigin::ProjectFile));
@@ -281,11 +254,11 @@ TEST_F(ProjectSessionTest, ListenersFindTheNewDocumentInPlace)
 TEST_F(ProjectSessionTest, AsksForTheFileToOpenInTheFolderOfTheFormer)
 {
     OpenProjectOn("");
-    files.Folders.insert("/folder");
-    files.Files["/folder/shop.kzm"] = files.Files["/shop.kzm"];
-    dialogs.Add("/folder/shop.kzm");
+    world.Files.Folders.insert("/folder");
+    world.Files.Files["/folder/shop.kzm"] = world.Files.Files["/shop.kzm"];
+    world.Dialogs.Add("/folder/shop.kzm");
     EXPECT_TRUE(session.Open("", DataSourceOnOpen::Connect));
-    EXPECT_EQ(dialogs.AskedToOpen().at(0).StartFolder, "/");
+    EXPECT_EQ(world.Dialogs.AskedToOpen().at(0).StartFolder, "/");
     EXPECT_EQ(session.Project().FullPath, "/folder/shop.kzm");
 }
 
@@ -303,7 +276,7 @@ TEST_F(ProjectSessionTest, TellsUnderWhichFileTheDocumentIsSaved)
 {
     OpenProjectOn("");
     Listen();
-    dialogs.Add("/copy.kzm");
+    world.Dialogs.Add("/copy.kzm");
     EXPECT_TRUE(session.Save());
     EXPECT_TRUE(session.Save(SaveKind::SaveAs));
     EXPECT_TRUE(session.Save());
@@ -314,11 +287,11 @@ TEST_F(ProjectSessionTest, TheLoadingFormMakesRoomWhileADataSourceOpens)
 {
     OpenProjectOn("DSN=Shop;");
     EXPECT_EQ(LoadingWhileConnecting, Visibility::Hidden);
-    EXPECT_EQ(loading.Log, (Texts{"Opening Datasource Connection...Please wait", "shown", "Opening Project...",
-                                  "hidden", "shown", "hidden"}));
-    loading.Log.clear();
+    EXPECT_EQ(world.Loading.Log, (Texts{"Opening Datasource Connection...Please wait", "shown", "Opening Project...",
+                                        "hidden", "shown", "hidden"}));
+    world.Loading.Log.clear();
     session.Project().SetConnectionString("DSN=Other;");
-    EXPECT_TRUE(loading.Log.empty());
+    EXPECT_TRUE(world.Loading.Log.empty());
 }
 
 } // namespace

@@ -16,16 +16,13 @@ using namespace Qt::StringLiterals;
 
 LoadingWindow::LoadingWindow(Cancelling cancelling, QWidget* parent)
     : QWidget(parent, Qt::Dialog | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
-      ui_(std::make_unique<Ui::frmLoading>()), cancelling_(cancelling)
+      ui_(std::make_unique<Ui::frmLoading>())
 {
     setWindowModality(Qt::ApplicationModal);
     ui_->setupUi(this);
-    ui_->cmdCancel->setVisible(cancelling == Cancelling::Offered);
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &LoadingWindow::Cancel);
-    QtProgress::Drawn drawn;
-    if (cancelling == Cancelling::Offered)
-        drawn = [] { QCoreApplication::processEvents(); };
-    progress_ = std::make_unique<QtProgress>(*ui_->lblStatus, *ui_->Progress, std::move(drawn));
+    progress_ = std::make_unique<QtProgress>(*ui_->lblStatus, *ui_->Progress, [this] { ServeEvents(); });
+    Begin(cancelling);
 }
 
 LoadingWindow::~LoadingWindow() = default;
@@ -42,6 +39,22 @@ Visibility LoadingWindow::Show(Visibility visibility)
     setVisible(visibility == Visibility::Shown);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     return before;
+}
+
+void LoadingWindow::Begin(Cancelling cancelling)
+{
+    cancelling_ = cancelling;
+    isCancelled_ = false;
+    ui_->cmdCancel->setVisible(cancelling == Cancelling::Offered);
+    ui_->cmdCancel->setEnabled(true);
+    ui_->cmdCancel->setText(u"Cancel"_s);
+    ui_->Progress->reset();
+}
+
+void LoadingWindow::ServeEvents()
+{
+    if (cancelling_ == Cancelling::Offered)
+        QCoreApplication::processEvents();
 }
 
 void LoadingWindow::Cancel()

@@ -37,6 +37,9 @@ class LoadingWindow : public QWidget, public LoadingForm
     // Drawn at once: what follows may keep the program busy.
     Visibility Show(Visibility visibility) override;
 
+    // Begins another piece of work, which nobody has cancelled yet.
+    void Begin(Cancelling cancelling);
+
     // Whoever works is handed this. A closed form takes no harm of it.
     [[nodiscard]] Progress& Watching() { return *progress_; }
 
@@ -49,10 +52,11 @@ class LoadingWindow : public QWidget, public LoadingForm
 
   private:
     void Cancel();
+    void ServeEvents();
 
     std::unique_ptr<Ui::frmLoading> ui_;
     std::unique_ptr<QtProgress> progress_;
-    Cancelling cancelling_;
+    Cancelling cancelling_ = Cancelling::NotOffered;
     bool isCancelled_ = false;
 };
 

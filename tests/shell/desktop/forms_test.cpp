@@ -136,6 +136,10 @@ TEST(FrmLoading, CanBeCancelledWhileTheWorkGoesOn)
     form.Watching().Stage(40, "Reading tables");
     EXPECT_TRUE(form.IsCancelled());
     EXPECT_FALSE(Find<QPushButton>(form, "cmdCancel").isEnabled());
+    form.Begin(Cancelling::Offered);
+    EXPECT_FALSE(form.IsCancelled());
+    EXPECT_TRUE(Find<QPushButton>(form, "cmdCancel").isEnabled());
+    EXPECT_EQ(Find<QPushButton>(form, "cmdCancel").text(), u"Cancel"_s);
 }
 
 TEST(FrmLoading, IsCancelledByEscapeAndByClosing)
@@ -174,7 +178,7 @@ TEST_F(FrmZoom, ShowsTheLinesOfThePreviewLarge)
     auto& list = Find<QListView>(zoom, "lstZoom");
     EXPECT_EQ(list.model(), &model_);
     EXPECT_EQ(list.currentIndex().row(), 321);
-    const int middle = list.viewport()->height() / 2;
+    const double middle = list.viewport()->height() / 2.0;
     EXPECT_NEAR(list.visualRect(list.currentIndex()).center().y(), middle, middle / 5);
     EXPECT_GT(list.font().pointSizeF(), preview_.font().pointSizeF());
     Photograph(zoom, "frmZoom");

@@ -48,7 +48,13 @@ void LoadingWindow::Begin(Cancelling cancelling)
     ui_->cmdCancel->setVisible(cancelling == Cancelling::Offered);
     ui_->cmdCancel->setEnabled(true);
     ui_->cmdCancel->setText(u"Cancel"_s);
+    ui_->Progress->setRange(0, 100);
     ui_->Progress->reset();
+}
+
+void LoadingWindow::ShowBusy()
+{
+    ui_->Progress->setRange(0, 0);
 }
 
 void LoadingWindow::ServeEvents()
@@ -62,6 +68,7 @@ void LoadingWindow::Cancel()
     isCancelled_ = true;
     ui_->cmdCancel->setEnabled(false);
     ui_->cmdCancel->setText(u"Cancelling..."_s);
+    Q_EMIT Cancelled();
 }
 
 void LoadingWindow::keyPressEvent(QKeyEvent* event)

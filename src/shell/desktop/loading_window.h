@@ -40,11 +40,20 @@ class LoadingWindow : public QWidget, public LoadingForm
     // Begins another piece of work, which nobody has cancelled yet.
     void Begin(Cancelling cancelling);
 
+    // A bar that moves without an end, for work of an unknown length; until the next Begin.
+    void ShowBusy();
+
+    // Lets the person cancel, where that is offered.
+    void ServeEvents();
+
     // Whoever works is handed this. A closed form takes no harm of it.
     [[nodiscard]] Progress& Watching() { return *progress_; }
 
     // Whether the person wants it broken off.
     [[nodiscard]] bool IsCancelled() const { return isCancelled_; }
+
+  Q_SIGNALS:
+    void Cancelled();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -52,7 +61,6 @@ class LoadingWindow : public QWidget, public LoadingForm
 
   private:
     void Cancel();
-    void ServeEvents();
 
     std::unique_ptr<Ui::frmLoading> ui_;
     std::unique_ptr<QtProgress> progress_;

@@ -4,10 +4,13 @@
 #include "shell/desktop/loading_window.h"
 #include "shell/desktop/name_dialog.h"
 #include "shell/desktop/product_text.h"
+#include "shell/desktop/reading_window.h"
 #include "shell/desktop/splash_form.h"
 #include "shell/desktop/zoom_dialog.h"
+#include "support/manual_clock.h"
 #include "widgets.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -154,6 +157,56 @@ TEST(FrmLoading, IsCancelledByEscapeAndByClosing)
         EXPECT_TRUE(form.IsCancelled());
         EXPECT_TRUE(form.isVisible());
     }
+}
+
+class ReadingWindowTest : public ::testing::Test
+{
+  protected:
+    static LoadingWindow* Shown()
+    {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            auto* form = qobject_cast<LoadingWindow*>(window);
+            if (form != nullptr && form->isVisible())
+                return form;
+        }
+        return nullptr;
+    }
+
+    void ReadAfter(std::chrono::milliseconds duration, std::size_t rows)
+    {
+        clock_.Wait(duration);
+        reading_.Read(rows);
+    }
+
+    ManualClock clock_;
+    CatalogReading reading_{clock_};
+    ReadingWindow window_{reading_, nullptr};
+};
+
+TEST_F(ReadingWindowTest, ComesWithAReadingThatLastsAndGoesWithIt)
+{
+    {
+        const CatalogReading::Session session(reading_);
+        ReadAfter(std::chrono::milliseconds(100), 10);
+        EXPECT_EQ(Shown(), nullptr);
+        ReadAfter(std::chrono::seconds(1), 1200);
+        ASSERT_NE(Shown(), nullptr);
+        EXPECT_EQ(Find<QLabel>(*Shown(), "lblStatus").text(), u"Reading the data source... 1200 rows"_s);
+        ReadAfter(std::chrono::seconds(1), 1300);
+        EXPECT_EQ(Find<QLabel>(*Shown(), "lblStatus").text(), u"Reading the data source... 1300 rows"_s);
+        Photograph(*Shown(), "frmLoading-reading");
+    }
+    EXPECT_EQ(Shown(), nullptr);
+}
+
+TEST_F(ReadingWindowTest, EndsTheReadingByItsButton)
+{
+    const CatalogReading::Session session(reading_);
+    ReadAfter(std::chrono::seconds(1), 10);
+    ASSERT_NE(Shown(), nullptr);
+    QTimer::singleShot(0, Shown(), [] { Click(*Shown(), "cmdCancel"); });
+    EXPECT_THROW(ReadAfter(std::chrono::seconds(1), 20), ReadingCancelled);
+    EXPECT_TRUE(reading_.WasCancelled());
 }
 
 class FrmZoom : public ::testing::Test

@@ -12,6 +12,7 @@
 #include "shell/desktop/qt_file_dialogs.h"
 #include "shell/desktop/qt_messages.h"
 #include "shell/desktop/qt_mouse_pointer.h"
+#include "shell/desktop/reading_window.h"
 #include "shell/desktop/splash_form.h"
 #include "shell/platform/disk_file_system.h"
 
@@ -83,8 +84,9 @@ class Desktop
                      .Windows = {.Dialogs = fileDialogs_, .Pointer = pointer_, .Loading = loading_},
                      .Output = streams.Output,
                      .ErrorOutput = streams.ErrorOutput,
-                     .ProgramFolder = streams.Folder}),
-          rules_(assembly_.World(), dialogs_), window_(rules_, assembly_.World())
+                     .ProgramFolder = streams.Folder,
+                     .Watch = &reading_}),
+          rules_(assembly_.World(), dialogs_, reading_), window_(rules_, assembly_.World())
     {
         dialogs_.ShowOver(window_);
     }
@@ -116,10 +118,12 @@ class Desktop
     QtMousePointer pointer_;
     QtFileDialogs fileDialogs_;
     LoadingWindow loading_{Cancelling::NotOffered, nullptr};
+    CatalogReading reading_{clock_};
     Assembly assembly_;
     DesktopDialogs dialogs_;
     frmMain rules_;
     MainWindow window_;
+    ReadingWindow readingWindow_{reading_, &window_};
 };
 
 } // namespace

@@ -14,9 +14,9 @@ constexpr std::string_view kModule = "frmMain";
 
 } // namespace
 
-frmMain::frmMain(const Application& application, MainWindowDialogs& dialogs)
-    : application_(application), dialogs_(dialogs), session_(application), editor_(application, session_),
-      recent_(application)
+frmMain::frmMain(const Application& application, MainWindowDialogs& dialogs, CatalogReading& reading)
+    : application_(application), dialogs_(dialogs), reading_(reading), session_(application),
+      editor_(application, session_), recent_(application)
 {
     status_.Follow(session_.FileManagement());
     ListenToSession();

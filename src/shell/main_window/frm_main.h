@@ -3,6 +3,7 @@
 #include "generator/code_generation.h"
 #include "shell/application.h"
 #include "shell/command_line.h"
+#include "shell/main_window/catalog_reading.h"
 #include "shell/main_window/class_editor.h"
 #include "shell/main_window/data_source_pane.h"
 #include "shell/main_window/drop_rules.h"
@@ -53,8 +54,8 @@ enum class WindowPart
 class frmMain : private OptionsOwner
 {
   public:
-    // Both must outlive this object.
-    frmMain(const Application& application, MainWindowDialogs& dialogs);
+    // All must outlive this object. The reading is the one that the application's data sources are watched by.
+    frmMain(const Application& application, MainWindowDialogs& dialogs, CatalogReading& reading);
     ~frmMain() override = default;
     frmMain(const frmMain&) = delete;
     frmMain& operator=(const frmMain&) = delete;
@@ -174,6 +175,7 @@ class frmMain : private OptionsOwner
 
     const Application& application_;
     MainWindowDialogs& dialogs_;
+    CatalogReading& reading_;
     ProjectSession session_;
     NoConflicts conflicts_;
     AcceptingClassEditor editor_;

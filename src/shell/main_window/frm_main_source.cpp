@@ -15,6 +15,7 @@ void frmMain::WithCatalog(const std::function<void(Catalog*)>& use)
 
 void frmMain::RefreshLists()
 {
+    const CatalogReading::Session session(reading_);
     const PointerWhile hourglass(application_.Windows.Pointer, PointerShape::Hourglass);
     const DataSourceConnection* connection = session_.ActiveConnection();
     Guarded(application_.Errors, "CodeGeneration", "DisplayDataSourceTables", [&] {

@@ -2,6 +2,8 @@
 
 #include "projectfile/project_dialogs.h"
 
+#include <utility>
+
 namespace veldrane {
 namespace {
 
@@ -16,13 +18,15 @@ Answer Ask(Messages& messages, const TTCProject& project)
                          .Default = Answer::Yes});
 }
 
-// Other running programs have entries of their own in the section.
-void ForgetCopy(const Application& application, const std::string& temporaryFile)
+// Other running programs have entries of their own in the section. Without the name of a copy, a document that stays
+// after all gets a copy and an entry anew.
+void ForgetCopy(const Application& application, TTCProject& project)
 {
-    if (temporaryFile.empty())
+    const std::string copy = std::exchange(project.TempFileName, "");
+    if (copy.empty())
         return;
     Guarded(application.Errors, "frmMain", "AskToSave",
-            [&] { application.UserSettings.DeleteSetting(settings_section::kTempFiles, LastPart(temporaryFile)); });
+            [&] { application.UserSettings.DeleteSetting(settings_section::kTempFiles, LastPart(copy)); });
 }
 
 } // namespace
@@ -34,7 +38,7 @@ bool AskToSave(const Application& application, ProjectSession& session)
     const Answer answer = Ask(application.Asking, session.Project());
     if (answer == Answer::Cancel || (answer == Answer::Yes && !session.Save()))
         return false;
-    ForgetCopy(application, session.Project().TempFileName);
+    ForgetCopy(application, session.Project());
     return true;
 }
 

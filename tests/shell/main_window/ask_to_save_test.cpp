@@ -109,6 +109,7 @@ TEST_F(AskToSaveTest, GoingOnForgetsTheUnsavedCopyOfThisProjectAlone)
         world_.UserSettings.SaveSetting(settings_section::kTempFiles, "2.kzm", "/recovery/2.kzm");
         EXPECT_TRUE(AnswerWith(answer));
         EXPECT_THAT(Copies(), ElementsAre(Pair("2.kzm", "/recovery/2.kzm")));
+        EXPECT_EQ(session_.Project().TempFileName, "");
     }
 }
 

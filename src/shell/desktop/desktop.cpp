@@ -135,11 +135,16 @@ int OpenDesktop(const StartCommand& command, const ProgramStreams& streams)
     int argumentCount = 1; // Qt keeps a reference to it
     const std::unique_ptr<GuardedApplication> qt = StartQt(argumentCount, arguments.data());
     qt->setWindowIcon(Icon(kProgramIcon));
-    Desktop desktop(streams);
-    qt->ReportTo(&desktop.Errors());
-    const int exitCode = desktop.Run(command);
-    qt->ReportTo(nullptr);
-    return exitCode;
+    try {
+        Desktop desktop(streams);
+        qt->ReportTo(&desktop.Errors());
+        const int exitCode = desktop.Run(command);
+        qt->ReportTo(nullptr);
+        return exitCode;
+    } catch (const RuntimeError& error) { // of the settings: there is no window yet
+        QtMessages().Tell(std::string(kAppTitle), error.what(), MessageIcon::Critical);
+        return exit_code::kFailed;
+    }
 }
 
 } // namespace veldrane

@@ -26,7 +26,7 @@ StartupDialog::StartupDialog(frmStartup& rules, QWidget* parent)
         rules_.chkDontShow_Click();
         ui_->chkDontShow->setChecked(rules_.chkDontShow());
     });
-    connect(ui_->cmdOpen, &QPushButton::clicked, this, [this] { Open(); });
+    connect(ui_->cmdOpen, &QPushButton::clicked, this, [this] { OpenSelected(); });
     connect(ui_->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
     // One row of the two lists is chosen at a time.
     connect(ui_->lstNew, &QListWidget::itemSelectionChanged, this, [this] {
@@ -67,7 +67,7 @@ void StartupDialog::Choose(const std::optional<StartupChoice>& choice)
     accept();
 }
 
-void StartupDialog::Open()
+void StartupDialog::OpenSelected()
 {
     for (QListWidget* list : {ui_->lstNew, ui_->lstRecent})
         if (!list->selectedItems().isEmpty())

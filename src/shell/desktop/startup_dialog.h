@@ -28,7 +28,7 @@ class StartupDialog : public QDialog
   private:
     void ShowRows();
     void Choose(const std::optional<StartupChoice>& choice);
-    void Open();
+    void OpenSelected();
 
     frmStartup& rules_;
     std::unique_ptr<Ui::frmStartup> ui_;

@@ -89,8 +89,10 @@ bool frmMain::QueryUnload()
 
 void frmMain::OpenProject(const std::string& path)
 {
-    if (!AskToSave(application_, session_) || !session_.Open(path, DataSourceOnOpen::Connect))
+    if (!AskToSave(application_, session_))
         return;
+    if (!session_.Open(path, DataSourceOnOpen::Connect))
+        return status_.EndProgress();
     DisplayClasses();
     ShowWholeProject(menu_state::kProject);
     status_.SetStatus(kReadyStatus);

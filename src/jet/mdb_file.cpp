@@ -119,6 +119,13 @@ class MdbTable
                     ReadPage(entry_.mdb, page);
     }
 
+    // A row begins with the number of its columns, which are fewer than the table's if it is older than some of them.
+    // What starts elsewhere mostly seems to have more.
+    [[nodiscard]] static unsigned ColumnsOf(const Bytes& page, std::size_t start)
+    {
+        return page.Size() == PageSize(Version::Jet3) ? page.U8(start) : page.U16(start);
+    }
+
     [[nodiscard]] Cells Crack(const Bytes& page, int row) const
     {
         int start = 0;
@@ -126,6 +133,8 @@ class MdbTable
         std::vector<MdbField> fields(table_->num_cols);
         if (mdb_find_row(entry_.mdb, row, &start, &size) != 0 ||
             mdb_crack_row(table_.get(), start & kStartBits, size, fields.data()) < 0)
+            throw DisorderedRow();
+        if (ColumnsOf(page, static_cast<std::size_t>(start & kStartBits)) > table_->num_cols)
             throw DisorderedRow();
         Cells cells;
         for (const MdbField& field : fields)

@@ -13,6 +13,10 @@ namespace {
 
 constexpr std::uint32_t kObjectsPage = 2;
 
+// The attributes of a query's parts go from where it begins to the order of its rows, and one marks its end.
+constexpr int kOrderOfRows = 11;
+constexpr int kEndOfQuery = 255;
+
 constexpr std::int32_t kNotEnforced = 0x02;
 constexpr std::string_view kSystemPrefix = "MSys";
 
@@ -53,6 +57,14 @@ void CheckType(const Object& object)
         throw Damaged("something is listed as what it is not");
 }
 
+int AttributeOf(const Record& queryPart)
+{
+    const int attribute = queryPart.Number("Attribute");
+    if (attribute < 0 || (attribute > kOrderOfRows && attribute != kEndOfQuery))
+        throw Damaged("a query has a part of no known kind");
+    return attribute;
+}
+
 } // namespace
 
 std::vector<Object> ReadObjects(JetFile& file)
@@ -87,7 +99,7 @@ std::map<std::int32_t, std::vector<QueryPart>> ReadQueryParts(JetFile& file, std
 {
     std::map<std::int32_t, std::vector<QueryPart>> parts;
     ForEachRecord(file, definitionPage, [&](const Record& record) {
-        parts[record.Number("ObjectId")].push_back({.Attribute = record.Number("Attribute"),
+        parts[record.Number("ObjectId")].push_back({.Attribute = AttributeOf(record),
                                                     .Flag = record.Number("Flag"),
                                                     .Order = record.Binary("Order"),
                                                     .Name1 = record.Text("Name1"),

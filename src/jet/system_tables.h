@@ -48,7 +48,8 @@ struct QueryPart
     std::string Expression;
 };
 
-// The parts of all queries by the id of the object, sorted by attribute and order.
+// The parts of all queries by the id of the object, sorted by attribute and order. An attribute that the engine gives
+// to no part is damage: what it marks would be lost.
 [[nodiscard]] std::map<std::int32_t, std::vector<QueryPart>> ReadQueryParts(JetFile& file,
                                                                             std::uint32_t definitionPage);
 

@@ -148,6 +148,19 @@ TEST_F(DatabaseReader, TellsTheTypesOfTables)
                                    "Hidden TABLE", "FarByDriver LINK", "Far LINK"));
 }
 
+// The flag is one that people may set of any table; nothing else tells a table of theirs from one of the engine's.
+TEST_F(DatabaseReader, ATableThatSomebodyMarkedAsTheSystemsIsASystemTable)
+{
+    AddOrders();
+    AddObject("Settings", kOrders, 1, kFlagSystem);
+    AddObject("Secrets", kOrders, 1, kFlagSystem | 0x0A);
+    const Database database = Read();
+    ASSERT_EQ(database.Tables.size(), 6U);
+    EXPECT_EQ(database.Tables[4].Type, "SYSTEM TABLE");
+    EXPECT_EQ(database.Tables[5].Type, "SYSTEM TABLE");
+    EXPECT_EQ(database.Tables[4].Columns.size(), 2U);
+}
+
 TEST_F(DatabaseReader, TheUpperByteOfAnIdIsNoPage)
 {
     AddOrders();
@@ -217,6 +230,19 @@ TEST_F(DatabaseReader, PartsOfAQueryComeInTheirOwnOrder)
     ASSERT_EQ(database.Queries[0].Columns.size(), 2U);
     EXPECT_EQ(database.Queries[0].Columns[0].Name, "City");
     EXPECT_EQ(database.Queries[0].Columns[1].Name, "ID");
+}
+
+TEST_F(DatabaseReader, APartOfAQueryThatIsOfNoKnownKindIsDamage)
+{
+    AddObject("Q", 0x80000001, 5);
+    for (int attribute = 0; attribute < 256; ++attribute) {
+        file_.Rows[kQueries] = {{Number(0x80000001), std::string(1, static_cast<char>(attribute)), std::nullopt,
+                                 std::nullopt, std::nullopt, std::nullopt, LittleEndian(1, 2)}};
+        const bool isKnown = attribute <= 11 || attribute == 255;
+        EXPECT_EQ(Complaint(), isKnown ? "" : "a query has a part of no known kind") << attribute;
+    }
+    file_.Rows[kQueries][0][1] = LittleEndian(0xFFFF, 2);
+    EXPECT_EQ(Complaint(), "a query has a part of no known kind");
 }
 
 TEST_F(DatabaseReader, AFileWithoutQueriesAndRelationshipsHasNone)

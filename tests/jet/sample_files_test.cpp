@@ -108,6 +108,13 @@ TEST_F(SampleJetFiles, QueriesAreToldWithTheColumnsOfViews)
     }
 }
 
+// The content with one bit of a byte turned.
+std::string Flipped(std::string content, std::size_t at, int bit)
+{
+    content.at(at) = static_cast<char>(content.at(at) ^ (1 << bit));
+    return content;
+}
+
 // A bit of the table that lists everything makes no file empty, nor one without queries or foreign keys.
 TEST_F(SampleJetFiles, WithABitOfTheListOfObjectsFlippedTheyAreDamaged)
 {
@@ -124,8 +131,7 @@ TEST_F(SampleJetFiles, WithABitOfTheListOfObjectsFlippedTheyAreDamaged)
                                                  {"indexTestV2003.mdb", 0xED7A}});
     const ScratchFolder folder;
     for (const Flip& flip : kFlips) {
-        std::string content = ContentOf(Path(flip.File));
-        content.at(flip.At) = static_cast<char>(content.at(flip.At) ^ 1);
+        const std::string content = Flipped(ContentOf(Path(flip.File)), flip.At, 0);
         EXPECT_EQ(ReasonOf(RunReader(folder.Write("flipped.mdb", content))), "damaged") << flip.File << " " << flip.At;
     }
 }
@@ -139,6 +145,52 @@ std::size_t PageOfObjects(const std::string& content, std::size_t pageSize)
     while (content.compare(at, 2, begin) != 0 || content.compare(at + 4, 4, owner) != 0)
         at += pageSize;
     return at;
+}
+
+TEST_F(SampleJetFiles, ARowThatStartsElsewhereIsDamage)
+{
+    struct Flip
+    {
+        const char* File;
+        std::size_t At;
+        int Bit;
+    };
+    constexpr std::size_t kObjectsOfJet3 = std::size_t{18} * 2048;
+    constexpr std::size_t kObjectsOfJet4 = std::size_t{14} * 4096;
+    constexpr auto kFlips = std::to_array<Flip>({{"indexTestV1997.mdb", kObjectsOfJet3 + 0x34, 0},
+                                                 {"indexTestV1997.mdb", kObjectsOfJet3 + 0x34, 4},
+                                                 {"indexTestV1997.mdb", kObjectsOfJet3 + 0x44, 0},
+                                                 {"testIndexPropertiesV2003.mdb", kObjectsOfJet4 + 0x4A, 1}});
+    const ScratchFolder folder;
+    for (const Flip& flip : kFlips)
+        EXPECT_THAT(
+            RunReader(folder.Write("flipped.mdb", Flipped(ContentOf(Path(flip.File)), flip.At, flip.Bit))).Answer,
+            HasSubstr("refused\tdamaged\t"))
+            << flip.File << " " << flip.At << " " << flip.Bit;
+}
+
+// The bit makes a column of a view a part that no query has.
+TEST_F(SampleJetFiles, APartOfAQueryThatIsOfNoKnownKindIsDamage)
+{
+    constexpr std::size_t kAttributeOfAColumn = std::size_t{35} * 2048 + 0x60C;
+    const ScratchFolder folder;
+    const std::string flipped = Flipped(ContentOf(Path("queryTestV1997.mdb")), kAttributeOfAColumn, 7);
+    EXPECT_THAT(RunReader(folder.Write("flipped.mdb", flipped)).Answer,
+                HasSubstr("refused\tdamaged\ta query has a part of no known kind\n"));
+}
+
+TEST_F(SampleJetFiles, NoBitOfThePlacesOfRowsLosesAnything)
+{
+    constexpr std::size_t kPlaces = std::size_t{18} * 2048 + 10;
+    constexpr std::size_t kRows = 30;
+    const ScratchFolder folder;
+    const std::string whole = ContentOf(Path("indexTestV1997.mdb"));
+    const std::string answer = AnswerFor("indexTestV1997.mdb");
+    for (std::size_t bit = 0; bit < kRows * 16; ++bit) {
+        const ReaderOutcome outcome =
+            RunReader(folder.Write("flipped.mdb", Flipped(whole, kPlaces + bit / 8, static_cast<int>(bit % 8))));
+        EXPECT_TRUE(outcome.Answer == answer || ReasonOf(outcome) == "damaged") << bit << " " << outcome.Code;
+    }
 }
 
 TEST_F(SampleJetFiles, ARowThatStandsAmongThePlacesOfRowsIsDamage)

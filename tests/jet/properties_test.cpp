@@ -64,6 +64,18 @@ TEST(Properties, TellWhichColumnsAreRequired)
     }
 }
 
+TEST(Properties, ObjectsOfEachKindHaveTheirValues)
+{
+    for (const int kind : {0, 1, 2}) {
+        const std::string block =
+            "MARK" + Names(Version::Jet4, {"Required"}) + Object(Version::Jet4, kind, "City", Value(0, kYes));
+        EXPECT_THAT(RequiredColumns(block, TextDecoder(Version::Jet4, 1252)), ElementsAre("City")) << kind;
+    }
+    const std::string block =
+        "MARK" + Names(Version::Jet4, {"Required"}) + Object(Version::Jet4, 3, "City", Value(0, kYes));
+    EXPECT_THAT(RequiredColumns(block, TextDecoder(Version::Jet4, 1252)), IsEmpty());
+}
+
 TEST(Properties, NoBlockTellsNothing)
 {
     const TextDecoder text(Version::Jet4, 1252);

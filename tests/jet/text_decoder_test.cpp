@@ -23,6 +23,7 @@ TEST(TextDecoder, ACodePageMayHaveCharactersOfTwoBytes)
     EXPECT_EQ(TextDecoder(Version::Jet3, 936).Name("\xD6\xD0\xB9\xFA \x80"), "中国 €");
     EXPECT_EQ(TextDecoder(Version::Jet3, 949).Value("\xC7\xD1\xB1\xDB \x8C\x63"), "한글 똠");
     EXPECT_EQ(TextDecoder(Version::Jet3, 950).Value("\xA4\xA4\xA4\xE5 \xA5\\"), "中文 功");
+    EXPECT_EQ(TextDecoder(Version::Jet3, 1361).Name("\x88\x61 \xD0\x65"), "가 한");
     EXPECT_EQ(TextDecoder(Version::Jet3, 932).Name("a\\b~"), "a\\b~");
     EXPECT_EQ(TextDecoder(Version::Jet3, 932).Name(""), "");
 }
@@ -50,19 +51,20 @@ TEST(TextDecoder, BytesThatMakeNoCharacterOfTwoAreReplacedOneByOne)
 
 TEST(TextDecoder, RefusesACodePageOfTwoBytesThatItHasNoConverterFor)
 {
-    try {
-        const TextDecoder text(Version::Jet3, 10001);
-        FAIL();
-    } catch (const Refusal& refusal) {
-        EXPECT_EQ(refusal.Reason(), "code-page");
-        EXPECT_STREQ(refusal.what(), "10001");
-    }
+    for (const int codePage : {10001, 10002, 10003, 10008})
+        try {
+            const TextDecoder text(Version::Jet3, codePage);
+            FAIL() << codePage;
+        } catch (const Refusal& refusal) {
+            EXPECT_EQ(refusal.Reason(), "code-page");
+            EXPECT_EQ(refusal.what(), std::to_string(codePage));
+        }
     EXPECT_EQ(TextDecoder(Version::Jet4, 10001).Name("a\0"s), "a");
 }
 
 TEST(TextDecoder, ACodePageThatNobodyKnowsCountsAs1252)
 {
-    for (const int codePage : {0, 65535})
+    for (const int codePage : {0, 10000, 10009, 65535})
         EXPECT_EQ(TextDecoder(Version::Jet3, codePage).Name("\xDF"), "ß") << codePage;
 }
 

@@ -1,5 +1,6 @@
 #include "jet/query_columns.h"
 
+#include "datasource/jet/answer_format.h"
 #include "jet/column_reference.h"
 #include "jet/column_types.h"
 #include "jet/refusal.h"
@@ -22,12 +23,15 @@ constexpr int kOptions = 3;   // Flag
 constexpr int kSource = 5;    // Name1: a table or query; Name2: its name in this one; Expression: where else it is
 constexpr int kOutput = 6;    // Expression; Name1: its name
 
+constexpr int kNoKind = 0;
 constexpr int kSelect = 1;
 constexpr int kUnion = 9;
+constexpr int kOther = 10;
 
 // The kinds by bits 4 to 7 of the object's flags: a crosstab, delete, update, append, make-table, definition and
-// pass-through query stand between these two; behind them a pass-through query that gives no rows.
-constexpr std::array kKinds{kSelect, 6, 5, 4, 3, 2, 7, 8, kUnion, 8};
+// pass-through query stand between these two; behind them a pass-through query that gives no rows. The engine's
+// reference has a compound query, a procedure and an action at the places from 10 on, and not what their parts say.
+constexpr std::array kKinds{kSelect, 6, 5, 4, 3, 2, 7, 8, kUnion, 8, kOther, kNoKind, kNoKind, kNoKind, kOther, kOther};
 
 constexpr int kAllColumns = 0x01; // of the options: behind the outputs, all columns of all sources
 
@@ -40,15 +44,19 @@ constexpr std::size_t kFirstExpression = 1000;
 using Parts = std::vector<QueryPart>;
 using KnownColumns = std::optional<std::vector<Column>>;
 
+bool IsOfKind(int told, int kind)
+{
+    return kind == kOther ? told < kSelect || told > kUnion : told == kind;
+}
+
 // The flags tell it even where the parts are lost.
 int KindOf(const Object& query, const Parts& parts)
 {
-    const std::size_t place = query.Flags >> 4U & 0x0FU;
-    if (place >= kKinds.size())
+    const int kind = kKinds[query.Flags >> 4U & 0x0FU];
+    if (kind == kNoKind)
         throw Damaged("a query is of no known kind");
-    const int kind = kKinds[place];
     if (std::any_of(parts.begin(), parts.end(),
-                    [&](const QueryPart& part) { return part.Attribute == kKind && part.Flag != kind; }))
+                    [&](const QueryPart& part) { return part.Attribute == kKind && !IsOfKind(part.Flag, kind); }))
         throw Damaged("a query is of two kinds");
     return kind;
 }
@@ -116,8 +124,11 @@ class Outputs
         std::vector<Column> columns;
         for (const Output& output : outputs_) {
             columns.push_back(output.Described);
-            if (!output.Source.empty() && uses[text::Fold(output.Described.Name)] > 1)
-                columns.back().Name = output.Source + "." + output.Described.Name;
+            if (output.Source.empty() || uses[text::Fold(output.Described.Name)] == 1)
+                continue;
+            columns.back().Name = output.Source + "." + output.Described.Name;
+            if (columns.back().Name.size() > jet_answer::kMostNameBytes)
+                return std::nullopt;
         }
         return columns;
     }

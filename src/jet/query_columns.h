@@ -15,7 +15,8 @@ namespace veldrane::jet {
 // are told: one that is a plain column of a table or of another view is that column; anything else is the column of an
 // expression, Expr1000 and so on where it has no name; those of one name are told apart by the table before it, as the
 // engine does. A query that takes all columns of something unknown (a link, a union, a query within, a table of another
-// file) has none, nor has one that the engine doesn't open: of more than 255 columns, on top of more than 50 levels of
+// file) has none, nor has one whose columns are told apart by names of more than kMostNameBytes, as views upon views
+// may have them, nor one that the engine doesn't open: of more than 255 columns, on top of more than 50 levels of
 // queries, itself among them, or one that stands on itself. The order of the objects doesn't count.
 //
 // Throws Refusal(kDamaged) for a query whose parts tell another kind than its object does.

@@ -41,6 +41,7 @@ struct KindAndFlags
 constexpr auto kOtherKinds = std::to_array<KindAndFlags>(
     {{2, 0x50}, {3, 0x40}, {4, 0x30}, {5, 0x20}, {6, 0x10}, {7, 0x60}, {8, 0x70}, {8, 0x90}});
 
+const std::string kLongName(64, 'a');
 const QueryPart kAllOfAll{.Attribute = 3, .Flag = 1};
 const QueryPart kParameter{.Attribute = 2, .Flag = 10, .Name1 = "Which"};
 
@@ -59,6 +60,13 @@ class QueryColumns : public ::testing::Test
     void AddLevel(int level, const std::string& below)
     {
         Add("V" + std::to_string(level), {Source(below), Output("*")});
+    }
+
+    // A column of the view below, twice.
+    void AddJoinOfTwo(const std::string& name, const std::string& below, const std::string& column)
+    {
+        Add(name, {Source(below, kLongName), Source(below, "b"), Output(kLongName + ".[" + column + "]"),
+                   Output("b.[" + column + "]")});
     }
 
     // The names of the queries that have columns.
@@ -287,8 +295,45 @@ TEST_F(QueryColumns, ADeleteQueryThatItsObjectTellsAsASelectIsDamage)
 
 TEST_F(QueryColumns, AQueryOfNoKnownKindIsDamage)
 {
-    Add("Q", {}, 0xA0);
+    for (const std::uint32_t flags : {0xB0U, 0xC0U, 0xD0U}) {
+        const std::vector<Object> objects{{.Name = "Q", .Id = 1, .Type = kQueryObject, .Flags = flags}};
+        EXPECT_THROW(static_cast<void>(DescribeQueries(objects, {}, tables_)), Refusal) << flags;
+    }
+}
+
+TEST_F(QueryColumns, ACompoundQueryAProcedureAndAnActionAreProcedures)
+{
+    for (const std::uint32_t kind : {0xA0U, 0xE0U, 0xF0U})
+        for (const std::vector<QueryPart>& parts :
+             {std::vector<QueryPart>{}, {Kind(0), Source("Orders"), Output("ID")}, {Kind(10)}, {Kind(14)}}) {
+            Add("Q", parts, kind);
+            EXPECT_EQ(Describe().back().Kind, QueryKind::Procedure) << kind;
+            EXPECT_THAT(Columns(), IsEmpty()) << kind;
+        }
+}
+
+TEST_F(QueryColumns, AUnionThatItsObjectTellsAsACompoundQueryIsDamage)
+{
+    Add("Q", {Kind(9)}, kUnionFlags | 0x20U);
     EXPECT_THROW(static_cast<void>(Describe()), Refusal);
+}
+
+TEST_F(QueryColumns, AViewWhoseNamesGrewTooLongWithTheLevelsBelowHasNone)
+{
+    std::string below = "Orders";
+    std::string column = "ID";
+    for (int level = 1; level <= 15; ++level) {
+        AddJoinOfTwo("V" + std::to_string(level), below, column);
+        below = "V" + std::to_string(level);
+        column.insert(0, kLongName + ".");
+        EXPECT_THAT(Columns(), ElementsAre(column + " 3 4", "b" + column.substr(kLongName.size()) + " 3 4"));
+    }
+    AddJoinOfTwo("V16", below, column);
+    EXPECT_THAT(Columns(), IsEmpty()) << "its first name has " << 16 * 65 + 2 << " bytes";
+    AddLevel(17, "V16");
+    EXPECT_THAT(Columns(), IsEmpty());
+    Add("Apart", {Source(below), Output("[" + column + "]", "ID")});
+    EXPECT_THAT(Columns(), ElementsAre("ID 3 4"));
 }
 
 TEST_F(QueryColumns, QueriesOfFormsAreNotTold)

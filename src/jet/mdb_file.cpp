@@ -120,7 +120,7 @@ class MdbTable
     }
 
     // A row begins with the number of its columns, which are fewer than the table's if it is older than some of them.
-    // What starts elsewhere mostly seems to have more.
+    // What starts elsewhere mostly seems to have more, or none.
     [[nodiscard]] static unsigned ColumnsOf(const Bytes& page, std::size_t start)
     {
         return page.Size() == PageSize(Version::Jet3) ? page.U8(start) : page.U16(start);
@@ -134,7 +134,8 @@ class MdbTable
         if (mdb_find_row(entry_.mdb, row, &start, &size) != 0 ||
             mdb_crack_row(table_.get(), start & kStartBits, size, fields.data()) < 0)
             throw DisorderedRow();
-        if (ColumnsOf(page, static_cast<std::size_t>(start & kStartBits)) > table_->num_cols)
+        const unsigned columns = ColumnsOf(page, static_cast<std::size_t>(start & kStartBits));
+        if (columns == 0 || columns > table_->num_cols)
             throw DisorderedRow();
         Cells cells;
         for (const MdbField& field : fields)

@@ -156,10 +156,13 @@ TEST_F(SampleJetFiles, ARowThatStartsElsewhereIsDamage)
         int Bit;
     };
     constexpr std::size_t kObjectsOfJet3 = std::size_t{18} * 2048;
+    constexpr std::size_t kPartsOfJet3 = std::size_t{35} * 2048;
     constexpr std::size_t kObjectsOfJet4 = std::size_t{14} * 4096;
     constexpr auto kFlips = std::to_array<Flip>({{"indexTestV1997.mdb", kObjectsOfJet3 + 0x34, 0},
                                                  {"indexTestV1997.mdb", kObjectsOfJet3 + 0x34, 4},
                                                  {"indexTestV1997.mdb", kObjectsOfJet3 + 0x44, 0},
+                                                 {"queryTestV1997.mdb", kPartsOfJet3 + 0x1C, 4},
+                                                 {"queryTestV1997.mdb", kPartsOfJet3 + 0x28, 5},
                                                  {"testIndexPropertiesV2003.mdb", kObjectsOfJet4 + 0x4A, 1}});
     const ScratchFolder folder;
     for (const Flip& flip : kFlips)
@@ -256,6 +259,47 @@ TEST_F(SampleJetFiles, APageThatIsNotWholeIsNotThere)
         EXPECT_THAT(RunReader(folder.Write("cut.mdb", whole.substr(0, size))).Answer,
                     HasSubstr("refused\tdamaged\tpage 45 is not there\n"))
             << size;
+}
+
+// The last page with properties of tables.
+TEST_F(SampleJetFiles, ALongValueOnAPageThatIsNotWholeIsNotThere)
+{
+    constexpr std::size_t kLastProperties = std::size_t{68} * 4096;
+    const ScratchFolder folder;
+    const std::string whole = ContentOf(Path("indexTestV2003.mdb"));
+    for (const std::size_t size : {kLastProperties, kLastProperties + 250, kLastProperties + 4095})
+        EXPECT_THAT(RunReader(folder.Write("cut.mdb", whole.substr(0, size))).Answer,
+                    HasSubstr("refused\tdamaged\tpage 68 is not there\n"))
+            << size;
+}
+
+// Which pages are the list of objects', told by bits on a page of their own behind all others.
+TEST_F(SampleJetFiles, TheMapOfATablesPagesMayStandOnAPageOfItsOwn)
+{
+    struct Map
+    {
+        const char* File;
+        std::size_t PageSize;
+        std::size_t At;
+        std::size_t Size;
+    };
+    constexpr std::size_t kBitsOnPage = 4;
+    const ScratchFolder folder;
+    for (const Map& map : {Map{"indexTestV1997.mdb", 2048, 0x377B, 133}, Map{"indexTestV2003.mdb", 4096, 0x6FBB, 69}}) {
+        std::string content = ContentOf(Path(map.File));
+        const std::size_t pages = content.size() / map.PageSize;
+        const std::string before = content.substr(map.At, map.Size);
+        ASSERT_EQ(before.substr(0, 5), std::string(5, '\0')) << "bits that begin with page 0";
+        content.replace(map.At, map.Size,
+                        std::string{'\1', static_cast<char>(pages)} + std::string(map.Size - 2, '\0'));
+        EXPECT_THAT(RunReader(folder.Write("map.mdb", content)).Answer,
+                    HasSubstr("refused\tdamaged\tpage " + std::to_string(pages) + " is not there\n"))
+            << map.File;
+        std::string page{'\5', '\1'};
+        page.resize(map.PageSize);
+        page.replace(kBitsOnPage, map.Size - 5, before, 5, map.Size - 5);
+        EXPECT_EQ(RunReader(folder.Write("map.mdb", content + page)).Answer, AnswerFor(map.File)) << map.File;
+    }
 }
 
 // How readings of damaged files ended.

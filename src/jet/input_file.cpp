@@ -5,16 +5,33 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace veldrane::jet {
 namespace {
 
+std::string_view ReasonOf(int error)
+{
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+        return jet_answer::kMissing;
+    case ELOOP:
+    case ENAMETOOLONG:
+        return jet_answer::kUnreachable;
+    case EACCES:
+    case EPERM:
+        return jet_answer::kUnreadable;
+    default:
+        return jet_answer::kFailing;
+    }
+}
+
 Refusal Failure(int error)
 {
-    const bool isMissing = error == ENOENT || error == ENOTDIR;
-    return Refusal(isMissing ? jet_answer::kMissing : jet_answer::kUnreadable, std::strerror(error));
+    return Refusal(ReasonOf(error), std::strerror(error));
 }
 
 std::string OwnPath(int descriptor)

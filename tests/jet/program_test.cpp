@@ -35,6 +35,19 @@ TEST(JetProgram, RefusesWhatIsNoFile)
     EXPECT_EQ(ReasonOf(RunReader("/dev/zero")), "not-a-file");
 }
 
+TEST(JetProgram, RefusesAPathThatLeadsNowhere)
+{
+    const ScratchFolder folder;
+    ASSERT_EQ(symlink("itself.mdb", folder.Path("itself.mdb").c_str()), 0);
+    EXPECT_EQ(ReasonOf(RunReader(folder.Path("itself.mdb"))), "unreachable");
+    EXPECT_EQ(ReasonOf(RunReader(folder.Path(std::string(300, 'x')))), "unreachable");
+}
+
+TEST(JetProgram, SaysOfAFileWhoseBytesDoNotComeThatItFails)
+{
+    EXPECT_THAT(RunReader("/proc/self/mem").Answer, HasSubstr("refused\tfailing\tInput/output error\n"));
+}
+
 TEST(JetProgram, DoesNotWaitForTheOtherEndOfAPipe)
 {
     const ScratchFolder folder;

@@ -52,13 +52,15 @@ inline constexpr std::string_view kView = "view";
 inline constexpr std::string_view kProcedure = "procedure";
 
 // Reasons of a refusal.
-inline constexpr std::string_view kMissing = "missing";       // no such file
-inline constexpr std::string_view kNotAFile = "not-a-file";   // a folder, a device, a pipe
-inline constexpr std::string_view kUnreadable = "unreadable"; // no permission, a disk that fails
-inline constexpr std::string_view kNotJet = "not-jet";        // no Jet file, or none of versions 3 and 4
-inline constexpr std::string_view kAce = "ace";               // a file of the later engine (.accdb)
-inline constexpr std::string_view kPassword = "password";     // the password is wrong, or none was given
-inline constexpr std::string_view kCodePage = "code-page";    // no converter for that of its text, whose number follows
+inline constexpr std::string_view kMissing = "missing";         // no such file
+inline constexpr std::string_view kNotAFile = "not-a-file";     // a folder, a device, a pipe
+inline constexpr std::string_view kUnreachable = "unreachable"; // no path: a link to itself, a name too long
+inline constexpr std::string_view kUnreadable = "unreadable";   // no permission
+inline constexpr std::string_view kFailing = "failing";         // a disk that fails, and whatever else the system says
+inline constexpr std::string_view kNotJet = "not-jet";          // no Jet file, or none of versions 3 and 4
+inline constexpr std::string_view kAce = "ace";                 // a file of the later engine (.accdb)
+inline constexpr std::string_view kPassword = "password";       // the password is wrong, or none was given
+inline constexpr std::string_view kCodePage = "code-page"; // no converter for that of its text, whose number follows
 inline constexpr std::string_view kDamaged = "damaged";
 
 } // namespace veldrane::jet_answer

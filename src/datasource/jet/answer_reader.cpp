@@ -20,9 +20,10 @@ using Fields = std::vector<std::string>; // behind the word of the record
 constexpr std::array kTableTypes{jet_answer::kPlainTable, jet_answer::kSystemTable, jet_answer::kProgramTable,
                                  jet_answer::kLinkedTable};
 
-constexpr std::array kReasons{jet_answer::kMissing,  jet_answer::kNotAFile, jet_answer::kUnreadable,
-                              jet_answer::kNotJet,   jet_answer::kAce,      jet_answer::kPassword,
-                              jet_answer::kCodePage, jet_answer::kDamaged};
+constexpr std::array kReasons{jet_answer::kMissing,    jet_answer::kNotAFile, jet_answer::kUnreachable,
+                              jet_answer::kUnreadable, jet_answer::kFailing,  jet_answer::kNotJet,
+                              jet_answer::kAce,        jet_answer::kPassword, jet_answer::kCodePage,
+                              jet_answer::kDamaged};
 
 // Far more than thousands of tables take. A record costs many times its bytes here.
 constexpr std::ptrdiff_t kMostRecords = 1000000;
@@ -293,7 +294,7 @@ JetAnswer AnswerReader::TakeAnswer()
 JetAnswer ReadJetAnswer(std::string_view text)
 {
     if (std::count(text.begin(), text.end(), '\n') > kMostRecords)
-        throw RuntimeError(error_number::kInvalidCall, "JetAnswer", "more records than any file has");
+        return JetRefusal{.Reason = std::string(jet_answer::kDamaged), .Words = "it lists more than any file holds"};
     AnswerReader reader;
     std::size_t line = 0;
     try {

@@ -196,13 +196,16 @@ TEST(JetAnswer, RefusesNamesThatNoFileCanHold)
     EXPECT_EQ(ComplaintOf(Answer(std::string("table\tx\0y\tTABLE\n", 16))), "line 2: a field that is no text");
 }
 
-TEST(JetAnswer, RefusesMoreRecordsThanAnyFileHas)
+TEST(JetAnswer, OfMoreRecordsThanAnyFileHasIsOfADamagedOne)
 {
     constexpr std::string_view kRecord = "query\tx\tview\n";
     std::string records;
     for (int i = 0; i < 1000000; ++i)
         records += kRecord;
-    EXPECT_EQ(ComplaintOf(Answer(records)), "more records than any file has");
+    const auto refusal = std::get<JetRefusal>(ReadJetAnswer(Answer(records)));
+    EXPECT_EQ(refusal.Reason, "damaged");
+    EXPECT_EQ(refusal.Words, "it lists more than any file holds");
+    EXPECT_EQ(ComplaintOf(std::string(1000000, '\n')), "line 1: not the first line of an answer");
 }
 
 TEST(JetAnswer, TakesTheLargestSizeOfAColumn)

@@ -275,6 +275,12 @@ TEST_F(JetConnectionTest, PassesOnWhatTheReaderSays)
               "sound copy.");
     EXPECT_EQ(RefusalFor("unreadable", "Permission denied"),
               "\"/data/shop.mdb\" can't be read (Permission denied): check the rights to the file and to its folder.");
+    EXPECT_EQ(RefusalFor("unreachable", "Too many levels of symbolic links"),
+              "\"/data/shop.mdb\" can't be reached (Too many levels of symbolic links): check \"Data Source\" in the "
+              "connection string.");
+    EXPECT_EQ(RefusalFor("failing", "Input/output error"),
+              "\"/data/shop.mdb\" could not be read (Input/output error): try again, and if it stays so, see to the "
+              "disk that it is on.");
     EXPECT_EQ(RefusalFor("missing", "No such file or directory"),
               "There is no file \"/data/shop.mdb\": check \"Data Source\" in the connection string.");
 }
@@ -357,6 +363,14 @@ TEST_F(JetConnectionTest, SaysThatAnAnswerCannotBeUnderstood)
     EXPECT_EQ(FailureToOpen().Description(),
               "What \"veldrane-jet\" tells of \"/data/shop.mdb\" can't be understood (line 1: not the first line of an "
               "answer): install both programs anew, from the same version.");
+}
+
+TEST_F(JetConnectionTest, SaysThatAFileListsMoreThanItCan)
+{
+    programs.Outcome.Output = "veldrane-jet 1\n" + std::string(1000001, '\n');
+    EXPECT_EQ(FailureToOpen().Description(),
+              "\"/data/shop.mdb\" is damaged (it lists more than any file holds): repair it with the program that made "
+              "it, or take a sound copy.");
 }
 
 TEST_F(JetConnectionTest, RunsNothingForAStringThatIsRefused)

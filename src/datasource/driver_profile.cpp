@@ -88,9 +88,12 @@ constexpr std::array kMariaDbAdditions{DriverAddition{"CONN_TIMEOUT", ""}};
 // With others the driver tries one version after the other and no time limit holds, or sends the password as it is.
 constexpr std::array kTdsVersions{"7.0"sv, "7.1"sv, "7.2"sv, "7.3"sv, "7.4"sv};
 
+// What the driver says is read in it: in another, nobody could read an error.
+constexpr std::array kTdsCharsets{"UTF-8"sv};
+
 constexpr std::array kTdsAdditions{
     DriverAddition{.Key = "TDS_Version", .Value = kTdsVersions.back(), .Accepted = kTdsVersions},
-    DriverAddition{"ClientCharset", "UTF-8"},
+    DriverAddition{.Key = "ClientCharset", .Value = kTdsCharsets.front(), .Accepted = kTdsCharsets},
 };
 
 constexpr std::array kSqliteMarks{"sqlite"sv};

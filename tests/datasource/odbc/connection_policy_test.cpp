@@ -101,6 +101,18 @@ TEST(OdbcLogon, GivesTheTdsDriverNoVersionButThoseItKeepsItsLimitsWith)
               "Driver=FreeTDS;TDS_Version=7.1;ClientCharset=UTF-8;");
 }
 
+TEST(OdbcLogon, GivesTheTdsDriverNoCharacterSetButTheOneThatIsRead)
+{
+    for (const StringOrigin origin : {StringOrigin::ProjectFile, StringOrigin::CommandLine}) {
+        for (const std::string charset : {"", "UTF-16LE", "ISO-8859-1", "nonsense"})
+            EXPECT_EQ(Built("Driver=FreeTDS;ClientCharset=" + charset + ";", origin).Text,
+                      "Driver=FreeTDS;TDS_Version=7.4;ClientCharset=UTF-8;")
+                << charset;
+        EXPECT_EQ(Built("Driver=FreeTDS;ClientCharset=utf-8;", origin).Text,
+                  "Driver=FreeTDS;ClientCharset=utf-8;TDS_Version=7.4;");
+    }
+}
+
 TEST(OdbcLogon, JudgesTheVersionOfADataSourceLikeThatOfAString)
 {
     EXPECT_EQ(OfProject("DSN=Payroll;"), "DSN=Payroll;ClientCharset=UTF-8;");
@@ -121,7 +133,8 @@ TEST(OdbcLogon, AnEmptyValueIsAsGoodAsNone)
 TEST(OdbcLogon, LeavesTheServerAloneWhereThePortIsNoNumberOrGiven)
 {
     for (const std::string server : {"::1", "/run/db:x", "host\\instance", "a:b"})
-        EXPECT_NE(OfProject("Driver=FreeTDS;Server=" + server + ";").find("Server=" + server + ";"), std::string::npos)
+        EXPECT_NE(OfProject("Driver=MariaDB Unicode;Server=" + server + ";").find("Server=" + server + ";"),
+                  std::string::npos)
             << server;
     EXPECT_EQ(OfProject("Driver=MariaDB Unicode;Server=h:1;Port=2").find("Port=1"), std::string::npos);
 }

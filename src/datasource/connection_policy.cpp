@@ -148,7 +148,7 @@ void RefuseForeignKeys(const ConnectionString& given, const DriverProfile& profi
                              "\" of a connection string; a data source that you have set up yourself may.");
         // A password for the database comes as a second one, behind that of the login.
         if (HasKey(seen, entry.Key) && !IsOneOf(entry.Key, kPasswordKeys))
-            RefuseConnection("The connection string sets the key \"" + entry.Key + "\" twice.");
+            RefuseSecond(entry.Key);
         seen.push_back(entry);
         if (text::EqualFolded(entry.Key, "Database") && profile.IsPlainDatabase &&
             !profile.IsPlainDatabase(entry.Value))
@@ -185,6 +185,14 @@ void SplitPort(Entries& entries)
         entries.push_back({.Key = "Port", .Value = port});
         return;
     }
+}
+
+// The driver takes any number modulo 65536, and what is none for some port.
+void RequirePorts(const Entries& entries)
+{
+    for (const ConnectionEntry& entry : entries)
+        if (!entry.Value.empty() && text::EqualFolded(entry.Key, "Port"))
+            RequirePort(entry.Key, entry.Value);
 }
 
 bool Stands(std::string_view value, const DriverAddition& addition)
@@ -312,6 +320,8 @@ OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& 
     std::erase_if(entries, [&](const ConnectionEntry& entry) { return IsIdle(entry, target); });
     if (target.Profile->PortIsOwnKey)
         SplitPort(entries);
+    if (target.Profile->Family == DriverFamily::Tds)
+        RequirePorts(entries);
     RemoveWhatDoesNotStand(entries, target);
     const std::string timeoutKey = TimeoutKeyOf(entries, target, installed);
     AddForDriver(entries, target, installed, rules);

@@ -79,7 +79,7 @@ struct LogonRules
 // the data source's that stands; an empty one does not. Throws DataSourceError, before any driver is loaded, for
 // - a provider other than those for ODBC and for SQL Server;
 // - SQL Server behind a driver for another kind of database, and beside a data source that is not set up;
-// - a server of SQL Server with a port that is none, or with two;
+// - SQL Server with two servers, with a port that is none, or with two ports;
 // - a string that names neither a data source nor a driver: the driver manager would pick one;
 // - a value that the driver can't be given, because it would read another one out of it;
 // - a data source that the driver manager does not find for this driver, by reason of its name;

@@ -6,10 +6,8 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <optional>
 #include <span>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -82,32 +80,22 @@ Address SplitAddress(std::string_view value)
     return address;
 }
 
-void RequirePort(const ConnectionEntry& entry, std::string_view port)
-{
-    constexpr unsigned kLast = 65535;
-    unsigned number = 0;
-    const auto [end, error] = std::from_chars(port.data(), port.data() + port.size(), number);
-    if (error != std::errc() || end != port.data() + port.size() || number == 0 || number > kLast)
-        RefuseConnection("The port in the \"" + entry.Key +
-                         "\" of the connection string is not a number from 1 to 65535.");
-}
-
 // "host\instance,port": the port says where the instance is.
 GivenValue Server(const ConnectionEntry& entry)
 {
     std::string_view value = text::Trim(entry.Value);
+    if (BeginsWith(value, "tcp:"))
+        value = text::Trim(value.substr(4));
     for (const Way& way : kOtherWays)
         if (BeginsWith(value, way.Prefix))
             RefuseConnection("The \"" + entry.Key + "\" of the connection string asks for " + std::string(way.Name) +
                              "; SQL Server is reached by TCP alone.");
-    if (BeginsWith(value, "tcp:"))
-        value = text::Trim(value.substr(4));
     const Address address = SplitAddress(value);
     const std::size_t backslash = std::min(address.Machine.find('\\'), address.Machine.size());
     const std::string machine = MachineOf(text::Trim(address.Machine.substr(0, backslash)));
     if (!address.Port)
         return machine + std::string(address.Machine.substr(backslash));
-    RequirePort(entry, *address.Port);
+    RequirePort(entry.Key, *address.Port);
     return machine + "," + std::string(*address.Port);
 }
 
@@ -154,6 +142,12 @@ GivenValue TcpAlone(const ConnectionEntry& entry)
     return std::nullopt;
 }
 
+GivenValue NoneOfProvider(const ConnectionEntry& entry)
+{
+    RefuseConnection("The provider of SQL Server has no key \"" + entry.Key +
+                     "\": name the server behind \"Data Source\".");
+}
+
 struct KeyRow
 {
     std::string_view Given;
@@ -168,6 +162,7 @@ constexpr std::array kKeys{
     KeyRow{"Address", kServer, Server},
     KeyRow{"Addr", kServer, Server},
     KeyRow{"Network Address", kServer, Server},
+    KeyRow{"Servername", "Servername", NoneOfProvider},
     KeyRow{"Initial Catalog", "Database", AsItIs},
     KeyRow{"User ID", "UID", AsItIs},
     KeyRow{"User", "UID", AsItIs},
@@ -207,27 +202,28 @@ bool IsServer(const ConnectionEntry& entry)
     });
 }
 
-bool NamesAServer(const ConnectionString& given)
+bool NamesAServer(const Entries& given)
 {
-    return std::any_of(given.Entries().begin(), given.Entries().end(),
+    return std::any_of(given.begin(), given.end(),
                        [](const ConnectionEntry& entry) { return !entry.Value.empty() && IsServer(entry); });
 }
 
-Entries Translated(const ConnectionString& given)
+bool IsAnyRow(const KeyRow& /*row*/)
 {
-    const bool namesAServer = NamesAServer(given);
-    Entries entries;
-    for (const ConnectionEntry& entry : given.Entries()) {
-        if (namesAServer && entry.Value.empty() && IsServer(entry))
-            continue;
-        const auto row = std::find_if(kKeys.begin(), kKeys.end(),
-                                      [&](const KeyRow& each) { return text::EqualFolded(each.Given, entry.Key); });
-        if (row == kKeys.end())
-            entries.push_back(entry);
-        else if (GivenValue value = row->ValueOf(entry))
-            entries.push_back({.Key = std::string(row->Driver), .Value = std::move(*value)});
-    }
-    return entries;
+    return true;
+}
+
+// SQL Server's own driver knows a server and a network by the same names as the provider.
+bool IsRowOfDriver(const KeyRow& row)
+{
+    return row.Driver.empty() || row.Driver == kServer;
+}
+
+void RefuseSecondServer(const Entries& entries)
+{
+    const auto isServer = [](const ConnectionEntry& entry) { return text::EqualFolded(entry.Key, kServer); };
+    if (std::count_if(entries.begin(), entries.end(), isServer) > 1)
+        RefuseSecond(std::string(kServer));
 }
 
 void RefuseSecondPort(const Entries& entries)
@@ -237,6 +233,26 @@ void RefuseSecondPort(const Entries& entries)
     });
     if (isInServer && HasKey(entries, "Port"))
         RefuseTwoPorts();
+}
+
+Entries Translated(const Entries& given, bool (*counts)(const KeyRow& row))
+{
+    const bool namesAServer = NamesAServer(given);
+    Entries entries;
+    for (const ConnectionEntry& entry : given) {
+        if (namesAServer && entry.Value.empty() && IsServer(entry))
+            continue;
+        const auto row = std::find_if(kKeys.begin(), kKeys.end(), [&](const KeyRow& each) {
+            return counts(each) && text::EqualFolded(each.Given, entry.Key);
+        });
+        if (row == kKeys.end())
+            entries.push_back(entry);
+        else if (GivenValue value = row->ValueOf(entry))
+            entries.push_back({.Key = std::string(row->Driver), .Value = std::move(*value)});
+    }
+    RefuseSecondServer(entries);
+    RefuseSecondPort(entries);
+    return entries;
 }
 
 // The driver takes a data source or a server, not both.
@@ -261,24 +277,19 @@ void RequireSetUp(const std::string& tdsDriver, const InstalledDrivers& installe
             "up; \"TdsDriver\" in the section Platform of the settings names another.");
 }
 
-// SQL Server's own driver knows a server by the same names as the provider.
-void TranslateServers(Entries& entries)
+bool NamesDriver(const ConnectionEntry& entry, std::string_view driver)
 {
-    for (ConnectionEntry& entry : entries)
-        if (text::EqualFolded(entry.Key, kServer))
-            entry.Value = Server(entry).value_or("");
-    RefuseSecondPort(entries);
+    return text::EqualFolded(entry.Key, "Driver") && text::EqualFolded(entry.Value, driver);
 }
 
 } // namespace
 
 ConnectionString TranslateSqlServerString(const ConnectionString& given, const InstalledDrivers& installed)
 {
-    Entries entries = Translated(given);
+    Entries entries = Translated(given.Entries(), IsAnyRow);
     RemoveKey(entries, "PROVIDER");
-    RefuseSecondPort(entries);
     const std::string dataSource = given.Value("DSN");
-    if (!dataSource.empty() && !NamesAServer(given)) {
+    if (!dataSource.empty() && !NamesAServer(given.Entries())) {
         RemoveKey(entries, "Server");
         return ConnectionString(std::move(entries));
     }
@@ -295,15 +306,15 @@ ConnectionString WithStandInDriver(const ConnectionString& given, const Installe
                                    const std::string& tdsDriver)
 {
     Entries entries = given.Entries();
-    for (ConnectionEntry& entry : entries) {
-        if (!text::EqualFolded(entry.Key, "Driver") || !text::EqualFolded(entry.Value, kSqlServerDriver) ||
-            !installed.DriverSetting(entry.Value, "Driver").empty())
-            continue;
-        RequireSetUp(tdsDriver, installed);
-        entry.Value = tdsDriver;
-        TranslateServers(entries);
-    }
-    return ConnectionString(std::move(entries));
+    if (installed.DriverSetting(std::string(kSqlServerDriver), "Driver").empty())
+        for (ConnectionEntry& entry : entries)
+            if (NamesDriver(entry, kSqlServerDriver)) {
+                RequireSetUp(tdsDriver, installed);
+                entry.Value = tdsDriver;
+            }
+    const bool namesStandIn = std::any_of(entries.begin(), entries.end(),
+                                          [&](const ConnectionEntry& entry) { return NamesDriver(entry, tdsDriver); });
+    return namesStandIn ? ConnectionString(Translated(entries, IsRowOfDriver)) : given;
 }
 
 } // namespace veldrane

@@ -20,13 +20,14 @@ inline constexpr std::string_view kSqlServerDriver = "SQL Server";
 // the protocol and without its login: whoever wrote the string may not have that. No server, "." and "(local)" are this
 // machine. An address of the newer kind may stand in brackets. Keys that tune the provider and say nothing to a driver
 // are left out; those that it does not have stay as they are, for the caller to judge. Throws DataSourceError for a
-// server, a network or a kind of login that the driver can't be asked for. The message names the key, never a password.
+// second server or port, and for a server, a network or a kind of login that the driver can't be asked for. The message
+// names the key, never a password.
 [[nodiscard]] ConnectionString TranslateSqlServerString(const ConnectionString& given,
                                                         const InstalledDrivers& installed);
 
-// The same string with `tdsDriver` in place of the driver "SQL Server", unless a driver of that name is set up; its
-// server is then named as the provider's is. Throws DataSourceError if `tdsDriver` is wanted and is not set up, and for
-// a server as above.
+// The same string with `tdsDriver` in place of the driver "SQL Server", unless a driver of that name is set up. For
+// `tdsDriver`, in its place or by its own name, server and network are then told as the provider's are. Throws
+// DataSourceError if `tdsDriver` takes the other's place and is not set up, and for a server or a network as above.
 [[nodiscard]] ConnectionString WithStandInDriver(const ConnectionString& given, const InstalledDrivers& installed,
                                                  const std::string& tdsDriver);
 

@@ -25,15 +25,20 @@ std::string OfProject(const std::string& text)
     return Built("PROVIDER=SQLOLEDB;" + text, StringOrigin::ProjectFile);
 }
 
-std::string Refusal(const std::string& text, StringOrigin origin = StringOrigin::ProjectFile,
-                    const std::string& tdsDriver = "FreeTDS")
+std::string RefusalOf(const std::string& text, StringOrigin origin, const std::string& tdsDriver = "FreeTDS")
 {
     try {
-        return "not refused: " + Built("PROVIDER=SQLOLEDB;" + text, origin, tdsDriver);
+        return "not refused: " + Built(text, origin, tdsDriver);
     } catch (const DataSourceError& error) {
         EXPECT_EQ(error.Number, data_source_error::kFailed);
         return error.Description();
     }
+}
+
+std::string Refusal(const std::string& text, StringOrigin origin = StringOrigin::ProjectFile,
+                    const std::string& tdsDriver = "FreeTDS")
+{
+    return RefusalOf("PROVIDER=SQLOLEDB;" + text, origin, tdsDriver);
 }
 
 TEST(SqlServerString, IsTranslatedToTheKeysOfTheDriver)
@@ -92,6 +97,52 @@ TEST(SqlServerString, APortIsOneNumberThatAPortCanHave)
     EXPECT_EQ(OfProject("Data Source=db,65535;"), "Driver=FreeTDS;Server=db;Port=65535;" + kAdded);
 }
 
+TEST(SqlServerString, APortOfItsOwnIsJudgedToo)
+{
+    for (const StringOrigin origin : {StringOrigin::ProjectFile, StringOrigin::CommandLine}) {
+        for (const std::string port : {"0", "65537", "abc", "14 33", "+1", "1433,1434"})
+            for (const std::string target : {"PROVIDER=SQLOLEDB;Data Source=db;", "Driver=FreeTDS;Server=db;",
+                                             "Driver={SQL Server};Server=db;", "DSN=Payroll;"})
+                EXPECT_EQ(RefusalOf(target + "Port=" + port + ";", origin),
+                          "The port in the \"Port\" of the connection string is not a number from 1 to 65535.")
+                    << target << port;
+        EXPECT_EQ(RefusalOf("DSN=Payroll;Server=db,65537;", origin),
+                  "The port in the \"Port\" of the connection string is not a number from 1 to 65535.");
+        EXPECT_EQ(RefusalOf("Driver=FreeTDS;Server=db,65537;", origin),
+                  "The port in the \"Server\" of the connection string is not a number from 1 to 65535.");
+        EXPECT_EQ(Built("Driver=FreeTDS;Server=db;Port=;", origin), "Driver=FreeTDS;Server=db;Port=;" + kAdded);
+    }
+}
+
+TEST(SqlServerString, ASecondServerIsRefusedWhateverItsKey)
+{
+    for (const StringOrigin origin : {StringOrigin::ProjectFile, StringOrigin::CommandLine})
+        for (const std::string text :
+             {"PROVIDER=SQLOLEDB;Data Source=127.0.0.2;Address=127.0.0.1,1434;", "PROVIDER=SQLOLEDB;Server=a;Server=b;",
+              "PROVIDER=SQLOLEDB;DSN=Payroll;Data Source=a;Addr=b;",
+              "PROVIDER=SQLOLEDB;Driver=Strange;Data Source=a;Network Address=b;",
+              "Driver={SQL Server};Server=127.0.0.2;Address=127.0.0.1,1434;", "Driver=FreeTDS;Server=a;Server=b;"})
+            EXPECT_EQ(RefusalOf(text, origin), "The connection string sets the key \"Server\" twice.") << text;
+}
+
+TEST(SqlServerString, ASecondPortIsRefusedForADriverThatIsNamedToo)
+{
+    for (const StringOrigin origin : {StringOrigin::ProjectFile, StringOrigin::CommandLine})
+        for (const std::string driver : {"FreeTDS", "Strange"})
+            EXPECT_EQ(Refusal("Driver=" + driver + ";Data Source=db,1433;Port=1434;", origin),
+                      "The connection string names two ports for its server.");
+}
+
+TEST(SqlServerString, AServerNameOfTheDriverIsNoKeyOfTheProvider)
+{
+    for (const StringOrigin origin : {StringOrigin::ProjectFile, StringOrigin::CommandLine})
+        for (const std::string more : {"", "Data Source=db;", "DSN=Payroll;"})
+            EXPECT_EQ(Refusal(more + "Servername=foo;", origin),
+                      "The provider of SQL Server has no key \"Servername\": name the server behind \"Data Source\".");
+    EXPECT_EQ(Built("Driver=FreeTDS;Servername=foo;", StringOrigin::ProjectFile),
+              "Driver=FreeTDS;Servername=foo;" + kAdded);
+}
+
 TEST(SqlServerString, AnEmptyNameForTheServerIsPassedOverBesideAnother)
 {
     EXPECT_EQ(OfProject("Data Source=;Server=db;Address=;"), "Driver=FreeTDS;Server=db;" + kAdded);
@@ -113,6 +164,14 @@ TEST(SqlServerString, OtherWaysThanTcpAreRefusedByName)
         EXPECT_EQ(Refusal("Data Source=db;Network Library=DBNMPNTW;", origin),
                   "The \"Network Library\" of the connection string asks for another network than TCP (\"DBMSSOCN\"), "
                   "by which alone SQL Server is reached.");
+        EXPECT_EQ(Refusal("Data Source=tcp:\\\\db\\pipe\\sql\\query;", origin), refused("Data Source", "a named pipe"));
+        EXPECT_EQ(Refusal("Data Source=tcp:np:db;", origin), refused("Data Source", "a named pipe (\"np:\")"));
+        EXPECT_EQ(Refusal("Data Source=tcp:(localdb)\\v11.0;", origin),
+                  refused("Data Source", "a server that runs for one user of Windows (\"(localdb)\")"));
+        for (const std::string driver : {"{SQL Server}", "FreeTDS"})
+            EXPECT_EQ(RefusalOf("Driver=" + driver + ";Server=db;Network=DBNMPNTW;", origin),
+                      "The \"Network\" of the connection string asks for another network than TCP (\"DBMSSOCN\"), by "
+                      "which alone SQL Server is reached.");
     }
     EXPECT_EQ(OfProject("Data Source=db;Network Library=dbmssocn;"), "Driver=FreeTDS;Server=db;" + kAdded);
 }
@@ -178,13 +237,25 @@ TEST(SqlServerString, TheDriverOfTheSettingsStandsInForSqlServersOwn)
 
 TEST(SqlServerString, SqlServersOwnDriverHasTheServersOfTheProvider)
 {
-    const auto built = [](const std::string& server) {
-        return Built("Driver={SQL Server};Server=" + server + ";", StringOrigin::ProjectFile);
-    };
-    EXPECT_EQ(built("(local)"), "Driver=FreeTDS;Server=localhost;" + kAdded);
-    EXPECT_EQ(built("tcp:.\\sales,1434"), "Driver=FreeTDS;Server=localhost;Port=1434;" + kAdded);
-    EXPECT_THROW((void)built("np:db"), DataSourceError);
-    EXPECT_THROW((void)built("db,1434;Port=1433"), DataSourceError);
+    for (const std::string driver : {"{SQL Server}", "FreeTDS"}) {
+        const auto built = [&](const std::string& server) {
+            return Built("Driver=" + driver + ";Server=" + server + ";", StringOrigin::ProjectFile);
+        };
+        EXPECT_EQ(built("(local)"), "Driver=FreeTDS;Server=localhost;" + kAdded);
+        EXPECT_EQ(built(".;Port=1"), "Driver=FreeTDS;Server=localhost;Port=1;" + kAdded);
+        EXPECT_EQ(built("tcp:.\\sales,1434"), "Driver=FreeTDS;Server=localhost;Port=1434;" + kAdded);
+        EXPECT_EQ(built(";Address=tcp:db,1434;Network=DBMSSOCN"), "Driver=FreeTDS;Server=db;Port=1434;" + kAdded);
+        EXPECT_THROW((void)built("np:db"), DataSourceError);
+        EXPECT_THROW((void)built("db,1434;Port=1433"), DataSourceError);
+    }
+}
+
+TEST(SqlServerString, TheDriverOfTheSettingsHasThemByItsOwnName)
+{
+    EXPECT_EQ(Built("Driver=Strange;Server=tcp:127.0.0.1,1434;", StringOrigin::CommandLine, "Strange"),
+              "Driver=Strange;Server=127.0.0.1;Port=1434;" + kAdded);
+    EXPECT_EQ(Built("Driver=Strange;Server=tcp:.;Network=x;", StringOrigin::CommandLine),
+              "Driver=Strange;Server=tcp:.;Network=x;");
 }
 
 TEST(SqlServerString, ALoginThatIsNotNamedIsThatOfTheSystem)
@@ -206,6 +277,14 @@ TEST(SqlServerString, ADriverOfTheSettingsThatIsNotSetUpIsNamed)
                   "There is no ODBC driver named \"My TDS\" on this machine, by which SQL Server would be reached: "
                   "\"odbcinst -q -d\" lists those that are set up; \"TdsDriver\" in the section Platform of the "
                   "settings names another.");
+}
+
+TEST(SqlServerString, ADriverOfTheSettingsForAnotherDatabaseIsRefused)
+{
+    for (const StringOrigin origin : {StringOrigin::ProjectFile, StringOrigin::CommandLine})
+        EXPECT_EQ(
+            Refusal("Data Source=db;", origin, "SQLite3"),
+            "The connection string asks for SQL Server, and the driver \"SQLite3\" is for another kind of database.");
 }
 
 TEST(SqlServerString, ADriverOfAnotherDatabaseIsRefused)

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace veldrane {
@@ -23,7 +24,20 @@ enum class Provider
 {
     Odbc,
     SqlServer,
+    Jet,
 };
+
+Provider ProviderCalled(const std::string& name)
+{
+    constexpr std::array kProviders{std::pair{kOdbcProvider, Provider::Odbc},
+                                    std::pair{kSqlServerProvider, Provider::SqlServer},
+                                    std::pair{kJetProvider, Provider::Jet}};
+    for (const auto& [known, provider] : kProviders)
+        if (NamesProvider(name, known))
+            return provider;
+    RefuseConnection("The connection string asks for the provider \"" + name +
+                     "\"; there are MSDASQL, SQLOLEDB and Microsoft.Jet.OLEDB.4.0, to be named without quotes.");
+}
 
 Provider ProviderOf(const ConnectionString& given)
 {
@@ -31,15 +45,14 @@ Provider ProviderOf(const ConnectionString& given)
     for (const ConnectionEntry& entry : given.Entries()) {
         if (!text::EqualFolded(entry.Key, "PROVIDER"))
             continue;
-        const bool isSqlServer = NamesProvider(entry.Value, kSqlServerProvider);
-        if (!isSqlServer && !NamesProvider(entry.Value, kOdbcProvider))
-            RefuseConnection("The connection string asks for the provider \"" + entry.Value +
-                             "\", which does not lead to an ODBC driver as MSDASQL and SQLOLEDB do.");
-        const Provider provider = isSqlServer ? Provider::SqlServer : Provider::Odbc;
+        const Provider provider = ProviderCalled(entry.Value);
         if (told.value_or(provider) != provider)
             RefuseConnection("The connection string asks for two providers.");
         told = provider;
     }
+    if (told == Provider::Jet)
+        RefuseConnection("The connection string asks for the provider \"" + std::string(kJetProvider) +
+                         "\", which does not lead to an ODBC driver as MSDASQL and SQLOLEDB do.");
     return told.value_or(Provider::Odbc);
 }
 
@@ -301,9 +314,10 @@ const DriverProfile& ProfileOfDriver(const std::string& driver, const InstalledD
     return ProfileOf(library.empty() ? driver : library);
 }
 
-OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& installed, const LogonRules& rules)
+OdbcLogon BuildOdbcLogon(const ConnectionString& text, const InstalledDrivers& installed, const LogonRules& rules)
 {
-    const Provider provider = ProviderOf(given);
+    const Provider provider = ProviderOf(text);
+    const ConnectionString given = provider == Provider::SqlServer ? WithoutQuotes(text) : text;
     if (provider == Provider::SqlServer)
         RefuseOtherDataSource(given, installed, rules);
     const ConnectionString odbc = InKeysOfOdbc(given, provider, installed, rules);

@@ -72,12 +72,13 @@ struct LogonRules
     std::string TdsDriver{kTdsDriver}; // the driver that stands in for SQL Server's own, by its name
 };
 
-// Makes the driver manager's string of the user's. A string for SQL Server's own provider is translated (see
-// sql_server_string.h), and its driver's name means `TdsDriver`. An empty login or password leaves that of a data
-// source in force, for drivers that take one from there: that for SQL Server has the string's login alone, and without
-// one the system's. What is added for a driver's sake (see driver_profile.h) gives way to a value of the string's or
-// the data source's that stands; an empty one does not. Throws DataSourceError, before any driver is loaded, for
-// - a provider other than those for ODBC and for SQL Server;
+// Makes the driver manager's string of the user's. A string for SQL Server's own provider is taken out of its quotes
+// and translated (see sql_server_string.h), and its driver's name means `TdsDriver`. An empty login or password leaves
+// that of a data source in force, for drivers that take one from there: that for SQL Server has the string's login
+// alone, and without one the system's. What is added for a driver's sake (see driver_profile.h) gives way to a value of
+// the string's or the data source's that stands; an empty one does not. Throws DataSourceError, before any driver is
+// loaded, for
+// - a provider other than those for ODBC and for SQL Server, a second one, and a quote that the latter's string opens;
 // - SQL Server behind a driver for another kind of database, and beside a data source that is not set up;
 // - SQL Server with two servers, with a port that is none, or with two ports;
 // - a string that names neither a data source nor a driver: the driver manager would pick one;
@@ -88,7 +89,7 @@ struct LogonRules
 // - a key that is not on the list kept for the driver, or that stands twice;
 // - a database name in which the driver would find options.
 // The message names the key, never its value.
-[[nodiscard]] OdbcLogon BuildOdbcLogon(const ConnectionString& given, const InstalledDrivers& installed,
+[[nodiscard]] OdbcLogon BuildOdbcLogon(const ConnectionString& text, const InstalledDrivers& installed,
                                        const LogonRules& rules);
 
 } // namespace veldrane

@@ -1,6 +1,7 @@
 #include "datasource/sql_server_string.h"
 
 #include "datasource/connection_entries.h"
+#include "datasource/quoted_value.h"
 #include "text/case_folding.h"
 #include "text/strings.h"
 
@@ -283,6 +284,20 @@ bool NamesDriver(const ConnectionEntry& entry, std::string_view driver)
 }
 
 } // namespace
+
+ConnectionString WithoutQuotes(const ConnectionString& given)
+{
+    Entries entries = given.Entries();
+    for (ConnectionEntry& entry : entries) {
+        std::optional<std::string> value = Unquoted(entry.Value);
+        if (!value)
+            RefuseConnection("The connection string opens a quote at \"" + entry.Key +
+                             "\" and does not close it at the end of the value: double the quotes within, and write a "
+                             "value with a semicolon in braces.");
+        entry.Value = std::move(*value);
+    }
+    return ConnectionString(std::move(entries));
+}
 
 ConnectionString TranslateSqlServerString(const ConnectionString& given, const InstalledDrivers& installed)
 {

@@ -11,7 +11,11 @@ namespace veldrane {
 // The name of SQL Server's own ODBC driver, which strings from elsewhere carry.
 inline constexpr std::string_view kSqlServerDriver = "SQL Server";
 
-// What a string for SQL Server's own provider says, in the keys of the ODBC driver that stands in for it:
+// A string for SQL Server's own provider with the quotes taken off its values (see quoted_value.h). Throws
+// DataSourceError, which names the key, for a quote that is not closed.
+[[nodiscard]] ConnectionString WithoutQuotes(const ConnectionString& given);
+
+// What such a string says, without quotes, in the keys of the ODBC driver that stands in for it:
 //
 //   PROVIDER=SQLOLEDB;Data Source=tcp:db,1434;Initial Catalog=shop;Integrated Security=SSPI;
 //   Driver=SQL Server;Server=db,1434;Database=shop;Trusted_Connection=Yes;

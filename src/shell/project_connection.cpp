@@ -15,40 +15,47 @@
 namespace veldrane {
 namespace {
 
+bool AsksForSqlServer(const ConnectionString& parsed)
+{
+    return NamesProvider(parsed.Value("PROVIDER"), kSqlServerProvider);
+}
+
+// Of the providers, that for ODBC alone takes no quotes off.
+std::string ValueOf(const ConnectionString& parsed, std::string_view key)
+{
+    return AsksForJet(parsed) || AsksForSqlServer(parsed) ? JetValue(parsed, key) : parsed.Value(key);
+}
+
 // Providers and drivers have several names for the same thing.
 std::string FirstOf(const ConnectionString& parsed, std::initializer_list<std::string_view> keys)
 {
     for (const std::string_view key : keys)
         if (parsed.Contains(key))
-            return parsed.Value(key);
+            return ValueOf(parsed, key);
     return {};
 }
 
 // Behind "Data Source" Jet has its file, SQL Server the machine it runs on.
 std::string DatabaseOf(const ConnectionString& parsed, bool isJet)
 {
-    return isJet ? JetValue(parsed, "Data Source") : FirstOf(parsed, {"Database", "DBQ", "Initial Catalog"});
+    return isJet ? ValueOf(parsed, "Data Source") : FirstOf(parsed, {"Database", "DBQ", "Initial Catalog"});
 }
 
 // A login that nobody typed stands in a Jet string too.
 std::string LoginOf(const ConnectionString& parsed, bool isJet)
 {
-    const std::string_view key = parsed.Contains("UID") ? "UID" : "User ID";
-    if (!isJet)
-        return parsed.Value(key);
-    const std::string login = JetValue(parsed, key);
-    return text::EqualFolded(login, kJetUser) ? "" : login;
+    std::string login = ValueOf(parsed, parsed.Contains("UID") ? "UID" : "User ID");
+    return isJet && text::EqualFolded(login, kJetUser) ? "" : login;
 }
 
 // For SQL Server it is the one that is chosen, beside a data source too.
 std::string DriverOf(const ConnectionString& parsed, const DriverManager& installed)
 {
-    const std::string provider = parsed.Value("PROVIDER");
     if (AsksForJet(parsed))
         return std::string(kJetProvider);
     const std::string name = parsed.Value("DSN");
-    if (name.empty() || NamesProvider(provider, kSqlServerProvider))
-        return parsed.Value("Driver");
+    if (name.empty() || AsksForSqlServer(parsed))
+        return ValueOf(parsed, "Driver");
     const std::vector<OdbcDataSource> sources = installed.DataSources();
     const auto found = std::find_if(sources.begin(), sources.end(),
                                     [&](const OdbcDataSource& source) { return text::EqualFolded(source.Name, name); });
@@ -81,7 +88,7 @@ void SetConnection(TTCProject& project, const std::string& text, const DriverMan
     const ConnectionString parsed(text);
     const bool isJet = AsksForJet(parsed);
     StoreLogon(project, {.ConnectionString = WithProviderFirst(text, parsed),
-                         .DataSourceName = parsed.Value("DSN"),
+                         .DataSourceName = ValueOf(parsed, "DSN"),
                          .DataSourceDriver = DriverOf(parsed, installed),
                          .DataSourceDatabaseName = DatabaseOf(parsed, isJet),
                          .DataSourceLogin = LoginOf(parsed, isJet),

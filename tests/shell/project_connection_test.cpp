@@ -55,6 +55,18 @@ TEST_F(ProjectConnection, TheServerIsNoDatabase)
     EXPECT_EQ(project.DataSource(), data_source_kind::kSqlServer);
 }
 
+TEST_F(ProjectConnection, QuotesOfAStringForSqlServerAreNoPartOfItsFacts)
+{
+    SetConnection(project,
+                  "PROVIDER=SQLOLEDB;Driver=\"FreeTDS\";Data Source=db;User ID='ann';Initial Catalog=\"main\";",
+                  installed);
+    EXPECT_EQ(project.DataSourceDriver, "FreeTDS");
+    EXPECT_EQ(project.DataSourceLogin, "ann");
+    EXPECT_EQ(project.DataSourceDatabaseName, "main");
+    SetConnection(project, "Driver=FreeTDS;Server=db;UID='ann';", installed);
+    EXPECT_EQ(project.DataSourceLogin, "'ann'");
+}
+
 TEST_F(ProjectConnection, OnlyAJetFileMayStandBesideTheComponent)
 {
     project.ConnectSameDirectory = true;

@@ -25,14 +25,20 @@ bool NeedsBraces(std::string_view value)
            PassesForProvider(value);
 }
 
-std::string Target(const LogonPage& page)
+// For the providers that take quotes off their values.
+std::string QuotedEntry(std::string_view opening, const std::string& value)
 {
-    return page.optUseDSN ? LogonEntry("DSN=", page.cmbDSN.Text()) : LogonEntry("Driver=", page.cmbDrivers.Text());
+    return LogonEntry(opening, QuotedIfNeeded(value));
+}
+
+std::string Target(const LogonPage& page, std::string (*entry)(std::string_view opening, const std::string& value))
+{
+    return page.optUseDSN ? entry("DSN=", page.cmbDSN.Text()) : entry("Driver=", page.cmbDrivers.Text());
 }
 
 std::string OdbcEntries(const LogonPage& page)
 {
-    std::string entries = Target(page);
+    std::string entries = Target(page, LogonEntry);
     if (!page.optUseDSN)
         entries += LogonEntry("Server=", page.txtServer);
     entries += LogonEntry("UID=", page.txtUID) + LogonEntry("PWD=", page.txtPWD);
@@ -44,18 +50,13 @@ std::string OdbcEntries(const LogonPage& page)
     return entries;
 }
 
-std::string JetEntry(std::string_view opening, const std::string& value)
-{
-    return LogonEntry(opening, QuotedIfNeeded(value));
-}
-
 std::string JetEntries(const LogonPage& page)
 {
-    std::string entries = JetEntry("Data Source=", page.txtDatabase);
-    entries += page.txtUID.empty() ? "USER ID=Admin;" : JetEntry("USER ID=", page.txtUID);
-    entries += JetEntry("PASSWORD=", page.txtPWD);
+    std::string entries = QuotedEntry("Data Source=", page.txtDatabase);
+    entries += page.txtUID.empty() ? "USER ID=Admin;" : QuotedEntry("USER ID=", page.txtUID);
+    entries += QuotedEntry("PASSWORD=", page.txtPWD);
     if (!page.txtDBPassword.empty())
-        entries += JetEntry("Jet OLEDB:Database Password=", page.txtDBPassword);
+        entries += QuotedEntry("Jet OLEDB:Database Password=", page.txtDBPassword);
     return entries;
 }
 
@@ -63,11 +64,11 @@ std::string SqlServerEntries(const LogonPage& page)
 {
     std::string security = "Integrated Security=SSPI;";
     if (!page.txtUID.empty())
-        security = LogonEntry("UID=", page.txtUID) + LogonEntry("PWD=", page.txtPWD);
-    const std::string server = LogonEntry("Data Source=", page.txtServer);
-    std::string entries = Target(page) + (page.optUseDSN ? security + server : server + security);
+        security = QuotedEntry("UID=", page.txtUID) + QuotedEntry("PWD=", page.txtPWD);
+    const std::string server = QuotedEntry("Data Source=", page.txtServer);
+    std::string entries = Target(page, QuotedEntry) + (page.optUseDSN ? security + server : server + security);
     if (!page.txtDatabase.empty())
-        entries += LogonEntry("Initial Catalog=", page.txtDatabase);
+        entries += QuotedEntry("Initial Catalog=", page.txtDatabase);
     return entries;
 }
 

@@ -15,8 +15,8 @@ namespace veldrane {
 //   PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=/data/a.mdb;USER ID=Admin;PASSWORD=;
 //   PROVIDER=SQLOLEDB;DSN=Shop;Integrated Security=SSPI;Data Source=host;Initial Catalog=main;
 //
-// What is typed for Jet is quoted if it begins with a quote, as its provider reads such values. Throws as LogonEntry
-// does.
+// What is typed for Jet or SQL Server is quoted if it begins with a quote, as their providers read such values. Throws
+// as LogonEntry does.
 [[nodiscard]] std::string BuildLogonString(const LogonProvider& provider, const LogonPage& page);
 
 // One entry of such a string, "UID=ann;", which opens with its key and "=". The value stands as it was typed; only one

@@ -51,9 +51,9 @@ class Reader
         if (text::EqualFolded(entry.Key, "DATABASE"))
             messages_.Tell("", "This functionality has not been implemented yet.");
         else if (pageNumber_ != logon_page::kJet && text::EqualFolded(entry.Key, "DSN"))
-            Select(page_.cmbDSN, foundDSN_, entry.Value);
+            Select(page_.cmbDSN, foundDSN_, ValueOf(entry));
         else if (pageNumber_ != logon_page::kJet && text::EqualFolded(entry.Key, "DRIVER"))
-            Select(page_.cmbDrivers, foundDriver_, entry.Value);
+            Select(page_.cmbDrivers, foundDriver_, ValueOf(entry));
         else if (IsSecondPassword(entry))
             page_.txtDBPassword = entry.Value;
         else if (const TextOfPage text = TextFor(entry.Key, pageNumber_))
@@ -81,10 +81,10 @@ class Reader
             list.Selected = before;
     }
 
-    // The provider of Jet files alone takes quotes off; those that it would refuse are left to be seen.
+    // The provider for ODBC takes no quotes off; those that the others would refuse are left to be seen.
     [[nodiscard]] std::string ValueOf(const ConnectionEntry& entry) const
     {
-        return pageNumber_ == logon_page::kJet ? Unquoted(entry.Value).value_or(entry.Value) : entry.Value;
+        return pageNumber_ == logon_page::kOdbc ? entry.Value : Unquoted(entry.Value).value_or(entry.Value);
     }
 
     bool IsSecondPassword(const ConnectionEntry& entry)

@@ -89,6 +89,15 @@ TEST_F(LogonReadBack, TheJetPageTakesValuesOutOfTheirQuotes)
     EXPECT_EQ(LoadedOn("PROVIDER=MSDASQL;DSN=Shop;UID='ann';")->Page().txtUID, "'ann'");
 }
 
+TEST_F(LogonReadBack, TheSqlServerPageTakesValuesOutOfTheirQuotes)
+{
+    const auto dialog = LoadedOn("PROVIDER=SQLOLEDB;Driver=\"FreeTDS\";Data Source=\"db,1\";User ID='ann';PWD=\"open;");
+    EXPECT_EQ(dialog->Page().cmbDrivers.Text(), "FreeTDS");
+    EXPECT_EQ(dialog->Page().txtServer, "db,1");
+    EXPECT_EQ(dialog->Page().txtUID, "ann");
+    EXPECT_EQ(dialog->Page().txtPWD, "\"open");
+}
+
 TEST_F(LogonReadBack, TheJetPageTakesThePasswordOfOtherProvidersToo)
 {
     const auto dialog = LoadedOn("PROVIDER=Microsoft.Jet.OLEDB.4.0;PWD=one;PWD=two;UID=ann;");

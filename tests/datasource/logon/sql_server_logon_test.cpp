@@ -71,6 +71,22 @@ TEST_F(SqlServerLogon, SqlServersOwnDriverIsStoodInFor)
     EXPECT_EQ(Translated(*dialog), "Driver=FreeTDS;Server=db;Trusted_Connection=Yes;" + kAdded);
 }
 
+TEST_F(SqlServerLogon, WhatIsTypedWithQuotesReachesTheServerWithThem)
+{
+    const auto dialog = WithDriver();
+    dialog->Page().txtServer = "db";
+    dialog->Page().txtUID = "'ann'";
+    dialog->Page().txtPWD = "\"geheim";
+    dialog->Page().txtDatabase = "\"wages\"";
+    EXPECT_EQ(StringOf(*dialog), "PROVIDER=SQLOLEDB;Driver=FreeTDS;Data Source=db;UID=\"'ann'\";PWD=\"\"\"geheim\";"
+                                 "Initial Catalog=\"\"\"wages\"\"\";");
+    EXPECT_EQ(Translated(*dialog), "Driver=FreeTDS;Server=db;UID='ann';PWD={\"geheim};Database=\"wages\";" + kAdded);
+    const auto again = LoadedOn(StringOf(*dialog));
+    EXPECT_EQ(again->Page().txtUID, "'ann'");
+    EXPECT_EQ(again->Page().txtPWD, "\"geheim");
+    EXPECT_EQ(again->Page().txtDatabase, "\"wages\"");
+}
+
 TEST_F(SqlServerLogon, ReadsBackWhatItHasMade)
 {
     const auto dialog = WithDriver();

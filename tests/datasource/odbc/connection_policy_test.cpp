@@ -194,8 +194,14 @@ TEST(OdbcLogon, RefusesOtherProvidersByName)
     EXPECT_EQ(Refusal("PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=c:\\a.mdb;"),
               "The connection string asks for the provider \"Microsoft.Jet.OLEDB.4.0\", which does not lead to an ODBC "
               "driver as MSDASQL and SQLOLEDB do.");
-    EXPECT_EQ(Refusal("PROVIDER=MSDASQL;PROVIDER=SQLOLEDB;DSN=Shop", StringOrigin::CommandLine),
-              "The connection string asks for two providers.");
+    for (const std::string name : {"Microsoft.Jet.OLEDB.3.51", "\"Microsoft.Jet.OLEDB.4.0\""})
+        EXPECT_EQ(Refusal("PROVIDER=" + name + ";Data Source=c:\\a.mdb;"),
+                  "The connection string asks for the provider \"" + name +
+                      "\"; there are MSDASQL, SQLOLEDB and Microsoft.Jet.OLEDB.4.0, to be named without quotes.");
+    for (const std::string two :
+         {"PROVIDER=MSDASQL;PROVIDER=SQLOLEDB;", "PROVIDER=Microsoft.Jet.OLEDB.4.0;Provider=SQLOLEDB;"})
+        EXPECT_EQ(Refusal(two + "DSN=Shop", StringOrigin::CommandLine),
+                  "The connection string asks for two providers.");
 }
 
 TEST(OdbcLogon, AProjectCannotLoadALibrary)

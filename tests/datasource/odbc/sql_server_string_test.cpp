@@ -176,6 +176,26 @@ TEST(SqlServerString, OtherWaysThanTcpAreRefusedByName)
     EXPECT_EQ(OfProject("Data Source=db;Network Library=dbmssocn;"), "Driver=FreeTDS;Server=db;" + kAdded);
 }
 
+TEST(SqlServerString, ValuesAreTakenOutOfTheirQuotes)
+{
+    EXPECT_EQ(OfProject("Data Source=\"127.0.0.1,1\";Initial Catalog='shop';User ID=\"ann\";Password=\"a\"\"b\";"),
+              "Driver=FreeTDS;Server=127.0.0.1;Database=shop;UID=ann;PWD={a\"b};Port=1;" + kAdded);
+    EXPECT_EQ(OfProject("DSN=\"Payroll\";UID=ann;PWD=\"\";"), "DSN=Payroll;UID=ann;ClientCharset=UTF-8;");
+    EXPECT_EQ(OfProject("Data Source=db;UID=ann;Password={\"'a;b'\"};"),
+              "Driver=FreeTDS;Server=db;UID=ann;PWD={'a;b'};" + kAdded);
+    EXPECT_EQ(Built("Driver=FreeTDS;Server=db;UID=ann;PWD=\"secret\";", StringOrigin::ProjectFile),
+              "Driver=FreeTDS;Server=db;UID=ann;PWD={\"secret\"};" + kAdded);
+}
+
+TEST(SqlServerString, AQuoteThatStaysOpenIsRefusedWithoutItsValue)
+{
+    for (const StringOrigin origin : {StringOrigin::ProjectFile, StringOrigin::CommandLine})
+        for (const std::string value : {"\"secret", "'secret\"", "\"sec\"ret", "\""})
+            EXPECT_EQ(Refusal("Data Source=db;Password=" + value + ";", origin),
+                      "The connection string opens a quote at \"Password\" and does not close it at the end of the "
+                      "value: double the quotes within, and write a value with a semicolon in braces.");
+}
+
 TEST(SqlServerString, IntegratedSecurityIsATrustedConnection)
 {
     const std::string trusted = "Driver=FreeTDS;Server=db;Trusted_Connection=Yes;" + kAdded;

@@ -112,6 +112,18 @@ void ShowWithSchema(SourceTable& table)
     table.Shown.SchemaSize = prefix.size();
 }
 
+// A bare name "a.b" gives way to a table "b" of a schema "a".
+void ShowApart(std::vector<SourceTable>& tables)
+{
+    std::set<std::string> taken;
+    for (const SourceTable& table : tables)
+        if (table.Shown.SchemaSize > 0)
+            taken.insert(table.Shown.Name);
+    for (SourceTable& table : tables)
+        if (table.Shown.SchemaSize == 0 && table.Schema && taken.contains(table.Name))
+            ShowWithSchema(table);
+}
+
 bool HasEachNameOnce(const std::vector<SourceTable>& tables)
 {
     std::set<std::string_view> names;
@@ -158,6 +170,7 @@ std::vector<SourceTable> DriverCatalogSource::Tables()
             return !table.Schema || bare.contains(IdOf(table));
         });
         std::for_each(others, tables.end(), ShowWithSchema);
+        ShowApart(tables);
     }
     for (const SourceTable& table : tables)
         shown_.emplace(IdOf(table), table.Shown.Name);

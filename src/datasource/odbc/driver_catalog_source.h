@@ -23,7 +23,8 @@ class DriverCatalogSource : public CatalogSource
   public:
     explicit DriverCatalogSource(const OdbcSession& session);
 
-    // What the driver finds by bare names comes first, under them; the others follow as "schema.table".
+    // What the driver finds by bare names comes first, under them; the others follow as "schema.table". A bare name
+    // that would be that of another has its schema too.
     [[nodiscard]] std::vector<SourceTable> Tables() override;
     [[nodiscard]] CatalogField FieldOf(const OdbcColumn& column) override;
 

@@ -19,6 +19,12 @@ bool IsOfServer(const OdbcName& schema)
                                  [&](std::string_view own) { return text::EqualFolded(own, *schema); });
 }
 
+// Procedures that differ in their numbers alone are one object of their schema.
+std::string WithoutNumber(const std::string& procedure)
+{
+    return procedure.substr(0, procedure.rfind(';'));
+}
+
 std::string AskForSchema(const OdbcSession& session)
 {
     std::string schema;
@@ -74,10 +80,10 @@ std::vector<DriverProcedure> SqlServerCatalogSource::ListProcedures() const
     std::set<std::string> own;
     for (const DriverProcedure& procedure : procedures)
         if (procedure.Schema == schema_)
-            own.insert(procedure.Name);
+            own.insert(WithoutNumber(procedure.Name));
     for (DriverProcedure& procedure : procedures)
         if (procedure.Schema && procedure.Schema != schema_ &&
-            (procedure.Schema != kSchemaOfAll || own.contains(procedure.Name)))
+            (procedure.Schema != kSchemaOfAll || own.contains(WithoutNumber(procedure.Name))))
             procedure.Shown = *procedure.Schema + "." + procedure.Name;
     return procedures;
 }

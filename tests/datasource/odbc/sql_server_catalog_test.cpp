@@ -72,6 +72,15 @@ TEST(SqlServerCatalog, ShowsTheDefaultSchemaAndDboBareAndOthersByName)
                                              "TABLE dbo.Order"));
 }
 
+TEST(SqlServerCatalog, ShowsNoTwoTablesUnderOneName)
+{
+    const SqlServer source({.Tables = {{.Name = "a.b", .Columns = {{"ofDbo", "int"}}},
+                                       {.Name = "b", .Columns = {{"ofA", "int"}}, .Owner = "a"}}});
+    EXPECT_THAT(source.Tables(), ElementsAre("TABLE dbo.a.b", "TABLE a.b"));
+    EXPECT_EQ(source->Columns("dbo.a.b").at(0).Name, "ofDbo");
+    EXPECT_EQ(source->Columns("a.b").at(0).Name, "ofA");
+}
+
 TEST(SqlServerCatalog, TakesDboForTheDefaultSchemaOfAServerThatDoesNotSay)
 {
     const SqlServer source({.Schema = "", .Tables = {{.Name = "Customer"}, {.Name = "Customer", .Owner = "archive"}}});
@@ -243,6 +252,14 @@ TEST(SqlServerCatalog, HasProceduresWithTheirNumberAndNoneOfTheServersOwn)
                                            {.Name = "Tax;0"},
                                            {.Name = "sp_who;1", .Owner = "sys"}}});
     EXPECT_THAT(source->Procedures(), ElementsAre("dbo.GetOrders;1", "archive.GetOrders;1", "GetOrders;1", "Tax;0"));
+}
+
+TEST(SqlServerCatalog, AProcedureOfTheDefaultSchemaHidesEveryNumberOfItsNameInDbo)
+{
+    const SqlServer source(
+        {.Schema = "sales",
+         .Procedures = {{.Name = "P;1"}, {.Name = "P;2"}, {.Name = "P;1", .Owner = "sales"}, {.Name = "Q;2"}}});
+    EXPECT_THAT(source->Procedures(), ElementsAre("dbo.P;1", "dbo.P;2", "P;1", "Q;2"));
 }
 
 TEST(SqlServerCatalog, HasParametersByTheServersWords)

@@ -347,7 +347,8 @@ OdbcLogon BuildOdbcLogon(const ConnectionString& text, const InstalledDrivers& i
                     .Driver = target.Driver,
                     .DataSource = target.DataSource,
                     .IsTrusted = IsTrusted(odbc, *target.Profile),
-                    .TimeoutKey = timeoutKey};
+                    .TimeoutKey = timeoutKey,
+                    .Keys = provider == Provider::SqlServer ? SqlServerLogonKeys(given) : LogonKeys()};
     for (const ConnectionEntry& entry : entries)
         logon.Text += entry.Key + "=" + Written(entry, *target.Profile, rules.Origin) + ";";
     return logon;

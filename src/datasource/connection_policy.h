@@ -2,6 +2,7 @@
 
 #include "datasource/connection_string.h"
 #include "datasource/driver_profile.h"
+#include "datasource/logon_keys.h"
 
 #include <chrono>
 #include <string>
@@ -63,6 +64,7 @@ struct OdbcLogon
     std::string DataSource{};
     bool IsTrusted = false;   // the login is that of the system: asked for, or for want of a user's name
     std::string TimeoutKey{}; // by which the string or the data source limits connecting itself, "" if neither does
+    LogonKeys Keys{};         // as given
 };
 
 struct LogonRules

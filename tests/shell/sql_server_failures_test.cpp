@@ -29,7 +29,7 @@ const std::string kEdit =
     " If you would like to modify your DataSource, you may do so by selecting Project|Edit DataSource from the menu.";
 const std::string kStranger =
     "What answers there hung up or is no server of this kind: check the server and the port of the connection string "
-    "(\"Server\", \"Port\"), and that the driver suits the server." +
+    "(\"Data Source\"), and that the driver suits the server." +
     kEdit;
 const std::string kGone =
     "The server closed the connection, or gave no answer within 1 second (\"StatementTimeout\" in "
@@ -113,18 +113,19 @@ TEST_F(SqlServerFailures, AWrongPasswordIsToldWithTheUsersName)
     const TdsServer server({});
     EXPECT_EQ(Project.FailureOn(server.ConnectionString("ann", "hush-hush", "shop")),
               "veldrane: Login failed for user 'ann'. Unable to connect to data source. Check the user's name and the "
-              "password of the connection string (\"UID\", \"PWD\")." +
+              "password of the connection string (\"User ID\", \"Password\")." +
                   kEdit);
 }
 
 TEST_F(SqlServerFailures, AnUnknownDatabaseIsNamed)
 {
     const TdsServer server({});
-    EXPECT_THAT(Project.FailureOn(server.ConnectionString("ann", "secret", "nowhere")),
-                AllOf(HasSubstr("Cannot open database \"nowhere\" requested by the login. The login failed."),
-                      EndsWith("Check the database's name in the connection string (\"Database\"), and that the login "
-                               "may use it." +
-                               kEdit)));
+    EXPECT_THAT(
+        Project.FailureOn(server.ConnectionString("ann", "secret", "nowhere")),
+        AllOf(HasSubstr("Cannot open database \"nowhere\" requested by the login. The login failed."),
+              EndsWith("Check the database's name in the connection string (\"Initial Catalog\"), and that the login "
+                       "may use it." +
+                       kEdit)));
 }
 
 TEST_F(SqlServerFailures, ALoginByTheSystemTakesATicket)
@@ -140,11 +141,11 @@ TEST_F(SqlServerFailures, ALoginByTheSystemTakesATicket)
 TEST_F(SqlServerFailures, ARefusedPortAndAnUnknownHostAreNamed)
 {
     EXPECT_THAT(Project.FailureOn("PROVIDER=SQLOLEDB;Data Source=127.0.0.1,1;User ID=a;Password=b;"),
-                EndsWith("Check the server and the port of the connection string (\"Server\", \"Port\"), and that the "
+                EndsWith("Check the server and the port of the connection string (\"Data Source\"), and that the "
                          "server runs." +
                          kEdit));
     EXPECT_THAT(Project.FailureOn("PROVIDER=SQLOLEDB;Data Source=no-such-host.invalid;User ID=a;Password=b;"),
-                EndsWith("Check the server's name in the connection string (\"Server\")." + kEdit));
+                EndsWith("Check the server's name in the connection string (\"Data Source\")." + kEdit));
 }
 
 TEST_F(SqlServerFailures, AServerThatFallsSilentIsGivenUpAfterTheTimeOfTheSettings)

@@ -27,19 +27,35 @@ std::string Quoted(const std::string& name)
     return '"' + name + '"';
 }
 
-std::string Login(const FailureScene& /*scene*/)
+std::string Login(const FailureScene& scene)
 {
-    return "Check the user's name and the password of the connection string (\"UID\", \"PWD\").";
+    const LogonKeys& keys = scene.Logon.Keys;
+    return "Check the user's name and the password of the connection string (" + Quoted(keys.User) + ", " +
+           Quoted(keys.Password) + ").";
 }
 
-std::string Database(const FailureScene& /*scene*/)
+std::string Database(const FailureScene& scene)
 {
-    return "Check the database's name in the connection string (\"Database\"), and that the login may use it.";
+    return "Check the database's name in the connection string (" + Quoted(scene.Logon.Keys.Database) +
+           "), and that the login may use it.";
 }
 
-std::string Host(const FailureScene& /*scene*/)
+std::string Host(const FailureScene& scene)
 {
-    return "Check the server's name in the connection string (\"Server\").";
+    return "Check the server's name in the connection string (" + Quoted(scene.Logon.Keys.Server) + ").";
+}
+
+// "the server and the port of the connection string", with their keys.
+std::string ServerAndPort(const FailureScene& scene)
+{
+    const LogonKeys& keys = scene.Logon.Keys;
+    return "the server and the port of the connection string (" + Quoted(keys.Server) +
+           (keys.Port.empty() ? "" : ", " + Quoted(keys.Port)) + ")";
+}
+
+std::string ServerWithPort(const FailureScene& scene)
+{
+    return Quoted(scene.Logon.Keys.Server + "=host,port");
 }
 
 bool NamesAnInstance(const FailureScene& scene)
@@ -51,10 +67,11 @@ bool NamesAnInstance(const FailureScene& scene)
 std::string Refused(const FailureScene& scene)
 {
     if (NamesAnInstance(scene))
-        return "No port was told for the instance " + Quoted(scene.Logon.Server) +
-               ": name the port in its place (\"Data Source=host,port\"), or check the names and that the server's "
+        return "No port was told for the instance " + Quoted(scene.Logon.Server) + ": name the port in its place (" +
+               ServerWithPort(scene) +
+               "), or check the names and that the server's "
                "browser service can be reached.";
-    return "Check the server and the port of the connection string (\"Server\", \"Port\"), and that the server runs.";
+    return "Check " + ServerAndPort(scene) + ", and that the server runs.";
 }
 
 std::string Silent(const FailureScene& scene)
@@ -63,7 +80,7 @@ std::string Silent(const FailureScene& scene)
     const std::string& key = scene.Logon.TimeoutKey;
     return (server.empty() ? "The server" : "The server " + Quoted(server)) + " did not answer " +
            (key.empty() ? "within " + Seconds(scene.ConnectTimeout) : "in time") +
-           (NamesAnInstance(scene) ? ": name the port in place of the instance (\"Data Source=host,port\")"
+           (NamesAnInstance(scene) ? ": name the port in place of the instance (" + ServerWithPort(scene) + ")"
                                    : ": check the server and the port of the connection string") +
            ", or set " +
            (key.empty() ? "\"ConnectTimeout\" in the section Platform of the settings" : "its " + Quoted(key)) +
@@ -72,11 +89,14 @@ std::string Silent(const FailureScene& scene)
 
 std::string Stranger(const FailureScene& scene)
 {
+    const LogonKeys& keys = scene.Logon.Keys;
     if (scene.Logon.IsTrusted)
-        return "A login by the system (\"Integrated Security\") takes a Kerberos ticket, which \"kinit\" gets and "
-               "\"klist\" shows; or give a user's name and a password (\"User ID\", \"Password\").";
-    return "What answers there hung up or is no server of this kind: check the server and the port of the connection "
-           "string (\"Server\", \"Port\"), and that the driver suits the server.";
+        return "A login by the system (" + Quoted(keys.Trust) +
+               ") takes a Kerberos ticket, which \"kinit\" gets and \"klist\" shows; or give a user's name and a "
+               "password (" +
+               Quoted(keys.User) + ", " + Quoted(keys.Password) + ").";
+    return "What answers there hung up or is no server of this kind: check " + ServerAndPort(scene) +
+           ", and that the driver suits the server.";
 }
 
 std::string Port(const FailureScene& /*scene*/)

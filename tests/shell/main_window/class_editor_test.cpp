@@ -1,18 +1,10 @@
 #include "shell/main_window/class_editor.h"
 
 #include "support/fake_connection.h"
-#include "support/fake_driver_manager.h"
-#include "support/manual_clock.h"
-#include "support/memory_file_system.h"
-#include "support/memory_settings.h"
-#include "support/recorded_errors.h"
-#include "support/recorded_processes.h"
-#include "support/scripted_messages.h"
+#include "support/memory_application.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <sstream>
 
 namespace veldrane {
 namespace {
@@ -55,33 +47,12 @@ class AcceptingEditor : public ::testing::Test
 
     [[nodiscard]] std::shared_ptr<KZMClass> Class(const std::string& name) { return session.Classes().Item(name); }
 
-    testing::MemorySettings settings;
-    testing::ScriptedMessages messages;
-    testing::RecordedErrors errors;
-    testing::MemoryFileSystem files;
-    testing::ManualClock clock;
-    testing::RecordedProcesses processes;
-    testing::FakeDriverManager installed;
-    std::ostringstream output;
-    ModuleState state;
-    NoProgress unwatched;
-    Application application{
-        .UserSettings = settings,
-        .Asking = messages,
-        .Errors = errors,
-        .Files = files,
-        .Time = clock,
-        .Programs = processes,
-        .Connect = [](const std::string& /*text*/, StringOrigin /*origin*/) -> std::unique_ptr<DataSourceConnection> {
-            return nullptr;
-        },
-        .Installed = installed,
-        .State = state,
-        .Output = output,
-        .ErrorOutput = output,
-        .Progress = unwatched};
-    ProjectSession session{application};
-    AcceptingClassEditor editor{application, session};
+    testing::MemoryApplication world;
+    testing::ScriptedMessages& messages = world.Messages;
+    testing::RecordedErrors& errors = world.Errors;
+    ModuleState& state = world.State;
+    ProjectSession session{world.World};
+    AcceptingClassEditor editor{world.World, session};
     testing::FakeCatalog* source = nullptr;
 };
 

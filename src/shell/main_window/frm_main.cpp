@@ -19,18 +19,16 @@ frmMain::frmMain(const Application& application, MainWindowDialogs& dialogs, Cat
       editor_(application, session_), recent_(application)
 {
     status_.Follow(session_.FileManagement());
-    ListenToSession();
+    Listen();
     StartProject();
 }
 
-void frmMain::ListenToSession()
+void frmMain::Listen()
 {
-    sessionEvents_.push_back(session_.DocumentReplaced.Connect([this] { StartProject(); }));
-    sessionEvents_.push_back(session_.DataSourceChanged.Connect([this] {
-        RefreshLists();
-        ShowMenus(menu_state::kParentClasses);
-    }));
-    sessionEvents_.push_back(session_.FileUsed.Connect([this](const std::string& path) { recent_.Update(path); }));
+    events_.push_back(session_.DocumentReplaced.Connect([this] { StartProject(); }));
+    events_.push_back(session_.DataSourceChanged.Connect([this] { ShowDataSource(); }));
+    events_.push_back(session_.FileUsed.Connect([this](const std::string& path) { recent_.Update(path); }));
+    events_.push_back(tree_.MarksChanged.Connect([this] { Changed.Raise(WindowPart::TreeState); }));
 }
 
 // What hangs on the project or on its classes is made anew with them.
@@ -91,8 +89,10 @@ void frmMain::OpenProject(const std::string& path)
 {
     if (!AskToSave(application_, session_))
         return;
-    if (!session_.Open(path, DataSourceOnOpen::Connect))
-        return status_.EndProgress();
+    if (!session_.Open(path, DataSourceOnOpen::Connect)) {
+        status_.EndProgress();
+        return recent_.Rebuild(); // its file may be gone
+    }
     DisplayClasses();
     ShowWholeProject(menu_state::kProject);
     status_.SetStatus(kReadyStatus);
@@ -111,15 +111,13 @@ void frmMain::ShowWholeProject(int menuState)
     tree_.ExpandAll();
     tree_.Select(0);
     ShowRebuiltTree();
-    RefreshLists();
     ShowMenus(menuState);
 }
 
 void frmMain::ShowMenus(int state)
 {
-    const DataSourceConnection* connection = session_.ActiveConnection();
     tools_.SetMenus(state);
-    tools_.SetOpen({.Project = true, .DataSource = connection != nullptr && connection->IsOpen()});
+    tools_.SetOpen({.Project = true, .DataSource = OpenConnection() != nullptr});
     Changed.Raise(WindowPart::Menus);
 }
 

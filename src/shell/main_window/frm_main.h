@@ -18,7 +18,6 @@
 #include "shell/no_conflicts.h"
 #include "shell/project_session.h"
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -136,7 +135,7 @@ class frmMain : private OptionsOwner
     struct NamedCommand;
     static const std::vector<NamedCommand>& Commands();
 
-    void ListenToSession();
+    void Listen();
     void StartProject();
     void Project_ProjectNameChanged(const std::string& name);
     void Classes_NewClassAdded(const std::string& className);
@@ -149,12 +148,13 @@ class frmMain : private OptionsOwner
     void ShowRebuiltTree();
     void DisplayPreview();
     void ShowMenus(int state);
+    void ShowDataSource();
     void RefreshLists();
     void ShowLogon(LogonPurpose purpose, const std::string& database = {});
     void AttachByHand();
     [[nodiscard]] Drop EffectOf(const Dragged& dragged, std::size_t target);
     void PerformDrop(const Drop& drop);
-    void WithCatalog(const std::function<void(Catalog*)>& use);
+    [[nodiscard]] DataSourceConnection* OpenConnection();
 
     // The tools.
     void New();
@@ -190,7 +190,7 @@ class frmMain : private OptionsOwner
     RecentMenu recent_;
     PaneManagement panes_;
     std::string caption_;
-    std::vector<Connection> sessionEvents_;
+    std::vector<Connection> events_;
     std::vector<Connection> projectEvents_;
 };
 

@@ -4,29 +4,33 @@
 
 namespace veldrane {
 
-// A catalog shows the data source as it is now, so each operation has one of its own.
-void frmMain::WithCatalog(const std::function<void(Catalog*)>& use)
+// Nothing while no data source is open.
+DataSourceConnection* frmMain::OpenConnection()
 {
     DataSourceConnection* connection = session_.ActiveConnection();
-    const bool isOpen = connection != nullptr && connection->IsOpen();
-    const std::unique_ptr<Catalog> catalog = isOpen ? connection->OpenCatalog() : nullptr;
-    use(catalog.get());
+    return connection != nullptr && connection->IsOpen() ? connection : nullptr;
+}
+
+void frmMain::ShowDataSource()
+{
+    RefreshLists();
+    ShowMenus(menu_state::kParentClasses);
 }
 
 void frmMain::RefreshLists()
 {
     const CatalogReading::Session session(reading_);
     const PointerWhile hourglass(application_.Windows.Pointer, PointerShape::Hourglass);
-    const DataSourceConnection* connection = session_.ActiveConnection();
     Guarded(application_.Errors, "CodeGeneration", "DisplayDataSourceTables", [&] {
-        WithCatalog([&](Catalog* source) {
-            datasource_.Refresh({.ConnectionString = connection == nullptr ? "" : connection->ConnectionString(),
-                                 .Source = source,
-                                 .Project = Project(),
-                                 .Settings = application_.UserSettings,
-                                 .Messages = application_.Asking,
-                                 .Errors = application_.Errors});
-        });
+        DataSourceConnection* connection = OpenConnection();
+        // It shows the data source as it is now.
+        const std::unique_ptr<Catalog> catalog = connection == nullptr ? nullptr : connection->OpenCatalog();
+        datasource_.Refresh({.ConnectionString = connection == nullptr ? "" : connection->ConnectionString(),
+                             .Source = catalog.get(),
+                             .Project = Project(),
+                             .Settings = application_.UserSettings,
+                             .Messages = application_.Asking,
+                             .Errors = application_.Errors});
     });
     Changed.Raise(WindowPart::Lists);
 }
@@ -48,7 +52,6 @@ void frmMain::lst_ItemClick(std::size_t row)
     tree_.Mark(datasource_.Tab() == DataSourceTab::StoredProcedures
                    ? ClassesCallingProcedure(*selected, tree_.Nodes(), Classes())
                    : ClassesOnTable(*selected, tree_.Nodes(), Classes()));
-    Changed.Raise(WindowPart::TreeState);
 }
 
 void frmMain::lst_DblClick(std::size_t row)
@@ -97,7 +100,11 @@ void frmMain::ShowLogon(LogonPurpose purpose, const std::string& database)
     logon.Load();
     if (!database.empty())
         logon.DropFile(database);
+    const bool wasOpen = OpenConnection() != nullptr;
     dialogs_.Show(logon);
+    // An attempt closes it, and Cancel may find it gone.
+    if (wasOpen && OpenConnection() == nullptr)
+        ShowDataSource();
 }
 
 } // namespace veldrane

@@ -92,13 +92,9 @@ void frmMain::ShowStartup()
 
 void frmMain::DeleteSelectedClass()
 {
-    if (!tree_.Selected())
-        return;
-    const bool deleted =
+    if (tree_.Selected() &&
         DeleteClass({.Project = Project(), .Classes = Classes(), .Tree = tree_, .Messages = application_.Asking},
-                    *tree_.Selected());
-    Changed.Raise(WindowPart::TreeState);
-    if (deleted)
+                    *tree_.Selected()))
         DisplayClasses();
 }
 

@@ -31,8 +31,7 @@ void frmMain::DisplayClasses()
 void frmMain::ShowRebuiltTree()
 {
     Changed.Raise(WindowPart::Tree);
-    if (tree_.Selected())
-        treMain_NodeClick(*tree_.Selected());
+    treMain_NodeClick(tree_.Selected().value_or(0)); // the tree may have become shorter than the selected place
 }
 
 void frmMain::DisplayPreview()
@@ -46,24 +45,29 @@ void frmMain::DisplayPreview()
 
 void frmMain::treMain_NodeClick(std::size_t node)
 {
+    if (node >= tree_.Nodes().size())
+        return;
     tree_.Select(node);
     Changed.Raise(WindowPart::TreeState);
-    if (const TreeNode* selected = tree_.SelectedNode())
-        ShowMenus(MenuStateOf(*selected));
+    ShowMenus(MenuStateOf(tree_.Nodes().at(node)));
     DisplayPreview();
 }
 
 void frmMain::treMain_DblClick(std::size_t node)
 {
+    if (node >= tree_.Nodes().size())
+        return;
     treMain_NodeClick(node);
-    const TreeNode* selected = tree_.SelectedNode();
-    if (const auto tool = selected == nullptr ? std::nullopt : DoubleClickToolOf(*selected))
+    if (const auto tool = DoubleClickToolOf(tree_.Nodes().at(node)))
         actbar_Click(*tool);
 }
 
 bool frmMain::treMain_AfterLabelEdit(std::size_t node, const std::string& label)
 {
-    return node < tree_.Nodes().size() && AfterLabelEdit(TreeNode(tree_.Nodes().at(node)), label, Project());
+    if (node >= tree_.Nodes().size() || !AfterLabelEdit(TreeNode(tree_.Nodes().at(node)), label, Project()))
+        return false;
+    DisplayPreview();
+    return true;
 }
 
 void frmMain::Project_ProjectNameChanged(const std::string& name)
@@ -105,6 +109,8 @@ std::optional<Dragged> frmMain::DraggedFromSelection(std::string_view tool)
 
 Drop frmMain::EffectOf(const Dragged& dragged, std::size_t target)
 {
+    if (target >= tree_.Nodes().size())
+        return NoDrop();
     const DropGround ground{.Tree = tree_.Nodes(), .Classes = Classes()};
     if (const auto* row = std::get_if<DraggedRow>(&dragged))
         return DropOf(*row, target, ground);
@@ -131,10 +137,11 @@ void frmMain::DropOn(const Dragged& dragged, std::size_t target)
     PerformDrop(EffectOf(dragged, target));
 }
 
-// A failure of the construction is told by the editor. The tree follows what has changed all the same.
+// The tree follows what has changed before a failure too.
 void frmMain::PerformDrop(const Drop& drop)
 {
-    bool changed = false;
+    const PointerWhile hourglass(application_.Windows.Pointer, PointerShape::Hourglass);
+    bool changed = true;
     Guarded(application_.Errors, "frmMain", "treMain_DragDrop",
             [&] { changed = Perform(drop, {.Project = Project(), .Classes = Classes(), .Editor = editor_}); });
     if (changed)

@@ -90,7 +90,7 @@ constexpr auto kRules = std::to_array<ToolRule>({
     {"FindNext", ToolNeeds::Project, kAlways},
     {"FindPrevious", ToolNeeds::Project, kAlways},
     {"ProjectProperties", ToolNeeds::Project, kAlways},
-    {"ProjectRename", ToolNeeds::Project, "2"},
+    {"ProjectRename", ToolNeeds::Project, "12"},
     {"NewClass", ToolNeeds::Project, "1234578"},
     {"EditClass", ToolNeeds::Project, "357"},
     {"DeleteClass", ToolNeeds::Project, "357"},

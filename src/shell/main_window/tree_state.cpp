@@ -75,6 +75,7 @@ void TreeState::Reveal(const NodeKey& key)
 void TreeState::Mark(const std::vector<std::size_t>& indices)
 {
     marked_ = {indices.begin(), indices.end()};
+    MarksChanged.Raise();
 }
 
 void TreeState::SetCaption(const NodeKey& key, const std::string& caption)

@@ -61,7 +61,7 @@ class TreeState
 
     [[nodiscard]] bool IsMarked(std::size_t index) const { return marked_.contains(index); }
 
-    // Marks these nodes and no other.
+    // Marks these nodes and no other. Raises MarksChanged.
     void Mark(const std::vector<std::size_t>& indices);
 
     // Changes a caption in place. A key that no node has is ignored.
@@ -72,6 +72,9 @@ class TreeState
 
     // The nodes are other ones now.
     Signal<> Rebuilt;
+
+    // Other nodes are marked now, but for a rebuild.
+    Signal<> MarksChanged;
 
     // The key, the caption or the class name of a node is another one now.
     Signal<std::size_t> NodeChanged;

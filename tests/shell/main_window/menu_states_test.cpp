@@ -86,7 +86,7 @@ TEST(ToolStates, FollowTheSelection)
           "Zoom",  "ExpandTree", "Colapse", "ViewNavigator",  "ViewPreviewPane", "ViewDataSourceTables",
           "Find",  "MRU1"})
         EXPECT_EQ(EnabledIn(tool), "12345678") << tool;
-    EXPECT_EQ(EnabledIn("ProjectRename"), "2");
+    EXPECT_EQ(EnabledIn("ProjectRename"), "12");
     EXPECT_EQ(EnabledIn("DeleteClass"), "357");
     EXPECT_EQ(EnabledIn("MoveClassTo"), "357");
     EXPECT_EQ(EnabledIn("NoSuchTool"), "");

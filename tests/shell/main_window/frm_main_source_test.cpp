@@ -1,0 +1,235 @@
+#include "frm_main_fixture.h"
+
+#include "datasource/logon/frm_odbc_logon.h"
+
+namespace veldrane {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class FrmMainSource : public testing::FrmMainTest
+{
+  protected:
+    // The person chooses a Jet file and presses OK.
+    void ChooseJetFile(const std::string& path)
+    {
+        Windows.InLogon = [path](frmODBCLogon& logon) {
+            logon.tabMain_Click(logon_page::kJet);
+            logon.Page().txtDatabase = path;
+            logon.cmdOK_Click();
+        };
+    }
+
+    void LimitTables(const std::string& limit)
+    {
+        World.UserSettings.UpdateKey(settings_section::kOptions, "MaxTablesToDisplay", limit);
+    }
+};
+
+TEST_F(FrmMainSource, AChosenDataSourceFillsTheListsAndSetsItsState)
+{
+    ASSERT_TRUE(Form.Load({}));
+    Click(Fixed(tree_key::kRoot));
+    ChooseJetFile("/shop.mdb");
+    Form.actbar_Click("OpenDatasource");
+    EXPECT_THAT(Rows(), ElementsAre(":ADD", "Customers", "Orders", "Countries"));
+    EXPECT_THAT(Rows(DataSourceTab::StoredProcedures), ElementsAre("GetTotals"));
+    EXPECT_TRUE(Form.actBar().IsEnabled("RefreshTables"));
+    EXPECT_FALSE(Form.actBar().IsEnabled("ProjectRename"));
+    EXPECT_TRUE(Form.Project().Modified());
+    EXPECT_EQ(Connected.size(), 1U);
+}
+
+TEST_F(FrmMainSource, AChangedConnectionStringOpensItsDataSource)
+{
+    StartOnShop();
+    Source.Add("Invoices");
+    Form.Project().SetConnectionString("PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=/books.mdb;");
+    EXPECT_EQ(Connected.size(), 2U);
+    EXPECT_THAT(Rows(), Contains("Invoices"));
+    Form.Project().SetConnectionString("PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=/books.mdb;");
+    EXPECT_EQ(Connected.size(), 2U);
+}
+
+TEST_F(FrmMainSource, EditingTheDataSourceWarnsFirst)
+{
+    StartOnShop();
+    World.Messages.Add(Answer::No);
+    Form.actbar_Click("EditDataSource");
+    ASSERT_THAT(Titles(), ElementsAre("Edit DataSource Message"));
+    EXPECT_EQ(World.Messages.Asked()[0].Text,
+              "Warning! Changing DataSources may render this project unusable. Only change your data source if: \r\n"
+              "  1) The new DataSource has the same structure as the existing DataSource\r\n"
+              "OR 2) The existing DataSource is moving locations (i.e. to a different directory or server)\r\n\r\n"
+              "Are you sure you want to edit the DataSource?");
+    EXPECT_THAT(Windows.Opened, IsEmpty());
+    World.Messages.Add(Answer::Yes);
+    Form.actbar_Click("EditDataSource");
+    EXPECT_THAT(Windows.Purposes, ElementsAre(LogonPurpose::EditDataSource));
+}
+
+TEST_F(FrmMainSource, AProjectWhoseDataSourceIsGoneCanBeLookedAtAndSaved)
+{
+    StartWithCustomer();
+    World.Dialogs.Add("/shop.kzm");
+    Form.actbar_Click("Save");
+    IsReachable = false;
+    World.Dialogs.Add("/shop.kzm");
+    Form.actbar_Click("Open");
+    ASSERT_EQ(World.Errors.Reported.size(), 1U);
+    const ErrorPlace& place = World.Errors.Reported[0].Place;
+    EXPECT_EQ(place.ModuleName, "Veldrane Professional Edition +Forms");
+    EXPECT_EQ(place.RoutineName, "Open Datasource");
+    EXPECT_EQ(place.Hint, "If you would like to modify your DataSource, you may do so by selecting Project|Edit "
+                          "DataSource from the menu.");
+    EXPECT_THAT(Rows(), ElementsAre("NONE"));
+    EXPECT_FALSE(Form.actBar().IsEnabled("RefreshTables"));
+    Click(OfClass("Customer"));
+    EXPECT_EQ(LineAt(1), "Class Name: Customer");
+    const std::string before = World.Files.Files.at("/shop.kzm");
+    World.Files.Files["/shop.kzm"].clear();
+    Form.actbar_Click("Save");
+    EXPECT_TRUE(World.Files.Files.at("/shop.kzm") == before);
+    EXPECT_EQ(Form.Project().ConnectionString(), testing::kShopString);
+}
+
+TEST_F(FrmMainSource, ADataSourceThatALogonHasClosedIsShownAsClosed)
+{
+    StartOnShop();
+    Windows.InLogon = [this](frmODBCLogon& logon) {
+        IsReachable = false;
+        logon.tabMain_Click(logon_page::kJet);
+        logon.Page().txtDatabase = "/elsewhere.mdb";
+        logon.cmdOK_Click();
+        logon.cmdCancel_Click();
+    };
+    Form.actbar_Click("OpenDatasource");
+    EXPECT_FALSE(World.Errors.Reported.empty());
+    EXPECT_EQ(Form.Project().ConnectionString(), testing::kShopString);
+    EXPECT_THAT(Rows(), ElementsAre("NONE"));
+    EXPECT_FALSE(Form.actBar().IsEnabled("RefreshTables"));
+}
+
+TEST_F(FrmMainSource, ALogonThatIsCancelledAfterAFailureLeavesTheDataSourceOpen)
+{
+    StartOnShop();
+    Windows.InLogon = [this](frmODBCLogon& logon) {
+        IsReachable = false;
+        logon.tabMain_Click(logon_page::kJet);
+        logon.Page().txtDatabase = "/elsewhere.mdb";
+        logon.cmdOK_Click();
+        IsReachable = true;
+        logon.cmdCancel_Click();
+    };
+    Form.actbar_Click("OpenDatasource");
+    EXPECT_EQ(World.Errors.Reported.size(), 1U);
+    EXPECT_THAT(Rows(), Contains("Customers"));
+    EXPECT_TRUE(Form.actBar().IsEnabled("RefreshTables"));
+}
+
+TEST_F(FrmMainSource, RefreshShowsTheTablesAsTheyAreNow)
+{
+    StartOnShop();
+    Database().Add("Invoices");
+    Form.actbar_Click("RefreshTables");
+    EXPECT_THAT(Rows(), Contains("Invoices"));
+    EXPECT_EQ(World.Pointer.Current, PointerShape::Default);
+}
+
+TEST_F(FrmMainSource, AnotherTabReadsTheListsAnew)
+{
+    StartOnShop();
+    Database().ProcedureNames.emplace_back("GetOrders");
+    Form.tabDatasource_Click(DataSourceTab::StoredProcedures);
+    EXPECT_EQ(Form.Datasource().Tab(), DataSourceTab::StoredProcedures);
+    EXPECT_THAT(Rows(DataSourceTab::StoredProcedures), ElementsAre("GetTotals", "GetOrders"));
+    EXPECT_FALSE(Form.DraggedFromRow(0));
+}
+
+TEST_F(FrmMainSource, AFailureOfTheCatalogIsReported)
+{
+    StartOnShop();
+    Database().Failures["Tables"] = data_source_error::kFailed;
+    Form.actbar_Click("RefreshTables");
+    ASSERT_FALSE(World.Errors.Reported.empty());
+    EXPECT_EQ(World.Errors.Reported[0].Error.Description(), "Tables fails");
+    EXPECT_EQ(World.Pointer.Current, PointerShape::Default);
+}
+
+TEST_F(FrmMainSource, ATableMarksItsClassesAndAProcedureThoseThatCallIt)
+{
+    StartWithCustomer();
+    DropRow("Orders", OfClass("Customer"));
+    Form.lst_ItemClick(Row("Orders"));
+    EXPECT_THAT(Marked(), ElementsAre("Order"));
+    Form.lst_ItemClick(Row("Countries"));
+    EXPECT_THAT(Marked(), IsEmpty());
+    const auto method = std::make_shared<TTCMethod>();
+    method->MethodIsSP = true;
+    method->StoredProcedure = std::make_shared<SP>();
+    method->StoredProcedure->SPName = "GetTotals";
+    Form.Classes().Item("Customer")->TTCMethods.AddExisting(method, "GetTotals");
+    Form.tabDatasource_Click(DataSourceTab::StoredProcedures);
+    Form.lst_ItemClick(Row("GetTotals"));
+    EXPECT_THAT(Marked(), ElementsAre("Customer"));
+}
+
+TEST_F(FrmMainSource, OnlyRealRowsAreDraggedAndHaveAMenu)
+{
+    StartOnShop();
+    EXPECT_FALSE(Form.DraggedFromRow(Row(":ADD")));
+    EXPECT_FALSE(Form.HasMenu(Row(":ADD")));
+    EXPECT_TRUE(Form.DraggedFromRow(Row("Orders")));
+    EXPECT_TRUE(Form.HasMenu(Row("Orders")));
+    EXPECT_FALSE(Form.DraggedFromRow(99));
+    EXPECT_FALSE(Form.HasMenu(99));
+    Form.lst_ItemClick(99);
+    EXPECT_FALSE(Form.DraggedFromSelection("AddClassTo"));
+    Form.actbar_Click("New");
+    EXPECT_FALSE(Form.DraggedFromRow(Row("NONE")));
+    EXPECT_FALSE(Form.HasMenu(Row("NONE")));
+}
+
+TEST_F(FrmMainSource, TheAddRowAttachesATableByItsName)
+{
+    LimitTables("-1");
+    StartOnShop();
+    EXPECT_THAT(Rows(), ElementsAre(":ADD"));
+    Windows.TablesNamed = {"Nonsense", "Orders"};
+    Form.lst_DblClick(Row(":ADD"));
+    ASSERT_THAT(Titles(), ElementsAre("Table Validation Failed"));
+    EXPECT_EQ(World.Messages.Asked()[0].Text, "Invalid Table Name, please try again.");
+    EXPECT_THAT(Rows(), ElementsAre(":ADD", "Orders"));
+    EXPECT_TRUE(Form.Project().Modified());
+    DropRow("Orders", Fixed(tree_key::kParentClasses));
+    EXPECT_EQ(SelectedKey(), "Order");
+}
+
+TEST_F(FrmMainSource, NoOtherRowAttaches)
+{
+    StartOnShop();
+    Form.lst_DblClick(Row("Orders"));
+    Form.lst_DblClick(99);
+    EXPECT_THAT(Windows.Opened, IsEmpty());
+    Form.lst_DblClick(Row(":ADD"));
+    EXPECT_THAT(Windows.Opened, ElementsAre("frmAddTable"));
+    EXPECT_FALSE(Form.Project().Modified());
+}
+
+TEST_F(FrmMainSource, ADroppedFileIsAProjectOrADataSource)
+{
+    WriteProject("/desk.kzm", "Desk");
+    StartOnShop();
+    std::string offered;
+    Windows.InLogon = [&](frmODBCLogon& logon) { offered = logon.Page().txtDatabase; };
+    Form.FileDropped("/books.mdb");
+    EXPECT_EQ(offered, "/books.mdb");
+    EXPECT_EQ(Form.Project().ConnectionString(), testing::kShopString);
+    Form.FileDropped("/desk.kzm");
+    EXPECT_EQ(Form.Project().ProjectName(), "Desk");
+}
+
+} // namespace
+} // namespace veldrane

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "scripted_look_dialogs.h"
+#include "shell/main_window/main_window_dialogs.h"
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace veldrane::testing {
+
+// A person in front of the main window's dialogs: does what the test says in each, and else leaves it at once. Keeps
+// which were opened, by their names.
+class ScriptedWindows : public MainWindowDialogs
+{
+  public:
+    void Show(frmODBCLogon& logon) override
+    {
+        Opened.emplace_back("frmODBCLogon");
+        Purposes.push_back(logon.Purpose());
+        if (InLogon)
+            InLogon(logon);
+    }
+
+    void Show(frmOptions& options) override
+    {
+        Opened.emplace_back("frmOptions");
+        if (InOptions)
+            InOptions(options);
+    }
+
+    void ShowAbout() override { Opened.emplace_back("frmAbout"); }
+    void ShowZoom() override { Opened.emplace_back("frmZoom"); }
+
+    [[nodiscard]] StartupChoice AskAtStartup(frmStartup& startup) override
+    {
+        Opened.emplace_back("frmStartup");
+        return InStartup ? InStartup(startup) : StartupChoice{};
+    }
+
+    [[nodiscard]] std::optional<std::string> AskForTable() override
+    {
+        Opened.emplace_back("frmAddTable");
+        if (TablesNamed.empty())
+            return std::nullopt;
+        const std::string name = TablesNamed.front();
+        TablesNamed.pop_front();
+        return name;
+    }
+
+    [[nodiscard]] LookDialogs& Look() override { return LooksChosen; }
+
+    void StartLabelEdit() override { Opened.emplace_back("label edit"); }
+    void CloseMainWindow() override { Opened.emplace_back("end"); }
+
+    std::function<void(frmODBCLogon&)> InLogon;
+    std::function<void(frmOptions&)> InOptions;
+    std::function<StartupChoice(frmStartup&)> InStartup;
+    std::deque<std::string> TablesNamed;
+    ScriptedLookDialogs LooksChosen;
+
+    std::vector<std::string> Opened;
+    std::vector<LogonPurpose> Purposes;
+};
+
+} // namespace veldrane::testing

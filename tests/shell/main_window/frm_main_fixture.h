@@ -177,7 +177,8 @@ class FrmMainTest : public ::testing::Test
     FakeCatalog Source;
     bool IsReachable = true;
     std::vector<std::string> Connected;
-    frmMain Form{World.World, Windows};
+    CatalogReading Reading{World.Clock};
+    frmMain Form{World.World, Windows, Reading};
 };
 
 } // namespace veldrane::testing

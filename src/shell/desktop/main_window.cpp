@@ -56,6 +56,7 @@ MainWindow::MainWindow(frmMain& rules, const Application& application)
     tools_ = new ToolActions(
         *this, [this](std::string_view tool) { rules_.actbar_Click(tool); },
         [this](std::string_view tool) { return PreviewAction(*preview_, tool); });
+    tools_->KeepTreeKeysIn(*ui_->treMain);
     BuildStatusBar();
     ConnectTree();
     ConnectLists();
@@ -64,7 +65,12 @@ MainWindow::MainWindow(frmMain& rules, const Application& application)
     RestorePlace();
 }
 
-MainWindow::~MainWindow() = default;
+// The widgets go later than what their signals reach here, and still tell that they hide.
+MainWindow::~MainWindow()
+{
+    for (const QObject* child : findChildren<QObject*>())
+        child->disconnect(this);
+}
 
 bool MainWindow::TakeLabel(const NodeKey& node, const std::string& label)
 {
@@ -193,7 +199,7 @@ void MainWindow::OpenTreeMenu(const QPoint& where)
         return;
     QMenu menu(this);
     menu.setObjectName(ToQt(*name));
-    tools_->AddTo(menu, *name);
+    tools_->AddTo(menu, *name, [&](std::string_view tool) { return rules_.actBar().IsEnabledOn(node, tool); });
     menu.exec(ui_->treMain->viewport()->mapToGlobal(where));
 }
 
@@ -204,7 +210,7 @@ void MainWindow::OpenListMenu(RowListView& list, const QPoint& where)
         return;
     QMenu menu(this);
     menu.setObjectName(ToQt(context_menu::kData));
-    tools_->AddTo(menu, context_menu::kData);
+    tools_->AddTo(menu, context_menu::kData, [this](std::string_view tool) { return rules_.actBar().IsEnabled(tool); });
     menu.exec(list.viewport()->mapToGlobal(where));
 }
 

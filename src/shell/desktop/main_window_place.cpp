@@ -9,6 +9,10 @@
 namespace veldrane {
 namespace {
 
+// The usual parts of the window that the panes have: a fifth and a half.
+constexpr int kUsualDatasource = 5;
+constexpr int kUsualPreview = 2;
+
 std::vector<ScreenArea> Screens()
 {
     std::vector<ScreenArea> areas;
@@ -38,16 +42,16 @@ void MainWindow::RestorePlace()
     const WindowGeometry geometry = ReadWindowGeometry(application_.UserSettings, Screens());
     if (geometry.Window)
         setGeometry(geometry.Window->Left, geometry.Window->Top, geometry.Window->Width, geometry.Window->Height);
-    const auto place = [this](QDockWidget& dock, const PanePlace& pane, const PanePlace& other) {
-        if (!pane.Width)
-            return;
+    QList<int> widths;
+    const auto place = [&](QDockWidget& dock, const PanePlace& pane, const PanePlace& other, int usualWidth) {
         // A pane that was dragged to the other side stood beyond the other one.
         if (pane.Left && other.Left)
             addDockWidget(*pane.Left < *other.Left ? Qt::LeftDockWidgetArea : Qt::RightDockWidgetArea, &dock);
-        resizeDocks({&dock}, {*pane.Width}, Qt::Horizontal);
+        widths.push_back(pane.Width.value_or(usualWidth));
     };
-    place(*ui_->panDatasource, geometry.Datasource, geometry.Preview);
-    place(*ui_->panPreview, geometry.Preview, geometry.Datasource);
+    place(*ui_->panDatasource, geometry.Datasource, geometry.Preview, width() / kUsualDatasource);
+    place(*ui_->panPreview, geometry.Preview, geometry.Datasource, width() / kUsualPreview);
+    resizeDocks({ui_->panDatasource, ui_->panPreview}, widths, Qt::Horizontal);
     if (geometry.State == WindowState::Maximized)
         setWindowState(Qt::WindowMaximized);
 }

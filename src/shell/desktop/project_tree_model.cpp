@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QPalette>
 
+#include <algorithm>
+
 namespace veldrane {
 namespace {
 
@@ -25,8 +27,27 @@ ProjectTreeModel::ProjectTreeModel(Rename rename, QObject* parent)
     : QAbstractItemModel(parent), rename_(std::move(rename))
 {}
 
+bool ProjectTreeModel::HasNodesOf(const ProjectTree& tree) const
+{
+    return std::equal(entries_.begin(), entries_.end(), tree.begin(), tree.end(),
+                      [](const Entry& entry, const TreeNode& node) {
+                          return entry.Node.Id == node.Id && entry.Node.Parent == node.Parent;
+                      });
+}
+
+void ProjectTreeModel::ShowAnew(const ProjectTree& tree)
+{
+    for (std::size_t node = 0; node < tree.size(); ++node) {
+        entries_[node].Node = tree[node];
+        const QModelIndex index = IndexOfNode(node);
+        Q_EMIT dataChanged(index, index);
+    }
+}
+
 void ProjectTreeModel::Show(const ProjectTree& tree)
 {
+    if (HasNodesOf(tree))
+        return ShowAnew(tree);
     beginResetModel();
     entries_.clear();
     roots_.clear();

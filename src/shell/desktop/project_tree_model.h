@@ -21,7 +21,8 @@ class ProjectTreeModel : public QAbstractItemModel
 
     explicit ProjectTreeModel(Rename rename, QObject* parent = nullptr);
 
-    // Replaces all nodes. Every index of before is gone.
+    // Shows this tree from now on. Every index of before is gone, unless the same nodes stand at the same places: a new
+    // caption leaves the label that is being typed alone.
     void Show(const ProjectTree& tree);
 
     // Marks the node, or takes its mark away.
@@ -56,6 +57,8 @@ class ProjectTreeModel : public QAbstractItemModel
         bool Marked = false;
     };
 
+    [[nodiscard]] bool HasNodesOf(const ProjectTree& tree) const;
+    void ShowAnew(const ProjectTree& tree);
     [[nodiscard]] const Entry& EntryOf(const QModelIndex& index) const { return entries_.at(index.internalId()); }
     [[nodiscard]] Entry& EntryOf(const QModelIndex& index) { return entries_.at(index.internalId()); }
     [[nodiscard]] const std::vector<std::size_t>& ChildrenOf(const QModelIndex& parent) const;

@@ -7,9 +7,12 @@
 #include <QColor>
 #include <QFont>
 #include <QPalette>
+#include <QPixmap>
 
 namespace veldrane {
 namespace {
+
+constexpr int kPictureSize = 16;
 
 // Red and blue that can be read on the palette's background, dark or light. Black stands for the palette's text.
 QVariant Foreground(RowColour colour)
@@ -25,6 +28,14 @@ QVariant Foreground(RowColour colour)
         break;
     }
     return {};
+}
+
+// Keeps the place of a picture, so that all rows are of one height and begin at one edge.
+QIcon NoPicture()
+{
+    QPixmap blank(kPictureSize, kPictureSize);
+    blank.fill(Qt::transparent);
+    return QIcon(blank);
 }
 
 } // namespace
@@ -57,7 +68,7 @@ QVariant RowListModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return ToQt(row.Text);
     case Qt::DecorationRole:
-        return row.Icon.empty() ? QVariant() : QVariant(Icon(row.Icon));
+        return row.Icon.empty() ? NoPicture() : Icon(row.Icon);
     case Qt::ForegroundRole:
         return Foreground(row.Colour);
     case Qt::FontRole:

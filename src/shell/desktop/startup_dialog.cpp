@@ -16,12 +16,9 @@ StartupDialog::StartupDialog(frmStartup& rules, QWidget* parent)
     ShowTitle(*ui_->lblTitle);
     ui_->imgProgram->setPixmap(Icon(kProgramIcon).pixmap(ui_->imgProgram->minimumSize()));
     ShowRows();
-    connect(ui_->lstNew, &QListWidget::itemActivated, this, [this](QListWidgetItem* row) {
-        Choose(rules_.lstNew_DblClick(FromQt(row->data(Qt::UserRole).toString())));
-    });
-    connect(ui_->lstRecent, &QListWidget::itemActivated, this, [this](QListWidgetItem* row) {
-        Choose(rules_.lstRecent_DblClick(static_cast<std::size_t>(ui_->lstRecent->row(row))));
-    });
+    // Return on a row comes by the default button.
+    for (const QListWidget* list : {ui_->lstNew, ui_->lstRecent})
+        connect(list, &QListWidget::itemDoubleClicked, this, [this] { OpenSelected(); });
     connect(ui_->chkDontShow, &QCheckBox::clicked, this, [this] {
         rules_.chkDontShow_Click();
         ui_->chkDontShow->setChecked(rules_.chkDontShow());
@@ -69,9 +66,10 @@ void StartupDialog::Choose(const std::optional<StartupChoice>& choice)
 
 void StartupDialog::OpenSelected()
 {
-    for (QListWidget* list : {ui_->lstNew, ui_->lstRecent})
-        if (!list->selectedItems().isEmpty())
-            return Q_EMIT list->itemActivated(list->selectedItems().front());
+    if (const auto rows = ui_->lstNew->selectedItems(); !rows.isEmpty())
+        Choose(rules_.lstNew_DblClick(FromQt(rows.front()->data(Qt::UserRole).toString())));
+    else if (const auto recent = ui_->lstRecent->selectedItems(); !recent.isEmpty())
+        Choose(rules_.lstRecent_DblClick(static_cast<std::size_t>(ui_->lstRecent->row(recent.front()))));
 }
 
 } // namespace veldrane

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace veldrane {
 namespace {
@@ -27,6 +28,24 @@ constexpr auto kToolsWithChoices = std::to_array<std::string_view>({"AddClassTo"
 // Those that show or hide a pane.
 constexpr auto kPaneTools =
     std::to_array<std::string_view>({"ViewDataSourceTables", "ViewNavigator", "ViewPreviewPane"});
+
+// Pictures that no node and no line has, for tools that the rules give none.
+constexpr std::pair<std::string_view, std::string_view> kPictures[] = {
+    {"RefreshTables", "Refresh"}, {"DeleteClass", "Delete"}, {"ExpandTree", "ExpandTree"},
+    {"Colapse", "CollapseTree"},  {"Zoom", "Zoom"},          {"Options", "Options"},
+    {"HelpContents", "Help"},
+};
+
+QIcon PictureOf(const Tool& tool)
+{
+    for (const auto& [name, picture] : kPictures)
+        if (name == tool.Name)
+            return Icon(picture);
+    return tool.Icon.empty() ? QIcon() : Icon(tool.Icon);
+}
+
+// Those that act on what is selected in the tree.
+constexpr auto kTreeTools = std::to_array<std::string_view>({"ProjectRename", "DeleteClass"});
 
 template <std::size_t Count>
 bool IsOneOf(const std::array<std::string_view, Count>& names, std::string_view name)
@@ -82,8 +101,7 @@ QAction* ToolActions::MakeAction(QMainWindow& window, const Tool& tool)
     auto* action = new QAction(ToQt(tool.Caption), &window);
     action->setObjectName(ToQt(tool.Name));
     action->setStatusTip(ToQt(tool.StatusText));
-    if (!tool.Icon.empty())
-        action->setIcon(Icon(tool.Icon));
+    action->setIcon(PictureOf(tool));
     if (!tool.Shortcut.empty())
         action->setShortcut(QKeySequence::fromString(ToQt(tool.Shortcut), QKeySequence::PortableText));
     action->setCheckable(IsOneOf(kPaneTools, tool.Name));
@@ -100,6 +118,15 @@ void ToolActions::BuildBar(QMainWindow& window)
             bar->addSeparator();
         else if (QAction* action = Action(name))
             bar->addAction(action);
+}
+
+void ToolActions::KeepTreeKeysIn(QWidget& tree)
+{
+    for (const std::string_view tool : kTreeTools) {
+        QAction* action = Action(tool);
+        action->setShortcutContext(Qt::WidgetShortcut);
+        tree.addAction(action);
+    }
 }
 
 QAction* ToolActions::Action(std::string_view tool) const
@@ -137,11 +164,18 @@ void ToolActions::ShowRecent(const std::vector<RecentTool>& tools)
     }
 }
 
-void ToolActions::AddTo(QMenu& menu, std::string_view contextMenu) const
+void ToolActions::AddTo(QMenu& menu, std::string_view contextMenu,
+                        const std::function<bool(std::string_view tool)>& mayBeChosen) const
 {
-    for (const std::string_view tool : ToolsOfContextMenu(contextMenu))
-        if (QAction* action = Action(tool))
+    for (const std::string_view tool : ToolsOfContextMenu(contextMenu)) {
+        QAction* action = Action(tool);
+        if (action == nullptr)
+            continue;
+        if (mayBeChosen(tool))
             menu.addAction(action);
+        else
+            menu.addAction(action->icon(), action->text())->setEnabled(false);
+    }
 }
 
 } // namespace veldrane

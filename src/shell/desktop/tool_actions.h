@@ -28,6 +28,10 @@ class ToolActions : public QObject
     ToolActions(QMainWindow& window, std::function<void(std::string_view)> run,
                 std::function<QAction*(std::string_view)> own);
 
+    // Lets the keys of the tools for the tree's selection act only while the tree has the focus: elsewhere Del and F2
+    // mean something else.
+    void KeepTreeKeysIn(QWidget& tree);
+
     // The action of a tool; nullptr if there is none of this name.
     [[nodiscard]] QAction* Action(std::string_view tool) const;
 
@@ -38,8 +42,9 @@ class ToolActions : public QObject
     void ShowStates(const ToolStates& states);
     void ShowRecent(const std::vector<RecentTool>& tools);
 
-    // Adds the tools of a context menu, separators aside.
-    void AddTo(QMenu& menu, std::string_view contextMenu) const;
+    // Adds the tools of a context menu, separators aside. One that may not be chosen there stands in it all the same.
+    void AddTo(QMenu& menu, std::string_view contextMenu,
+               const std::function<bool(std::string_view tool)>& mayBeChosen) const;
 
   private:
     void AddTools(QMainWindow& window);

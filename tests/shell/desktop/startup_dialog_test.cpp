@@ -1,0 +1,129 @@
+#include "shell/desktop/startup_dialog.h"
+
+#include "screenshots.h"
+#include "support/memory_application.h"
+#include "widgets.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace veldrane::testing {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class StartupDialogTest : public ::testing::Test
+{
+  protected:
+    void Remember(int number, const std::string& path, const std::string& name)
+    {
+        world_.Files.Files[path] =
+            "Veldrane Professional 2000 Data File\r\nBegin Project\r\nProjectName\2" + name + "\r\nEnd Project\r\n";
+        world_.UserSettings.SaveSetting(settings_section::kMRU, std::to_string(number), path);
+    }
+
+    StartupDialog& Shown()
+    {
+        rules_ = std::make_unique<frmStartup>(world_.World);
+        dialog_ = std::make_unique<StartupDialog>(*rules_, nullptr);
+        dialog_->show();
+        return *dialog_;
+    }
+
+    QListWidget& List(const char* name) { return Find<QListWidget>(*dialog_, name); }
+
+    void DoubleClick(QListWidget& list, int row)
+    {
+        const QPoint where = list.visualItemRect(list.item(row)).center();
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, where);
+        QTest::mouseDClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, where);
+    }
+
+    MemoryApplication world_;
+    std::unique_ptr<frmStartup> rules_;
+    std::unique_ptr<StartupDialog> dialog_;
+};
+
+TEST_F(StartupDialogTest, SaysWhereTheRecentProjectsWillStand)
+{
+    Shown();
+    EXPECT_TRUE(Find<QLabel>(*dialog_, "lblNoRecent").isVisible());
+    EXPECT_EQ(List("lstNew").currentRow(), 0);
+    Photograph(*dialog_, "frmStartup-first");
+}
+
+TEST_F(StartupDialogTest, ADoubleClickOnNewChoosesIt)
+{
+    Shown();
+    DoubleClick(List("lstNew"), 0);
+    EXPECT_FALSE(dialog_->isVisible());
+    EXPECT_EQ(dialog_->Choice().Action, StartupAction::New);
+}
+
+TEST_F(StartupDialogTest, BrowseStaysOpenUntilAFileIsChosen)
+{
+    world_.Dialogs.Add(std::nullopt);
+    world_.Dialogs.Add("/data/Shop.kzm");
+    Shown();
+    List("lstNew").setFocus();
+    QTest::keyClick(&List("lstNew"), Qt::Key_Down);
+    QTest::keyClick(&List("lstNew"), Qt::Key_Return);
+    EXPECT_TRUE(dialog_->isVisible());
+    EXPECT_EQ(dialog_->Choice().Action, StartupAction::Nothing);
+    Click(*dialog_, "cmdOpen");
+    EXPECT_FALSE(dialog_->isVisible());
+    EXPECT_EQ(dialog_->Choice().Path, "/data/Shop.kzm");
+}
+
+TEST_F(StartupDialogTest, ARecentProjectIsChosenByTheMouseAndByTheKeys)
+{
+    Remember(1, "/work/Shop.kzm", "Shop");
+    Remember(2, "/work/Library.kzm", "Library");
+    Shown();
+    EXPECT_EQ(List("lstRecent").currentItem()->text(), u"Shop"_s);
+    EXPECT_EQ(List("lstRecent").item(1)->toolTip(), u"/work/Library.kzm"_s);
+    Photograph(*dialog_, "frmStartup");
+    DoubleClick(List("lstRecent"), 1);
+    EXPECT_EQ(dialog_->Choice().Action, StartupAction::Open);
+    EXPECT_EQ(dialog_->Choice().Path, "/work/Library.kzm");
+    Shown();
+    QTest::keyClick(&List("lstRecent"), Qt::Key_Return);
+    EXPECT_EQ(dialog_->Choice().Path, "/work/Shop.kzm");
+}
+
+TEST_F(StartupDialogTest, OneRowOfTheTwoListsIsSelectedAtATime)
+{
+    Remember(1, "/work/Shop.kzm", "Shop");
+    Shown();
+    QTest::mouseClick(List("lstNew").viewport(), Qt::LeftButton, Qt::NoModifier,
+                      List("lstNew").visualItemRect(List("lstNew").item(0)).center());
+    EXPECT_TRUE(List("lstRecent").selectedItems().isEmpty());
+    EXPECT_EQ(List("lstNew").selectedItems().size(), 1);
+}
+
+TEST_F(StartupDialogTest, TheBoxIsRememberedAtOnce)
+{
+    Shown();
+    Click(*dialog_, "chkDontShow");
+    EXPECT_EQ(world_.UserSettings.GetKeyValue(settings_section::kOptions, "DontShowStartupDialog"), "1");
+    world_.UserSettings.Fails = true;
+    Click(*dialog_, "chkDontShow");
+    EXPECT_TRUE(Find<QCheckBox>(*dialog_, "chkDontShow").isChecked());
+    EXPECT_EQ(world_.Errors.Reported.size(), 1U);
+}
+
+TEST_F(StartupDialogTest, EscapeChoosesNothing)
+{
+    Shown();
+    QTest::keyClick(dialog_.get(), Qt::Key_Escape);
+    EXPECT_FALSE(dialog_->isVisible());
+    EXPECT_EQ(dialog_->Choice().Action, StartupAction::Nothing);
+}
+
+} // namespace
+} // namespace veldrane::testing

@@ -29,18 +29,8 @@ constexpr auto kToolsWithChoices = std::to_array<std::string_view>({"AddClassTo"
 constexpr auto kPaneTools =
     std::to_array<std::string_view>({"ViewDataSourceTables", "ViewNavigator", "ViewPreviewPane"});
 
-// Pictures that no node and no line has, for tools that the rules give none.
-constexpr std::pair<std::string_view, std::string_view> kPictures[] = {
-    {"RefreshTables", "Refresh"}, {"DeleteClass", "Delete"}, {"ExpandTree", "ExpandTree"},
-    {"Colapse", "CollapseTree"},  {"Zoom", "Zoom"},          {"Options", "Options"},
-    {"HelpContents", "Help"},
-};
-
 QIcon PictureOf(const Tool& tool)
 {
-    for (const auto& [name, picture] : kPictures)
-        if (name == tool.Name)
-            return Icon(picture);
     return tool.Icon.empty() ? QIcon() : Icon(tool.Icon);
 }
 

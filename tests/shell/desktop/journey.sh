@@ -6,7 +6,7 @@ set -euo pipefail
 
 program=$(realpath "$1")
 readonly program sample=$2 way=$3
-readonly hang_guard=30 # seconds
+readonly hang_guard=60 # seconds
 
 for tool in Xvfb xdotool openbox sqlite3; do
     if ! command -v "$tool" >/dev/null; then

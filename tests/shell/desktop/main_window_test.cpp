@@ -71,7 +71,7 @@ class MainWindowTest : public ::testing::Test
     void Start(const StartCommand& command = {})
     {
         window_.reset();
-        rules_ = std::make_unique<frmMain>(world_.World, dialogs_);
+        rules_ = std::make_unique<frmMain>(world_.World, dialogs_, reading_);
         window_ = std::make_unique<MainWindow>(*rules_, world_.World);
         dialogs_.ShowOver(*window_);
         window_->show();
@@ -227,6 +227,7 @@ class MainWindowTest : public ::testing::Test
     MemoryApplication world_;
     FakeCatalog shop_;
     DesktopDialogs dialogs_;
+    CatalogReading reading_{world_.Clock};
     std::unique_ptr<frmMain> rules_;
     std::unique_ptr<MainWindow> window_;
 };

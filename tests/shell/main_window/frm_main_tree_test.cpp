@@ -85,16 +85,6 @@ TEST_F(FrmMainTree, ANodeThatIsNotThereIsPassedOver)
     EXPECT_EQ(Form.lstPreview().Count(), 0U);
 }
 
-TEST_F(FrmMainTree, ADropOnANodeThatIsNotThereDoesNothing)
-{
-    StartOnShop();
-    const auto dragged = Form.DraggedFromRow(Row("Customers"));
-    ASSERT_TRUE(dragged);
-    EXPECT_FALSE(Form.MayDrop(*dragged, Form.treMain().Nodes().size()));
-    Form.DropOn(*dragged, Form.treMain().Nodes().size());
-    EXPECT_EQ(Form.Classes().Count(), 0U);
-}
-
 TEST_F(FrmMainTree, TheNavigatorLeadsToTheMembersOfTheClass)
 {
     StartWithCustomer();
@@ -140,122 +130,6 @@ TEST_F(FrmMainTree, ARenamedClassKeepsItsSubclassesAndItsNodes)
     ASSERT_TRUE(Form.Classes().ChangeClassName(item, "Customer", "Client"));
     EXPECT_EQ(Form.Classes().Item("Order")->ParentClassName, "Client");
     EXPECT_EQ(Form.treMain().Nodes().at(Node(OfClass("Client"))).Caption, "Client");
-}
-
-TEST_F(FrmMainTree, ATableDroppedOnAGroupBecomesTheSelectedClass)
-{
-    StartOnShop();
-    DropRow("Countries", Fixed(tree_key::kLookupClasses));
-    EXPECT_EQ(SelectedKey(), "Country");
-    EXPECT_TRUE(Form.Classes().Item("Country")->IsDomainTable);
-    EXPECT_EQ(LineAt(1), "Class Name: Country");
-    EXPECT_TRUE(Form.Project().Modified());
-    EXPECT_TRUE(Form.actBar().IsEnabled("DeleteClass"));
-}
-
-TEST_F(FrmMainTree, ATableDroppedOnAClassBecomesItsSelectedSubclass)
-{
-    StartWithCustomer();
-    DropRow("Orders", OfClass("Customer"));
-    EXPECT_EQ(SelectedKey(), "Order");
-    EXPECT_EQ(Form.Classes().Item("Order")->ParentClassName, "Customer");
-    for (auto above = Form.treMain().Nodes().at(Node(OfClass("Order"))).Parent; above;
-         above = Form.treMain().Nodes().at(*above).Parent)
-        EXPECT_TRUE(Form.treMain().IsExpanded(*above));
-}
-
-TEST_F(FrmMainTree, ATableIsNotDroppedOnTheParentOfItsClass)
-{
-    StartWithCustomer();
-    DropRow("Orders", OfClass("Customer"));
-    const auto dragged = Form.DraggedFromRow(Row("Orders"));
-    EXPECT_FALSE(Form.MayDrop(*dragged, Node(OfClass("Customer"))));
-    EXPECT_FALSE(Form.MayDrop(*dragged, Node(Fixed(tree_key::kAdditionalClasses))));
-    EXPECT_TRUE(Form.MayDrop(*dragged, Node(Fixed(tree_key::kLookupClasses))));
-}
-
-TEST_F(FrmMainTree, AClassDroppedOnTheLookupClassesIsMovedAndSelected)
-{
-    StartWithCustomer();
-    Click(Fixed(tree_key::kRoot));
-    DropNode(OfClass("Customer"), Fixed(tree_key::kLookupClasses));
-    EXPECT_EQ(SelectedKey(), "Customer");
-    EXPECT_TRUE(Form.Classes().Item("Customer")->IsDomainTable);
-    const auto parent = Form.treMain().Nodes().at(Node(OfClass("Customer"))).Parent;
-    EXPECT_EQ(Form.treMain().Nodes().at(*parent).Id, Fixed(tree_key::kLookupClasses));
-    EXPECT_EQ(LineAt(1), "Class Name: Customer");
-    EXPECT_TRUE(Form.Project().Modified());
-}
-
-TEST_F(FrmMainTree, AClassDroppedOnAClassIsMovedWithItsJoin)
-{
-    StartWithCustomer();
-    DropRow("Orders", Fixed(tree_key::kParentClasses));
-    DropNode(OfClass("Order"), OfClass("Customer"));
-    EXPECT_EQ(SelectedKey(), "Order");
-    EXPECT_EQ(Form.Classes().Item("Order")->ParentClassName, "Customer");
-    EXPECT_TRUE(Form.Classes().Item("Order")->TTCRelationships.Contains("FK_Customer"));
-}
-
-TEST_F(FrmMainTree, AClassThatIsGoneIsDroppedNowhere)
-{
-    StartWithCustomer();
-    const auto dragged = Form.DraggedFromNode(Node(OfClass("Customer")));
-    ASSERT_TRUE(dragged);
-    World.Messages.Add(Answer::Ok);
-    Click(OfClass("Customer"));
-    Form.actbar_Click("DeleteClass");
-    EXPECT_FALSE(Form.MayDrop(*dragged, Node(Fixed(tree_key::kLookupClasses))));
-    EXPECT_THAT(Form.Targets(*dragged), IsEmpty());
-    Form.DropOn(*dragged, Node(Fixed(tree_key::kLookupClasses)));
-    EXPECT_EQ(Form.Classes().Count(), 0U);
-}
-
-TEST_F(FrmMainTree, TheMenusOfferTheSamePlacesAsADrag)
-{
-    StartWithCustomer();
-    Form.lst_ItemClick(Row("Orders"));
-    const auto row = Form.DraggedFromSelection("AddClassTo");
-    ASSERT_TRUE(row);
-    std::vector<std::string> captions;
-    for (const DropTarget& target : Form.Targets(*row))
-        captions.push_back(target.Caption);
-    EXPECT_THAT(captions, ElementsAre("Parent/Children Classes", "Lookup/Domain Classes", "Customer"));
-    Form.DropOn(Form.Targets(*row).at(2));
-    EXPECT_EQ(SelectedKey(), "Order");
-    const auto moved = Form.DraggedFromSelection("MoveClassTo");
-    ASSERT_TRUE(moved);
-    EXPECT_EQ(std::get<NodeKey>(*moved), OfClass("Order"));
-}
-
-TEST_F(FrmMainTree, APointerWaitsWhileADropIsWorkedOn)
-{
-    StartOnShop();
-    std::vector<PointerShape> shapes;
-    const Connection added = Form.Classes().NewClassAdded.Connect(
-        [&](const std::string& /*name*/) { shapes.push_back(World.Pointer.Current); });
-    DropRow("Customers", Fixed(tree_key::kParentClasses));
-    DropNode(OfClass("Customer"), Fixed(tree_key::kLookupClasses));
-    EXPECT_THAT(shapes, ElementsAre(PointerShape::Hourglass, PointerShape::Hourglass));
-    EXPECT_EQ(World.Pointer.Current, PointerShape::Default);
-}
-
-TEST_F(FrmMainTree, ATableThatWasDroppedInTheDatabaseIsToldAndNothingIsLost)
-{
-    StartWithCustomer();
-    Database().Content.erase("Orders");
-    World.Messages.Add(Answer::No);
-    DropRow("Orders", OfClass("Customer"));
-    ASSERT_THAT(Titles(), Contains("Table Missing"));
-    EXPECT_EQ(World.Messages.Asked().front().Text,
-              "The table named 'Orders' cannot be found. Has this table been renamed?\r\n"
-              "Click 'Yes' if the table has been renamed and you know what the new name is.\r\n"
-              "Click 'No' if the table has been deleted\r\n"
-              "Click 'Cancel' to cancel this operation.");
-    EXPECT_EQ(Form.Classes().Count(), 1U);
-    EXPECT_FALSE(Form.Project().Modified());
-    EXPECT_THAT(Rows(), Contains("Orders"));
-    EXPECT_EQ(World.Pointer.Current, PointerShape::Default);
 }
 
 TEST_F(FrmMainTree, DeletingAsksOnceAndTakesTheSubclassesToo)
@@ -328,6 +202,15 @@ TEST_F(FrmMainTree, AViewThatCanNotBeWrittenIsReportedAndShownAsFarAsItCame)
     EXPECT_EQ(World.Errors.Reported[0].Place.RoutineName, "DisplayPreview");
     Click(Fixed(tree_key::kRoot));
     EXPECT_EQ(FirstLine(), "Project Summary");
+}
+
+TEST_F(FrmMainTree, AClickBuildsNothingAnew)
+{
+    StartWithCustomer();
+    std::vector<WindowPart> parts;
+    const Connection changes = Form.Changed.Connect([&](WindowPart part) { parts.push_back(part); });
+    Click(Fixed(tree_key::kRoot));
+    EXPECT_THAT(parts, ElementsAre(WindowPart::TreeState, WindowPart::Menus, WindowPart::Navigator));
 }
 
 } // namespace

@@ -222,9 +222,12 @@ end_program
 tr -d '\r' <"$place/work/before.txt" | diff "$place/expected.txt" - >&2
 start_program Shop.kzm
 wait_for "the tables of the data source" has_opened_database
-"select_class_by_$way"
-save_preview after.txt
+for try in 1 2 3 4 5; do # a click is lost while the program still reads, as a person's would be
+    "select_class_by_$way"
+    save_preview "after$try.txt"
+    ! grep -q '^Class Name: Customer' "$place/work/after$try.txt" || break
+done
 "close_by_$way"
 end_program
-cmp "$place/work/before.txt" "$place/work/after.txt"
+cmp "$place/work/before.txt" "$place/work/after$try.txt"
 echo "done by $way"

@@ -463,7 +463,7 @@ TEST_F(MainWindowTest, GivesThePreviewAboutHalfTheWindowAtFirst)
 {
     Start();
     const int preview = Find<QDockWidget>(*window_, "panPreview").width();
-    EXPECT_NEAR(preview, window_->width() / 2, window_->width() / 12);
+    EXPECT_NEAR(preview, window_->width() / 2.0, window_->width() / 12.0);
     EXPECT_GT(Tree().width(), window_->width() / 5);
 }
 

@@ -135,16 +135,24 @@ choose_first_file() {
 }
 
 # The row Customers, onto the first group of the tree.
-add_class_by_mouse() {
-    local id step
-    at "$main"
-    id=$(xdotool getactivewindow)
+drag_customers() {
+    local id step end=$((SECONDS + 5))
+    id=$(xdotool search --onlyvisible --name "^${main//[\[\]+]/.}\$" | head -1)
     xdotool mousemove --window "$id" 56 168 mousedown 1
     for step in "70 150" "110 130" "290 100" "370 88" "378 86"; do
         # shellcheck disable=SC2086 # two numbers
         xdotool mousemove --window "$id" $step
     done
     xdotool mouseup 1
+    until window "${questions[0]}"; do
+        [ "$SECONDS" -lt "$end" ] || return 1 # let go before the drag had begun, as a busy program may see it
+        sleep 0.05
+    done
+}
+
+add_class_by_mouse() {
+    at "$main"
+    wait_for "the question after the drop" drag_customers
     click "${questions[0]}" -52 -23 # No
     click "${questions[1]}" -52 -23
 }

@@ -18,6 +18,8 @@
 namespace veldrane {
 namespace {
 
+using namespace std::string_view_literals;
+
 using veldrane::testing::Require;
 
 using Pair = std::pair<std::string, std::string>;
@@ -271,9 +273,11 @@ bool GivesWay(const ConnectionEntry& entry, const DriverProfile& profile)
     });
 }
 
-bool StandsInFor(const ConnectionEntry& entry)
+// Whether the entry names SQL Server's own driver, or the one that stands in for it.
+bool IsTranslated(const ConnectionEntry& entry)
 {
-    return Lower(entry.Key) == "driver" && Lower(entry.Value) == "sql server";
+    return Lower(entry.Key) == "driver" &&
+           (Lower(entry.Value) == "sql server" || Lower(entry.Value) == Lower(std::string(kStandIn)));
 }
 
 // A value that names a server of SQL Server, without what says nothing of the place: "tcp:[fe80::1]:9" as "fe80::1:9".
@@ -313,18 +317,13 @@ bool IsPlaceOf(const std::string& value, const std::string& arrived)
            (isThisMachine ? "localhost" : machine) + (port.empty() ? given.substr(backslash) : "");
 }
 
-// Its port may have been taken off. SQL Server's own driver has names of its own for a place.
-void CheckServerArrives(const ConnectionString& given, const ConnectionEntry& entry, const std::string& server,
-                        const Pairs& arrived)
+// Its port may have been taken off.
+void CheckServerArrives(const ConnectionEntry& entry, const std::string& server, const Pairs& arrived)
 {
     const auto found = FindKey(arrived, "port");
     const std::string port = found == arrived.end() ? "" : found->second;
-    if (Lower(entry.Key) == "server" && std::any_of(given.Entries().begin(), given.Entries().end(), StandsInFor))
-        Require(IsPlaceOf(entry.Value, server) || IsPlaceOf(entry.Value, server + "," + port),
-                "a server of SQL Server arrives as a machine with its port or its instance");
-    else
-        Require(server == entry.Value || server + "," + port == entry.Value || server + ":" + port == entry.Value,
-                "a server arrives with its port");
+    Require(server == entry.Value || server + "," + port == entry.Value || server + ":" + port == entry.Value,
+            "a server arrives with its port");
 }
 
 void CheckValuesArrive(const ConnectionString& given, const Pairs& arrived, const DriverProfile& profile)
@@ -338,22 +337,29 @@ void CheckValuesArrive(const ConnectionString& given, const Pairs& arrived, cons
             continue;
         Require(next != arrived.end() && next->first == key, "keys arrive in their order");
         if (key == "server" || key == "servername")
-            CheckServerArrives(given, entry, next->second, arrived);
-        else if (StandsInFor(entry))
-            Require(next->second == kStandIn, "a driver stands in for SQL Server's own");
+            CheckServerArrives(entry, next->second, arrived);
         else
             Require(next->second == entry.Value, "values arrive as they are");
         ++next;
     }
 }
 
-// A string for SQL Server is translated: whatever else changes, the password that counts does not.
-void CheckPasswordArrives(const ConnectionString& given, const OdbcLogon& logon)
+bool IsQuoted(const std::string& value)
+{
+    return value.starts_with('"') || value.starts_with('\'');
+}
+
+// A string for SQL Server is translated: whatever else changes, the password that counts does not. Quotes are taken
+// off, which is tested by itself.
+void CheckPasswordArrives(const ConnectionString& given, const OdbcLogon& logon,
+                          std::initializer_list<std::string_view> keys)
 {
     std::string password;
     for (const ConnectionEntry& entry : given.Entries())
-        if (Lower(entry.Key) == "pwd" || Lower(entry.Key) == "password")
+        if (std::find(keys.begin(), keys.end(), Lower(entry.Key)) != keys.end())
             password = entry.Value;
+    if (IsQuoted(password))
+        return;
     if (password.empty())
         return;
     for (const Reading& reading : ReadingsOf(logon.Profile->Family)) {
@@ -364,13 +370,39 @@ void CheckPasswordArrives(const ConnectionString& given, const OdbcLogon& logon)
     }
 }
 
+// Of a driver for SQL Server the names of a server are translated too.
+void CheckTranslationArrives(const ConnectionString& given, const OdbcLogon& logon)
+{
+    constexpr std::array kServerKeys{"data source"sv, "server"sv, "address"sv, "addr"sv, "network address"sv};
+    CheckPasswordArrives(given, logon, {"pwd"});
+    for (const Reading& reading : ReadingsOf(logon.Profile->Family)) {
+        const Pairs arrived = Read(logon.Text, reading);
+        const auto server = FindKey(arrived, "server");
+        const auto port = FindKey(arrived, "port");
+        for (const ConnectionEntry& entry : given.Entries()) {
+            const bool isServer =
+                std::find(kServerKeys.begin(), kServerKeys.end(), Lower(entry.Key)) != kServerKeys.end();
+            // Brackets around an address are taken off, others belong to the name.
+            const bool hasBrackets = entry.Value.find_first_of("[]") != std::string::npos;
+            if (!isServer || hasBrackets || Trimmed(entry.Value).empty() || IsQuoted(Trimmed(entry.Value)))
+                continue;
+            Require(server != arrived.end(), "a server arrives");
+            Require(IsPlaceOf(entry.Value, server->second) ||
+                        (port != arrived.end() && IsPlaceOf(entry.Value, server->second + "," + port->second)),
+                    "a server of SQL Server arrives as a machine with its port or its instance");
+        }
+    }
+}
+
 // Whoever gives it, a string means to a driver that reads braces what it means to us.
 void CheckValuesArrive(const ConnectionString& given, const OdbcLogon& logon)
 {
     if (logon.Profile->Syntax != ValueSyntax::Braced && logon.Profile->Syntax != ValueSyntax::Unescaped)
         return;
     if (NamesProvider(given.Value("PROVIDER"), kSqlServerProvider))
-        CheckPasswordArrives(given, logon);
+        CheckPasswordArrives(given, logon, {"pwd", "password"});
+    else if (std::any_of(given.Entries().begin(), given.Entries().end(), IsTranslated))
+        CheckTranslationArrives(given, logon);
     else
         for (const Reading& reading : ReadingsOf(logon.Profile->Family))
             CheckValuesArrive(given, Read(logon.Text, reading), *logon.Profile);

@@ -68,10 +68,24 @@ bool ProjectSession::Open(const std::string& path, DataSourceOnOpen dataSource)
 
 bool ProjectSession::Save(SaveKind kind)
 {
-    const bool saved = files_.SaveProject(Project(), Classes(), kind);
-    if (saved)
-        FileUsed.Raise(Project().FullPath);
-    return saved;
+    if (lostClasses_ && !MayDropLostClasses())
+        return false;
+    if (!files_.SaveProject(Project(), Classes(), kind))
+        return false;
+    lostClasses_ = false;
+    FileUsed.Raise(Project().FullPath);
+    return true;
+}
+
+bool ProjectSession::MayDropLostClasses()
+{
+    return application_.Asking.Ask({.Title = "Save Project",
+                                    .Text = "Not all classes of " + Project().FullPath +
+                                            " could be read. Saving drops the others.\r\n"
+                                            "Do you want to save all the same?",
+                                    .Offered = Buttons::YesNo,
+                                    .Icon = MessageIcon::Warning,
+                                    .Default = Answer::No}) == Answer::Yes;
 }
 
 // The connection dialog hands over what it has opened with the string.

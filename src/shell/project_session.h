@@ -41,8 +41,8 @@ class ProjectSession
     // Whether the file that was opened holds classes that could not be read, which is reported. Saving drops them.
     [[nodiscard]] bool LostClasses() const { return lostClasses_; }
 
-    // Writes the document as SaveProject of the file management does. False if that fails, which is reported, or if the
-    // person cancels.
+    // Writes the document as SaveProject of the file management does, after asking where that drops classes that could
+    // not be read. False if that fails, which is reported, or if the person does not want it.
     bool Save(SaveKind kind = SaveKind::Normal);
 
     // Opens the project's data source in place of the open one. False if that fails, which is reported.
@@ -63,6 +63,7 @@ class ProjectSession
   private:
     void Adopt(std::unique_ptr<Document> document, DataSourceOnOpen dataSource);
     bool Connect(const std::string& text, StringOrigin origin);
+    [[nodiscard]] bool MayDropLostClasses();
     [[nodiscard]] bool IsOpenOn(const std::string& text);
 
     const Application& application_;

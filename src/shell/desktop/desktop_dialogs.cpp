@@ -5,6 +5,7 @@
 #include "shell/desktop/main_window.h"
 #include "shell/desktop/name_dialog.h"
 #include "shell/desktop/options_dialog.h"
+#include "shell/desktop/room_for_dialog.h"
 #include "shell/desktop/startup_dialog.h"
 #include "shell/desktop/zoom_dialog.h"
 
@@ -18,6 +19,7 @@ void DesktopDialogs::ShowOver(MainWindow& window)
 
 void DesktopDialogs::Show(frmODBCLogon& logon)
 {
+    const RoomForDialog room;
     LogonDialog(logon, window_).exec();
 }
 
@@ -38,6 +40,7 @@ void DesktopDialogs::ShowZoom()
 
 StartupChoice DesktopDialogs::AskAtStartup(frmStartup& startup)
 {
+    const RoomForDialog room; // the splash form may still be there
     StartupDialog dialog(startup, window_);
     dialog.exec();
     return dialog.Choice();

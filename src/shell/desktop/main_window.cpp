@@ -1,5 +1,6 @@
 #include "shell/desktop/main_window.h"
 
+#include "shell/desktop/dropped_file.h"
 #include "shell/desktop/icons.h"
 #include "shell/desktop/preview_view.h"
 #include "shell/desktop/project_tree_view.h"
@@ -7,6 +8,7 @@
 #include "shell/desktop/row_list_view.h"
 #include "ui_frm_main.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFontDatabase>
 #include <QLabel>
@@ -138,6 +140,9 @@ void MainWindow::ConnectLists()
             if (!showing_ && current.isValid())
                 rules_.lst_ItemClick(static_cast<std::size_t>(current.row()));
         });
+        // The current row is not selected anew by a click, but it is clicked.
+        connect(&view, &QTreeView::clicked, this,
+                [this](const QModelIndex& index) { rules_.lst_ItemClick(static_cast<std::size_t>(index.row())); });
         connect(&view, &QTreeView::activated, this,
                 [this](const QModelIndex& index) { rules_.lst_DblClick(static_cast<std::size_t>(index.row())); });
         connect(&view, &QWidget::customContextMenuRequested, this,
@@ -235,20 +240,24 @@ void MainWindow::closeEvent(QCloseEvent* event)
     }
 }
 
+// A dialog works on the project that is open, so nothing takes its place meanwhile.
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    const QList<QUrl> urls = event->mimeData()->urls();
-    if (urls.size() == 1 && urls.front().isLocalFile())
+    if (QApplication::activeModalWidget() == nullptr && !DroppedFile(event->mimeData()).empty())
         event->acceptProposedAction();
 }
 
 void MainWindow::dropEvent(QDropEvent* event)
 {
-    const std::string path = FromQt(event->mimeData()->urls().front().toLocalFile());
     event->acceptProposedAction();
     // The other program waits for the end of its drag, and what follows may ask something.
     QMetaObject::invokeMethod(
-        this, [this, path] { rules_.FileDropped(path); }, Qt::QueuedConnection);
+        this,
+        [this, path = DroppedFile(event->mimeData())] {
+            if (QApplication::activeModalWidget() == nullptr)
+                rules_.FileDropped(path);
+        },
+        Qt::QueuedConnection);
 }
 
 } // namespace veldrane

@@ -13,6 +13,8 @@
 namespace veldrane {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr int kPanelIcon = 16; // pixels
 
 } // namespace
@@ -34,7 +36,7 @@ void MainWindow::Show(WindowPart part)
     const QScopedValueRollback showing(showing_, true);
     switch (part) {
     case WindowPart::Caption:
-        return setWindowTitle(ToQt(rules_.Caption()));
+        return setWindowTitle(ToQt(rules_.Caption()).replace(u"[*]"_s, u"[*][*]"_s));
     case WindowPart::Tree:
         tree_.Show(rules_.treMain().Nodes());
         return ShowTreeState();

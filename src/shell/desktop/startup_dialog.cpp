@@ -5,6 +5,7 @@
 #include "shell/desktop/qt_text.h"
 #include "ui_frm_startup.h"
 
+#include <QApplication>
 #include <QPushButton>
 
 namespace veldrane {
@@ -25,6 +26,12 @@ StartupDialog::StartupDialog(frmStartup& rules, QWidget* parent)
     });
     connect(ui_->cmdOpen, &QPushButton::clicked, this, [this] { OpenSelected(); });
     connect(ui_->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
+    // Tab chooses in a list, too.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        for (QListWidget* list : {ui_->lstNew, ui_->lstRecent})
+            if (list == now && list->currentItem() != nullptr)
+                list->currentItem()->setSelected(true);
+    });
     // One row of the two lists is chosen at a time.
     connect(ui_->lstNew, &QListWidget::itemSelectionChanged, this, [this] {
         if (!ui_->lstNew->selectedItems().isEmpty())
@@ -46,7 +53,7 @@ void StartupDialog::ShowRows()
     }
     for (const RecentProject& project : rules_.lstRecent()) {
         auto* item = new QListWidgetItem(Icon("Root"), NameToQt(project.ProjectName), ui_->lstRecent);
-        item->setToolTip(NameToQt(project.Path));
+        item->setToolTip(NameToQt(project.Path).toHtmlEscaped());
     }
     ui_->lblNoRecent->setVisible(rules_.lstRecent().empty());
     ui_->lstRecent->setVisible(!rules_.lstRecent().empty());

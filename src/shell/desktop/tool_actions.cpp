@@ -34,6 +34,19 @@ QIcon PictureOf(const Tool& tool)
     return tool.Icon.empty() ? QIcon() : Icon(tool.Icon);
 }
 
+// Ctrl+C belongs to whatever has the focus.
+constexpr std::string_view kFocusTool = "CopyLines";
+
+void Dress(QAction& action, const Tool& tool)
+{
+    action.setText(ToQt(tool.Caption));
+    action.setStatusTip(ToQt(tool.StatusText));
+    action.setIcon(PictureOf(tool));
+    action.setShortcut(QKeySequence::fromString(ToQt(tool.Shortcut), QKeySequence::PortableText));
+    if (tool.Name != kFocusTool)
+        action.setShortcutContext(Qt::WindowShortcut);
+}
+
 // Those that act on what is selected in the tree.
 constexpr auto kTreeTools = std::to_array<std::string_view>({"ProjectRename", "DeleteClass"});
 
@@ -77,6 +90,7 @@ void ToolActions::AddTools(QMainWindow& window)
         QAction* action = own_(tool.Name);
         if (action == nullptr)
             action = MakeAction(window, tool);
+        Dress(*action, tool);
         menu->addAction(action);
         actions_.emplace(tool.Name, action);
         if (tool.Name == "Exit") {
@@ -88,12 +102,8 @@ void ToolActions::AddTools(QMainWindow& window)
 
 QAction* ToolActions::MakeAction(QMainWindow& window, const Tool& tool)
 {
-    auto* action = new QAction(ToQt(tool.Caption), &window);
+    auto* action = new QAction(&window);
     action->setObjectName(ToQt(tool.Name));
-    action->setStatusTip(ToQt(tool.StatusText));
-    action->setIcon(PictureOf(tool));
-    if (!tool.Shortcut.empty())
-        action->setShortcut(QKeySequence::fromString(ToQt(tool.Shortcut), QKeySequence::PortableText));
     action->setCheckable(IsOneOf(kPaneTools, tool.Name));
     connect(action, &QAction::triggered, this, [this, name = tool.Name] { run_(name); });
     return action;
@@ -139,8 +149,10 @@ void ToolActions::ShowStates(const ToolStates& states)
 
 void ToolActions::ShowRecent(const std::vector<RecentTool>& tools)
 {
-    for (QAction* action : recent_)
-        delete action;
+    for (QAction* action : recent_) { // one of them may be running
+        fileMenu_->removeAction(action);
+        action->deleteLater();
+    }
     recent_.clear();
     for (const RecentTool& tool : tools) {
         auto* action = new QAction(ToQt(tool.Caption), fileMenu_);

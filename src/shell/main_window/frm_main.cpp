@@ -1,9 +1,11 @@
 #include "shell/main_window/frm_main.h"
 
+#include "datasource/logon/edit_data_source.h"
 #include "shell/invalid_path.h"
 #include "shell/main_window/ask_to_save.h"
 #include "shell/main_window/tree_labels.h"
 #include "shell/main_window/window_geometry.h"
+#include "text/case_folding.h"
 
 #include <algorithm>
 
@@ -117,7 +119,12 @@ void frmMain::ShowWholeProject(int menuState)
 void frmMain::ShowMenus(int state)
 {
     tools_.SetMenus(state);
-    tools_.SetOpen({.Project = true, .DataSource = OpenConnection() != nullptr});
+    ShowWhatIsOpen();
+}
+
+void frmMain::ShowWhatIsOpen()
+{
+    tools_.SetOpen({.Project = true, .DataSource = OpenConnection() != nullptr, .Preview = panes_.pmPreviewVisible});
     Changed.Raise(WindowPart::Menus);
 }
 
@@ -131,6 +138,7 @@ void frmMain::SetPane(bool PaneManagement::*pane, bool shown)
         preview_.Available = shown;
         DisplayPreview();
     }
+    ShowWhatIsOpen();
     Changed.Raise(WindowPart::Panes);
 }
 
@@ -162,10 +170,14 @@ void frmMain::ApplyPreviewColors(const LineColors& colors)
 
 void frmMain::FileDropped(const std::string& path)
 {
-    if (path.ends_with(".kzm"))
+    constexpr std::string_view kProjectEnding = ".kzm";
+    if (path.size() > kProjectEnding.size() &&
+        text::EqualFolded(std::string_view(path).substr(path.size() - kProjectEnding.size()), kProjectEnding))
         OpenProject(path);
-    else
+    else if (Project().ConnectionString().empty())
         ShowLogon(LogonPurpose::NewDataSource, path);
+    else
+        veldrane::EditDataSource(application_.Asking, [&](LogonPurpose purpose) { ShowLogon(purpose, path); });
 }
 
 } // namespace veldrane

@@ -148,6 +148,7 @@ class frmMain : private OptionsOwner
     void ShowRebuiltTree();
     void DisplayPreview();
     void ShowMenus(int state);
+    void ShowWhatIsOpen();
     void ShowDataSource();
     void RefreshLists();
     void ShowLogon(LogonPurpose purpose, const std::string& database = {});

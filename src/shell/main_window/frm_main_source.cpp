@@ -32,6 +32,8 @@ void frmMain::RefreshLists()
                              .Messages = application_.Asking,
                              .Errors = application_.Errors});
     });
+    if (reading_.WasCancelled())
+        status_.SetStatus("The reading was cancelled: the lists are not complete.");
     Changed.Raise(WindowPart::Lists);
 }
 
@@ -101,9 +103,11 @@ void frmMain::ShowLogon(LogonPurpose purpose, const std::string& database)
     if (!database.empty())
         logon.DropFile(database);
     const bool wasOpen = OpenConnection() != nullptr;
+    bool told = false;
+    const Connection listening = session_.DataSourceChanged.Connect([&] { told = true; });
     dialogs_.Show(logon);
-    // An attempt closes it, and Cancel may find it gone.
-    if (wasOpen && OpenConnection() == nullptr)
+    // An attempt closes it, Cancel may find it gone, and the string that the project has already tells nobody.
+    if (!told && wasOpen != (OpenConnection() != nullptr))
         ShowDataSource();
 }
 

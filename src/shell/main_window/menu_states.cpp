@@ -66,7 +66,21 @@ enum class ToolNeeds
 {
     Project,
     DataSource,
+    Preview,
 };
+
+bool Has(const WhatIsOpen& open, ToolNeeds needs)
+{
+    switch (needs) {
+    case ToolNeeds::DataSource:
+        return open.Project && open.DataSource;
+    case ToolNeeds::Preview:
+        return open.Project && open.Preview;
+    case ToolNeeds::Project:
+        break;
+    }
+    return open.Project;
+}
 
 // Every state, as a list of their digits.
 constexpr std::string_view kAlways;
@@ -82,13 +96,13 @@ struct ToolRule
 constexpr auto kRules = std::to_array<ToolRule>({
     {"Save", ToolNeeds::Project, kAlways},
     {"SaveAs", ToolNeeds::Project, kAlways},
-    {"SavePreview", ToolNeeds::Project, kAlways},
-    {"PrintPreview", ToolNeeds::Project, kAlways},
-    {"CopyLines", ToolNeeds::Project, kAlways},
-    {"CopyAll", ToolNeeds::Project, kAlways},
-    {"Find", ToolNeeds::Project, kAlways},
-    {"FindNext", ToolNeeds::Project, kAlways},
-    {"FindPrevious", ToolNeeds::Project, kAlways},
+    {"SavePreview", ToolNeeds::Preview, kAlways},
+    {"PrintPreview", ToolNeeds::Preview, kAlways},
+    {"CopyLines", ToolNeeds::Preview, kAlways},
+    {"CopyAll", ToolNeeds::Preview, kAlways},
+    {"Find", ToolNeeds::Preview, kAlways},
+    {"FindNext", ToolNeeds::Preview, kAlways},
+    {"FindPrevious", ToolNeeds::Preview, kAlways},
     {"ProjectProperties", ToolNeeds::Project, kAlways},
     {"ProjectRename", ToolNeeds::Project, "12"},
     {"NewClass", ToolNeeds::Project, "1234578"},
@@ -102,7 +116,7 @@ constexpr auto kRules = std::to_array<ToolRule>({
     {"Generate", ToolNeeds::Project, kAlways},
     {"ExpandTree", ToolNeeds::Project, kAlways},
     {"Colapse", ToolNeeds::Project, kAlways},
-    {"Zoom", ToolNeeds::Project, kAlways},
+    {"Zoom", ToolNeeds::Preview, kAlways},
 });
 
 struct NodeState
@@ -181,6 +195,8 @@ int MenuStateOf(const TreeNode& node)
 
 bool ToolStates::IsEnabled(std::string_view tool) const
 {
+    if (state_ == 0)
+        return false;
     if (tool.starts_with(kRecentFileTool))
         return true;
     if (FindTool(tool) == nullptr ||
@@ -190,8 +206,8 @@ bool ToolStates::IsEnabled(std::string_view tool) const
         std::find_if(kRules.begin(), kRules.end(), [&](const ToolRule& row) { return row.Name == tool; });
     if (rule == kRules.end())
         return true;
-    const bool isOpen = open_.Project && (rule->Needs == ToolNeeds::Project || open_.DataSource);
-    return isOpen && (rule->States == kAlways || rule->States.find(std::to_string(state_)) != std::string_view::npos);
+    return Has(open_, rule->Needs) &&
+           (rule->States == kAlways || rule->States.find(std::to_string(state_)) != std::string_view::npos);
 }
 
 bool ToolStates::IsEnabledOn(const TreeNode& node, std::string_view tool) const

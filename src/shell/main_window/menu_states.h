@@ -47,16 +47,17 @@ struct WhatIsOpen
 {
     bool Project = false;
     bool DataSource = false;
+    bool Preview = true; // its pane is shown
 };
 
-// Which tools may be chosen. Until the first state is set, those are that ask for no selection.
+// Which tools may be chosen: none until the first state is set.
 class ToolStates
 {
   public:
     // Takes one of menu_state; a tool that its table does not name for the state is off.
     void SetMenus(int state) { state_ = state; }
 
-    // A tool that needs a project or a data source is off without it, in every state.
+    // A tool that needs a project, a data source or the preview is off without it, in every state.
     void SetOpen(const WhatIsOpen& open) { open_ = open; }
 
     // False for a name that is no tool's.

@@ -299,7 +299,7 @@ class Parser
     Command ParseWindows(const SwitchLine& line)
     {
         if (line.DeleteAfterCompile)
-            return WrongUsage("'/DELETE' is no command.", "");
+            return WrongUsage("'/DELETE' goes with /C alone.", "");
         if (!line.Folder.empty() && (line.Folder.find('/') == std::string::npos || line.Folder.starts_with('-')))
             return WrongUsage("'" + line.Folder + "' is no command.", "");
         if (!line.Surplus.empty())

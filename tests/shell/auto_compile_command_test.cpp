@@ -180,7 +180,7 @@ TEST_F(AutoCompile, IsWrongUsageWithoutAProjectOrWithTooManyWords)
         {{"/C"}, "veldrane: /C needs a project file.\nUsage: "},
         {{"/C", Out}, "veldrane: /C needs a project file.\nUsage: "},
         {{"/C", Project, Out, "more"}, "veldrane: 'more' is one word too many.\nUsage: "},
-        {{"/DELETE", Project}, "veldrane: '/DELETE' is no command.\nUsage: "},
+        {{"/DELETE", Project}, "veldrane: '/DELETE' goes with /C alone.\nUsage: "},
     };
     for (const auto& [words, text] : cases) {
         const Ended ended = Workspace.Run(words);

@@ -159,7 +159,7 @@ TEST(CommandLine, WrongUsageIsOneLineAndTheUsage)
         {{"--file=/x.kz"}, "veldrane: '--file=/x.kz' is no command.\nUsage: veldrane tables"},
         {{"x.kzm", "nonsense"}, "veldrane: 'nonsense' is no command.\nUsage: veldrane tables"},
         {{"x.kzm", "y.kzm"}, "veldrane: 'y.kzm' is one word too many.\nUsage: veldrane tables"},
-        {{"/DELETE", "x.kzm"}, "veldrane: '/DELETE' is no command.\nUsage: veldrane tables"},
+        {{"/DELETE", "x.kzm"}, "veldrane: '/DELETE' goes with /C alone.\nUsage: veldrane tables"},
         {{"x.kzm", ""}, "veldrane: one of the words is empty.\nUsage: veldrane tables"},
         {{""}, "veldrane: one of the words is empty.\nUsage: veldrane tables"},
         {{"tables"}, "veldrane: --connection is required.\nUsage: veldrane tables --connection STRING"},

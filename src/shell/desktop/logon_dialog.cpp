@@ -52,7 +52,10 @@ LogonDialog::LogonDialog(frmODBCLogon& rules, QWidget* parent)
             [this](int row) { Do([&] { rules_.cmbProviders_Click(RowOf(row)); }); });
     connect(ui_->tabMain, &QTabWidget::currentChanged, this,
             [this](int page) { Do([&] { rules_.tabMain_Click(RowOf(page)); }); });
-    connect(ui_->cmdOK, &QPushButton::clicked, this, [this] { Do([this] { rules_.cmdOK_Click(); }); });
+    connect(ui_->cmdOK, &QPushButton::clicked, this, [this] {
+        Do([this] { rules_.cmdOK_Click(); });
+        MoveToFocus();
+    });
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &LogonDialog::reject);
     Refresh();
 }
@@ -89,8 +92,6 @@ void LogonDialog::Do(Operation&& operation)
     Refresh();
     if (rules_.State() != DialogState::Shown)
         accept();
-    else
-        MoveToFocus();
 }
 
 void LogonDialog::Refresh()

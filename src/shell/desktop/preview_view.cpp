@@ -100,8 +100,9 @@ void PreviewView::AddActions()
     AddAction("CopyAllPreview", u"Copy &All Lines"_s, {}, [this] { CopyAll(); });
     AddAction("SelectAllPreview", u"&Select All"_s, QKeySequence::SelectAll, [this] { lstPreview_.selectAll(); });
     AddAction("FindInPreview", u"&Find..."_s, QKeySequence::Find, [this] { findBar_.Open(); }).setIcon(Icon("Find"));
-    AddAction("FindNextInPreview", u"Find &Next"_s, {Qt::Key_F3}, [this] { find_.Next(); });
-    AddAction("FindPreviousInPreview", u"Find &Previous"_s, {Qt::SHIFT | Qt::Key_F3}, [this] { find_.Previous(); });
+    AddAction("FindNextInPreview", u"Find &Next"_s, {Qt::Key_F3}, [this] { FindFurther(&PreviewFind::Next); });
+    AddAction("FindPreviousInPreview", u"Find &Previous"_s, {Qt::SHIFT | Qt::Key_F3},
+              [this] { FindFurther(&PreviewFind::Previous); });
     AddAction("SavePreview", u"Sa&ve Preview As..."_s, {}, [this] {
         SavePreview(pane_, saving_);
     }).setIcon(Icon("Save"));
@@ -148,9 +149,20 @@ void PreviewView::ShowMatch()
         bar.setValue(left - lstPreview_.viewport()->width() / 2);
 }
 
+// A closed bar has forgotten its places, but not its text.
+void PreviewView::FindFurther(void (PreviewFind::*step)())
+{
+    if (findBar_.isHidden())
+        findBar_.Open();
+    else
+        (find_.*step)();
+}
+
 void PreviewView::Copy()
 {
-    ToClipboard(CopiedText(pane_, SelectedRows(lstPreview_)));
+    const std::vector<std::size_t> rows = SelectedRows(lstPreview_);
+    if (!rows.empty())
+        ToClipboard(CopiedText(pane_, rows));
 }
 
 void PreviewView::CopyAll()

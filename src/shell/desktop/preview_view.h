@@ -51,6 +51,7 @@ class PreviewView : public QWidget
     void ListenToPane();
     void GoTo(int row);
     void ShowMatch();
+    void FindFurther(void (PreviewFind::*step)());
     void Copy();
     void CopyAll();
     void Print();

@@ -1,5 +1,6 @@
 #include "shell/desktop/qt_messages.h"
 
+#include "generator/generation_settings.h"
 #include "shell/desktop/qt_text.h"
 #include "shell/desktop/room_for_dialog.h"
 
@@ -95,7 +96,7 @@ Answer QtMessages::Ask(const Question& question)
     box.setObjectName(u"msgBox"_s);
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
-    box.setWindowTitle(ToQt(question.Title));
+    box.setWindowTitle(ToQt(question.Title.empty() ? kAppTitle : std::string_view(question.Title)));
     box.setText(ToQt(question.Text));
     box.setIcon(IconOf(question.Icon));
     AddButtons(box, question);

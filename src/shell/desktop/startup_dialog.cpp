@@ -27,11 +27,11 @@ StartupDialog::StartupDialog(frmStartup& rules, QWidget* parent)
     connect(ui_->cmdOpen, &QPushButton::clicked, this, [this] { OpenSelected(); });
     connect(ui_->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
     // Tab chooses in a list, too.
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-        for (QListWidget* list : {ui_->lstNew, ui_->lstRecent})
+    for (QListWidget* list : {ui_->lstNew, ui_->lstRecent})
+        connect(qApp, &QApplication::focusChanged, list, [list](QWidget*, QWidget* now) {
             if (list == now && list->currentItem() != nullptr)
                 list->currentItem()->setSelected(true);
-    });
+        });
     // One row of the two lists is chosen at a time.
     connect(ui_->lstNew, &QListWidget::itemSelectionChanged, this, [this] {
         if (!ui_->lstNew->selectedItems().isEmpty())

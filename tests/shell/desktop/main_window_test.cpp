@@ -536,12 +536,13 @@ TEST_F(MainWindowTest, AFileDroppedOnTheWindowIsOpenedOrOfferedAsDataSource)
     EXPECT_TRUE(HasNode(u"Customer"_s));
     QMimeData database;
     database.setUrls({QUrl(u"file:///data/Shop.db"_s)});
+    world_.Messages.Add(Answer::Yes); // the project has a data source
     WithDialogs(
         [&] {
             EXPECT_TRUE(LetGo(*window_, database, {300, 5}));
         },
         {[](QWidget& dialog) {
-            EXPECT_EQ(dialog.windowTitle(), u"Open DataSource"_s);
+            EXPECT_EQ(dialog.windowTitle(), u"Edit DataSource"_s);
             EXPECT_EQ(Find<QLineEdit>(Find<QWidget>(dialog, "page0"), "txtDatabase").text(), u"/data/Shop.db"_s);
             Click(dialog, "cmdCancel");
         }});

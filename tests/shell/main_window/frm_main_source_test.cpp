@@ -221,14 +221,41 @@ TEST_F(FrmMainSource, NoOtherRowAttaches)
 TEST_F(FrmMainSource, ADroppedFileIsAProjectOrADataSource)
 {
     WriteProject("/desk.kzm", "Desk");
-    StartOnShop();
+    ASSERT_TRUE(Form.Load({}));
     std::string offered;
     Windows.InLogon = [&](frmODBCLogon& logon) { offered = logon.Page().txtDatabase; };
     Form.FileDropped("/books.mdb");
     EXPECT_EQ(offered, "/books.mdb");
-    EXPECT_EQ(Form.Project().ConnectionString(), testing::kShopString);
+    EXPECT_THAT(Windows.Purposes, ElementsAre(LogonPurpose::NewDataSource));
+    EXPECT_EQ(Form.Project().ConnectionString(), "");
     Form.FileDropped("/desk.kzm");
     EXPECT_EQ(Form.Project().ProjectName(), "Desk");
+}
+
+TEST_F(FrmMainSource, AProjectFromAnotherSystemIsKnownByItsEndingInAnyCase)
+{
+    WriteProject("/DESK.KZM", "Desk");
+    ASSERT_TRUE(Form.Load({}));
+    Form.FileDropped("/DESK.KZM");
+    EXPECT_EQ(Form.Project().ProjectName(), "Desk");
+    EXPECT_THAT(Windows.Opened, IsEmpty());
+}
+
+TEST_F(FrmMainSource, ADatabaseDroppedOnAProjectThatHasOneTakesItsPlaceAfterAYes)
+{
+    StartOnShop();
+    Windows.Purposes.clear();
+    World.Messages.Add(Answer::No);
+    Form.FileDropped("/books.mdb");
+    EXPECT_THAT(Titles(), ElementsAre("Edit DataSource Message"));
+    EXPECT_THAT(Windows.Purposes, IsEmpty());
+    World.Messages.Add(Answer::Yes);
+    std::string offered;
+    Windows.InLogon = [&](frmODBCLogon& logon) { offered = logon.Page().txtDatabase; };
+    Form.FileDropped("/books.mdb");
+    EXPECT_EQ(offered, "/books.mdb");
+    EXPECT_THAT(Windows.Purposes, ElementsAre(LogonPurpose::EditDataSource));
+    EXPECT_EQ(Form.Project().ConnectionString(), testing::kShopString);
 }
 
 } // namespace

@@ -433,6 +433,20 @@ std::string RefusalOf(const std::string& text, StringOrigin origin)
     return "";
 }
 
+// Quotes and braces stand doubled where they are written, so the value itself may stand elsewhere.
+bool IsWrittenOtherwise(const std::string& value)
+{
+    return value.find_first_of("\"'}") != std::string::npos;
+}
+
+// Another one of the same shape, which the rules treat alike.
+std::string OtherPassword(std::string password)
+{
+    std::replace_if(
+        password.begin(), password.end(), [](unsigned char c) { return std::isalnum(c) != 0; }, 'Z');
+    return password;
+}
+
 // A refusal that shows a password shows it with any other password too: the words were its own.
 void CheckKeepsSecret(const std::string& refusal, const std::string& text, const ConnectionString& given,
                       StringOrigin origin)
@@ -440,10 +454,11 @@ void CheckKeepsSecret(const std::string& refusal, const std::string& text, const
     for (const ConnectionEntry& entry : given.Entries()) {
         const std::size_t at = text.find(entry.Value);
         if (Lower(entry.Key) != "pwd" || entry.Value.size() < 8 || at == std::string::npos ||
-            at != text.rfind(entry.Value) || refusal.find(entry.Value) == std::string::npos)
+            at != text.rfind(entry.Value) || refusal.find(entry.Value) == std::string::npos ||
+            IsWrittenOtherwise(entry.Value))
             continue;
         std::string other = text;
-        other.replace(at, entry.Value.size(), entry.Value.size(), 'Z');
+        other.replace(at, entry.Value.size(), OtherPassword(entry.Value));
         Require(RefusalOf(other, origin) == refusal, "a refusal keeps the password");
     }
 }

@@ -37,14 +37,16 @@ void AddRelationships(ClassEdit& edit, const std::vector<CatalogKey>& keys, cons
     }
 }
 
-void TellFailure(ClassEdit& edit, const RuntimeError& error)
+bool TellFailure(ClassEdit& edit, const RuntimeError& error)
 {
-    if (error.Number != data_source_error::kNotSupported)
+    const bool isSupported = error.Number != data_source_error::kNotSupported;
+    if (isSupported)
         edit.Errors.ReportError(
             error, {.ModuleName = std::string(kClassEditorModule), .RoutineName = "RetrieveParentRelationships"});
     edit.Messages.Tell("Unable to display Relationships",
                        "Unable to display Relationship information because the datasource provider does not supply it.",
                        MessageIcon::Information);
+    return !isSupported;
 }
 
 std::vector<JoinField> ReadFields(ClassEdit& edit, const std::string& table)
@@ -59,11 +61,11 @@ std::vector<JoinField> ReadFields(ClassEdit& edit, const std::string& table)
 
 } // namespace
 
-void RetrieveParentRelationships(ClassEdit& edit, const std::string& parentTable)
+bool RetrieveParentRelationships(ClassEdit& edit, const std::string& parentTable)
 {
     const std::string& ownTable = edit.Class.TableName;
     if (parentTable.empty() || ownTable.empty())
-        return;
+        return true;
     edit.Class.TTCKeys.Clear();
     RetrieveTableKeys(edit);
     try {
@@ -73,8 +75,9 @@ void RetrieveParentRelationships(ClassEdit& edit, const std::string& parentTable
         // The columns mean the same in both directions, whichever table the key belongs to: on purpose.
         AddRelationships(edit, parentKeys, ownTable, parentTable);
         AddRelationships(edit, ownKeys, parentTable, parentTable);
+        return true;
     } catch (const RuntimeError& error) {
-        TellFailure(edit, error);
+        return TellFailure(edit, error);
     }
 }
 

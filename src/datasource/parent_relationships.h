@@ -11,8 +11,8 @@ namespace veldrane {
 
 // Reads the keys of the class again, then adds a relationship for each foreign key between the class's table and the
 // parent's, in either direction. A relationship that the class already has stays. A failure is told, and the class goes
-// on without relationships.
-void RetrieveParentRelationships(ClassEdit& edit, const std::string& parentTable);
+// on without relationships; false then, unless the data source knows none at all.
+bool RetrieveParentRelationships(ClassEdit& edit, const std::string& parentTable);
 
 struct JoinField
 {

@@ -108,7 +108,7 @@ FieldsOutcome RefreshClass(ClassEdit& edit)
     return outcome;
 }
 
-void MoveClassUnder(ClassEdit& edit, const KZMClass& parent)
+bool MoveClassUnder(ClassEdit& edit, const KZMClass& parent)
 {
     const std::shared_ptr<TTCKey> before = FirstKey(edit.Class, key_type::kPrimaryKey);
     edit.Class.TTCRelationships.Clear();
@@ -116,8 +116,9 @@ void MoveClassUnder(ClassEdit& edit, const KZMClass& parent)
     edit.Class.ParentClassName = parent.ClassName;
     // Without a data source that there are no keys to read says nothing new beside that there are no relationships.
     edit.KeysFailed = edit.KeysFailed || edit.Source == nullptr;
-    RetrieveParentRelationships(edit, parent.TableName);
+    const bool joined = RetrieveParentRelationships(edit, parent.TableName);
     KeepPrimaryKey(before, edit.Class);
+    return joined;
 }
 
 std::string_view AccessText(const KZMClass& item)

@@ -55,8 +55,8 @@ FieldsOutcome RefreshClass(ClassEdit& edit);
 
 // Puts a class under another: its relationships are read anew, for the parent's table, as are its keys; what the user
 // changed stays, a primary key set by hand as with RefreshClass. What can't be read is told, and the class goes on
-// without it.
-void MoveClassUnder(ClassEdit& edit, const KZMClass& parent);
+// without it; false then, as RetrieveParentRelationships.
+bool MoveClassUnder(ClassEdit& edit, const KZMClass& parent);
 
 // What the editor says about the class: "This class is Read Only." or "This class is Updatable."
 [[nodiscard]] std::string_view AccessText(const KZMClass& item);

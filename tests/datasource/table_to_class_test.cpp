@@ -225,7 +225,7 @@ class MovedClassTest : public TableToClassTest
 
 TEST_F(MovedClassTest, IsJoinedToItsNewParentAlone)
 {
-    MoveClassUnder(edit, parent);
+    EXPECT_TRUE(MoveClassUnder(edit, parent));
     EXPECT_EQ(item.ParentClassName, "Customer");
     EXPECT_FALSE(item.IsDomainTable);
     ASSERT_EQ(item.TTCRelationships.Count(), 1U);
@@ -238,7 +238,7 @@ TEST_F(MovedClassTest, IsJoinedToItsNewParentAlone)
 TEST_F(MovedClassTest, KeepsItsKeysWithoutADataSource)
 {
     edit.Source = nullptr;
-    MoveClassUnder(edit, parent);
+    EXPECT_FALSE(MoveClassUnder(edit, parent));
     EXPECT_EQ(item.ParentClassName, "Customer");
     EXPECT_EQ(item.TTCRelationships.Count(), 0U);
     EXPECT_EQ(FirstKey(item, key_type::kPrimaryKey)->TTCColumns.Item(1)->ColumnName, "ID");
@@ -257,7 +257,7 @@ TEST_F(MovedClassTest, KeepsItsKeysWhenItsTableIsGone)
 TEST_F(MovedClassTest, UnderAClassWithoutATableHasNoJoins)
 {
     parent.TableName = "";
-    MoveClassUnder(edit, parent);
+    EXPECT_TRUE(MoveClassUnder(edit, parent));
     EXPECT_EQ(item.ParentClassName, "Customer");
     EXPECT_EQ(item.TTCRelationships.Count(), 0U);
     EXPECT_TRUE(item.TTCKeys.Contains("PK"));

@@ -26,9 +26,14 @@ bool AcceptingClassEditor::Move(const std::shared_ptr<KZMClass>& item, const std
     if (parent == nullptr)
         return false;
     const std::unique_ptr<Catalog> catalog = OpenCatalog();
+    // The joins that the class leaves would be lost, and nobody could pick others.
+    if (!Guarded(application_.Errors, kClassEditorModule, "MoveClass",
+                 [&] { static_cast<void>(OpenSource(catalog.get())); }))
+        return false;
     const std::shared_ptr<KZMClass> copy = WorkingCopy(*item);
     ClassEdit edit = EditOf(*copy, catalog.get());
-    MoveClassUnder(edit, *parent);
+    if (!MoveClassUnder(edit, *parent))
+        return false;
     ReplaceClass(copy, session_.Project(), session_.Classes());
     return true;
 }

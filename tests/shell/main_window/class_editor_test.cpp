@@ -56,6 +56,34 @@ class AcceptingEditor : public ::testing::Test
     testing::FakeCatalog* source = nullptr;
 };
 
+// Orders below their customers, and shippers under which they are to go.
+class MoveWithoutAnswer : public AcceptingEditor
+{
+  protected:
+    MoveWithoutAnswer()
+    {
+        source->Add("Shippers").Fields = {IdentityField("ID")};
+        EXPECT_TRUE(editor.Add({.TableName = "Customers"}));
+        EXPECT_TRUE(editor.Add({.TableName = "Shippers"}));
+        EXPECT_TRUE(
+            editor.Add({.TableName = "Orders", .ParentClassName = "Customer", .Place = Placement::UnderParent}));
+        order = Class("Order");
+        session.Project().SetModified(false);
+        messages.Forget();
+    }
+
+    void ExpectAsBefore()
+    {
+        EXPECT_EQ(Class("Order"), order);
+        EXPECT_EQ(order->ParentClassName, "Customer");
+        EXPECT_TRUE(order->TTCRelationships.Contains("FK_Customer"));
+        EXPECT_EQ(order->TTCKeys.Count(), 1U);
+        EXPECT_FALSE(session.Project().Modified());
+    }
+
+    std::shared_ptr<KZMClass> order;
+};
+
 TEST_F(AcceptingEditor, AddsTheClassThatItsTableGives)
 {
     AnswerWith({Answer::No, Answer::Yes});
@@ -136,16 +164,44 @@ TEST_F(AcceptingEditor, MovesAClassWithAllThatItHas)
     EXPECT_THAT(messages.Asked(), IsEmpty());
 }
 
-TEST_F(AcceptingEditor, WithoutADataSourceAMovedClassKeepsItsKeysAndHasNoJoins)
+TEST_F(MoveWithoutAnswer, WithoutADataSourceIsToldAndTheClassKeepsItsPlaceAndItsJoins)
 {
-    ASSERT_TRUE(editor.Add({.TableName = "Customers"}));
-    ASSERT_TRUE(editor.Add({.TableName = "Orders"}));
     state.ActiveConnection.reset();
-    messages.Forget();
-    EXPECT_TRUE(editor.Move(Class("Customer"), "Order"));
-    EXPECT_EQ(Class("Customer")->TTCKeys.Count(), 2U);
-    EXPECT_EQ(Class("Customer")->TTCRelationships.Count(), 0U);
+    EXPECT_FALSE(editor.Move(order, "Shipper"));
+    ASSERT_EQ(errors.Reported.size(), 1U);
+    EXPECT_STREQ(errors.Reported[0].Error.what(), "No data source is open.");
+    EXPECT_THAT(messages.Asked(), IsEmpty());
+    ExpectAsBefore();
+}
+
+TEST_F(MoveWithoutAnswer, UnderAClassWithoutATableAsksForTheDataSourceToo)
+{
+    Class("Shipper")->TableName.clear();
+    state.ActiveConnection.reset();
+    EXPECT_FALSE(editor.Move(order, "Shipper"));
+    EXPECT_EQ(errors.Reported.size(), 1U);
+    ExpectAsBefore();
+}
+
+TEST_F(MoveWithoutAnswer, FromADataSourceThatFailsIsToldAndTheClassKeepsItsPlaceAndItsJoins)
+{
+    source->Failures = {{"Keys", data_source_error::kFailed}};
+    EXPECT_FALSE(editor.Move(order, "Shipper"));
     EXPECT_THAT(Titles(), ElementsAre("Unable to display Relationships"));
+    EXPECT_EQ(messages.Asked()[0].Text,
+              "Unable to display Relationship information because the datasource provider does not supply it.");
+    EXPECT_EQ(errors.Reported.size(), 1U);
+    ExpectAsBefore();
+}
+
+TEST_F(MoveWithoutAnswer, FromADataSourceThatKnowsNoRelationshipsGoesOnWithoutThem)
+{
+    source->Failures = {{"Keys", data_source_error::kNotSupported}};
+    EXPECT_TRUE(editor.Move(order, "Shipper"));
+    EXPECT_THAT(Titles(), ElementsAre("Unable to display Relationships"));
+    EXPECT_THAT(errors.Reported, IsEmpty());
+    EXPECT_EQ(Class("Order")->ParentClassName, "Shipper");
+    EXPECT_EQ(Class("Order")->TTCRelationships.Count(), 0U);
 }
 
 TEST_F(AcceptingEditor, AClassIsNotMovedUnderOneThatIsGone)

@@ -22,8 +22,8 @@ void ProjectSession::Adopt(std::unique_ptr<Document> document, DataSourceOnOpen 
     if (dataSource == DataSourceOnOpen::Connect)
         connectionChanged_ = Project().ProjectConnectionChanged.Connect([this](const std::string& text) {
             if (text.empty())
-                return;
-            if (!IsOpenOn(text))
+                application_.State.ActiveConnection.reset();
+            else if (!IsOpenOn(text))
                 Connect(text, StringOrigin::ProjectFile);
             DataSourceChanged.Raise();
         });

@@ -19,7 +19,7 @@ enum class DataSourceOnOpen
 
 // The project of a session, and the one connection that everything which reads a catalog shares. Assigning a changed
 // connection string to the project opens the data source, unless it is open already or the document was told to leave
-// it closed; a failure is reported, and the project goes on without one.
+// it closed; a failure is reported, and the project goes on without one. An empty string closes it.
 class ProjectSession
 {
   public:

@@ -108,13 +108,23 @@ TEST_F(ProjectSessionTest, AnotherStringClosesTheOpenConnectionFirst)
     EXPECT_EQ(session.ActiveConnection()->ConnectionString(), "DSN=Other;");
 }
 
-TEST_F(ProjectSessionTest, TheSameStringAndAnEmptyOneLeaveTheConnectionAsItIs)
+TEST_F(ProjectSessionTest, TheSameStringLeavesTheConnectionAsItIs)
 {
     OpenProjectOn("DSN=Shop;");
     session.Project().SetConnectionString("DSN=Shop;");
-    session.Project().SetConnectionString("");
     EXPECT_EQ(Log, Texts{"open DSN=Shop;"});
     EXPECT_TRUE(session.ActiveConnection());
+}
+
+TEST_F(ProjectSessionTest, AnEmptyStringClosesTheConnectionAndIsTold)
+{
+    OpenProjectOn("DSN=Shop;");
+    int told = 0;
+    const Connection listening = session.DataSourceChanged.Connect([&] { ++told; });
+    session.Project().SetConnectionString("");
+    EXPECT_EQ(Log, (Texts{"open DSN=Shop;", "close DSN=Shop;"}));
+    EXPECT_FALSE(session.ActiveConnection());
+    EXPECT_EQ(told, 1);
 }
 
 TEST_F(ProjectSessionTest, AStringThatIsOpenAlreadyIsNotOpenedAgain)

@@ -12,6 +12,12 @@ std::size_t IndexOf(DataSourceTab tab)
 
 } // namespace
 
+void DataSourcePane::Clear()
+{
+    rows_ = {};
+    selected_ = {};
+}
+
 void DataSourcePane::Refresh(const DataSourceView& view)
 {
     DataSourceLists lists = DisplayDataSourceTables(view, kTableIcon);

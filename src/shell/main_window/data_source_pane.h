@@ -24,6 +24,9 @@ inline constexpr std::size_t kDataSourceTabs = 3;
 class DataSourcePane
 {
   public:
+    // Empties the three lists.
+    void Clear();
+
     // Fills the three lists anew; nothing is selected then.
     void Refresh(const DataSourceView& view);
 

@@ -11,14 +11,18 @@ DataSourceConnection* frmMain::OpenConnection()
     return connection != nullptr && connection->IsOpen() ? connection : nullptr;
 }
 
+// The state of a change lasts while the lists are filled: what is selected stays selected, and so do its tools.
 void frmMain::ShowDataSource()
 {
-    RefreshLists();
     ShowMenus(menu_state::kParentClasses);
+    RefreshLists();
+    if (const TreeNode* node = tree_.SelectedNode())
+        ShowMenus(MenuStateOf(*node));
 }
 
 void frmMain::RefreshLists()
 {
+    datasource_.Clear();
     const CatalogReading::Session session(reading_);
     const PointerWhile hourglass(application_.Windows.Pointer, PointerShape::Hourglass);
     Guarded(application_.Errors, "CodeGeneration", "DisplayDataSourceTables", [&] {

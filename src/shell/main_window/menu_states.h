@@ -33,7 +33,7 @@ namespace menu_state {
 inline constexpr int kNewProject = 1;
 inline constexpr int kProject = 2;
 inline constexpr int kTableClass = 3;
-inline constexpr int kParentClasses = 4; // also after a change of the data source
+inline constexpr int kParentClasses = 4; // also while a changed data source is read
 inline constexpr int kLookupClass = 5;
 inline constexpr int kRequiredFiles = 6; // also the group of the lookup classes
 inline constexpr int kAdditionalClass = 7;

@@ -32,6 +32,15 @@ class RemoteConnection : public FakeConnection
         FakeConnection::Open(text);
     }
 
+    [[nodiscard]] std::unique_ptr<Catalog> OpenCatalog() override
+    {
+        if (!HasCatalog)
+            throw DataSourceError(data_source_error::kFailed, "RemoteConnection", "The catalog is locked.");
+        return FakeConnection::OpenCatalog();
+    }
+
+    bool HasCatalog = true;
+
   private:
     const bool& isReachable_;
 };

@@ -33,13 +33,58 @@ TEST_F(FrmMainSource, AChosenDataSourceFillsTheListsAndSetsItsState)
     ASSERT_TRUE(Form.Load({}));
     Click(Fixed(tree_key::kRoot));
     ChooseJetFile("/shop.mdb");
+    std::vector<bool> mayRename;
+    const Connection listening = Form.Changed.Connect([&](WindowPart part) {
+        if (part == WindowPart::Lists)
+            mayRename.push_back(Form.actBar().IsEnabled("ProjectRename"));
+    });
     Form.actbar_Click("OpenDatasource");
     EXPECT_THAT(Rows(), ElementsAre(":ADD", "Customers", "Orders", "Countries"));
     EXPECT_THAT(Rows(DataSourceTab::StoredProcedures), ElementsAre("GetTotals"));
     EXPECT_TRUE(Form.actBar().IsEnabled("RefreshTables"));
-    EXPECT_FALSE(Form.actBar().IsEnabled("ProjectRename"));
+    EXPECT_THAT(mayRename, ElementsAre(false)); // the state of a change lasts until the lists are full
     EXPECT_TRUE(Form.Project().Modified());
     EXPECT_EQ(Connected.size(), 1U);
+}
+
+TEST_F(FrmMainSource, WhatIsSelectedKeepsItsToolsAfterAChangeOfTheDataSource)
+{
+    ASSERT_TRUE(Form.Load({}));
+    ChooseJetFile("/shop.mdb");
+    Form.actbar_Click("OpenDatasource");
+    EXPECT_EQ(SelectedKey(), "Root");
+    EXPECT_TRUE(Form.actBar().IsEnabled("ProjectRename"));
+    DropRow("Customers", Fixed(tree_key::kParentClasses));
+    ASSERT_EQ(SelectedKey(), "Customer");
+    ChooseJetFile("/books.mdb");
+    Form.actbar_Click("OpenDatasource");
+    EXPECT_TRUE(Form.actBar().IsEnabled("DeleteClass"));
+    EXPECT_TRUE(Form.actBar().IsEnabled("MoveClassTo"));
+    EXPECT_FALSE(Form.actBar().IsEnabled("ProjectRename"));
+}
+
+TEST_F(FrmMainSource, AnEmptyConnectionStringClosesTheDataSource)
+{
+    StartOnShop();
+    EXPECT_TRUE(Form.actBar().IsEnabled("RefreshTables"));
+    Form.Project().SetConnectionString("");
+    EXPECT_EQ(World.State.ActiveConnection, nullptr);
+    EXPECT_THAT(Rows(), ElementsAre("NONE"));
+    EXPECT_FALSE(Form.actBar().IsEnabled("RefreshTables"));
+    EXPECT_EQ(Connected.size(), 1U);
+}
+
+TEST_F(FrmMainSource, ACatalogThatCanNotBeOpenedLeavesNoRowsOfTheFormerOne)
+{
+    StartOnShop();
+    ASSERT_TRUE(Form.DraggedFromRow(Row("Customers")));
+    dynamic_cast<testing::RemoteConnection&>(*World.State.ActiveConnection).HasCatalog = false;
+    Form.actbar_Click("RefreshTables");
+    ASSERT_EQ(World.Errors.Reported.size(), 1U);
+    EXPECT_EQ(World.Errors.Reported[0].Error.Description(), "The catalog is locked.");
+    EXPECT_THAT(Rows(), IsEmpty());
+    EXPECT_FALSE(Form.DraggedFromRow(1));
+    EXPECT_FALSE(Form.DraggedFromSelection("AddClassTo"));
 }
 
 TEST_F(FrmMainSource, AChangedConnectionStringOpensItsDataSource)

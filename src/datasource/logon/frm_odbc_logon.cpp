@@ -33,11 +33,23 @@ frmODBCLogon::frmODBCLogon(TTCProject& project, LogonPurpose purpose, LogonMode 
 
 void frmODBCLogon::Load()
 {
+    if (LoadLists())
+        ReadConnectionString(mode_ == LogonMode::Normal ? project_.ConnectionString() : ConnectionString);
+}
+
+void frmODBCLogon::LoadWithFile(const std::string& path)
+{
+    LoadLists();
+    DropFile(path);
+}
+
+bool frmODBCLogon::LoadLists()
+{
     GetDSNsAndDrivers();
     if (!OffersOdbc())
-        return;
+        return false;
     chkConnectSameDirectory = project_.ConnectSameDirectory;
-    ReadConnectionString(mode_ == LogonMode::Normal ? project_.ConnectionString() : ConnectionString);
+    return true;
 }
 
 // A data source may stand on a library that is set up as no driver.

@@ -70,6 +70,9 @@ class frmODBCLogon
     // ConnectSameDirectory back into the controls. Opens nothing.
     void Load();
 
+    // The same for a file that was dropped on another window: DropFile in place of reading the string back.
+    void LoadWithFile(const std::string& path);
+
     [[nodiscard]] LogonPurpose Purpose() const { return purpose_; }
     [[nodiscard]] DialogState State() const { return state_; }
 
@@ -115,6 +118,7 @@ class frmODBCLogon
 
     void SelectSqliteDriver();
     void Choose(Target target); // nothing to choose on the Jet page
+    bool LoadLists();           // whether there is anything to read a string back into
     void GetDSNsAndDrivers();
     [[nodiscard]] bool OffersOdbc() const;
     void ReadConnectionString(const std::string& text);

@@ -103,9 +103,10 @@ void frmMain::ShowLogon(LogonPurpose purpose, const std::string& database)
                         .Connect = application_.Connect,
                         .ActiveConnection = application_.State.ActiveConnection,
                         .TdsDriver = application_.TdsDriver});
-    logon.Load();
-    if (!database.empty())
-        logon.DropFile(database);
+    if (database.empty())
+        logon.Load();
+    else
+        logon.LoadWithFile(database);
     const bool wasOpen = OpenConnection() != nullptr;
     bool told = false;
     const Connection listening = session_.DataSourceChanged.Connect([&] { told = true; });

@@ -303,5 +303,22 @@ TEST_F(FrmMainSource, ADatabaseDroppedOnAProjectThatHasOneTakesItsPlaceAfterAYes
     EXPECT_EQ(Form.Project().ConnectionString(), testing::kShopString);
 }
 
+TEST_F(FrmMainSource, AFileDroppedOnAProjectOnSqliteIsOfferedWithoutAWordAboutTheFormerOne)
+{
+    World.Installed.Libraries["SQLite3"] = "libsqlite3odbc.so";
+    StartOnShop();
+    Form.Project().SetConnectionString("PROVIDER=MSDASQL;Driver=SQLite3;Server=;UID=;PWD=;Database=/shop.db;");
+    World.Messages.Forget();
+    World.Messages.Add(Answer::Yes);
+    std::string offered;
+    Windows.InLogon = [&](frmODBCLogon& logon) {
+        offered =
+            std::string(logon.Provider().Key) + " " + logon.Page().cmbDrivers.Text() + " " + logon.Page().txtDatabase;
+    };
+    Form.FileDropped("/books.db");
+    EXPECT_THAT(Titles(), ElementsAre("Edit DataSource Message"));
+    EXPECT_EQ(offered, "MSDASQL SQLite3 /books.db");
+}
+
 } // namespace
 } // namespace veldrane

@@ -147,6 +147,7 @@ void MainWindow::ConnectLists()
                 [this](const QModelIndex& index) { rules_.lst_DblClick(static_cast<std::size_t>(index.row())); });
         connect(&view, &QWidget::customContextMenuRequested, this,
                 [this, &view](const QPoint& where) { OpenListMenu(view, where); });
+        connect(&view, &RowListView::HeaderClicked, this, [this] { rules_.lst_ColumnClick(); });
         view.WhatIsDragged = [this](const QModelIndex& index) {
             return index.isValid() ? rules_.DraggedFromRow(static_cast<std::size_t>(index.row())) : std::nullopt;
         };

@@ -74,9 +74,15 @@ void MainWindow::ShowTreeState()
 
 void MainWindow::ShowLists()
 {
-    for (std::size_t tab = 0; tab < kDataSourceTabs; ++tab)
-        lists_.at(tab).Show(rules_.Datasource().Rows(static_cast<DataSourceTab>(tab)));
-    ui_->tabDatasource->setCurrentIndex(static_cast<int>(rules_.Datasource().Tab()));
+    const DataSourcePane& pane = rules_.Datasource();
+    for (std::size_t tab = 0; tab < kDataSourceTabs; ++tab) {
+        lists_.at(tab).Show(pane.Rows(static_cast<DataSourceTab>(tab)));
+        listViews_.at(tab)->ShowOrder(pane.Order(static_cast<DataSourceTab>(tab)));
+    }
+    const auto shown = static_cast<std::size_t>(pane.Tab());
+    ui_->tabDatasource->setCurrentIndex(static_cast<int>(shown));
+    if (const auto row = pane.SelectedRow())
+        listViews_.at(shown)->setCurrentIndex(lists_.at(shown).index(static_cast<int>(*row)));
 }
 
 void MainWindow::ShowNavigator()

@@ -2,6 +2,8 @@
 
 #include "shell/desktop/drag_payload.h"
 
+#include <QHeaderView>
+
 namespace veldrane {
 
 RowListView::RowListView(QWidget* parent) : QTreeView(parent)
@@ -12,6 +14,14 @@ RowListView::RowListView(QWidget* parent) : QTreeView(parent)
     setDragEnabled(true);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setContextMenuPolicy(Qt::CustomContextMenu);
+    header()->setSectionsClickable(true);
+    connect(header(), &QHeaderView::sectionClicked, this, &RowListView::HeaderClicked);
+}
+
+void RowListView::ShowOrder(SortOrder order)
+{
+    header()->setSortIndicatorShown(order != SortOrder::Unsorted);
+    header()->setSortIndicator(0, order == SortOrder::Descending ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 void RowListView::startDrag(Qt::DropActions /*supported*/)

@@ -22,6 +22,12 @@ class RowListView : public QTreeView
         return std::nullopt;
     };
 
+    // Shows by the header's arrow how the rows are sorted; none where they are not.
+    void ShowOrder(SortOrder order);
+
+  Q_SIGNALS:
+    void HeaderClicked();
+
   protected:
     void startDrag(Qt::DropActions supported) override;
 };

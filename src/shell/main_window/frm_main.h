@@ -102,6 +102,8 @@ class frmMain : private OptionsOwner
     void lst_ItemClick(std::size_t row); // of the list that is shown
     void lst_DblClick(std::size_t row);
 
+    void lst_ColumnClick(); // on its header
+
     // Whether the row of the list that is shown has a menu of its own.
     [[nodiscard]] bool HasMenu(std::size_t row) const;
 

@@ -68,6 +68,12 @@ void frmMain::lst_DblClick(std::size_t row)
         AttachByHand();
 }
 
+void frmMain::lst_ColumnClick()
+{
+    datasource_.SortListView();
+    Changed.Raise(WindowPart::Lists);
+}
+
 bool frmMain::HasMenu(std::size_t row) const
 {
     const std::vector<ListRow>& rows = datasource_.Rows(datasource_.Tab());

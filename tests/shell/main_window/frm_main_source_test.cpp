@@ -183,6 +183,18 @@ TEST_F(FrmMainSource, RefreshShowsTheTablesAsTheyAreNow)
     EXPECT_EQ(World.Pointer.Current, PointerShape::Default);
 }
 
+TEST_F(FrmMainSource, AClickOnTheHeaderSortsTheListThatIsShown)
+{
+    StartOnShop();
+    int shown = 0;
+    const Connection listening = Form.Changed.Connect([&](WindowPart part) { shown += part == WindowPart::Lists; });
+    Form.lst_ColumnClick();
+    EXPECT_THAT(Rows(), ElementsAre(":ADD", "Countries", "Customers", "Orders"));
+    Form.lst_ColumnClick();
+    EXPECT_THAT(Rows(), ElementsAre(":ADD", "Orders", "Customers", "Countries"));
+    EXPECT_EQ(shown, 2);
+}
+
 TEST_F(FrmMainSource, AnotherTabReadsTheListsAnew)
 {
     StartOnShop();

@@ -4,6 +4,7 @@
 #include "datasource/catalog.h"
 #include "ports/reading_watch.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -92,12 +93,14 @@ class FakeCatalog : public Catalog
     std::vector<std::string> ProcedureNames;
     std::map<std::string, long> Failures; // error number by the name of the call
     std::string CancelledCall;            // in which the person cancels the reading; "" for none
+    std::function<void(const std::string& call)> Answering = [](const std::string& /*call*/) {};
     std::vector<std::string> Calls;
 
   private:
     void Record(const std::string& call, const std::string& argument)
     {
         Calls.push_back(argument.empty() ? call : call + " " + argument);
+        Answering(call);
         if (call == CancelledCall)
             throw ReadingCancelled();
         if (const auto failure = Failures.find(call); failure != Failures.end())

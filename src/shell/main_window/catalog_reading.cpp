@@ -33,8 +33,8 @@ void CatalogReading::End()
 
 std::string CatalogReading::Text() const
 {
-    constexpr const char* kWhat = "Reading the data source...";
-    return rows_ == 0 ? kWhat : kWhat + (" " + std::to_string(rows_) + (rows_ == 1 ? " row" : " rows"));
+    return rows_ == 0 ? kReadingStatus
+                      : kReadingStatus + (" " + std::to_string(rows_) + (rows_ == 1 ? " row" : " rows"));
 }
 
 void CatalogReading::Cancel()

@@ -17,12 +17,22 @@ constexpr std::string_view kModule = "frmMain";
 } // namespace
 
 frmMain::frmMain(const Application& application, MainWindowDialogs& dialogs, CatalogReading& reading)
-    : application_(application), dialogs_(dialogs), reading_(reading), session_(application),
-      editor_(application, session_), recent_(application)
+    : application_(application), telling_(TellingOfConnections(application)), dialogs_(dialogs), reading_(reading),
+      session_(telling_), editor_(application, session_), recent_(application)
 {
     status_.Follow(session_.FileManagement());
     Listen();
     StartProject();
+}
+
+// A data source that does not answer holds the window for seconds.
+Application frmMain::TellingOfConnections(Application application)
+{
+    application.Connect = [this, connect = application.Connect](const std::string& text, StringOrigin origin) {
+        const StatusWhile connecting(status_, "Connecting to the data source...");
+        return connect(text, origin);
+    };
+    return application;
 }
 
 void frmMain::Listen()

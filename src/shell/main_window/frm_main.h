@@ -137,6 +137,7 @@ class frmMain : private OptionsOwner
     struct NamedCommand;
     static const std::vector<NamedCommand>& Commands();
 
+    [[nodiscard]] Application TellingOfConnections(Application application);
     void Listen();
     void StartProject();
     void Project_ProjectNameChanged(const std::string& name);
@@ -157,6 +158,7 @@ class frmMain : private OptionsOwner
     void AttachByHand();
     [[nodiscard]] Drop EffectOf(const Dragged& dragged, std::size_t target);
     void PerformDrop(const Drop& drop);
+    [[nodiscard]] bool PerformReading(const Drop& drop);
     [[nodiscard]] DataSourceConnection* OpenConnection();
 
     // The tools.
@@ -177,6 +179,7 @@ class frmMain : private OptionsOwner
     void DisplaySelectedPreview() override { DisplayPreview(); }
 
     const Application& application_;
+    const Application telling_; // says in the status bar that it opens a data source
     MainWindowDialogs& dialogs_;
     CatalogReading& reading_;
     ProjectSession session_;

@@ -25,6 +25,7 @@ void frmMain::RefreshLists()
     datasource_.Clear();
     const CatalogReading::Session session(reading_);
     const PointerWhile hourglass(application_.Windows.Pointer, PointerShape::Hourglass);
+    status_.SetStatus(kReadingStatus);
     Guarded(application_.Errors, "CodeGeneration", "DisplayDataSourceTables", [&] {
         DataSourceConnection* connection = OpenConnection();
         // It shows the data source as it is now.
@@ -36,8 +37,8 @@ void frmMain::RefreshLists()
                              .Messages = application_.Asking,
                              .Errors = application_.Errors});
     });
-    if (reading_.WasCancelled())
-        status_.SetStatus("The reading was cancelled: the lists are not complete.");
+    status_.SetStatus(reading_.WasCancelled() ? "The reading was cancelled: the lists are not complete."
+                                              : kReadyStatus);
     Changed.Raise(WindowPart::Lists);
 }
 
@@ -106,7 +107,7 @@ void frmMain::ShowLogon(LogonPurpose purpose, const std::string& database)
                         .Files = application_.Windows.Dialogs,
                         .Pointer = application_.Windows.Pointer,
                         .Installed = application_.Installed,
-                        .Connect = application_.Connect,
+                        .Connect = telling_.Connect,
                         .ActiveConnection = application_.State.ActiveConnection,
                         .TdsDriver = application_.TdsDriver});
     if (database.empty())

@@ -142,10 +142,22 @@ void frmMain::PerformDrop(const Drop& drop)
 {
     const PointerWhile hourglass(application_.Windows.Pointer, PointerShape::Hourglass);
     bool changed = true;
-    Guarded(application_.Errors, "frmMain", "treMain_DragDrop",
-            [&] { changed = Perform(drop, {.Project = Project(), .Classes = Classes(), .Editor = editor_}); });
+    Guarded(application_.Errors, "frmMain", "treMain_DragDrop", [&] { changed = PerformReading(drop); });
     if (changed)
         DisplayClasses();
+}
+
+// A class is read to its end before it enters the project, so that nothing has changed where the person cancels.
+bool frmMain::PerformReading(const Drop& drop)
+{
+    const CatalogReading::Session session(reading_);
+    try {
+        const StatusWhile reading(status_, kReadingStatus);
+        return Perform(drop, {.Project = Project(), .Classes = Classes(), .Editor = editor_});
+    } catch (const ReadingCancelled&) {
+        status_.SetStatus("The reading was cancelled: nothing has changed.");
+        return false;
+    }
 }
 
 void frmMain::cmbNavigate_Click(std::size_t entry)

@@ -53,4 +53,17 @@ class StatusBar
     std::vector<Connection> connections_;
 };
 
+// Shows a text in the panel "Status" for as long as it lives, and then that the program is ready.
+class StatusWhile
+{
+  public:
+    StatusWhile(StatusBar& bar, const std::string& text) : bar_(bar) { bar_.SetStatus(text); }
+    ~StatusWhile() { bar_.SetStatus(kReadyStatus); }
+    StatusWhile(const StatusWhile&) = delete;
+    StatusWhile& operator=(const StatusWhile&) = delete;
+
+  private:
+    StatusBar& bar_;
+};
+
 } // namespace veldrane

@@ -126,6 +126,35 @@ TEST_F(FrmMainDrop, ATableThatWasDroppedInTheDatabaseIsToldAndNothingIsLost)
     EXPECT_EQ(World.Pointer.Current, PointerShape::Default);
 }
 
+TEST_F(FrmMainDrop, AReadingThatIsCancelledAddsAndMovesNothingAndIsNoFailure)
+{
+    StartWithCustomer();
+    DropRow("Orders", Fixed(tree_key::kParentClasses));
+    Form.Project().SetModified(false);
+    World.Messages.Forget();
+    CancelIn("Fields");
+    DropRow("Countries", Fixed(tree_key::kLookupClasses));
+    EXPECT_EQ(Form.Status().Status(), "The reading was cancelled: nothing has changed.");
+    CancelIn("Keys");
+    DropNode(OfClass("Order"), OfClass("Customer"));
+    EXPECT_EQ(Form.Status().Status(), "The reading was cancelled: nothing has changed.");
+    EXPECT_EQ(Form.Classes().Count(), 2U);
+    EXPECT_EQ(Form.Classes().Item("Order")->ParentClassName, "");
+    EXPECT_FALSE(Form.Project().Modified());
+    EXPECT_THAT(World.Errors.Reported, IsEmpty());
+    EXPECT_THAT(Titles(), IsEmpty());
+    EXPECT_EQ(World.Pointer.Current, PointerShape::Default);
+}
+
+TEST_F(FrmMainDrop, TheStatusSaysThatADropReadsTheDataSource)
+{
+    StartOnShop();
+    std::vector<std::string> status;
+    const Connection listening = Form.Status().Changed.Connect([&] { status.push_back(Form.Status().Status()); });
+    DropRow("Countries", Fixed(tree_key::kLookupClasses));
+    EXPECT_THAT(status, ElementsAre("Reading the data source...", "Ready..."));
+}
+
 TEST_F(FrmMainDrop, ADropOnANodeThatIsNotThereDoesNothing)
 {
     StartOnShop();

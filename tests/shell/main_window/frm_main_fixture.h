@@ -94,6 +94,19 @@ class FrmMainTest : public ::testing::Test
     // The catalog of the open connection, to be changed behind the window's back.
     FakeCatalog& Database() { return dynamic_cast<FakeConnection&>(*World.State.ActiveConnection).Content; }
 
+    // The person cancels while the call is answered, behind its second row.
+    void CancelIn(const std::string& call)
+    {
+        Database().Answering = [this, call](const std::string& answered) {
+            if (answered != call)
+                return;
+            Reading.Read(1);
+            Reading.Read(2);
+            Reading.Cancel();
+            Reading.Read(3);
+        };
+    }
+
     [[nodiscard]] std::size_t Node(const NodeKey& key) const
     {
         const auto index = IndexOf(Form.treMain().Nodes(), key);

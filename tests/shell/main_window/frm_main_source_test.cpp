@@ -195,6 +195,43 @@ TEST_F(FrmMainSource, AClickOnTheHeaderSortsTheListThatIsShown)
     EXPECT_EQ(shown, 2);
 }
 
+TEST_F(FrmMainSource, TheStatusSaysWhatIsWaitedForWhileADataSourceIsOpenedAndRead)
+{
+    ASSERT_TRUE(Form.Load({}));
+    ChooseJetFile("/shop.mdb");
+    std::vector<std::string> status;
+    const Connection listening = Form.Status().Changed.Connect([&] { status.push_back(Form.Status().Status()); });
+    Form.actbar_Click("OpenDatasource");
+    EXPECT_THAT(status,
+                ElementsAre("Connecting to the data source...", "Ready...", "Reading the data source...", "Ready..."));
+    status.clear();
+    IsReachable = false;
+    ChooseJetFile("/gone.mdb");
+    Form.actbar_Click("OpenDatasource");
+    EXPECT_EQ(status.front(), "Connecting to the data source...");
+    EXPECT_EQ(status.back(), "Ready...");
+}
+
+TEST_F(FrmMainSource, AReadingThatIsCancelledLeavesTheListsAsFilledAndSaysSo)
+{
+    StartOnShop();
+    CancelIn("Tables");
+    Form.actbar_Click("RefreshTables");
+    EXPECT_THAT(Rows(), ElementsAre(":ADD"));
+    EXPECT_THAT(Rows(DataSourceTab::StoredProcedures), IsEmpty());
+    EXPECT_EQ(Form.Status().Status(), "The reading was cancelled: the lists are not complete.");
+    EXPECT_THAT(World.Errors.Reported, IsEmpty());
+    EXPECT_EQ(World.Pointer.Current, PointerShape::Default);
+    CancelIn("Procedures");
+    Form.actbar_Click("RefreshTables");
+    EXPECT_THAT(Rows(), ElementsAre(":ADD", "Customers", "Orders", "Countries"));
+    EXPECT_EQ(Form.Status().Status(), "The reading was cancelled: the lists are not complete.");
+    CancelIn("");
+    Form.actbar_Click("RefreshTables");
+    EXPECT_EQ(Form.Status().Status(), "Ready...");
+    EXPECT_THAT(Rows(DataSourceTab::StoredProcedures), ElementsAre("GetTotals"));
+}
+
 TEST_F(FrmMainSource, AnotherTabReadsTheListsAnew)
 {
     StartOnShop();

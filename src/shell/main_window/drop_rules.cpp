@@ -175,14 +175,22 @@ Drop DropOnClass(const TreeNode& dragged, const KZMClass& item, const TreeNode& 
     return ClassMove{.ClassName = item.ClassName, .ParentClassName = parent.ClassName};
 }
 
-std::string CaptionOf(const TreeNode& node)
+bool LosesCollection(const Drop& effect, const KZMClasses& classes)
 {
-    return node.Id.Kind == NodeKind::Fixed ? node.Caption : node.ClassName;
+    const auto* const move = std::get_if<ClassMove>(&effect);
+    return move != nullptr && move->DropsCollection && classes.Item(move->ClassName)->CreateCollection;
+}
+
+std::string CaptionOf(const TreeNode& node, const Drop& effect, const KZMClasses& classes)
+{
+    const std::string& place = node.Id.Kind == NodeKind::Fixed ? node.Caption : node.ClassName;
+    return LosesCollection(effect, classes) ? place + " (without its collection)" : place;
 }
 
 template <class DropAt>
-std::vector<DropTarget> TargetsWhere(const ProjectTree& tree, const DropAt& dropAt)
+std::vector<DropTarget> TargetsWhere(const DropGround& ground, const DropAt& dropAt)
 {
+    const ProjectTree& tree = ground.Tree;
     std::vector<DropTarget> targets;
     for (std::size_t i = 0; i < tree.size(); ++i) {
         Drop effect = dropAt(i);
@@ -190,8 +198,10 @@ std::vector<DropTarget> TargetsWhere(const ProjectTree& tree, const DropAt& drop
             continue;
         const bool isBelowItsCollection = !targets.empty() && tree[i].Id.Kind == NodeKind::Class &&
                                           tree[targets.back().Node].ClassName == tree[i].ClassName;
-        if (!isBelowItsCollection)
-            targets.push_back({.Node = i, .Caption = CaptionOf(tree[i]), .Effect = std::move(effect)});
+        if (isBelowItsCollection)
+            continue;
+        std::string caption = CaptionOf(tree[i], effect, ground.Classes);
+        targets.push_back({.Node = i, .Caption = std::move(caption), .Effect = std::move(effect)});
     }
     return targets;
 }
@@ -239,12 +249,12 @@ std::vector<DropTarget> TargetsOf(const DraggedRow& row, const DropGround& groun
     if (!CanDrag(row.Row))
         return {};
     const RowDrops drops(row, ground);
-    return TargetsWhere(ground.Tree, [&](std::size_t target) { return drops.On(ground.Tree[target]); });
+    return TargetsWhere(ground, [&](std::size_t target) { return drops.On(ground.Tree[target]); });
 }
 
 std::vector<DropTarget> TargetsOf(std::size_t node, const DropGround& ground)
 {
-    return TargetsWhere(ground.Tree, [&](std::size_t target) { return DropOf(node, target, ground); });
+    return TargetsWhere(ground, [&](std::size_t target) { return DropOf(node, target, ground); });
 }
 
 } // namespace veldrane

@@ -80,7 +80,7 @@ struct DropTarget
 };
 
 // All places where a row, or a node, does something, in the order of the tree. A class and its collection are one
-// place wherever they take it alike.
+// place wherever they take it alike. The caption says so where a class would lose its collection.
 [[nodiscard]] std::vector<DropTarget> TargetsOf(const DraggedRow& row, const DropGround& ground);
 [[nodiscard]] std::vector<DropTarget> TargetsOf(std::size_t node, const DropGround& ground);
 

@@ -58,12 +58,16 @@ void frmMain::StartProject()
     projectEvents_.push_back(
         Project().ProjectNameChanged.Connect([this](const std::string& name) { Project_ProjectNameChanged(name); }));
     projectEvents_.push_back(
-        Classes().NewClassAdded.Connect([this](const std::string& name) { Classes_NewClassAdded(name); }));
-    projectEvents_.push_back(
         Classes().ClassNameChanged.Connect([this](const std::string& oldName, const std::string& newName) {
             Classes_ClassNameChanged(oldName, newName);
         }));
+    ListenToNewClasses();
     Project_ProjectNameChanged(Project().ProjectName());
+}
+
+void frmMain::ListenToNewClasses()
+{
+    newClassAdded_ = Classes().NewClassAdded.Connect([this](const std::string& name) { Classes_NewClassAdded(name); });
 }
 
 bool frmMain::Load(const StartCommand& start)
@@ -134,7 +138,11 @@ void frmMain::ShowMenus(int state)
 
 void frmMain::ShowWhatIsOpen()
 {
-    tools_.SetOpen({.Project = true, .DataSource = OpenConnection() != nullptr, .Preview = panes_.pmPreviewVisible});
+    tools_.SetOpen({.Project = true,
+                    .DataSource = OpenConnection() != nullptr,
+                    .Preview = panes_.pmPreviewVisible,
+                    .Table = DraggedFromSelection("AddClassTo").has_value(),
+                    .OtherPlace = HasOtherPlace()});
     Changed.Raise(WindowPart::Menus);
 }
 

@@ -140,6 +140,7 @@ class frmMain : private OptionsOwner
     [[nodiscard]] Application TellingOfConnections(Application application);
     void Listen();
     void StartProject();
+    void ListenToNewClasses();
     void Project_ProjectNameChanged(const std::string& name);
     void Classes_NewClassAdded(const std::string& className);
     void Classes_ClassNameChanged(const std::string& oldName, const std::string& newName);
@@ -156,6 +157,7 @@ class frmMain : private OptionsOwner
     void RefreshLists();
     void ShowLogon(LogonPurpose purpose, const std::string& database = {});
     void AttachByHand();
+    [[nodiscard]] bool HasOtherPlace();
     [[nodiscard]] Drop EffectOf(const Dragged& dragged, std::size_t target);
     void PerformDrop(const Drop& drop);
     [[nodiscard]] bool PerformReading(const Drop& drop);
@@ -198,6 +200,7 @@ class frmMain : private OptionsOwner
     std::string caption_;
     std::vector<Connection> events_;
     std::vector<Connection> projectEvents_;
+    Connection newClassAdded_;
 };
 
 } // namespace veldrane

@@ -40,6 +40,7 @@ void frmMain::RefreshLists()
     status_.SetStatus(reading_.WasCancelled() ? "The reading was cancelled: the lists are not complete."
                                               : kReadyStatus);
     Changed.Raise(WindowPart::Lists);
+    ShowWhatIsOpen();
 }
 
 void frmMain::tabDatasource_Click(DataSourceTab tab)
@@ -53,6 +54,7 @@ void frmMain::tabDatasource_Click(DataSourceTab tab)
 void frmMain::lst_ItemClick(std::size_t row)
 {
     datasource_.SelectRow(row);
+    ShowWhatIsOpen();
     const ListRow* selected = datasource_.Selected();
     if (selected == nullptr)
         return;

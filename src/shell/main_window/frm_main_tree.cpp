@@ -107,6 +107,12 @@ std::optional<Dragged> frmMain::DraggedFromSelection(std::string_view tool)
     return tree_.Selected() ? DraggedFromNode(*tree_.Selected()) : std::nullopt;
 }
 
+bool frmMain::HasOtherPlace()
+{
+    const auto dragged = DraggedFromSelection("MoveClassTo");
+    return dragged && !Targets(*dragged).empty();
+}
+
 Drop frmMain::EffectOf(const Dragged& dragged, std::size_t target)
 {
     if (target >= tree_.Nodes().size())
@@ -137,13 +143,18 @@ void frmMain::DropOn(const Dragged& dragged, std::size_t target)
     PerformDrop(EffectOf(dragged, target));
 }
 
-// The tree follows what has changed before a failure too.
+// The tree follows what has changed before a failure too, and once.
 void frmMain::PerformDrop(const Drop& drop)
 {
     const PointerWhile hourglass(application_.Windows.Pointer, PointerShape::Hourglass);
     bool changed = true;
+    std::string added;
+    newClassAdded_ = Classes().NewClassAdded.Connect([&](const std::string& className) { added = className; });
     Guarded(application_.Errors, "frmMain", "treMain_DragDrop", [&] { changed = PerformReading(drop); });
-    if (changed)
+    ListenToNewClasses();
+    if (!added.empty())
+        Classes_NewClassAdded(added);
+    else if (changed)
         DisplayClasses();
 }
 

@@ -67,6 +67,8 @@ enum class ToolNeeds
     Project,
     DataSource,
     Preview,
+    Table,
+    OtherPlace,
 };
 
 bool Has(const WhatIsOpen& open, ToolNeeds needs)
@@ -76,6 +78,10 @@ bool Has(const WhatIsOpen& open, ToolNeeds needs)
         return open.Project && open.DataSource;
     case ToolNeeds::Preview:
         return open.Project && open.Preview;
+    case ToolNeeds::Table:
+        return open.Project && open.DataSource && open.Table;
+    case ToolNeeds::OtherPlace:
+        return open.Project && open.OtherPlace;
     case ToolNeeds::Project:
         break;
     }
@@ -108,8 +114,8 @@ constexpr auto kRules = std::to_array<ToolRule>({
     {"NewClass", ToolNeeds::Project, "1234578"},
     {"EditClass", ToolNeeds::Project, "357"},
     {"DeleteClass", ToolNeeds::Project, "357"},
-    {"AddClassTo", ToolNeeds::DataSource, kAlways},
-    {"MoveClassTo", ToolNeeds::Project, "357"},
+    {"AddClassTo", ToolNeeds::Table, kAlways},
+    {"MoveClassTo", ToolNeeds::OtherPlace, "357"},
     {"OpenDatasource", ToolNeeds::Project, kAlways},
     {"EditDataSource", ToolNeeds::Project, kAlways},
     {"RefreshTables", ToolNeeds::DataSource, kAlways},

@@ -43,11 +43,14 @@ inline constexpr int kAdditionalClasses = 8;
 // The state for a selected node. A collection has that of the class below it.
 [[nodiscard]] int MenuStateOf(const TreeNode& node);
 
+// What the tools may work on.
 struct WhatIsOpen
 {
     bool Project = false;
     bool DataSource = false;
-    bool Preview = true; // its pane is shown
+    bool Preview = true;    // its pane is shown
+    bool Table = true;      // the selected row stands for one
+    bool OtherPlace = true; // there is one for the selected class
 };
 
 // Which tools may be chosen: none until the first state is set.
@@ -57,7 +60,7 @@ class ToolStates
     // Takes one of menu_state; a tool that its table does not name for the state is off.
     void SetMenus(int state) { state_ = state; }
 
-    // A tool that needs a project, a data source or the preview is off without it, in every state.
+    // A tool that needs something of it is off without it, in every state.
     void SetOpen(const WhatIsOpen& open) { open_ = open; }
 
     // False for a name that is no tool's.

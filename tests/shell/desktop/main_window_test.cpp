@@ -345,8 +345,9 @@ TEST_F(MainWindowTest, AClassIsMovedByTheMenuAlone)
 {
     StartWithClasses();
     ClickNode(u"Order"_s);
-    Choose(Choices("MoveClassTo"), kLookups);
+    Choose(Choices("MoveClassTo"), kLookups + u" (without its collection)"_s);
     EXPECT_TRUE(rules_->Classes().Item("Order")->IsDomainTable);
+    EXPECT_FALSE(rules_->Classes().Item("Order")->CreateCollection);
     EXPECT_EQ(Tree().currentIndex().data().toString(), u"Order"_s);
 }
 

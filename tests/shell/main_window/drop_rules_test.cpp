@@ -284,6 +284,14 @@ TEST_F(DropRules, AllPlacesOfAThingAreListedForAMenu)
     EXPECT_THAT(TargetsOf(At("Root"), Ground()), IsEmpty());
 }
 
+TEST_F(DropRules, AMenuTellsThePlaceThatTakesTheCollectionAway)
+{
+    const auto firstCaption = [&](const char* dragged) { return TargetsOf(At(dragged), Ground()).at(0).Caption; };
+    EXPECT_EQ(firstCaption(":Customer"), "Parent/Children Classes (without its collection)");
+    EXPECT_EQ(firstCaption("c:Customers"), "Lookup/Domain Classes");
+    EXPECT_EQ(firstCaption(":Line"), "Parent/Children Classes"); // it has none
+}
+
 TEST_F(DropRules, EveryPlaceOfAMenuTakesADropToo)
 {
     for (std::size_t dragged = 0; dragged < Nodes.size(); ++dragged)

@@ -148,8 +148,8 @@ TEST_F(FrmMainCommands, OptionsAreTakenUpInTheirOrder)
         ASSERT_TRUE(options.OK());
     };
     Form.actbar_Click("Options");
-    EXPECT_THAT(
-        parts, ElementsAre(WindowPart::PreviewLook, WindowPart::Lists, WindowPart::PreviewLook, WindowPart::Navigator));
+    EXPECT_THAT(parts, ElementsAre(WindowPart::PreviewLook, WindowPart::Lists, WindowPart::Menus,
+                                   WindowPart::PreviewLook, WindowPart::Navigator));
     EXPECT_EQ(Form.Look().Font.Name, "Courier");
     EXPECT_EQ(Form.Look().Background, 0x123456);
     EXPECT_THAT(Rows(), ElementsAre(":ADD"));

@@ -96,6 +96,42 @@ TEST_F(FrmMainDrop, TheMenusOfferTheSamePlacesAsADrag)
     EXPECT_EQ(std::get<NodeKey>(*moved), OfClass("Order"));
 }
 
+TEST_F(FrmMainDrop, ADropBuildsTheTreeAndThePreviewOnce)
+{
+    StartOnShop();
+    std::vector<WindowPart> parts;
+    const Connection listening = Form.Changed.Connect([&](WindowPart part) {
+        if (part == WindowPart::Tree || part == WindowPart::Navigator)
+            parts.push_back(part);
+    });
+    DropRow("Customers", Fixed(tree_key::kParentClasses));
+    EXPECT_THAT(parts, ElementsAre(WindowPart::Tree, WindowPart::Navigator));
+    parts.clear();
+    DropNode(OfClass("Customer"), Fixed(tree_key::kLookupClasses));
+    EXPECT_THAT(parts, ElementsAre(WindowPart::Tree, WindowPart::Navigator));
+    parts.clear();
+    Form.Classes().AddExisting(std::make_shared<KZMClass>(), "Note");
+    EXPECT_THAT(parts, ElementsAre(WindowPart::Tree, WindowPart::Navigator));
+}
+
+TEST_F(FrmMainDrop, AMenuWithNothingToChooseIsOff)
+{
+    StartWithCustomer();
+    EXPECT_FALSE(Form.actBar().IsEnabled("AddClassTo"));
+    Form.lst_ItemClick(Row(":ADD"));
+    EXPECT_FALSE(Form.actBar().IsEnabled("AddClassTo"));
+    Form.lst_ItemClick(Row("Orders"));
+    EXPECT_TRUE(Form.actBar().IsEnabled("AddClassTo"));
+    Form.tabDatasource_Click(DataSourceTab::StoredProcedures);
+    EXPECT_FALSE(Form.actBar().IsEnabled("AddClassTo"));
+    Form.lst_ItemClick(Row("GetTotals"));
+    EXPECT_FALSE(Form.actBar().IsEnabled("AddClassTo"));
+    EXPECT_TRUE(Form.actBar().IsEnabled("MoveClassTo"));
+    Form.Classes().Item("Customer")->IsMTSRequiredClass = true;
+    Click(OfClass("Customer"));
+    EXPECT_FALSE(Form.actBar().IsEnabled("MoveClassTo"));
+}
+
 TEST_F(FrmMainDrop, APointerWaitsWhileADropIsWorkedOn)
 {
     StartOnShop();

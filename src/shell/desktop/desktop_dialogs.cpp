@@ -14,7 +14,6 @@ namespace veldrane {
 void DesktopDialogs::ShowOver(MainWindow& window)
 {
     window_ = &window;
-    askForTable_ = AskForTableName(window_);
 }
 
 void DesktopDialogs::Show(frmODBCLogon& logon)
@@ -46,9 +45,9 @@ StartupChoice DesktopDialogs::AskAtStartup(frmStartup& startup)
     return dialog.Choice();
 }
 
-std::optional<std::string> DesktopDialogs::AskForTable()
+std::optional<std::string> DesktopDialogs::AskForTable(const std::string& before)
 {
-    return askForTable_();
+    return AskForTableName(window_, before);
 }
 
 void DesktopDialogs::StartLabelEdit()

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "datasource/attach_by_hand.h"
 #include "shell/desktop/qt_look_dialogs.h"
 #include "shell/main_window/main_window_dialogs.h"
 
@@ -20,7 +19,7 @@ class DesktopDialogs : public MainWindowDialogs
     void ShowAbout() override;
     void ShowZoom() override;
     [[nodiscard]] StartupChoice AskAtStartup(frmStartup& startup) override;
-    [[nodiscard]] std::optional<std::string> AskForTable() override;
+    [[nodiscard]] std::optional<std::string> AskForTable(const std::string& before) override;
     [[nodiscard]] LookDialogs& Look() override { return look_; }
     void StartLabelEdit() override;
     void CloseMainWindow() override;
@@ -28,7 +27,6 @@ class DesktopDialogs : public MainWindowDialogs
   private:
     MainWindow* window_ = nullptr;
     QtLookDialogs look_;
-    AskForName askForTable_; // shows the name of the last time
 };
 
 } // namespace veldrane

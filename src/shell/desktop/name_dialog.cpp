@@ -38,25 +38,16 @@ std::optional<std::string> Ask(const NameForm& form, const std::string& before, 
     return dialog.exec() == QDialog::Accepted ? std::optional(FromQt(ui.txtName->text())) : std::nullopt;
 }
 
-AskForName Asking(const NameForm& form, QWidget* parent)
-{
-    return [&form, parent, last = std::string()]() mutable {
-        std::optional<std::string> name = Ask(form, last, parent);
-        last = name.value_or("");
-        return name;
-    };
-}
-
 } // namespace
 
-AskForName AskForTableName(QWidget* parent)
+std::optional<std::string> AskForTableName(QWidget* parent, const std::string& before)
 {
-    return Asking(kAddTable, parent);
+    return Ask(kAddTable, before, parent);
 }
 
-AskForName AskForStoredProcedureName(QWidget* parent)
+std::optional<std::string> AskForStoredProcedureName(QWidget* parent, const std::string& before)
 {
-    return Asking(kAddSP, parent);
+    return Ask(kAddSP, before, parent);
 }
 
 } // namespace veldrane

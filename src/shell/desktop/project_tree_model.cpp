@@ -2,6 +2,7 @@
 
 #include "shell/desktop/icons.h"
 #include "shell/desktop/qt_text.h"
+#include "shell/main_window/tree_labels.h"
 
 #include <QApplication>
 #include <QPalette>
@@ -155,8 +156,8 @@ Qt::ItemFlags ProjectTreeModel::flags(const QModelIndex& index) const
     const Entry& entry = EntryOf(index);
     if (entry.Node.Id.Kind != NodeKind::Fixed)
         flags |= Qt::ItemIsDragEnabled;
-    if (!entry.Node.Parent)
-        flags |= Qt::ItemIsEditable; // the project's name
+    if (CanEditLabel(entry.Node))
+        flags |= Qt::ItemIsEditable;
     return flags;
 }
 

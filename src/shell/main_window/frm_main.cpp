@@ -40,6 +40,7 @@ void frmMain::Listen()
     events_.push_back(session_.DocumentReplaced.Connect([this] { StartProject(); }));
     events_.push_back(session_.DataSourceChanged.Connect([this] { ShowDataSource(); }));
     events_.push_back(session_.FileUsed.Connect([this](const std::string& path) { recent_.Update(path); }));
+    events_.push_back(tree_.Rebuilt.Connect([this] { Changed.Raise(WindowPart::Tree); }));
     events_.push_back(tree_.MarksChanged.Connect([this] { Changed.Raise(WindowPart::TreeState); }));
 }
 

@@ -92,13 +92,19 @@ std::optional<Dragged> frmMain::DraggedFromRow(std::size_t row) const
     return DraggedRow{.Row = rows.at(row), .From = tab == DataSourceTab::Views ? RowList::Views : RowList::Tables};
 }
 
+// A name that was wrong is shown again, to be mended; the next table begins with none.
 void frmMain::AttachByHand()
 {
+    std::string before;
     AttachTable({.Source = {.Connection = session_.ActiveConnection(), .Messages = application_.Asking},
                  .Project = Project(),
                  .CodePage = application_.State.Generation.CodePage,
                  .RefreshLists = [this] { RefreshLists(); }},
-                [this] { return dialogs_.AskForTable(); });
+                [&] {
+                    std::optional<std::string> name = dialogs_.AskForTable(before);
+                    before = name.value_or("");
+                    return name;
+                });
 }
 
 void frmMain::ShowLogon(LogonPurpose purpose, const std::string& database)

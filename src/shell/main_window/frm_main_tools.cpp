@@ -3,6 +3,8 @@
 #include "shell/main_window/delete_class.h"
 #include "shell/main_window/frm_main.h"
 
+#include <functional>
+
 namespace veldrane {
 
 struct frmMain::NamedCommand

@@ -30,7 +30,6 @@ void frmMain::DisplayClasses()
 
 void frmMain::ShowRebuiltTree()
 {
-    Changed.Raise(WindowPart::Tree);
     treMain_NodeClick(tree_.Selected().value_or(0)); // the tree may have become shorter than the selected place
 }
 

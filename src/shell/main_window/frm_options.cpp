@@ -91,14 +91,14 @@ Color frmOptions::Shown(OptionColor which) const
     return which == OptionColor::Background ? background_ : colors_.*TextColorOf(which).Member;
 }
 
-Color& frmOptions::Colour(OptionColor which)
+Color& frmOptions::ColorOf(OptionColor which)
 {
     return which == OptionColor::Background ? background_ : colors_.*TextColorOf(which).Member;
 }
 
 void frmOptions::ChooseColor(OptionColor which)
 {
-    Color& color = Colour(which);
+    Color& color = ColorOf(which);
     color = ports_.Dialogs.AskForColor(color).value_or(color);
 }
 
@@ -109,7 +109,7 @@ std::optional<Color> frmOptions::ResetValue(OptionColor which)
 
 void frmOptions::ResetColor(OptionColor which)
 {
-    Color& color = Colour(which);
+    Color& color = ColorOf(which);
     color = ResetValue(which).value_or(color);
 }
 

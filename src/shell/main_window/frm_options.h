@@ -117,7 +117,7 @@ class frmOptions
     [[nodiscard]] bool OK();
 
   private:
-    [[nodiscard]] Color& Colour(OptionColor which);
+    [[nodiscard]] Color& ColorOf(OptionColor which);
     void Store();
     void Apply();
 

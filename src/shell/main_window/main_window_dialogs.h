@@ -24,8 +24,8 @@ class MainWindowDialogs
     // What the person chose in the start-up dialog.
     [[nodiscard]] virtual StartupChoice AskAtStartup(frmStartup& startup) = 0;
 
-    // The name of a table that is to be attached by hand; nothing on Cancel.
-    [[nodiscard]] virtual std::optional<std::string> AskForTable() = 0;
+    // The name of a table that is to be attached by hand, `before` shown at first; nothing on Cancel.
+    [[nodiscard]] virtual std::optional<std::string> AskForTable(const std::string& before) = 0;
 
     // The standard dialogs for a colour and a font.
     [[nodiscard]] virtual LookDialogs& Look() = 0;

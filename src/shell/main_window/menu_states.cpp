@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 
 namespace veldrane {
 namespace {
@@ -88,15 +89,27 @@ bool Has(const WhatIsOpen& open, ToolNeeds needs)
     return open.Project;
 }
 
-// Every state, as a list of their digits.
-constexpr std::string_view kAlways;
+using States = unsigned; // a bit for each of menu_state
+
+constexpr States In(std::initializer_list<int> states)
+{
+    States bits = 0;
+    for (const int state : states)
+        bits |= 1U << state;
+    return bits;
+}
+
+constexpr States kAlways = ~0U;
+constexpr States kOnProject = In({menu_state::kNewProject, menu_state::kProject});
+constexpr States kOnClass = In({menu_state::kTableClass, menu_state::kLookupClass, menu_state::kAdditionalClass});
+constexpr States kWhereClassesStand = kAlways & ~In({menu_state::kRequiredFiles});
 
 // What keeps a tool off. A tool without a row is on throughout.
 struct ToolRule
 {
     std::string_view Name;
     ToolNeeds Needs;
-    std::string_view States; // the digits of those in which it is on
+    veldrane::States States; // in which it is on
 };
 
 constexpr auto kRules = std::to_array<ToolRule>({
@@ -110,12 +123,12 @@ constexpr auto kRules = std::to_array<ToolRule>({
     {"FindNext", ToolNeeds::Preview, kAlways},
     {"FindPrevious", ToolNeeds::Preview, kAlways},
     {"ProjectProperties", ToolNeeds::Project, kAlways},
-    {"ProjectRename", ToolNeeds::Project, "12"},
-    {"NewClass", ToolNeeds::Project, "1234578"},
-    {"EditClass", ToolNeeds::Project, "357"},
-    {"DeleteClass", ToolNeeds::Project, "357"},
+    {"ProjectRename", ToolNeeds::Project, kOnProject},
+    {"NewClass", ToolNeeds::Project, kWhereClassesStand},
+    {"EditClass", ToolNeeds::Project, kOnClass},
+    {"DeleteClass", ToolNeeds::Project, kOnClass},
     {"AddClassTo", ToolNeeds::Table, kAlways},
-    {"MoveClassTo", ToolNeeds::OtherPlace, "357"},
+    {"MoveClassTo", ToolNeeds::OtherPlace, kOnClass},
     {"OpenDatasource", ToolNeeds::Project, kAlways},
     {"EditDataSource", ToolNeeds::Project, kAlways},
     {"RefreshTables", ToolNeeds::DataSource, kAlways},
@@ -212,8 +225,7 @@ bool ToolStates::IsEnabled(std::string_view tool) const
         std::find_if(kRules.begin(), kRules.end(), [&](const ToolRule& row) { return row.Name == tool; });
     if (rule == kRules.end())
         return true;
-    return Has(open_, rule->Needs) &&
-           (rule->States == kAlways || rule->States.find(std::to_string(state_)) != std::string_view::npos);
+    return Has(open_, rule->Needs) && (rule->States & In({state_})) != 0;
 }
 
 bool ToolStates::IsEnabledOn(const TreeNode& node, std::string_view tool) const

@@ -43,11 +43,6 @@ std::string WindowCaption(const std::string& title, const std::string& projectNa
     return title + " - [" + projectName + "]";
 }
 
-std::string TitlePanel(const std::string& projectName)
-{
-    return "  Project: " + projectName;
-}
-
 std::string ParentForNewClass(const ProjectTree& tree, std::size_t selected)
 {
     const TreeNode& node = tree.at(selected);

@@ -18,9 +18,6 @@ bool AfterLabelEdit(const TreeNode& node, const std::string& text, TTCProject& p
 // The caption of the main window: "title - [name]".
 [[nodiscard]] std::string WindowCaption(const std::string& title, const std::string& projectName);
 
-// The title panel adPanel: "  Project: name".
-[[nodiscard]] std::string TitlePanel(const std::string& projectName);
-
 // The text of txtParentClassName for a class that is added while this node is selected: "n/a" below "Root"; else the
 // key of a group or of "Root" itself, else that of the node above, whatever it stands for.
 [[nodiscard]] std::string ParentForNewClass(const ProjectTree& tree, std::size_t selected);

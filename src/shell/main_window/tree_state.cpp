@@ -80,17 +80,13 @@ void TreeState::Mark(const std::vector<std::size_t>& indices)
 
 void TreeState::SetCaption(const NodeKey& key, const std::string& caption)
 {
-    const auto index = IndexOf(nodes_, key);
-    if (!index)
-        return;
-    nodes_[*index].Caption = caption;
-    NodeChanged.Raise(*index);
+    if (const auto index = IndexOf(nodes_, key))
+        nodes_[*index].Caption = caption;
 }
 
 void TreeState::RenameClass(std::string_view oldName, const std::string& newName)
 {
-    for (std::size_t i = 0; i < nodes_.size(); ++i) {
-        TreeNode& node = nodes_[i];
+    for (TreeNode& node : nodes_) {
         if (node.Id.Kind == NodeKind::Fixed || !text::EqualFolded(node.ClassName, oldName))
             continue;
         node.ClassName = newName;
@@ -98,7 +94,6 @@ void TreeState::RenameClass(std::string_view oldName, const std::string& newName
             node.Id.Key = newName;
             node.Caption = newName;
         }
-        NodeChanged.Raise(i);
     }
 }
 

@@ -35,9 +35,6 @@ class TreeState
     // tree stays as it was.
     void Rebuild(const Build& build);
 
-    // True while Rebuild runs, so that the control's own events can be told from the person's.
-    [[nodiscard]] bool IsRebuilding() const { return rebuilding_; }
-
     [[nodiscard]] bool IsExpanded(std::size_t index) const { return expanded_.contains(index); }
     void Expand(std::size_t index);
     void Collapse(std::size_t index) { expanded_.erase(index); }
@@ -75,9 +72,6 @@ class TreeState
 
     // Other nodes are marked now, but for a rebuild.
     Signal<> MarksChanged;
-
-    // The key, the caption or the class name of a node is another one now.
-    Signal<std::size_t> NodeChanged;
 
   private:
     [[nodiscard]] std::vector<SaveNodes> Save() const;

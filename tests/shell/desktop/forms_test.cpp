@@ -28,7 +28,7 @@ using namespace Qt::StringLiterals;
 
 TEST(FrmAddTable, AsksForAName)
 {
-    const AskForName ask = AskForTableName(nullptr);
+    const auto ask = [] { return AskForTableName(nullptr, ""); };
     std::optional<std::string> name;
     WithDialogs([&] { name = ask(); }, {[](QWidget& dialog) {
                     EXPECT_EQ(dialog.objectName(), u"frmAddTable"_s);
@@ -41,7 +41,7 @@ TEST(FrmAddTable, AsksForAName)
 
 TEST(FrmAddTable, CancelGivesNone)
 {
-    const AskForName ask = AskForTableName(nullptr);
+    const auto ask = [] { return AskForTableName(nullptr, ""); };
     std::optional<std::string> name;
     for (const auto& leave : std::vector<Act>{[](QWidget& dialog) { Click(dialog, "cmdCancel"); },
                                               [](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }}) {
@@ -50,17 +50,17 @@ TEST(FrmAddTable, CancelGivesNone)
     }
 }
 
-TEST(FrmAddSP, ShowsTheNameOfTheLastTimeReadyToBeTypedOver)
+TEST(FrmAddSP, ShowsTheNameOfBeforeReadyToBeTypedOver)
 {
-    const AskForName ask = AskForStoredProcedureName(nullptr);
     std::optional<std::string> name;
-    WithDialogs([&] { name = ask(); }, {[](QWidget& dialog) {
+    const auto ask = [&] { name = AskForStoredProcedureName(nullptr, name.value_or("")); };
+    WithDialogs([&] { ask(); }, {[](QWidget& dialog) {
                     EXPECT_EQ(dialog.objectName(), u"frmAddSP"_s);
                     QTest::keyClicks(&Find<QLineEdit>(dialog, "txtName"), u"GetOrdrs"_s);
                     QTest::keyClick(&dialog, Qt::Key_Return);
                 }});
     EXPECT_EQ(name, "GetOrdrs");
-    WithDialogs([&] { name = ask(); }, {[](QWidget& dialog) {
+    WithDialogs([&] { ask(); }, {[](QWidget& dialog) {
                     EXPECT_EQ(Find<QLineEdit>(dialog, "txtName").text(), u"GetOrdrs"_s);
                     Photograph(dialog, "frmAddSP");
                     QTest::keyClicks(&Find<QLineEdit>(dialog, "txtName"), u"GetOrders"_s);

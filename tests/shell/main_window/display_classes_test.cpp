@@ -42,7 +42,9 @@ TEST_F(DisplayClassesTest, AFailureIsReportedFromTheMainWindow)
     ASSERT_EQ(Errors.Reported.size(), 1U);
     EXPECT_EQ(Errors.Reported[0].Place.ModuleName, "frmMain");
     EXPECT_EQ(Errors.Reported[0].Place.RoutineName, "DisplayClasses");
-    EXPECT_FALSE(State.IsRebuilding());
+    AddClass({.Name = "Order", .Table = "Orders"});
+    DisplayClasses(State, Project, Classes, Errors);
+    EXPECT_TRUE(IndexOf(State.Nodes(), {NodeKind::Class, "Order"}));
 }
 
 } // namespace

@@ -312,6 +312,17 @@ TEST_F(FrmMainSource, NoOtherRowAttaches)
     EXPECT_FALSE(Form.Project().Modified());
 }
 
+TEST_F(FrmMainSource, AWrongNameIsShownAgainAndAGoodOneIsNot)
+{
+    StartOnShop();
+    Windows.TablesNamed = {"Ordrs", "Orders"};
+    Form.lst_DblClick(Row(":ADD"));
+    Form.lst_DblClick(Row(":ADD"));
+    EXPECT_THAT(Windows.NamesShown, ElementsAre("", "Ordrs", ""));
+    EXPECT_THAT(Titles(), ElementsAre("Table Validation Failed"));
+    EXPECT_TRUE(Form.Project().AttachedTables.Contains("Orders"));
+}
+
 TEST_F(FrmMainSource, ADroppedFileIsAProjectOrADataSource)
 {
     WriteProject("/desk.kzm", "Desk");

@@ -39,8 +39,9 @@ class ScriptedWindows : public MainWindowDialogs
         return InStartup ? InStartup(startup) : StartupChoice{};
     }
 
-    [[nodiscard]] std::optional<std::string> AskForTable() override
+    [[nodiscard]] std::optional<std::string> AskForTable(const std::string& before) override
     {
+        NamesShown.push_back(before);
         Opened.emplace_back("frmAddTable");
         if (TablesNamed.empty())
             return std::nullopt;
@@ -61,6 +62,7 @@ class ScriptedWindows : public MainWindowDialogs
     ScriptedLookDialogs LooksChosen;
 
     std::vector<std::string> Opened;
+    std::vector<std::string> NamesShown; // by frmAddTable
     std::vector<LogonPurpose> Purposes;
 };
 

@@ -52,7 +52,6 @@ TEST_F(TreeLabels, NoOtherLabelChanges)
 TEST_F(TreeLabels, TheWindowTellsTheProjectsName)
 {
     EXPECT_EQ(WindowCaption("Veldrane", "Shop"), "Veldrane - [Shop]");
-    EXPECT_EQ(TitlePanel("Shop"), "  Project: Shop");
 }
 
 TEST_F(TreeLabels, TheParentOfANewClassComesFromTheSelection)

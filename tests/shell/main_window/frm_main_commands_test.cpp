@@ -176,5 +176,25 @@ TEST_F(FrmMainCommands, AFontOfEqualLettersIsUsedAndRemembered)
     EXPECT_EQ(World.UserSettings.GetKeyValue(settings_section::kOptions, "PreviewPaneFontName"), "Monospace");
 }
 
+TEST_F(FrmMainCommands, ThePreviewsToolsAreOffWhileItIsHidden)
+{
+    StartOnShop();
+    const auto expectTools = [&](bool on) {
+        for (const char* tool :
+             {"Zoom", "SavePreview", "PrintPreview", "CopyLines", "CopyAll", "Find", "FindNext", "FindPrevious"})
+            EXPECT_EQ(Form.actBar().IsEnabled(tool), on) << tool;
+        EXPECT_TRUE(Form.actBar().IsEnabled("Save"));
+        EXPECT_TRUE(Form.actBar().IsEnabled("ViewPreviewPane"));
+    };
+    expectTools(true);
+    Form.actbar_Click("ViewPreviewPane");
+    expectTools(false);
+    Click(Fixed(tree_key::kGlobals));
+    expectTools(false);
+    Form.actbar_Click("ViewPreviewPane");
+    expectTools(true);
+    EXPECT_EQ(FirstLine(), "Required: Global Module");
+}
+
 } // namespace
 } // namespace veldrane

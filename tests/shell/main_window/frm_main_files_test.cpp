@@ -168,5 +168,41 @@ TEST_F(FrmMainFiles, ARecentProjectWhoseFileIsGoneIsToldAndLeavesTheMenu)
     EXPECT_THAT(RecentCaptions(), IsEmpty());
 }
 
+TEST_F(FrmMainFiles, SavingAsksWhereItWouldDropClassesThatCouldNotBeRead)
+{
+    StartWithCustomer();
+    World.Dialogs.Add("/shop.kzm");
+    Form.actbar_Click("Save");
+    std::string& file = World.Files.Files.at("/shop.kzm");
+    const std::string length = "MaxLength\002"
+                               "50";
+    ASSERT_NE(file.find(length), std::string::npos);
+    file.replace(file.find(length), length.size(), "MaxLength\2long");
+    const std::string cut = file;
+    World.Dialogs.Add("/shop.kzm");
+    Form.actbar_Click("Open");
+    World.Messages.Forget();
+    for (std::size_t times = 1; times <= 2; ++times) {
+        World.Messages.Add(Answer::No);
+        Form.actbar_Click("Save");
+        EXPECT_EQ(Titles().size(), times);
+        EXPECT_TRUE(World.Files.Files.at("/shop.kzm") == cut);
+    }
+    ASSERT_FALSE(Titles().empty());
+    const Question& asked = World.Messages.Asked().front();
+    EXPECT_EQ(asked.Title, "Save Project");
+    EXPECT_EQ(asked.Text, "Not all classes of /shop.kzm could be read. Saving drops the others.\r\n"
+                          "Do you want to save all the same?");
+    EXPECT_EQ(asked.Offered, Buttons::YesNo);
+    EXPECT_EQ(asked.Icon, MessageIcon::Warning);
+    EXPECT_EQ(asked.Default, Answer::No);
+    World.Messages.Add(Answer::Yes);
+    Form.actbar_Click("Save");
+    EXPECT_FALSE(World.Files.Files.at("/shop.kzm") == cut);
+    World.Messages.Forget();
+    Form.actbar_Click("Save");
+    EXPECT_THAT(Titles(), IsEmpty());
+}
+
 } // namespace
 } // namespace veldrane

@@ -140,6 +140,28 @@ TEST_F(FrmMainSource, AProjectWhoseDataSourceIsGoneCanBeLookedAtAndSaved)
     EXPECT_EQ(Form.Project().ConnectionString(), testing::kShopString);
 }
 
+TEST_F(FrmMainSource, ADataSourceThatIsBackIsShownThoughItsStringIsTheOldOne)
+{
+    const std::string text = "PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=/shop.mdb;USER ID=Admin;PASSWORD=;";
+    WriteProject("/shop.kzm", "Shop", text);
+    IsReachable = false;
+    ASSERT_FALSE(Form.Load({.File = "/shop.kzm"}));
+    EXPECT_THAT(Rows(), ElementsAre("NONE"));
+    EXPECT_FALSE(Form.actBar().IsEnabled("RefreshTables"));
+    IsReachable = true;
+    int readings = 0;
+    Source.Answering = [&](const std::string& call) { readings += call == "Tables"; };
+    Windows.InLogon = [](frmODBCLogon& logon) { logon.cmdOK_Click(); };
+    World.Messages.Add(Answer::Yes);
+    Form.actbar_Click("EditDataSource");
+    EXPECT_EQ(Form.Project().ConnectionString(), text);
+    EXPECT_THAT(Rows(), ElementsAre(":ADD", "Customers", "Orders", "Countries"));
+    EXPECT_THAT(Rows(DataSourceTab::StoredProcedures), ElementsAre("GetTotals"));
+    EXPECT_EQ(readings, 1);
+    EXPECT_TRUE(Form.actBar().IsEnabled("RefreshTables"));
+    EXPECT_TRUE(Form.actBar().IsEnabled("ProjectRename"));
+}
+
 TEST_F(FrmMainSource, ADataSourceThatALogonHasClosedIsShownAsClosed)
 {
     StartOnShop();

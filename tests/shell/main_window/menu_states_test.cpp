@@ -123,6 +123,7 @@ TEST(ToolStates, BeforeTheWindowIsLoadedEveryToolIsOff)
     states.SetOpen(kBoth);
     for (const Tool& tool : Tools())
         EXPECT_FALSE(states.IsEnabled(tool.Name)) << tool.Name;
+    EXPECT_FALSE(states.IsEnabled("MRU1"));
 }
 
 class MenusOf : public testing::ProjectFixture

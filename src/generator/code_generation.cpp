@@ -97,6 +97,21 @@ TTCOutputs CodeGeneration::WriteCollectionMethods(KZMClass& owner, const KZMClas
     return WithClass(owner, classes, veldrane::WriteCollectionMethods);
 }
 
+std::span<const SectionWriter> CodeGeneration::ClassSections()
+{
+    return kClassSections;
+}
+
+std::span<const SectionWriter> CodeGeneration::CollectionSections()
+{
+    return kCollectionSections;
+}
+
+TTCOutputs CodeGeneration::WriteSection(SectionWriter section, KZMClass& owner, const KZMClasses& classes)
+{
+    return WithClass(owner, classes, section);
+}
+
 std::string CodeGeneration::GetRelationshipArguments(KZMClass& owner, const KZMClasses& classes)
 {
     return WithClass(owner, classes, [&](const ClassScope& scope) {

@@ -12,6 +12,7 @@
 #include "ports/process_starter.h"
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -52,6 +53,9 @@ struct GenerationTarget
 
 struct ClassScope;
 class TargetFiles;
+
+// Writes one section of a module.
+using SectionWriter = TTCOutputs (*)(const ClassScope& scope);
 
 // The world as the generator meets it. All must outlive it.
 struct GenerationPorts
@@ -98,6 +102,11 @@ class CodeGeneration
     [[nodiscard]] TTCOutputs WriteCollectionDeclarations(KZMClass& owner, const KZMClasses& classes);
     [[nodiscard]] TTCOutputs WriteCollectionProperties(KZMClass& owner, const KZMClasses& classes);
     [[nodiscard]] TTCOutputs WriteCollectionMethods(KZMClass& owner, const KZMClasses& classes);
+
+    // The sections of the file of a class, and of that of its collection, in their order.
+    [[nodiscard]] static std::span<const SectionWriter> ClassSections();
+    [[nodiscard]] static std::span<const SectionWriter> CollectionSections();
+    [[nodiscard]] TTCOutputs WriteSection(SectionWriter section, KZMClass& owner, const KZMClasses& classes);
 
     // The parameters for the columns that join the class to its parent: "ByVal OrderID as Long".
     [[nodiscard]] std::string GetRelationshipArguments(KZMClass& owner, const KZMClasses& classes);

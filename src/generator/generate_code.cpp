@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cmath>
+#include <span>
 
 namespace veldrane {
 namespace {
@@ -50,12 +51,6 @@ constexpr auto kProjectFiles = std::to_array<ProjectFileRow>({
     {5, "Creates the Globals.Bas File...", kGlobalsModule, [](const ProjectScope& scope, const KZMClasses&) { return GenerateGlobalsBasFile(scope); }},
     {6, "Creates the {WrapperClassName}.cls File...", kWrapperClass, GenerateWrapperClass},
 });
-
-// The sections of a module, in their order.
-using ModuleSections = std::array<TTCOutputs (*)(const ClassScope& scope), 4>;
-
-constexpr ModuleSections kClassSections{WriteClassHeader, WriteClassDeclarations, WriteClassProperties, WriteClassMethods};
-constexpr ModuleSections kCollectionSections{WriteCollectionHeader, WriteCollectionDeclarations, WriteCollectionProperties, WriteCollectionMethods};
 
 // A section as it stands in a file: its lines, and the empty line that ends every section.
 void AppendSection(std::string& text, const TTCOutputs& lines)
@@ -138,7 +133,7 @@ class ProjectWriter
         }
     }
 
-    void WriteModule(KZMClass& owner, const ClassFileName& name, const ModuleSections& sections)
+    void WriteModule(KZMClass& owner, const ClassFileName& name, std::span<const SectionWriter> sections)
     {
         const std::string fileName = NameOf(name, ListedClassScope{project_, owner});
         generation_.StatusChanged.Raise(kFilesStage, NameOf(kCreatesFile, StatusScope{fileName}));
@@ -146,7 +141,7 @@ class ProjectWriter
             return;
         const ClassScope scope{context_, owner};
         std::string text;
-        for (const auto& writeSection : sections)
+        for (const SectionWriter writeSection : sections)
             AppendSection(text, writeSection(scope));
         files_.Write(fileName, std::move(text));
     }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "generator/code_generation.h"
 #include "generator/scopes.h"
+
+#include <array>
 
 // The writers: each gives one file or one section of a file, as new lines.
 namespace veldrane {
@@ -26,6 +29,10 @@ namespace veldrane {
 [[nodiscard]] TTCOutputs WriteCollectionDeclarations(const ClassScope& scope);
 [[nodiscard]] TTCOutputs WriteCollectionProperties(const ClassScope& scope);
 [[nodiscard]] TTCOutputs WriteCollectionMethods(const ClassScope& scope);
+
+// The sections of a module, in their order: what a file of it is written of, and its preview too.
+inline constexpr std::array<SectionWriter, 4> kClassSections{WriteClassHeader, WriteClassDeclarations, WriteClassProperties, WriteClassMethods};
+inline constexpr std::array<SectionWriter, 4> kCollectionSections{WriteCollectionHeader, WriteCollectionDeclarations, WriteCollectionProperties, WriteCollectionMethods};
 
 // The text of built-in methods.
 void WriteAddMethod(const MethodEmitter& emit);

@@ -3,30 +3,15 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 namespace veldrane {
 namespace {
 
-using SectionWriter = TTCOutputs (CodeGeneration::*)(KZMClass& owner, const KZMClasses& classes);
-
-constexpr auto kClassSections = std::to_array<SectionWriter>({
-    &CodeGeneration::WriteClassHeader,
-    &CodeGeneration::WriteClassDeclarations,
-    &CodeGeneration::WriteClassProperties,
-    &CodeGeneration::WriteClassMethods,
-});
-
-constexpr auto kCollectionSections = std::to_array<SectionWriter>({
-    &CodeGeneration::WriteCollectionHeader,
-    &CodeGeneration::WriteCollectionDeclarations,
-    &CodeGeneration::WriteCollectionProperties,
-    &CodeGeneration::WriteCollectionMethods,
-});
-
-void AddSections(const View& view, const std::array<SectionWriter, 4>& sections)
+void AddSections(const View& view, std::span<const SectionWriter> sections)
 {
-    for (const SectionWriter write : sections)
-        view.Blocks.push_back((view.Source.Generation.*write)(*view.Node.Class, view.Source.Classes));
+    for (const SectionWriter section : sections)
+        view.Blocks.push_back(view.Source.Generation.WriteSection(section, *view.Node.Class, view.Source.Classes));
 }
 
 struct ProjectPart
@@ -67,7 +52,7 @@ void ShowClass(const View& view)
         emit("Class Name: {ClassName}", LineClass::Head, item.TableName.empty() ? preview_icon::kClass : preview_icon::kTableClass);
     }
     emit("FileName: {ClassPrefix}{ClassName}.cls", preview_icon::kFile);
-    AddSections(view, kClassSections);
+    AddSections(view, CodeGeneration::ClassSections());
 }
 
 void ShowCollection(const View& view)
@@ -82,7 +67,7 @@ void ShowCollection(const View& view)
         emit("Collection Name: {CollectionName}", LineClass::Head, preview_icon::kCollection);
     }
     emit("FileName: {ClassPrefix}{CollectionName}.cls", preview_icon::kFile);
-    AddSections(view, kCollectionSections);
+    AddSections(view, CodeGeneration::CollectionSections());
 }
 
 void ShowProjectPart(const View& view)

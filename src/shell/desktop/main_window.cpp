@@ -10,10 +10,13 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QFontDatabase>
 #include <QLabel>
 #include <QMimeData>
 #include <QProgressBar>
+#include <QShortcut>
+#include <QWindow>
 
 #include <utility>
 
@@ -59,6 +62,8 @@ MainWindow::MainWindow(frmMain& rules, const Application& application)
         *this, [this](std::string_view tool) { rules_.actbar_Click(tool); },
         [this](std::string_view tool) { return PreviewAction(*preview_, tool); });
     tools_->KeepTreeKeysIn(*ui_->treMain);
+    const auto* menuKey = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), this);
+    connect(menuKey, &QShortcut::activated, this, [this] { OpenMenuOfFocus(); });
     BuildStatusBar();
     ConnectTree();
     ConnectLists();
@@ -218,6 +223,13 @@ void MainWindow::OpenListMenu(RowListView& list, const QPoint& where)
     menu.setObjectName(ToQt(context_menu::kData));
     tools_->AddTo(menu, context_menu::kData, [this](std::string_view tool) { return rules_.actBar().IsEnabled(tool); });
     menu.exec(list.viewport()->mapToGlobal(where));
+}
+
+// Qt knows the menu key alone, which many keyboards lack.
+void MainWindow::OpenMenuOfFocus()
+{
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, mapToGlobal(QPoint()));
+    QApplication::sendEvent(windowHandle(), &event);
 }
 
 const QListView& MainWindow::PreviewList() const

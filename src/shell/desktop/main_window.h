@@ -62,6 +62,7 @@ class MainWindow : public QMainWindow
     bool TakeLabel(const NodeKey& node, const std::string& label);
     void ListChoices(QMenu& menu, std::string_view tool);
     void OpenTreeMenu(const QPoint& where);
+    void OpenMenuOfFocus();
     void OpenListMenu(RowListView& list, const QPoint& where);
     void RestorePlace();
     void StorePlace();

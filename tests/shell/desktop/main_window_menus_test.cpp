@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QTest>
 #include <QWindow>
 
 namespace veldrane::testing {
@@ -34,6 +35,14 @@ class MainWindowMenus : public MainWindowTest
             QApplication::sendEvent(window_->windowHandle(), &event);
         });
     }
+
+    std::vector<std::string> MenuByShiftF10(QTreeView& view)
+    {
+        window_->activateWindow(); // a menu that was open has taken that
+        QApplication::processEvents();
+        view.setFocus();
+        return ContextMenuBy([&] { QTest::keyClick(window_->windowHandle(), Qt::Key_F10, Qt::ShiftModifier); });
+    }
 };
 
 const auto kClassMenu =
@@ -59,6 +68,7 @@ TEST_F(MainWindowMenus, TheMenuKeyOpensThatOfTheSelectedNode)
     StartWithClasses();
     ClickNode(u"Customer"_s);
     EXPECT_THAT(MenuByItsKey(Tree()), kClassMenu);
+    EXPECT_THAT(MenuByShiftF10(Tree()), kClassMenu);
     ClickNode(kParents);
     EXPECT_THAT(MenuByItsKey(Tree()), IsEmpty());
 }
@@ -79,6 +89,7 @@ TEST_F(MainWindowMenus, TheMenuKeyOpensThatOfTheCurrentRow)
     StartInShop();
     ClickTable(u"Countries"_s); // the last one: nothing stands below it
     EXPECT_THAT(MenuByItsKey(Tables()), kRowMenu);
+    EXPECT_THAT(MenuByShiftF10(Tables()), kRowMenu);
     Tables().setCurrentIndex(Tables().model()->index(0, 0)); // where a table is added by hand
     EXPECT_THAT(MenuByItsKey(Tables()), IsEmpty());
 }

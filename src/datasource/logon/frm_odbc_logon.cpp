@@ -181,17 +181,31 @@ void frmODBCLogon::DropFile(const std::string& path)
         Page().txtDatabase = path;
 }
 
+// Debian's package sets up a driver for version 2 as well, the first of the two, and has no library for it.
+std::optional<std::size_t> frmODBCLogon::SqliteDriver() const
+{
+    std::optional<std::size_t> found;
+    const std::vector<ComboRow>& drivers = pages_[logon_page::kOdbc].cmbDrivers.Rows;
+    for (std::size_t row = 0; row < drivers.size(); ++row) {
+        const std::string& name = drivers[row].Text;
+        if (ProfileOfDriver(name, surroundings_.Installed).Family != DriverFamily::Sqlite)
+            continue;
+        if (text::FindFolded(surroundings_.Installed.DriverSetting(name, "Driver"), "sqlite3") != std::string::npos)
+            return row;
+        if (!found)
+            found = row;
+    }
+    return found;
+}
+
 void frmODBCLogon::SelectSqliteDriver()
 {
-    const std::vector<ComboRow>& drivers = pages_[logon_page::kOdbc].cmbDrivers.Rows;
-    const auto found = std::find_if(drivers.begin(), drivers.end(), [&](const ComboRow& row) {
-        return ProfileOfDriver(row.Text, surroundings_.Installed).Family == DriverFamily::Sqlite;
-    });
-    if (found == drivers.end())
+    const std::optional<std::size_t> driver = SqliteDriver();
+    if (!driver)
         return;
     SelectProvider(kOdbcProvider);
     optDSNLess_Click();
-    cmbDrivers_Click(static_cast<std::size_t>(found - drivers.begin()));
+    cmbDrivers_Click(*driver);
 }
 
 void frmODBCLogon::cmdOK_Click()

@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -103,7 +104,8 @@ class frmODBCLogon
     void cmdBrowse_Click();
 
     // A file was dropped on the dialog: a Jet file (by its ending, .mdb) or, where a driver for SQLite is set up, one
-    // of that is selected with its page, its driver and its path. Any other goes where the path of a file is asked for.
+    // of that is selected with its page, its driver (one for version 3 before any other) and its path. Any other goes
+    // where the path of a file is asked for.
     void DropFile(const std::string& path);
 
     void cmdOK_Click();
@@ -116,6 +118,7 @@ class frmODBCLogon
         Driver,
     };
 
+    [[nodiscard]] std::optional<std::size_t> SqliteDriver() const; // its row
     void SelectSqliteDriver();
     void Choose(Target target); // nothing to choose on the Jet page
     bool LoadLists();           // whether there is anything to read a string back into

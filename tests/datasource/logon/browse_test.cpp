@@ -173,6 +173,20 @@ TEST_F(LogonBrowse, AFileThatIsDroppedIsOneForSqlite)
     EXPECT_EQ(StringOf(*dialog), "PROVIDER=MSDASQL;Driver=SQLite3;Server=;UID=;PWD=;Database=/data/Größe.db;");
 }
 
+TEST_F(LogonBrowse, AFileThatIsDroppedIsOneOfSqlite3WhereTwoDriversAreSetUp)
+{
+    installed.Libraries["SQLite"] = "libsqliteodbc.so";
+    installed.Libraries["SQLite3"] = "libsqlite3odbc.so";
+    const auto both = LoadedAt("SQLOLEDB");
+    both->DropFile("/data/shop.db");
+    EXPECT_EQ(both->Page().cmbDrivers.Text(), "SQLite3");
+    installed.Libraries.erase("SQLite3");
+    installed.Sources.clear(); // one of them names it
+    const auto older = LoadedAt("SQLOLEDB");
+    older->DropFile("/data/shop.db");
+    EXPECT_EQ(older->Page().cmbDrivers.Text(), "SQLite");
+}
+
 TEST_F(LogonBrowse, AJetFileThatIsDroppedIsOneByItsEnding)
 {
     const auto dialog = LoadedAt("MSDASQL");

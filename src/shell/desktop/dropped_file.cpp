@@ -2,6 +2,7 @@
 
 #include "shell/desktop/qt_text.h"
 
+#include <QFileInfo>
 #include <QUrl>
 
 namespace veldrane {
@@ -10,7 +11,8 @@ std::string DroppedFile(const QMimeData* data)
 {
     if (data == nullptr || data->urls().size() != 1)
         return "";
-    return FromQt(data->urls().constFirst().toLocalFile());
+    const QString path = data->urls().constFirst().toLocalFile();
+    return QFileInfo(path).isDir() ? "" : FromQt(path);
 }
 
 } // namespace veldrane

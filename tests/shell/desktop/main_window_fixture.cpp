@@ -1,5 +1,6 @@
 #include "main_window_fixture.h"
 
+#include "screenshots.h"
 #include "shell/desktop/drag_payload.h"
 
 #include <QApplication>
@@ -59,6 +60,7 @@ std::vector<std::string> ContextMenuBy(const std::function<void()>& opening)
     QObject::connect(&looking, &QTimer::timeout, [&rows] {
         if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
             rows = Rows(*menu);
+            Photograph(*menu, menu->objectName().toStdString());
             menu->close();
         }
     });

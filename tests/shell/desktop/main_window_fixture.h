@@ -39,7 +39,8 @@ bool LetGo(QWidget& over, const QMimeData& data, QPoint where);
 // The captions of a menu, those that are off in brackets.
 [[nodiscard]] std::vector<std::string> Rows(const QMenu& menu);
 
-// Opens a context menu by `opening` and closes it again; its captions as Rows gives them, none if no menu came.
+// Opens a context menu by `opening`, photographs it under its own name and closes it again; its captions as Rows gives
+// them, none if no menu came.
 [[nodiscard]] std::vector<std::string> ContextMenuBy(const std::function<void()>& opening);
 
 // The main window as a person has it in front of them, on a world in memory with a shop as data source.

@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDockWidget>
+#include <QMenuBar>
+#include <QTabWidget>
 #include <QTest>
 
 namespace veldrane::testing {
@@ -120,6 +122,42 @@ TEST_F(MainWindowTest, LooksWell)
     Tool("FindInPreview").trigger();
     QTest::keyClicks(QApplication::focusWidget(), u"Order"_s);
     Photograph(*window_, "frmMain-find");
+}
+
+TEST_F(MainWindowTest, MenusLookWell)
+{
+    StartWithClasses();
+    ClickNode(u"Customer"_s);
+    for (const QAction* entry : window_->menuBar()->actions()) {
+        const QString caption = QString(entry->text()).remove(u'&');
+        Photograph(*entry->menu(), "menu-" + caption.toStdString());
+        entry->menu()->hide();
+    }
+}
+
+// Each node of a kind of its own, and the lists that the other pictures lack.
+TEST_F(MainWindowTest, EveryPreviewLooksWell)
+{
+    StartWithClasses();
+    const std::pair<QString, const char*> nodes[] = {
+        {kParents, "parents"},
+        {kLookups, "lookups"},
+        {u"Additional Collections/Classes"_s, "additional"},
+        {u"Required Files"_s, "required"},
+        {u"NewProject.vbp"_s, "project"},
+        {u"TestNewProject.vbp"_s, "test-project"},
+        {u"TestNewProject.vbg"_s, "group"},
+        {u"Globals (Globals.bas)"_s, "globals"},
+        {u"Auto (Auto.cls)"_s, "wrapper"},
+        {u"xmlAssist"_s, "assist"},
+        {u"Country"_s, "lookup-class"},
+    };
+    for (const auto& [node, name] : nodes) {
+        ClickNode(node);
+        Photograph(*window_, std::string("frmMain-") + name);
+    }
+    Find<QTabWidget>(*window_, "tabDatasource").setCurrentIndex(2);
+    Photograph(*window_, "frmMain-procedures");
 }
 
 } // namespace

@@ -49,7 +49,7 @@ is_active() { [ "$(xdotool getactivewindow getwindowname)" = "$1" ]; }
 has_ended() { ! kill -0 "$running"; }
 has_opened_database() { find "/proc/$running/fd" -lname "$place/work/shop.db" | grep -q .; }
 is_saved() { "$program" preview "$place/work/Shop.kzm" Customer; }
-has_menu_open() { [ "$(xdotool search --onlyvisible --class veldrane | wc -l)" -gt 1 ]; }
+has_popup() { [ "$(xdotool search --onlyvisible --class veldrane | wc -l)" -gt 1 ]; }
 
 # The keyboard and the mouse are with the window of this title.
 at() { wait_for "the window \"$1\"" is_active "$1"; }
@@ -71,7 +71,7 @@ keys() { # TITLE KEY...
 
 menu() { # THE MENU'S KEY, KEYS IN IT...
     keys "$main" "$1"
-    wait_for "the menu" has_menu_open
+    wait_for "the menu" has_popup
     xdotool key --delay 30 "${@:2}"
 }
 
@@ -134,25 +134,23 @@ choose_first_file() {
     is_gone "$file" || { click "$file" 150 71 2 && is_gone "$file"; }
 }
 
-# The row Customers, onto the first group of the tree.
+# The row Customers, onto the first group of the tree. What is dragged shows as a window under the pointer: to let go
+# before it is there would be no drop.
 drag_customers() {
-    local id step end=$((SECONDS + 5))
+    local id step
     id=$(xdotool search --onlyvisible --name "^${main//[\[\]+]/.}\$" | head -1)
     xdotool mousemove --window "$id" 56 168 mousedown 1
-    for step in "70 150" "110 130" "290 100" "370 88" "378 86"; do
+    for step in "70 150" "110 130" "290 100"; do
         # shellcheck disable=SC2086 # two numbers
         xdotool mousemove --window "$id" $step
     done
-    xdotool mouseup 1
-    until window "${questions[0]}"; do
-        [ "$SECONDS" -lt "$end" ] || return 1 # let go before the drag had begun, as a busy program may see it
-        sleep 0.05
-    done
+    wait_for "the picture of the drag" has_popup
+    xdotool mousemove --window "$id" 370 88 mousemove --window "$id" 378 86 mouseup 1
 }
 
 add_class_by_mouse() {
     at "$main"
-    wait_for "the question after the drop" drag_customers
+    drag_customers
     click "${questions[0]}" -52 -23 # No
     click "${questions[1]}" -52 -23
 }
@@ -172,7 +170,7 @@ select_class_by_mouse() { click "$main" 360 104; }
 
 save_preview_by_mouse() { # NAME
     click "$main" 20 9 # the menu File
-    wait_for "the menu" has_menu_open
+    wait_for "the menu" has_popup
     click "$main" 88 121
     type_text "$save_preview" "$1"
     click "$save_preview" -52 -54

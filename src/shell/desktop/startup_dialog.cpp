@@ -14,6 +14,7 @@ StartupDialog::StartupDialog(frmStartup& rules, QWidget* parent)
     : QDialog(parent), rules_(rules), ui_(std::make_unique<Ui::frmStartup>())
 {
     ui_->setupUi(this);
+    ui_->lblNoRecent->setForegroundRole(QPalette::PlaceholderText);
     ShowTitle(*ui_->lblTitle);
     ui_->imgProgram->setPixmap(Icon(kProgramIcon).pixmap(ui_->imgProgram->minimumSize()));
     ShowRows();

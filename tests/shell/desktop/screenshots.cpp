@@ -20,13 +20,16 @@ struct Shade
     QRgb Color;
 };
 
+constexpr QRgb kDarkWindow = 0xFF2B2D31;
+constexpr QRgb kDarkButton = 0xFF35383D;
+
 constexpr std::array kDark{
-    Shade{QPalette::Window, 0xFF2B2D31},
+    Shade{QPalette::Window, kDarkWindow},
     Shade{QPalette::WindowText, 0xFFE4E6EA},
     Shade{QPalette::Base, 0xFF1E1F22},
     Shade{QPalette::AlternateBase, 0xFF26282C},
     Shade{QPalette::Text, 0xFFE4E6EA},
-    Shade{QPalette::Button, 0xFF35383D},
+    Shade{QPalette::Button, kDarkButton},
     Shade{QPalette::ButtonText, 0xFFE4E6EA},
     Shade{QPalette::BrightText, 0xFFFF6B6B},
     Shade{QPalette::Highlight, 0xFF2F65CA},
@@ -40,7 +43,7 @@ constexpr QRgb kDarkDisabled = 0xFF7A7F87;
 
 QPalette DarkPalette()
 {
-    QPalette palette;
+    QPalette palette(QColor::fromRgb(kDarkButton), QColor::fromRgb(kDarkWindow)); // edges and shadows follow from both
     for (const Shade& shade : kDark)
         palette.setColor(shade.Role, QColor::fromRgb(shade.Color));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})

@@ -134,17 +134,26 @@ choose_first_file() {
     is_gone "$file" || { click "$file" 150 71 2 && is_gone "$file"; }
 }
 
-# The row Customers, onto the first group of the tree. What is dragged shows as a window under the pointer: to let go
-# before it is there would be no drop.
-drag_customers() {
-    local id step
-    id=$(xdotool search --onlyvisible --name "^${main//[\[\]+]/.}\$" | head -1)
-    xdotool mousemove --window "$id" 56 168 mousedown 1
+# Takes the row Customers. What is dragged shows as a window under the pointer; none comes where the list was still
+# empty, as it is until the database has been read.
+take_customers() {
+    local step end=$((SECONDS + 5))
+    xdotool mousemove --window "$1" 56 168 mousedown 1
     for step in "70 150" "110 130" "290 100"; do
         # shellcheck disable=SC2086 # two numbers
-        xdotool mousemove --window "$id" $step
+        xdotool mousemove --window "$1" $step
     done
-    wait_for "the picture of the drag" has_popup
+    until has_popup; do
+        [ "$SECONDS" -lt "$end" ] || { xdotool mouseup 1 && return 1; }
+        sleep 0.05
+    done
+}
+
+# Onto the first group of the tree.
+drag_customers() {
+    local id
+    id=$(xdotool search --onlyvisible --name "^${main//[\[\]+]/.}\$" | head -1)
+    wait_for "the picture of the drag" take_customers "$id"
     xdotool mousemove --window "$id" 370 88 mousemove --window "$id" 378 86 mouseup 1
 }
 

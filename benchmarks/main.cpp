@@ -28,10 +28,12 @@ struct Options
 {
     RunOptions Runs;
     fs::path PlainDriver;
+    fs::path DesktopProbe;
     bool Smoke = false;
     bool WithRuns = true;
     bool WithServers = true;
     bool WithParts = true;
+    bool WithDesktop = true;
     std::string PartNames = ".";
     std::size_t SchemaTables = 0;
     Dialect SchemaDialect = Dialect::Sqlite;
@@ -77,6 +79,8 @@ int Run(Options options)
     setenv("XDG_STATE_HOME", (options.Runs.Scratch / "state").c_str(), 1);
     Figures figures;
     MeasureRuns(options, figures); // first: see the note on memory in child_process.h
+    if (options.WithDesktop)
+        MeasureDesktop(options.DesktopProbe, options.Runs, figures);
     if (options.WithParts)
         MeasureParts(options.Smoke ? kSmokeParts : PartOptions{.Names = options.PartNames}, figures);
     std::cout << '\n';
@@ -90,6 +94,9 @@ void Declare(CLI::App& app, Options& options)
         ->required()
         ->check(CLI::ExistingFile);
     app.add_option("--floor-probe", options.Runs.Tools.FloorProbe, "The program that measures the floor")
+        ->required()
+        ->check(CLI::ExistingFile);
+    app.add_option("--desktop-probe", options.DesktopProbe, "The program that measures the windows")
         ->required()
         ->check(CLI::ExistingFile);
     app.add_option("--memory-scratch", options.Runs.MemoryScratch, "An empty folder on a file system in memory")
@@ -108,6 +115,8 @@ void Declare(CLI::App& app, Options& options)
         "--no-servers", [&] { options.WithServers = false; }, "Leaves out those on PostgreSQL and MariaDB");
     app.add_flag_callback(
         "--no-parts", [&] { options.WithParts = false; }, "Leaves out the parts in memory");
+    app.add_flag_callback(
+        "--no-desktop", [&] { options.WithDesktop = false; }, "Leaves out the windows");
     app.add_option("--parts", options.PartNames, "Only the parts whose names this regular expression finds: read");
     app.add_option("--rounds", options.Runs.Rounds, "Rounds of each whole run; the median counts")
         ->check(CLI::PositiveNumber)

@@ -1,6 +1,11 @@
 #include "run_measurements.h"
 
+#include "child_process.h"
+
+#include <fstream>
 #include <iostream>
+#include <stdexcept>
+#include <string>
 
 namespace veldrane::bench {
 namespace {
@@ -141,6 +146,21 @@ void MeasureServerRuns(const RunOptions& options, const Servers& servers, Figure
     MeasurePostgreSql(options, servers, figures);
     MeasurePlainDriver(options, servers, figures);
     MeasureMariaDb(options, servers, figures);
+}
+
+void MeasureDesktop(const std::filesystem::path& probe, const RunOptions& options, Figures& figures)
+{
+    constexpr std::size_t kProperties = 200;
+    constexpr int kClicksEachRound = 5;
+    const ProcessFiles files{.Output = options.Scratch / "desktop_probe.out"};
+    RunProcess({probe.string(), std::to_string(options.Small ? kProperties / 10 : kProperties),
+                std::to_string(options.Rounds * kClicksEachRound)},
+               files);
+    std::ifstream output(files.Output);
+    double milliseconds = 0;
+    if (!(output >> milliseconds))
+        throw std::runtime_error(probe.string() + " prints no number");
+    figures[Measure::ClickToPicture] = milliseconds;
 }
 
 } // namespace veldrane::bench

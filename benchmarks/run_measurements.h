@@ -25,4 +25,8 @@ struct RunOptions
 void MeasureSqliteRuns(const RunOptions& options, Figures& figures);
 void MeasureServerRuns(const RunOptions& options, const Servers& servers, Figures& figures);
 
+// Measures the windows by the program `probe`, a process of its own, which draws into memory. Throws std::runtime_error
+// with what the program printed if it fails.
+void MeasureDesktop(const std::filesystem::path& probe, const RunOptions& options, Figures& figures);
+
 } // namespace veldrane::bench

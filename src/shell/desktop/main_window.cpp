@@ -1,7 +1,6 @@
 #include "shell/desktop/main_window.h"
 
 #include "shell/desktop/dropped_file.h"
-#include "shell/desktop/icons.h"
 #include "shell/desktop/preview_view.h"
 #include "shell/desktop/project_tree_view.h"
 #include "shell/desktop/qt_text.h"
@@ -46,8 +45,9 @@ QAction* PreviewAction(const PreviewView& preview, std::string_view tool)
 
 MainWindow::MainWindow(frmMain& rules, const Application& application)
     : rules_(rules), application_(application), ui_(std::make_unique<Ui::frmMain>()),
-      tree_([this](const NodeKey& node, const std::string& label) { return TakeLabel(node, label); }),
-      lists_{RowListModel(kTableListHeader), RowListModel(kViewListHeader), RowListModel(kProcedureListHeader)}
+      tree_([this](const NodeKey& node, const std::string& label) { return TakeLabel(node, label); }, icons_),
+      lists_{RowListModel(kTableListHeader, icons_), RowListModel(kViewListHeader, icons_),
+             RowListModel(kProcedureListHeader, icons_)}
 {
     ui_->setupUi(this);
     setCentralWidget(ui_->fraProject);
@@ -192,7 +192,7 @@ void MainWindow::ListChoices(QMenu& menu, std::string_view tool)
     const auto dragged = rules_.DraggedFromSelection(tool);
     const std::vector<DropTarget> targets = dragged ? rules_.Targets(*dragged) : std::vector<DropTarget>{};
     for (const DropTarget& target : targets)
-        menu.addAction(Icon(rules_.treMain().Nodes().at(target.Node).Icon),
+        menu.addAction(icons_.Of(rules_.treMain().Nodes().at(target.Node).Icon),
                        ToQt(target.Caption).replace(u'&', QStringLiteral("&&")), this,
                        [this, target] { rules_.DropOn(target); });
     if (targets.empty())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shell/desktop/icons.h"
 #include "shell/desktop/project_tree_model.h"
 #include "shell/desktop/row_list_model.h"
 #include "shell/desktop/tool_actions.h"
@@ -70,6 +71,7 @@ class MainWindow : public QMainWindow
     frmMain& rules_;
     const Application& application_;
     std::unique_ptr<Ui::frmMain> ui_;
+    IconSet icons_; // of the tree, the lists and the navigator
     ProjectTreeModel tree_;
     std::array<RowListModel, kDataSourceTabs> lists_;
     std::array<RowListView*, kDataSourceTabs> listViews_{};

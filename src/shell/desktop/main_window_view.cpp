@@ -1,4 +1,3 @@
-#include "shell/desktop/icons.h"
 #include "shell/desktop/main_window.h"
 #include "shell/desktop/preview_view.h"
 #include "shell/desktop/qt_text.h"
@@ -89,7 +88,7 @@ void MainWindow::ShowNavigator()
 {
     ui_->cmbNavigate->clear();
     for (const NavigationRow& row : rules_.cmbNavigate())
-        ui_->cmbNavigate->addItem(Icon(row.Icon), ToQt(row.Caption));
+        ui_->cmbNavigate->addItem(icons_.Of(row.Icon), ToQt(row.Caption));
     ui_->cmbNavigate->setEnabled(!rules_.cmbNavigate().empty());
 }
 
@@ -97,7 +96,7 @@ void MainWindow::ShowStatus()
 {
     const StatusBar& status = rules_.Status();
     const StatusProgress& progress = status.Progress();
-    iconPanel_->setPixmap(status.Icon().empty() ? QPixmap() : Icon(status.Icon()).pixmap(kPanelIcon));
+    iconPanel_->setPixmap(status.Icon().empty() ? QPixmap() : icons_.Of(status.Icon()).pixmap(kPanelIcon));
     statusPanel_->setText(ToQt(status.Status()));
     statusPanel_->setVisible(!progress.Visible);
     progress_->setVisible(progress.Visible);

@@ -1,6 +1,5 @@
 #include "shell/desktop/project_tree_model.h"
 
-#include "shell/desktop/icons.h"
 #include "shell/desktop/qt_text.h"
 #include "shell/main_window/tree_labels.h"
 
@@ -24,8 +23,8 @@ QColor MarkColour()
 
 } // namespace
 
-ProjectTreeModel::ProjectTreeModel(Rename rename, QObject* parent)
-    : QAbstractItemModel(parent), rename_(std::move(rename))
+ProjectTreeModel::ProjectTreeModel(Rename rename, IconSet& icons, QObject* parent)
+    : QAbstractItemModel(parent), rename_(std::move(rename)), icons_(icons)
 {}
 
 bool ProjectTreeModel::HasNodesOf(const ProjectTree& tree) const
@@ -132,7 +131,8 @@ QVariant ProjectTreeModel::data(const QModelIndex& index, int role) const
     case Qt::EditRole:
         return ToQt(entry.Node.Caption);
     case Qt::DecorationRole:
-        return Icon(entry.Expanded && !entry.Node.ExpandedIcon.empty() ? entry.Node.ExpandedIcon : entry.Node.Icon);
+        return icons_.Of(entry.Expanded && !entry.Node.ExpandedIcon.empty() ? entry.Node.ExpandedIcon
+                                                                            : entry.Node.Icon);
     case Qt::BackgroundRole:
         return entry.Marked ? QVariant(QBrush(MarkColour())) : QVariant();
     default:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shell/desktop/icons.h"
 #include "shell/main_window/project_tree.h"
 
 #include <QAbstractItemModel>
@@ -19,7 +20,8 @@ class ProjectTreeModel : public QAbstractItemModel
     // Takes the new label of a node; false keeps the old one.
     using Rename = std::function<bool(const NodeKey& node, const std::string& label)>;
 
-    explicit ProjectTreeModel(Rename rename, QObject* parent = nullptr);
+    // The pictures must outlive the model.
+    ProjectTreeModel(Rename rename, IconSet& icons, QObject* parent = nullptr);
 
     // Shows this tree from now on. Every index of before is gone, unless the same nodes stand at the same places: a new
     // caption leaves the label that is being typed alone.
@@ -64,6 +66,7 @@ class ProjectTreeModel : public QAbstractItemModel
     [[nodiscard]] const std::vector<std::size_t>& ChildrenOf(const QModelIndex& parent) const;
 
     Rename rename_;
+    IconSet& icons_;
     std::vector<Entry> entries_;
     std::vector<std::size_t> roots_;
 };

@@ -1,6 +1,5 @@
 #include "shell/desktop/row_list_model.h"
 
-#include "shell/desktop/icons.h"
 #include "shell/desktop/qt_text.h"
 
 #include <QApplication>
@@ -40,7 +39,9 @@ QIcon NoPicture()
 
 } // namespace
 
-RowListModel::RowListModel(std::string_view header, QObject* parent) : QAbstractListModel(parent), header_(header) {}
+RowListModel::RowListModel(std::string_view header, IconSet& icons, QObject* parent)
+    : QAbstractListModel(parent), header_(header), icons_(icons), noPicture_(NoPicture())
+{}
 
 void RowListModel::Show(std::vector<ListRow> rows)
 {
@@ -68,7 +69,7 @@ QVariant RowListModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return ToQt(row.Text);
     case Qt::DecorationRole:
-        return row.Icon.empty() ? NoPicture() : Icon(row.Icon);
+        return row.Icon.empty() ? noPicture_ : icons_.Of(row.Icon);
     case Qt::ForegroundRole:
         return Foreground(row.Colour);
     case Qt::FontRole:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "datasource/table_lists.h"
+#include "shell/desktop/icons.h"
 
 #include <QAbstractListModel>
 #include <string>
@@ -15,8 +16,8 @@ class RowListModel : public QAbstractListModel
     Q_OBJECT
 
   public:
-    // The header must outlive the model.
-    explicit RowListModel(std::string_view header, QObject* parent = nullptr);
+    // Header and pictures must outlive the model.
+    RowListModel(std::string_view header, IconSet& icons, QObject* parent = nullptr);
 
     // Replaces all rows.
     void Show(std::vector<ListRow> rows);
@@ -32,6 +33,8 @@ class RowListModel : public QAbstractListModel
 
   private:
     std::string_view header_;
+    IconSet& icons_;
+    QIcon noPicture_;
     std::vector<ListRow> rows_;
 };
 

@@ -30,7 +30,8 @@ ProjectTree SmallTree()
 
 TEST(ProjectTreeModel, HoldsWhatAModelPromisesWhileItsTreeIsReplaced)
 {
-    ProjectTreeModel model([](const NodeKey&, const std::string&) { return false; });
+    IconSet icons;
+    ProjectTreeModel model([](const NodeKey&, const std::string&) { return false; }, icons);
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
     model.Show({});
     model.Show(SmallTree());
@@ -45,7 +46,8 @@ TEST(ProjectTreeModel, HoldsWhatAModelPromisesWhileItsTreeIsReplaced)
 
 TEST(ProjectTreeModel, OnlyTheProjectsNameIsEditedAndOnlyClassesAreDragged)
 {
-    ProjectTreeModel model([](const NodeKey&, const std::string&) { return true; });
+    IconSet icons;
+    ProjectTreeModel model([](const NodeKey&, const std::string&) { return true; }, icons);
     model.Show(SmallTree());
     EXPECT_TRUE(model.flags(model.IndexOfNode(0)).testFlag(Qt::ItemIsEditable));
     EXPECT_FALSE(model.flags(model.IndexOfNode(2)).testFlag(Qt::ItemIsEditable));
@@ -56,10 +58,13 @@ TEST(ProjectTreeModel, OnlyTheProjectsNameIsEditedAndOnlyClassesAreDragged)
 TEST(ProjectTreeModel, ALabelIsTakenAsTheRulesSay)
 {
     std::string label;
-    ProjectTreeModel model([&](const NodeKey& node, const std::string& text) {
-        label = node.Key + ":" + text;
-        return text != "no";
-    });
+    IconSet icons;
+    ProjectTreeModel model(
+        [&](const NodeKey& node, const std::string& text) {
+            label = node.Key + ":" + text;
+            return text != "no";
+        },
+        icons);
     model.Show(SmallTree());
     EXPECT_TRUE(model.setData(model.IndexOfNode(0), u"Gesch\u00e4ft"_s));
     EXPECT_EQ(label, "Root:Gesch\xC3\xA4"
@@ -68,9 +73,34 @@ TEST(ProjectTreeModel, ALabelIsTakenAsTheRulesSay)
     EXPECT_FALSE(model.setData(model.IndexOfNode(0), u"no"_s, Qt::DisplayRole));
 }
 
+qint64 PictureKey(const QModelIndex& index)
+{
+    return index.data(Qt::DecorationRole).value<QIcon>().cacheKey();
+}
+
+TEST(RowListModel, LoadsAPictureOnce)
+{
+    IconSet icons;
+    RowListModel model(kTableListHeader, icons);
+    model.Show({{.Key = "", .Text = "None", .Icon = "", .Tag = ""},
+                {.Key = "Orders", .Text = "Orders", .Icon = "Table", .Tag = ""}});
+    EXPECT_EQ(PictureKey(model.index(0)), PictureKey(model.index(0)));
+    EXPECT_EQ(PictureKey(model.index(1)), icons.Of("Table").cacheKey());
+}
+
+TEST(ProjectTreeModel, LoadsAPictureOnce)
+{
+    IconSet icons;
+    ProjectTreeModel model([](const NodeKey&, const std::string&) { return true; }, icons);
+    model.Show(SmallTree());
+    EXPECT_EQ(PictureKey(model.IndexOfNode(2)), PictureKey(model.IndexOfNode(3)));
+    EXPECT_EQ(PictureKey(model.IndexOfNode(1)), icons.Of("ClosedFolder").cacheKey());
+}
+
 TEST(RowListModel, HoldsWhatAModelPromises)
 {
-    RowListModel model(kTableListHeader);
+    IconSet icons;
+    RowListModel model(kTableListHeader, icons);
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
     model.Show({{.Key = std::string(kAddTableKey), .Text = "Add", .Icon = "", .Tag = "", .Colour = RowColour::Blue},
                 {.Key = "Orders", .Text = "Orders", .Icon = "Table", .Tag = ""},

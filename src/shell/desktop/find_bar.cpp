@@ -28,6 +28,7 @@ void FindBar::Open()
     show();
     ui_->txtFind->setFocus(Qt::ShortcutFocusReason);
     ui_->txtFind->selectAll();
+    find_.Begin();
     find_.Find(FromQt(ui_->txtFind->text()));
 }
 

@@ -34,15 +34,23 @@ PreviewFind::PreviewFind(PreviewPane& pane)
       }))
 {}
 
+void PreviewFind::Begin()
+{
+    selected_ = pane_.Selected();
+    begin_ = selected_.value_or(0);
+}
+
 void PreviewFind::Find(std::string_view text)
 {
+    if (pane_.Selected() != selected_)
+        Begin();
     text_ = text;
     SearchAll();
     if (matches_.empty()) {
         Changed.Raise();
         return;
     }
-    const Place place = FirstFrom(pane_.Selected().value_or(0));
+    const Place place = FirstFrom(begin_);
     GoTo(place == matches_.end() ? 0 : static_cast<std::size_t>(place - matches_.begin()));
 }
 
@@ -51,9 +59,9 @@ void PreviewFind::Next()
     if (matches_.empty())
         return;
     if (StandsOnCurrent())
-        return GoTo((*current_ + 1) % matches_.size());
+        return Step((*current_ + 1) % matches_.size());
     const Place place = FirstFrom(pane_.Selected().value_or(0));
-    GoTo(place == matches_.end() ? 0 : static_cast<std::size_t>(place - matches_.begin()));
+    Step(place == matches_.end() ? 0 : static_cast<std::size_t>(place - matches_.begin()));
 }
 
 void PreviewFind::Previous()
@@ -63,7 +71,7 @@ void PreviewFind::Previous()
     const std::size_t from = StandsOnCurrent()
                                  ? *current_
                                  : static_cast<std::size_t>(FirstFrom(pane_.Selected().value_or(0)) - matches_.begin());
-    GoTo(from == 0 ? matches_.size() - 1 : from - 1);
+    Step(from == 0 ? matches_.size() - 1 : from - 1);
 }
 
 std::span<const PreviewMatch> PreviewFind::MatchesIn(std::size_t row) const
@@ -95,8 +103,15 @@ void PreviewFind::SearchAll()
 void PreviewFind::GoTo(std::size_t match)
 {
     current_ = match;
-    pane_.Select(matches_[match].Row);
+    selected_ = matches_[match].Row;
+    pane_.Select(*selected_);
     Changed.Raise();
+}
+
+void PreviewFind::Step(std::size_t match)
+{
+    GoTo(match);
+    Begin();
 }
 
 PreviewFind::Place PreviewFind::FirstFrom(std::size_t row) const

@@ -29,8 +29,12 @@ class PreviewFind
     // The pane must outlive the search.
     explicit PreviewFind(PreviewPane& pane);
 
-    // Searches for the text as it stands, and goes to the first place at or behind the selected row, round the end of
-    // the lines if need be. An empty text is found nowhere.
+    // What is searched from now on is typed letter by letter, each time from the row that is selected now.
+    void Begin();
+
+    // Searches for the text as it stands, and goes to the first place at or behind the row of the beginning, round the
+    // end of the lines if need be. Whoever has selected another row or taken a step meanwhile begins there. An empty
+    // text is found nowhere.
     void Find(std::string_view text);
 
     // Goes to the next or the former place and selects its row; behind the last comes the first, before the first the
@@ -61,11 +65,14 @@ class PreviewFind
     void GoTo(std::size_t match);
     [[nodiscard]] Place FirstFrom(std::size_t row) const; // the first match in the row or behind it
     [[nodiscard]] bool StandsOnCurrent() const;
+    void Step(std::size_t match);
 
     PreviewPane& pane_;
     std::string text_;
     std::vector<PreviewMatch> matches_;
     std::optional<std::size_t> current_;
+    std::size_t begin_ = 0;               // a row
+    std::optional<std::size_t> selected_; // the row that was selected when the search last was there
     Connection replaced_;
 };
 

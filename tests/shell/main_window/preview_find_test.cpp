@@ -53,6 +53,34 @@ TEST_F(ThePreviewSearch, FindsPlacesThatDoNotOverlap)
     EXPECT_THAT(find.Matches(), ElementsAre(PreviewMatch{0, 0, 2}, PreviewMatch{0, 2, 2}));
 }
 
+TEST_F(ThePreviewSearch, GoesBackToWhereItBeganWhenALetterIsTakenAway)
+{
+    Show({"none", "can", "car", "cat", "call"});
+    pane.Select(1);
+    find.Begin();
+    find.Find("ca");
+    EXPECT_EQ(pane.Selected(), 1U);
+    find.Find("cal");
+    EXPECT_EQ(pane.Selected(), 4U);
+    find.Find("calx");
+    EXPECT_EQ(pane.Selected(), 4U);
+    find.Find("ca");
+    EXPECT_EQ(pane.Selected(), 1U);
+}
+
+TEST_F(ThePreviewSearch, BeginsAnewWhereThePersonWent)
+{
+    Show({"can", "car", "cat", "call"});
+    find.Begin();
+    find.Find("ca");
+    find.Next();
+    find.Find("c");
+    EXPECT_EQ(pane.Selected(), 1U);
+    pane.Select(2);
+    find.Find("ca");
+    EXPECT_EQ(pane.Selected(), 2U);
+}
+
 TEST_F(ThePreviewSearch, FindsAnEmptyTextNowhere)
 {
     Show({"", "a"});

@@ -6,7 +6,10 @@
 #include <QClipboard>
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <QScreen>
 #include <QStyle>
+
+#include <algorithm>
 
 namespace veldrane {
 namespace {
@@ -14,6 +17,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int kIconSize = 32;
+constexpr int kPartOfScreen = 3;
 
 } // namespace
 
@@ -33,10 +37,25 @@ void ErrorDialog::Add(const std::string& summary, const std::string& report)
 {
     const QString before = ui_->lblError->text();
     ui_->lblError->setText(before.isEmpty() ? ToQt(summary) : before + u"\n\n"_s + ToQt(summary));
-    if (report.empty())
-        return;
-    ui_->txtError->appendPlainText(ToQt(report));
-    ui_->txtError->show();
+    if (!report.empty()) {
+        ui_->txtError->appendPlainText(ToQt(report));
+        ui_->txtError->show();
+    }
+    FitWords();
+}
+
+void ErrorDialog::resizeEvent(QResizeEvent* event)
+{
+    QDialog::resizeEvent(event);
+    FitWords();
+}
+
+// The words have the height that they need, up to a part of the screen: then they are scrolled.
+void ErrorDialog::FitWords()
+{
+    const int most = screen()->availableGeometry().height() / kPartOfScreen;
+    const int needed = ui_->lblError->heightForWidth(ui_->scrError->viewport()->width());
+    ui_->scrError->setFixedHeight(std::clamp(needed, kIconSize, std::max(most, kIconSize)));
 }
 
 void ErrorDialog::Copy()

@@ -24,8 +24,12 @@ class ErrorDialog : public QDialog
     // Adds a failure behind those that the dialog shows already. An empty report is left out.
     void Add(const std::string& summary, const std::string& report);
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
     void Copy();
+    void FitWords();
 
     std::unique_ptr<Ui::frmError> ui_;
 };

@@ -93,18 +93,18 @@ void OptionsDialog::ConnectGeneral()
             [this](bool checked) { options_.chkDontShowStartupDialog = checked; });
     connect(ui_->chkShowSystemTables, &QCheckBox::toggled, this,
             [this](bool checked) { options_.chkShowSystemTables = checked; });
-    ConnectLimit(*ui_->cmbMaxTablesToDisplay, &frmOptions::cmbMaxTablesToDisplay);
-    ConnectLimit(*ui_->cmbMaxProcsToDisplay, &frmOptions::cmbMaxProcsToDisplay);
+    ConnectLimit(*ui_->cmbMaxTablesToDisplay, &frmOptions::cmbMaxTablesToDisplay, &LimitEntry::Text);
+    ConnectLimit(*ui_->cmbMaxProcsToDisplay, &frmOptions::cmbMaxProcsToDisplay, &LimitEntry::TextOfProcedures);
     connect(ui_->cmdResetMessages, &QPushButton::clicked, this, [this] {
         options_.ResetMessages();
         ShowHelpMessages();
     });
 }
 
-void OptionsDialog::ConnectLimit(QComboBox& box, std::string frmOptions::*key)
+void OptionsDialog::ConnectLimit(QComboBox& box, std::string frmOptions::*key, std::string_view LimitEntry::*text)
 {
     for (const LimitEntry& entry : kLimitEntries)
-        box.addItem(NameToQt(entry.Text), NameToQt(entry.Key));
+        box.addItem(NameToQt(entry.*text), NameToQt(entry.Key));
     box.setCurrentIndex(box.findData(NameToQt(options_.*key)));
     connect(&box, &QComboBox::currentIndexChanged, this,
             [this, &box, key] { options_.*key = FromQt(box.currentData().toString()); });
@@ -160,6 +160,12 @@ void OptionsDialog::ShowFont()
     ShowSample();
 }
 
+// The preview paints alerts in a color of their own, whatever is chosen here.
+Color OptionsDialog::SampleColor(OptionColor which, LineClass line) const
+{
+    return line == LineClass::Alert ? LookOf(line, {}).ForeColor : options_.Shown(which);
+}
+
 void OptionsDialog::ShowSample()
 {
     QPalette ground; // the rest stays that of the application
@@ -171,7 +177,7 @@ void OptionsDialog::ShowSample()
         if (controls.Which == OptionColor::Background)
             continue;
         auto* line = new QListWidgetItem(QLatin1String(controls.Sample), ui_->lstSample);
-        line->setForeground(ColorToQt(options_.Shown(controls.Which), palette()));
+        line->setForeground(ColorToQt(SampleColor(controls.Which, controls.Weight), palette()));
         QFont weighed = FontToQt(options_.Font());
         weighed.setBold(weighed.bold() || LookOf(controls.Weight, {}).Bold);
         line->setFont(weighed);

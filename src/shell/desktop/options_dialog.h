@@ -31,10 +31,11 @@ class OptionsDialog : public QDialog
     void ConnectGeneral();
     void ConnectColors();
     void ConnectFont();
-    void ConnectLimit(QComboBox& box, std::string frmOptions::*key);
+    void ConnectLimit(QComboBox& box, std::string frmOptions::*key, std::string_view LimitEntry::*text);
     void ShowColors();
     void ShowFont();
     void ShowSample();
+    [[nodiscard]] Color SampleColor(OptionColor which, LineClass line) const;
     void ShowHelpMessages();
     void OK();
 

@@ -42,11 +42,12 @@ struct LimitEntry
 {
     std::string_view Key; // ":" and the number
     std::string_view Text;
+    std::string_view TextOfProcedures = Text;
 };
 
 // -1 lists no table of the data source, 0 all of them.
 inline constexpr auto kLimitEntries = std::to_array<LimitEntry>({
-    {":-1", "None: I name my tables"},
+    {":-1", "None: I name my tables", "None"},
     {":0", "All"},
     {":50", "50"},
     {":100", "100"},

@@ -15,6 +15,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+constexpr int kLightestInk = 130; // of 255
+
 // Lines onto pages, from the top of the first.
 class PageWriter
 {
@@ -79,9 +81,13 @@ class PageWriter
     int page_ = 1;
 };
 
+// A color that was chosen for a dark background is darkened until it can be read on paper.
 QColor Ink(Color color)
 {
-    return IsSystemColor(color) ? QColor(Qt::darkGray) : ColorToQt(color, QGuiApplication::palette());
+    QColor ink = IsSystemColor(color) ? QColor(Qt::darkGray) : ColorToQt(color, QGuiApplication::palette());
+    if (ink.lightness() > kLightestInk)
+        ink.setHsl(ink.hslHue(), ink.hslSaturation(), kLightestInk);
+    return ink;
 }
 
 } // namespace

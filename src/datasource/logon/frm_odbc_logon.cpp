@@ -116,6 +116,12 @@ void frmODBCLogon::cmbProviders_Click(std::size_t row)
         optUseDSN_Click();
 }
 
+bool frmODBCLogon::Offers(std::size_t page) const
+{
+    return std::any_of(providers_.begin(), providers_.end(),
+                       [&](const LogonProvider& each) { return each.Page == page; });
+}
+
 void frmODBCLogon::tabMain_Click(std::size_t page)
 {
     const auto found = std::find_if(providers_.begin(), providers_.end(),

@@ -79,6 +79,8 @@ class frmODBCLogon
 
     // The rows of `cmbProviders`, and which is selected.
     [[nodiscard]] const std::vector<LogonProvider>& Providers() const { return providers_; }
+    // Whether a provider of the page is offered: without a driver for it there is none.
+    [[nodiscard]] bool Offers(std::size_t page) const;
     [[nodiscard]] const LogonProvider& Provider() const { return providers_.at(provider_); }
 
     // The page of `tabMain` whose frame is shown.

@@ -48,6 +48,10 @@ LogonDialog::LogonDialog(frmODBCLogon& rules, QWidget* parent)
     setTabOrder(ui_->cmdOK, ui_->cmdCancel);
     for (const LogonProvider& provider : rules.Providers())
         ui_->cmbProviders->addItem(NameToQt(provider.Text));
+    if (!rules.Offers(logon_page::kSqlServer)) {
+        ui_->tabMain->setTabEnabled(logon_page::kSqlServer, false);
+        ui_->tabMain->setTabToolTip(logon_page::kSqlServer, u"Needs the ODBC driver FreeTDS: install tdsodbc"_s);
+    }
     connect(ui_->cmbProviders, &QComboBox::activated, this,
             [this](int row) { Do([&] { rules_.cmbProviders_Click(RowOf(row)); }); });
     connect(ui_->tabMain, &QTabWidget::currentChanged, this,

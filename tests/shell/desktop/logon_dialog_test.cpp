@@ -220,6 +220,15 @@ TEST_F(LogonDialogTest, OffersNoServerProviderWithoutItsDriver)
     auto& tabs = Find<QTabWidget>(dialog, "tabMain");
     tabs.setCurrentIndex(2);
     EXPECT_EQ(tabs.currentIndex(), 1);
+    EXPECT_FALSE(tabs.isTabEnabled(2));
+    EXPECT_EQ(tabs.tabToolTip(2), u"Needs the ODBC driver FreeTDS: install tdsodbc"_s);
+    EXPECT_TRUE(tabs.isTabEnabled(0) && tabs.isTabEnabled(1));
+}
+
+TEST_F(LogonDialogTest, OffersEveryPageWhoseDriverIsThere)
+{
+    auto& tabs = Find<QTabWidget>(Shown(), "tabMain");
+    EXPECT_TRUE(tabs.isTabEnabled(0) && tabs.isTabEnabled(1) && tabs.isTabEnabled(2));
 }
 
 TEST_F(LogonDialogTest, LooksWellOnThePageOfSqlServer)

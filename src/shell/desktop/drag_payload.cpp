@@ -38,8 +38,8 @@ void DragFrom(QAbstractItemView& view, const Dragged& dragged)
 {
     QDrag drag(&view);
     drag.setMimeData(PackDragged(dragged).release());
-    drag.setDragCursor(PictureCursor("DragTable").pixmap(), Qt::MoveAction);
-    drag.setDragCursor(PictureCursor("DragTableNoDrop").pixmap(), Qt::IgnoreAction);
+    drag.setDragCursor(PictureCursor(kDragIcon).pixmap(), Qt::MoveAction);
+    drag.setDragCursor(PictureCursor(kNoDropIcon).pixmap(), Qt::IgnoreAction);
     drag.exec(Qt::MoveAction);
 }
 

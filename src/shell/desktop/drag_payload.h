@@ -15,8 +15,8 @@ namespace veldrane {
 // Nothing if the data comes from elsewhere.
 [[nodiscard]] std::optional<Dragged> UnpackDragged(const QMimeData& data);
 
-// Drags from the view until the mouse is let go, with the cursors "DragTable" and, where the thing can't be dropped,
-// "DragTableNoDrop".
+// Drags from the view until the mouse is let go, with the cursor kDragIcon and, where the thing can't be dropped,
+// kNoDropIcon.
 void DragFrom(QAbstractItemView& view, const Dragged& dragged);
 
 } // namespace veldrane

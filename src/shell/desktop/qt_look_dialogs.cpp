@@ -2,11 +2,12 @@
 
 #include "shell/desktop/qt_color.h"
 #include "shell/desktop/qt_font.h"
+#include "shell/desktop/room_for_dialog.h"
 
-#include <QApplication>
 #include <QColorDialog>
 #include <QFontDatabase>
 #include <QFontDialog>
+#include <QGuiApplication>
 
 namespace veldrane {
 namespace {
@@ -34,7 +35,7 @@ QFont WithStyleName(QFont font)
 std::optional<Color> QtLookDialogs::AskForColor(Color shown)
 {
     const QColor before = ColorToQt(shown, QGuiApplication::palette());
-    QColorDialog dialog(before, QApplication::activeWindow());
+    QColorDialog dialog(before, WindowInFront());
     dialog.setObjectName(u"colorDialog"_s);
     dialog.setWindowTitle(u"Color"_s);
     if (dialog.exec() != QDialog::Accepted)
@@ -44,7 +45,7 @@ std::optional<Color> QtLookDialogs::AskForColor(Color shown)
 
 std::optional<PreviewFont> QtLookDialogs::AskForFont(const PreviewFont& shown)
 {
-    QFontDialog dialog(WithStyleName(FontToQt(shown)), QApplication::activeWindow());
+    QFontDialog dialog(WithStyleName(FontToQt(shown)), WindowInFront());
     const QFont before = dialog.currentFont();
     dialog.setObjectName(u"fontDialog"_s);
     dialog.setWindowTitle(u"Font"_s);

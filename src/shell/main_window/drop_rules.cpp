@@ -239,11 +239,6 @@ Drop DropOf(std::size_t node, std::optional<std::size_t> target, const DropGroun
     return parent == nullptr ? Drop(NoDrop{}) : DropOnClass(dragged, *item, onto, *parent, ground.Classes);
 }
 
-std::string_view DragIconOf(const Drop& drop)
-{
-    return std::holds_alternative<NoDrop>(drop) ? "DragTableNoDrop" : "DragTable";
-}
-
 std::vector<DropTarget> TargetsOf(const DraggedRow& row, const DropGround& ground)
 {
     if (!CanDrag(row.Row))

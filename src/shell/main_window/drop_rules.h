@@ -68,8 +68,9 @@ struct DropGround
 [[nodiscard]] Drop DropOf(const DraggedRow& row, std::optional<std::size_t> target, const DropGround& ground);
 [[nodiscard]] Drop DropOf(std::size_t node, std::optional<std::size_t> target, const DropGround& ground);
 
-// The picture of the mouse pointer over a target: "DragTable", or "DragTableNoDrop" where nothing would happen.
-[[nodiscard]] std::string_view DragIconOf(const Drop& drop);
+// The pictures of the mouse pointer over a target, and where nothing would happen.
+inline constexpr std::string_view kDragIcon = "DragTable";
+inline constexpr std::string_view kNoDropIcon = "DragTableNoDrop";
 
 // A place where a thing may go, for a menu.
 struct DropTarget

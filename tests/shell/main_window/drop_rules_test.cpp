@@ -258,12 +258,13 @@ TEST_F(DropRules, AClassNamedLikeAGroupIsAClass)
     EXPECT_EQ(Move(":Clerk", ":Class"), "move Clerk to 'Class'");
 }
 
-TEST_F(DropRules, ThePointerShowsWhetherSomethingWouldHappen)
+TEST_F(DropRules, ThePointerHasAPictureForEitherCase)
 {
-    EXPECT_EQ(DragIconOf(DropOf(TableRow("Letters"), At("KZMParent"), Ground())), "DragTable");
-    EXPECT_EQ(DragIconOf(DropOf(TableRow("Letters"), At("Root"), Ground())), "DragTableNoDrop");
-    EXPECT_EQ(DragIconOf(DropOf(At(":Order"), At(":Product"), Ground())), "DragTable");
-    EXPECT_EQ(DragIconOf(DropOf(At(":Order"), At(":Line"), Ground())), "DragTableNoDrop");
+    const auto iconOf = [](const Drop& drop) { return std::holds_alternative<NoDrop>(drop) ? kNoDropIcon : kDragIcon; };
+    EXPECT_EQ(iconOf(DropOf(TableRow("Letters"), At("KZMParent"), Ground())), "DragTable");
+    EXPECT_EQ(iconOf(DropOf(TableRow("Letters"), At("Root"), Ground())), "DragTableNoDrop");
+    EXPECT_EQ(iconOf(DropOf(At(":Order"), At(":Product"), Ground())), "DragTable");
+    EXPECT_EQ(iconOf(DropOf(At(":Order"), At(":Line"), Ground())), "DragTableNoDrop");
 }
 
 TEST_F(DropRules, AllPlacesOfAThingAreListedForAMenu)

@@ -82,23 +82,23 @@ TEST_F(StartupDialogTest, BrowseStaysOpenUntilAFileIsChosen)
 
 TEST_F(StartupDialogTest, ARecentProjectIsChosenByTheMouseAndByTheKeys)
 {
-    Remember(1, "/work/Shop.kzm", "Shop");
-    Remember(2, "/work/Library.kzm", "Library");
+    Remember(1, "/projects/Shop.kzm", "Shop");
+    Remember(2, "/projects/Library.kzm", "Library");
     Shown();
     EXPECT_EQ(List("lstRecent").currentItem()->text(), u"Shop"_s);
-    EXPECT_EQ(List("lstRecent").item(1)->toolTip(), u"/work/Library.kzm"_s);
+    EXPECT_EQ(List("lstRecent").item(1)->toolTip(), u"/projects/Library.kzm"_s);
     Photograph(*dialog_, "frmStartup");
     DoubleClick(List("lstRecent"), 1);
     EXPECT_EQ(dialog_->Choice().Action, StartupAction::Open);
-    EXPECT_EQ(dialog_->Choice().Path, "/work/Library.kzm");
+    EXPECT_EQ(dialog_->Choice().Path, "/projects/Library.kzm");
     Shown();
     QTest::keyClick(&List("lstRecent"), Qt::Key_Return);
-    EXPECT_EQ(dialog_->Choice().Path, "/work/Shop.kzm");
+    EXPECT_EQ(dialog_->Choice().Path, "/projects/Shop.kzm");
 }
 
 TEST_F(StartupDialogTest, OneRowOfTheTwoListsIsSelectedAtATime)
 {
-    Remember(1, "/work/Shop.kzm", "Shop");
+    Remember(1, "/projects/Shop.kzm", "Shop");
     Shown();
     QTest::mouseClick(List("lstNew").viewport(), Qt::LeftButton, Qt::NoModifier,
                       List("lstNew").visualItemRect(List("lstNew").item(0)).center());

@@ -49,6 +49,7 @@ class OpenedWindow
     {
         world_.Files.Files[kProjectPath] = DefineInMemory({MakeWideTable(properties)});
         dialogs_.ShowOver(window_);
+        rules_.LoadLook();
         window_.show();
         (void)rules_.Load({.File = kProjectPath});
         QApplication::processEvents();

@@ -98,6 +98,7 @@ class Desktop
         const QPointer<SplashForm> splash = command.NoSplash ? nullptr : new SplashForm;
         if (splash != nullptr)
             splash->ShowFor(kSplashTime);
+        rules_.LoadLook();
         window_.show();
         // What the command line asks for may open a box, so the loop has to run.
         QTimer::singleShot(kStartupInterval, &window_, [this, &command] {

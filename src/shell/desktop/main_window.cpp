@@ -1,16 +1,16 @@
 #include "shell/desktop/main_window.h"
 
 #include "shell/desktop/dropped_file.h"
+#include "shell/desktop/opening.h"
 #include "shell/desktop/preview_view.h"
 #include "shell/desktop/project_tree_view.h"
+#include "shell/desktop/qt_font.h"
 #include "shell/desktop/qt_text.h"
 #include "shell/desktop/row_list_view.h"
 #include "ui_frm_main.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QContextMenuEvent>
-#include <QFontDatabase>
 #include <QLabel>
 #include <QMimeData>
 #include <QProgressBar>
@@ -59,7 +59,7 @@ MainWindow::MainWindow(frmMain& rules, const Application& application)
                                ui_->fraPreview);
     ui_->layPreview->addWidget(preview_);
     tools_ = new ToolActions(
-        *this, [this](std::string_view tool) { rules_.actbar_Click(tool); },
+        *this, [this](std::string_view tool) { RunTool(tool); },
         [this](std::string_view tool) { return PreviewAction(*preview_, tool); });
     tools_->KeepTreeKeysIn(*ui_->treMain);
     const auto* menuKey = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), this);
@@ -77,6 +77,13 @@ MainWindow::~MainWindow()
 {
     for (const QObject* child : findChildren<QObject*>())
         child->disconnect(this);
+}
+
+// A tool finds the project as the person sees it.
+void MainWindow::RunTool(std::string_view tool)
+{
+    ui_->treMain->CommitLabel();
+    rules_.actbar_Click(tool);
 }
 
 bool MainWindow::TakeLabel(const NodeKey& node, const std::string& label)
@@ -121,8 +128,7 @@ void MainWindow::ConnectTree()
         if (!showing_)
             rules_.treMain_Collapse(tree_.NodeIndex(index));
     });
-    connect(&view, &QTreeView::activated, this,
-            [this](const QModelIndex& index) { rules_.treMain_DblClick(tree_.NodeIndex(index)); });
+    OnOpening(view, [this](const QModelIndex& index) { rules_.treMain_DblClick(tree_.NodeIndex(index)); });
     connect(&view, &QWidget::customContextMenuRequested, this, [this](const QPoint& where) { OpenTreeMenu(where); });
     view.WhatIsDragged = [this](const QModelIndex& index) {
         return index.isValid() ? rules_.DraggedFromNode(tree_.NodeIndex(index)) : std::nullopt;
@@ -148,8 +154,8 @@ void MainWindow::ConnectLists()
         // The current row is not selected anew by a click, but it is clicked.
         connect(&view, &QTreeView::clicked, this,
                 [this](const QModelIndex& index) { rules_.lst_ItemClick(static_cast<std::size_t>(index.row())); });
-        connect(&view, &QTreeView::activated, this,
-                [this](const QModelIndex& index) { rules_.lst_DblClick(static_cast<std::size_t>(index.row())); });
+        OnOpening(view,
+                  [this](const QModelIndex& index) { rules_.lst_DblClick(static_cast<std::size_t>(index.row())); });
         connect(&view, &QWidget::customContextMenuRequested, this,
                 [this, &view](const QPoint& where) { OpenListMenu(view, where); });
         connect(&view, &RowListView::HeaderClicked, this, [this] { rules_.lst_ColumnClick(); });
@@ -165,71 +171,22 @@ void MainWindow::ConnectLists()
 
 void MainWindow::ConnectPanes()
 {
-    const auto follow = [this](QDockWidget* dock, bool PaneManagement::*pane) {
-        connect(dock->toggleViewAction(), &QAction::triggered, this,
-                [this, pane](bool shown) { rules_.SetPane(pane, shown); });
-        // Its own button closes a dock without that action.
-        connect(dock, &QDockWidget::visibilityChanged, this, [this, dock, pane](bool) {
-            if (!showing_ && isVisible() && dock->isHidden())
-                rules_.SetPane(pane, false);
-        });
-    };
-    follow(ui_->panDatasource, &PaneManagement::pmDatasourceVisible);
-    follow(ui_->panPreview, &PaneManagement::pmPreviewVisible);
+    datasourcePane_ = {.Dock = ui_->panDatasource,
+                       .Shown = &PaneManagement::pmDatasourceVisible,
+                       .Tool = tools_->Action("ViewDataSourceTables"),
+                       .Place = {}};
+    previewPane_ = {.Dock = ui_->panPreview,
+                    .Shown = &PaneManagement::pmPreviewVisible,
+                    .Tool = tools_->Action("ViewPreviewPane"),
+                    .Place = {}};
+    FollowDock(datasourcePane_);
+    FollowDock(previewPane_);
     connect(ui_->cmbNavigate, &QComboBox::activated, this,
             [this](int entry) { rules_.cmbNavigate_Click(static_cast<std::size_t>(entry)); });
-    connect(preview_, &PreviewView::MonospacedFontWanted, this,
-            [this] { rules_.UseFontNamed(FromQt(QFontDatabase::systemFont(QFontDatabase::FixedFont).family())); });
+    connect(preview_, &PreviewView::MonospacedFontWanted, this, [this] { rules_.UseFontNamed(MonospacedFontName()); });
     for (const std::string_view tool : {"AddClassTo", "MoveClassTo"})
         connect(tools_->Choices(tool), &QMenu::aboutToShow, this,
                 [this, tool] { ListChoices(*tools_->Choices(tool), tool); });
-}
-
-// A drop without a mouse: the same thing, and the places that take it.
-void MainWindow::ListChoices(QMenu& menu, std::string_view tool)
-{
-    menu.clear();
-    const auto dragged = rules_.DraggedFromSelection(tool);
-    const std::vector<DropTarget> targets = dragged ? rules_.Targets(*dragged) : std::vector<DropTarget>{};
-    for (const DropTarget& target : targets)
-        menu.addAction(icons_.Of(rules_.treMain().Nodes().at(target.Node).Icon),
-                       ToQt(target.Caption).replace(u'&', QStringLiteral("&&")), this,
-                       [this, target] { rules_.DropOn(target); });
-    if (targets.empty())
-        menu.addAction(tr("(nothing to choose)"))->setEnabled(false);
-}
-
-void MainWindow::OpenTreeMenu(const QPoint& where)
-{
-    const QModelIndex index = ui_->treMain->indexAt(where);
-    if (!index.isValid())
-        return;
-    const TreeNode& node = tree_.Node(index);
-    const auto name = ContextMenuOf(node);
-    if (!name)
-        return;
-    QMenu menu(this);
-    menu.setObjectName(ToQt(*name));
-    tools_->AddTo(menu, *name, [&](std::string_view tool) { return rules_.actBar().IsEnabledOn(node, tool); });
-    menu.exec(ui_->treMain->viewport()->mapToGlobal(where));
-}
-
-void MainWindow::OpenListMenu(RowListView& list, const QPoint& where)
-{
-    const QModelIndex index = list.indexAt(where);
-    if (!index.isValid() || !rules_.HasMenu(static_cast<std::size_t>(index.row())))
-        return;
-    QMenu menu(this);
-    menu.setObjectName(ToQt(context_menu::kData));
-    tools_->AddTo(menu, context_menu::kData, [this](std::string_view tool) { return rules_.actBar().IsEnabled(tool); });
-    menu.exec(list.viewport()->mapToGlobal(where));
-}
-
-// Qt knows the menu key alone, which many keyboards lack.
-void MainWindow::OpenMenuOfFocus()
-{
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, mapToGlobal(QPoint()));
-    QApplication::sendEvent(windowHandle(), &event);
 }
 
 const QListView& MainWindow::PreviewList() const
@@ -245,6 +202,7 @@ void MainWindow::StartLabelEdit()
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    ui_->treMain->CommitLabel();
     if (rules_.QueryUnload()) {
         StorePlace();
         event->accept();

@@ -5,6 +5,7 @@
 #include "shell/desktop/row_list_model.h"
 #include "shell/desktop/tool_actions.h"
 #include "shell/main_window/frm_main.h"
+#include "shell/main_window/window_geometry.h"
 
 #include <QMainWindow>
 
@@ -12,6 +13,7 @@
 #include <memory>
 #include <vector>
 
+class QDockWidget;
 class QLabel;
 class QListView;
 class QProgressBar;
@@ -42,6 +44,7 @@ class MainWindow : public QMainWindow
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -53,19 +56,34 @@ class MainWindow : public QMainWindow
     void ConnectPanes();
 
     void Show(WindowPart part);
-    void ShowTree();
+    void ShowCaption();
+    void ShowModified();
     void ShowTreeState();
     void ShowLists();
     void ShowNavigator();
     void ShowStatus();
     void ShowPanes();
 
+    void RunTool(std::string_view tool);
     bool TakeLabel(const NodeKey& node, const std::string& label);
     void ListChoices(QMenu& menu, std::string_view tool);
     void OpenTreeMenu(const QPoint& where);
     void OpenMenuOfFocus();
     void OpenListMenu(RowListView& list, const QPoint& where);
+
+    // A pane that can be hidden.
+    struct Pane
+    {
+        QDockWidget* Dock;
+        bool PaneManagement::*Shown;
+        QAction* Tool;
+        PanePlace Place; // where it stands in the window, or stood when it was last seen there
+    };
+
+    void FollowDock(Pane& pane);
+    void ShowPane(Pane& pane);
     void RestorePlace();
+    void ArrangePanes();
     void StorePlace();
 
     frmMain& rules_;
@@ -77,12 +95,15 @@ class MainWindow : public QMainWindow
     std::array<RowListView*, kDataSourceTabs> listViews_{};
     PreviewView* preview_ = nullptr;
     ToolActions* tools_ = nullptr;
+    Pane datasourcePane_{};
+    Pane previewPane_{};
     QLabel* iconPanel_ = nullptr;
     QLabel* statusPanel_ = nullptr;
     QProgressBar* progress_ = nullptr;
     QLabel* adPanel_ = nullptr;
     bool showing_ = false; // widgets are being set from the rules, which are not to hear of it
     std::vector<Connection> listening_;
+    Connection projectModified_;
 };
 
 } // namespace veldrane

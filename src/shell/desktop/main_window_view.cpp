@@ -20,8 +20,15 @@ constexpr int kPanelIcon = 16; // pixels
 
 void MainWindow::ListenToRules()
 {
-    listening_.push_back(rules_.Changed.Connect([this](WindowPart part) { Show(part); }));
-    listening_.push_back(rules_.Status().Changed.Connect([this] { ShowStatus(); }));
+    // A project that is saved, or new, tells nobody that it is no more modified; but then something is shown anew.
+    listening_.push_back(rules_.Changed.Connect([this](WindowPart part) {
+        Show(part);
+        ShowModified();
+    }));
+    listening_.push_back(rules_.Status().Changed.Connect([this] {
+        ShowStatus();
+        ShowModified();
+    }));
     listening_.push_back(rules_.Recent().Changed.Connect([this] { tools_->ShowRecent(rules_.Recent().Tools()); }));
     for (const WindowPart part : {WindowPart::Caption, WindowPart::Tree, WindowPart::Lists, WindowPart::Navigator,
                                   WindowPart::PreviewLook, WindowPart::Menus, WindowPart::Panes})
@@ -35,7 +42,7 @@ void MainWindow::Show(WindowPart part)
     const QScopedValueRollback showing(showing_, true);
     switch (part) {
     case WindowPart::Caption:
-        return setWindowTitle(ToQt(rules_.Caption()).replace(u"[*]"_s, u"[*][*]"_s));
+        return ShowCaption();
     case WindowPart::Tree:
         tree_.Show(rules_.treMain().Nodes());
         return ShowTreeState();
@@ -52,6 +59,19 @@ void MainWindow::Show(WindowPart part)
     case WindowPart::Panes:
         return ShowPanes();
     }
+}
+
+// The project may be another one from now on.
+void MainWindow::ShowCaption()
+{
+    setWindowTitle(ToQt(rules_.Caption()).replace(u"[*]"_s, u"[*][*]"_s) + u"[*]"_s);
+    ShowModified();
+    projectModified_ = rules_.Project().ProjectModified.Connect([this] { ShowModified(); });
+}
+
+void MainWindow::ShowModified()
+{
+    setWindowModified(rules_.Project().Modified());
 }
 
 void MainWindow::ShowTreeState()
@@ -104,17 +124,6 @@ void MainWindow::ShowStatus()
     progress_->setValue(progress.Value);
     adPanel_->setText(ToQt(status.adPanel()));
     ui_->Status->repaint(); // a file is read and written without events in between
-}
-
-void MainWindow::ShowPanes()
-{
-    const PaneManagement& panes = rules_.Panes();
-    ui_->panDatasource->setVisible(panes.pmDatasourceVisible);
-    ui_->panPreview->setVisible(panes.pmPreviewVisible);
-    ui_->cmbNavigate->setVisible(panes.pmNavigatorVisible);
-    tools_->Action("ViewDataSourceTables")->setChecked(panes.pmDatasourceVisible);
-    tools_->Action("ViewPreviewPane")->setChecked(panes.pmPreviewVisible);
-    tools_->Action("ViewNavigator")->setChecked(panes.pmNavigatorVisible);
 }
 
 } // namespace veldrane

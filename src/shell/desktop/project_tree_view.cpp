@@ -18,6 +18,15 @@ ProjectTreeView::ProjectTreeView(QWidget* parent) : QTreeView(parent)
     setContextMenuPolicy(Qt::CustomContextMenu);
 }
 
+void ProjectTreeView::CommitLabel()
+{
+    QWidget* editor = state() == EditingState ? indexWidget(currentIndex()) : nullptr;
+    if (editor == nullptr)
+        return;
+    commitData(editor);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
 void ProjectTreeView::startDrag(Qt::DropActions /*supported*/)
 {
     if (const auto dragged = WhatIsDragged(currentIndex()))

@@ -23,6 +23,9 @@ class ProjectTreeView : public QTreeView
         return std::nullopt;
     };
 
+    // Takes the label that is being typed, if one is.
+    void CommitLabel();
+
   protected:
     void startDrag(Qt::DropActions supported) override;
     void dragEnterEvent(QDragEnterEvent* event) override;

@@ -71,16 +71,20 @@ void frmMain::ListenToNewClasses()
     newClassAdded_ = Classes().NewClassAdded.Connect([this](const std::string& name) { Classes_NewClassAdded(name); });
 }
 
-bool frmMain::Load(const StartCommand& start)
+void frmMain::LoadLook()
 {
     Guarded(application_.Errors, kModule, "Form_Load", [&] {
-        look_ = ReadPreviewLook(application_.UserSettings, application_.Asking);
         panes_ = ReadPanes(application_.UserSettings);
+        look_ = ReadPreviewLook(application_.UserSettings, application_.Asking);
     });
-    application_.State.Generation.DebugTiming = start.DebugTiming;
     preview_.Available = panes_.pmPreviewVisible;
-    Changed.Raise(WindowPart::PreviewLook);
     Changed.Raise(WindowPart::Panes);
+    Changed.Raise(WindowPart::PreviewLook);
+}
+
+bool frmMain::Load(const StartCommand& start)
+{
+    application_.State.Generation.DebugTiming = start.DebugTiming;
     recent_.Rebuild();
     StartNewProject();
     if (!start.InvalidPath.empty())

@@ -77,8 +77,11 @@ class frmMain : private OptionsOwner
     [[nodiscard]] RecentMenu& Recent() { return recent_; }
     [[nodiscard]] const PaneManagement& Panes() const { return panes_; }
 
-    // Reads the settings of the window and acts on the command line: opens its project, or starts a new one. Whether
-    // the start-up dialog is due.
+    // Reads which panes are shown, the preview's font and its colours: before the window is shown, so that nothing
+    // jumps.
+    void LoadLook();
+
+    // Acts on the command line: opens its project, or starts a new one. Whether the start-up dialog is due.
     [[nodiscard]] bool Load(const StartCommand& start);
 
     // Shows the start-up dialog, unless the person wants to see it no more.

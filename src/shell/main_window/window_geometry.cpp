@@ -15,6 +15,9 @@ constexpr int kGripWidth = 100;
 constexpr int kGripHeight = 20;
 constexpr int kFarthest = 100'000; // beyond any desktop
 
+constexpr std::string_view kPaneLayout = "PaneLayout";
+constexpr std::size_t kReadAtMost = 1024; // bytes of a value
+
 std::string Read(const RegistryAccess& settings, std::string_view name)
 {
     return settings.GetKeyValue(settings_section::kWindow, name);
@@ -55,6 +58,17 @@ std::optional<ScreenArea> ReadWindow(const RegistryAccess& settings, const std::
     return CanBeHeld(window, screens) ? std::optional(window) : std::nullopt;
 }
 
+// How wide the window is that the panes share.
+int SharedWidth(const WindowGeometry& geometry, const std::vector<ScreenArea>& screens)
+{
+    if (geometry.State == WindowState::Normal)
+        return geometry.Window ? geometry.Window->Width : kFarthest;
+    const auto widest = std::max_element(screens.begin(), screens.end(), [](const auto& screen, const auto& other) {
+        return screen.Width < other.Width;
+    });
+    return widest == screens.end() ? kFarthest : widest->Width;
+}
+
 PanePlace ReadPane(const RegistryAccess& settings, const std::string& pane, int windowWidth)
 {
     const auto inWindow = [&](std::optional<int> number, int least) {
@@ -76,6 +90,12 @@ void WritePane(RegistryAccess& settings, const std::string& pane, const PanePlac
     Write(settings, pane + "Left", place.Left);
 }
 
+void WriteShown(RegistryAccess& settings, const PaneManagement& panes)
+{
+    settings.UpdateKey(settings_section::kWindow, "DisplayDatasource", text::TextOf(panes.pmDatasourceVisible));
+    settings.UpdateKey(settings_section::kWindow, "DisplayPreview", text::TextOf(panes.pmPreviewVisible));
+}
+
 // Whatever is not plainly a No shows the pane.
 bool IsDisplayed(const RegistryAccess& settings, std::string_view name)
 {
@@ -93,9 +113,10 @@ WindowGeometry ReadWindowGeometry(const RegistryAccess& settings, const std::vec
     WindowGeometry geometry{.Window = ReadWindow(settings, screens)};
     if (ReadNumber(settings, "WindowState") == static_cast<int>(WindowState::Maximized))
         geometry.State = WindowState::Maximized;
-    const int width = geometry.Window ? geometry.Window->Width : kFarthest;
+    const int width = SharedWidth(geometry, screens);
     geometry.Preview = ReadPane(settings, "Preview", width);
     geometry.Datasource = ReadPane(settings, "Datasource", width);
+    geometry.PaneLayout = Read(settings, kPaneLayout);
     return geometry;
 }
 
@@ -111,6 +132,20 @@ void WriteWindowGeometry(RegistryAccess& settings, ErrorReport& errors, const Wi
         Write(settings, "WindowState", static_cast<int>(geometry.State));
         WritePane(settings, "Preview", geometry.Preview);
         WritePane(settings, "Datasource", geometry.Datasource);
+        if (!geometry.PaneLayout.empty())
+            settings.UpdateKey(settings_section::kWindow, kPaneLayout,
+                               geometry.PaneLayout.size() < kReadAtMost ? geometry.PaneLayout : "");
+        if (geometry.Shown)
+            WriteShown(settings, *geometry.Shown);
+    });
+}
+
+void WritePanePlaces(RegistryAccess& settings, ErrorReport& errors, const PanePlace& preview,
+                     const PanePlace& datasource)
+{
+    Guarded(errors, "frmMain", "PaneManagement", [&] {
+        WritePane(settings, "Preview", preview);
+        WritePane(settings, "Datasource", datasource);
     });
 }
 
@@ -122,10 +157,7 @@ PaneManagement ReadPanes(const RegistryAccess& settings)
 
 void WritePanes(RegistryAccess& settings, ErrorReport& errors, const PaneManagement& panes)
 {
-    Guarded(errors, "frmMain", "PaneManagement", [&] {
-        settings.UpdateKey(settings_section::kWindow, "DisplayDatasource", text::TextOf(panes.pmDatasourceVisible));
-        settings.UpdateKey(settings_section::kWindow, "DisplayPreview", text::TextOf(panes.pmPreviewVisible));
-    });
+    Guarded(errors, "frmMain", "PaneManagement", [&] { WriteShown(settings, panes); });
 }
 
 } // namespace veldrane

@@ -43,9 +43,14 @@ wait_for() {
 }
 
 titles() { xdotool search --onlyvisible --name . getwindowname %@ 2>/dev/null | tr '\n' ';' || true; }
-window() { xdotool search --onlyvisible --name "^$1\$"; }
+# A star behind a title says that the project is modified.
+window() { xdotool search --onlyvisible --name "^$1[*]?\$"; }
 is_gone() { ! window "$1"; }
-is_active() { [ "$(xdotool getactivewindow getwindowname)" = "$1" ]; }
+is_active() {
+    local title
+    title=$(xdotool getactivewindow getwindowname)
+    [ "${title%\*}" = "$1" ]
+}
 has_ended() { ! kill -0 "$running"; }
 has_opened_database() { find "/proc/$running/fd" -lname "$place/work/shop.db" | grep -q .; }
 is_saved() { "$program" preview "$place/work/Shop.kzm" Customer; }
@@ -152,7 +157,7 @@ take_customers() {
 # Onto the first group of the tree.
 drag_customers() {
     local id
-    id=$(xdotool search --onlyvisible --name "^${main//[\[\]+]/.}\$" | head -1)
+    id=$(xdotool search --onlyvisible --name "^${main//[\[\]+]/.}[*]?\$" | head -1)
     wait_for "the picture of the drag" take_customers "$id"
     xdotool mousemove --window "$id" 370 88 mousemove --window "$id" 378 86 mouseup 1
 }

@@ -104,6 +104,7 @@ void MainWindowTest::Start(const StartCommand& command)
     rules_ = std::make_unique<frmMain>(World(), dialogs_, reading_);
     window_ = std::make_unique<MainWindow>(*rules_, World());
     dialogs_.ShowOver(*window_);
+    rules_->LoadLook();
     window_->show();
     window_->activateWindow();
     (void)rules_->Load(command);

@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QTabWidget>
 #include <QTest>
+#include <QWindow>
 
 namespace veldrane::testing {
 namespace {
@@ -17,7 +18,7 @@ using ::testing::ElementsAre;
 TEST_F(MainWindowTest, StartsWithANewProjectAndNoDataSource)
 {
     Start();
-    EXPECT_EQ(window_->windowTitle(), u"Veldrane Professional Edition +Forms - [New Project]"_s);
+    EXPECT_EQ(window_->windowHandle()->title(), u"Veldrane Professional Edition +Forms - [New Project]"_s);
     EXPECT_EQ(Tree().currentIndex().data().toString(), u"New Project"_s);
     EXPECT_TRUE(Tree().isExpanded(Tree().currentIndex()));
     EXPECT_EQ(Tables().model()->index(0, 0).data().toString(), u"<no datasource defined>"_s);

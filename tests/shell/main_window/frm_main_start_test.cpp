@@ -131,6 +131,7 @@ TEST_F(FrmMainStart, PanesAreAsTheyWereLeft)
 {
     World.UserSettings.SaveSetting(settings_section::kWindow, "DisplayPreview", "False");
     World.UserSettings.UpdateKey(settings_section::kWindow, "DisplayPreview", "False");
+    Form.LoadLook();
     ASSERT_TRUE(Form.Load({}));
     EXPECT_FALSE(Form.Panes().pmPreviewVisible);
     EXPECT_TRUE(Form.Panes().pmDatasourceVisible);
@@ -143,6 +144,7 @@ TEST_F(FrmMainStart, SettingsThatMakeNoSenseAreToldAndTheUsualOnesCount)
 {
     World.UserSettings.UpdateKey(settings_section::kOptions, "PreviewBackgroundColor", "mauve");
     World.UserSettings.UpdateKey(settings_section::kOptions, "PreviewPaneFontSize", "huge");
+    Form.LoadLook();
     EXPECT_TRUE(Form.Load({}));
     EXPECT_THAT(Titles(), ElementsAre("Settings", "Settings"));
     EXPECT_EQ(Form.Look().Background, kDefaultPreviewBackground);

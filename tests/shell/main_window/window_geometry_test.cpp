@@ -54,17 +54,48 @@ TEST_F(Geometry, ComesBackAsItWasWritten)
     const WindowGeometry written{.Window = ScreenArea{.Left = 2000, .Top = 50, .Width = 900, .Height = 700},
                                  .State = WindowState::Maximized,
                                  .Preview = {.Width = 400, .Left = 500},
-                                 .Datasource = {.Width = 200, .Left = 0}};
+                                 .Datasource = {.Width = 200, .Left = 0},
+                                 .PaneLayout = "AAAA_wAA",
+                                 .Shown = PaneManagement{.pmPreviewVisible = false}};
     WriteWindowGeometry(settings_, errors_, written);
     EXPECT_THAT(settings_.GetAllSettings(settings_section::kWindow),
                 ElementsAre(Pair("Top", "50"), Pair("Left", "2000"), Pair("Height", "700"), Pair("Width", "900"),
                             Pair("WindowState", "2"), Pair("PreviewWidth", "400"), Pair("PreviewLeft", "500"),
-                            Pair("DatasourceWidth", "200"), Pair("DatasourceLeft", "0")));
+                            Pair("DatasourceWidth", "200"), Pair("DatasourceLeft", "0"), Pair("PaneLayout", "AAAA_wAA"),
+                            Pair("DisplayDatasource", "True"), Pair("DisplayPreview", "False")));
     const WindowGeometry read = Read();
     EXPECT_EQ(read.Window, written.Window);
     EXPECT_EQ(read.State, WindowState::Maximized);
     EXPECT_EQ(read.Preview, written.Preview);
     EXPECT_EQ(read.Datasource, written.Datasource);
+    EXPECT_EQ(read.PaneLayout, written.PaneLayout);
+    EXPECT_FALSE(ReadPanes(settings_).pmPreviewVisible);
+}
+
+TEST_F(Geometry, ALayoutTooLongToBeReadBackIsNone)
+{
+    WriteWindowGeometry(settings_, errors_, {.PaneLayout = std::string(1023, 'A')});
+    EXPECT_EQ(Read().PaneLayout.size(), 1023U);
+    WriteWindowGeometry(settings_, errors_, {.PaneLayout = std::string(1024, 'A')});
+    EXPECT_EQ(Read().PaneLayout, " ");
+}
+
+TEST_F(Geometry, PanesOfAMaximizedWindowMayBeAsWideAsAScreen)
+{
+    SetWindow("0", "0", "900", "700");
+    Set("WindowState", "2");
+    Set("PreviewWidth", "1500");
+    EXPECT_EQ(Read().Preview.Width, 1500);
+    Set("PreviewWidth", "1921");
+    EXPECT_EQ(Read().Preview.Width, std::nullopt);
+    EXPECT_EQ(ReadWindowGeometry(settings_, {}).Preview.Width, 1921);
+}
+
+TEST_F(Geometry, PlacesOfPanesAreWrittenAlone)
+{
+    WritePanePlaces(settings_, errors_, {.Width = 400, .Left = 500}, {.Width = 200});
+    EXPECT_THAT(settings_.GetAllSettings(settings_section::kWindow),
+                ElementsAre(Pair("PreviewWidth", "400"), Pair("PreviewLeft", "500"), Pair("DatasourceWidth", "200")));
 }
 
 TEST_F(Geometry, WhatIsNotSetStaysInTheSettings)

@@ -2,7 +2,6 @@
 
 #include "shell/desktop/qt_color.h"
 #include "shell/desktop/qt_text.h"
-#include "shell/main_window/color_value.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -81,16 +80,15 @@ class PageWriter
     int page_ = 1;
 };
 
-// A color that was chosen for a dark background is darkened until it can be read on paper.
-QColor Ink(Color color)
+} // namespace
+
+QColor InkOf(Color color)
 {
     QColor ink = IsSystemColor(color) ? QColor(Qt::darkGray) : ColorToQt(color, QGuiApplication::palette());
     if (ink.lightness() > kLightestInk)
         ink.setHsl(ink.hslHue(), ink.hslSaturation(), kLightestInk);
     return ink;
 }
-
-} // namespace
 
 int PrintLines(const PreviewPane& pane, const QFont& font, QPagedPaintDevice& device)
 {
@@ -103,7 +101,7 @@ int PrintLines(const PreviewPane& pane, const QFont& font, QPagedPaintDevice& de
         const TTCOutput& line = pane.Row(row);
         QFont weighed = font;
         weighed.setBold(font.bold() || line.Bold);
-        pages.Write(NameToQt(line.LineText), weighed, Ink(line.ForeColor));
+        pages.Write(NameToQt(line.LineText), weighed, InkOf(line.ForeColor));
     }
     return pages.End();
 }

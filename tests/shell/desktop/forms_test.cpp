@@ -255,6 +255,21 @@ TEST_F(FrmZoom, GrowsAndShrinksWithinBounds)
     EXPECT_DOUBLE_EQ(list.font().pointSizeF(), 96);
 }
 
+TEST(FrmError, NeverOutgrowsTheScreen)
+{
+    ErrorDialog dialog(nullptr);
+    dialog.show();
+    const int small = dialog.sizeHint().height();
+    for (int failure = 0; failure < 50; ++failure)
+        dialog.Add("The driver says a great many words about what it could not do, and then some more of them.",
+                   "Last Error Number: 5.\r\n");
+    QApplication::processEvents();
+    EXPECT_LT(dialog.minimumSizeHint().height(), dialog.screen()->availableGeometry().height());
+    EXPECT_LE(dialog.height(), dialog.screen()->availableGeometry().height());
+    EXPECT_TRUE(dialog.rect().contains(Find<QPushButton>(dialog, "cmdOK").geometry()));
+    EXPECT_LT(small, dialog.height() + 1);
+}
+
 TEST(FrmError, LooksWell)
 {
     ErrorDialog dialog(nullptr);

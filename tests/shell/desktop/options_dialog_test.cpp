@@ -62,6 +62,9 @@ TEST_F(TheOptionsWindow, ShowsWhatIsStored)
     EXPECT_TRUE(Find<QCheckBox>(window, "chkShowSystemTables").isChecked());
     EXPECT_EQ(Find<QComboBox>(window, "cmbMaxTablesToDisplay").currentText(), u"None: I name my tables"_s);
     EXPECT_EQ(Find<QComboBox>(window, "cmbMaxProcsToDisplay").currentText(), u"2000"_s);
+    EXPECT_EQ(Find<QComboBox>(window, "cmbMaxProcsToDisplay").itemText(0), u"None"_s);
+    EXPECT_EQ(Find<QComboBox>(window, "cmbMaxProcsToDisplay").toolTip(),
+              u"Kept in the settings; the list of procedures is always complete"_s);
     EXPECT_EQ(Find<QLabel>(window, "lblFont").text(), u"Tahoma, 8 points"_s);
     EXPECT_EQ(Find<QPushButton>(window, "cmdHeaderTextColor").toolTip(), u"#0000ff"_s);
     auto& messagesList = Find<QTreeWidget>(window, "lstHelpMessages");
@@ -157,6 +160,25 @@ TEST_F(TheOptionsWindow, ShowsASampleOfThePreview)
     EXPECT_EQ(sample.count(), 6);
     EXPECT_EQ(sample.item(4)->text(), u"    City = mCity"_s);
     EXPECT_EQ(sample.item(4)->foreground().color(), QColor(Qt::red));
+}
+
+TEST_F(TheOptionsWindow, SamplesAlertsAsThePreviewPaintsThem)
+{
+    QWidget& window = Show();
+    ShowTab("tabPreview");
+    dialogs.ColorChosen = 0xFF0000;
+    Click(window, "cmdErrorTextColor");
+    EXPECT_EQ(Find<QListWidget>(window, "lstSample").item(5)->foreground().color(), QColor(Qt::red));
+}
+
+TEST_F(TheOptionsWindow, NamesEachResetButtonForAScreenReader)
+{
+    QWidget& window = Show();
+    for (const auto& [button, name] : {std::pair{"cmdResetBackgroundColor", u"Reset the background color"_s},
+                                       {"cmdResetCodeTextColor", u"Reset the code text color"_s},
+                                       {"cmdResetHeaderTextColor", u"Reset the header text color"_s},
+                                       {"cmdResetHiddenTextColor", u"Reset the hidden text color"_s}})
+        EXPECT_EQ(Find<QPushButton>(window, button).accessibleName(), name);
 }
 
 TEST_F(TheOptionsWindow, HasTheHelpMessagesShownAgainAtOnce)

@@ -49,6 +49,16 @@ TEST_F(ThePrintedPreview, BreaksALineThatIsTooWide)
     EXPECT_GT(Print(folder.filePath(u"wide.pdf"_s)), 3 * pages);
 }
 
+TEST_F(ThePrintedPreview, CanBeReadOnPaper)
+{
+    for (const Color light : {0xFFFFFF, 0xC0FFFF, 0x80FF80, 0xFFE0E0})
+        EXPECT_LT(InkOf(light).lightness(), 140) << light;
+    EXPECT_GT(InkOf(0x80FF80).green(), InkOf(0x80FF80).red());
+    EXPECT_EQ(InkOf(0), QColor(Qt::black));
+    EXPECT_EQ(InkOf(0x0000FF), QColor(Qt::red));
+    EXPECT_EQ(InkOf(static_cast<Color>(0x80000011U)), QColor(Qt::darkGray));
+}
+
 TEST_F(ThePrintedPreview, HasOnePageWithoutALine)
 {
     EXPECT_EQ(Print(folder.filePath(u"empty.pdf"_s)), 1);

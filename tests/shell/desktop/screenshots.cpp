@@ -1,10 +1,13 @@
 #include "screenshots.h"
 
+#include "access_keys.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QPalette>
 #include <QPixmap>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -80,6 +83,7 @@ void Photograph(QWidget& window, const std::string& name)
 {
     if (!window.isVisible())
         window.show();
+    EXPECT_THAT(CollidingAccessKeys(window), ::testing::IsEmpty()) << name;
     for (const auto& [shades, ending] : {std::pair{Shades::Light, "-light"}, std::pair{Shades::Dark, "-dark"}}) {
         const ShadesWhile shown(shades);
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);

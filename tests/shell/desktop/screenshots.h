@@ -24,7 +24,7 @@ class ShadesWhile
 
 // Draws the window in both shades, shown for it if need be, and keeps the pictures as NAME-light.png and NAME-dark.png
 // in the folder $VELDRANE_SCREENSHOTS; without that variable they are drawn and dropped. The test fails if nothing is
-// drawn or a picture can't be written.
+// drawn or a picture can't be written, and if two of the controls that are seen have one access key.
 void Photograph(QWidget& window, const std::string& name);
 
 } // namespace veldrane::testing

@@ -231,6 +231,20 @@ TEST_F(LogonDialogTest, OffersEveryPageWhoseDriverIsThere)
     EXPECT_TRUE(tabs.isTabEnabled(0) && tabs.isTabEnabled(1) && tabs.isTabEnabled(2));
 }
 
+TEST_F(LogonDialogTest, AMessageOfThePastTakesNoFocus)
+{
+    LogonDialog& dialog = Shown();
+    Choose(dialog, "cmbProviders", kOdbc);
+    Click(Page(), "optDSNLess");
+    rules_->Page().cmbDrivers.Selected.reset();
+    Click(dialog, "cmdOK");
+    ASSERT_FALSE(messages_.Asked().empty());
+    EXPECT_EQ(messages_.Asked().back().Title, "No Driver Specified");
+    EXPECT_EQ(dialog.focusWidget()->objectName(), u"cmbDrivers"_s);
+    Click(Page(), "optUseDSN");
+    EXPECT_EQ(dialog.focusWidget()->objectName(), u"optUseDSN"_s);
+}
+
 TEST_F(LogonDialogTest, LooksWellOnThePageOfSqlServer)
 {
     LogonDialog& dialog = Shown();

@@ -23,6 +23,14 @@ Answer AnswerAfter(const Question& question, const Act& act)
     return answer;
 }
 
+TEST(QtMessages, AreCaptionedWithTheProgramWhereTheyHaveNoTitle)
+{
+    WithDialogs([] { QtMessages().Tell("", "Nothing was found."); }, {[](QWidget& dialog) {
+                    EXPECT_EQ(dialog.windowTitle(), u"Veldrane Professional Edition +Forms"_s);
+                    QTest::keyClick(&dialog, Qt::Key_Return);
+                }});
+}
+
 TEST(QtMessages, ShowTheQuestionWordByWord)
 {
     const Question question{

@@ -1,9 +1,12 @@
 #include "shell/desktop/startup_dialog.h"
 
 #include "screenshots.h"
+#include "shell/desktop/desktop_dialogs.h"
+#include "shell/desktop/splash_form.h"
 #include "support/memory_application.h"
 #include "widgets.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
 #include <QListWidget>
@@ -104,6 +107,35 @@ TEST_F(StartupDialogTest, OneRowOfTheTwoListsIsSelectedAtATime)
                       List("lstNew").visualItemRect(List("lstNew").item(0)).center());
     EXPECT_TRUE(List("lstRecent").selectedItems().isEmpty());
     EXPECT_EQ(List("lstNew").selectedItems().size(), 1);
+}
+
+TEST_F(StartupDialogTest, TabChoosesInTheOtherList)
+{
+    Remember(1, "/projects/Shop.kzm", "Shop");
+    Shown();
+    dialog_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog_.get()));
+    List("lstRecent").setFocus();
+    for (int tabs = 0; tabs < 8 && !List("lstNew").hasFocus(); ++tabs)
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    ASSERT_TRUE(List("lstNew").hasFocus());
+    EXPECT_TRUE(List("lstRecent").selectedItems().isEmpty());
+    QTest::keyClick(&List("lstNew"), Qt::Key_Return);
+    EXPECT_EQ(dialog_->Choice().Action, StartupAction::New);
+}
+
+TEST_F(StartupDialogTest, TheSplashFormLiesBelow)
+{
+    SplashForm splash;
+    splash.setAttribute(Qt::WA_DeleteOnClose, false);
+    splash.show();
+    frmStartup rules(world_.World);
+    DesktopDialogs dialogs;
+    WithDialogs([&] { (void)dialogs.AskAtStartup(rules); }, {[&](QWidget& dialog) {
+                    EXPECT_FALSE(splash.isVisible());
+                    QTest::keyClick(&dialog, Qt::Key_Escape);
+                }});
+    EXPECT_TRUE(splash.isVisible());
 }
 
 TEST_F(StartupDialogTest, TheBoxIsRememberedAtOnce)

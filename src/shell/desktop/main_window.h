@@ -74,9 +74,9 @@ class MainWindow : public QMainWindow
     // A pane that can be hidden.
     struct Pane
     {
-        QDockWidget* Dock;
-        bool PaneManagement::*Shown;
-        QAction* Tool;
+        QDockWidget* Dock = nullptr;
+        bool PaneManagement::*Shown = nullptr;
+        QAction* Tool = nullptr;
         PanePlace Place; // where it stands in the window, or stood when it was last seen there
     };
 
@@ -95,8 +95,8 @@ class MainWindow : public QMainWindow
     std::array<RowListView*, kDataSourceTabs> listViews_{};
     PreviewView* preview_ = nullptr;
     ToolActions* tools_ = nullptr;
-    Pane datasourcePane_{};
-    Pane previewPane_{};
+    Pane datasourcePane_;
+    Pane previewPane_;
     QLabel* iconPanel_ = nullptr;
     QLabel* statusPanel_ = nullptr;
     QProgressBar* progress_ = nullptr;

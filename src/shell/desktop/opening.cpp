@@ -1,19 +1,43 @@
 #include "shell/desktop/opening.h"
 
-#include <QShortcut>
+#include <QKeyEvent>
+
+#include <utility>
 
 namespace veldrane {
+namespace {
+
+// Return in a label that is being typed goes to the label's own widget.
+class OpeningKeys : public QObject
+{
+  public:
+    OpeningKeys(QAbstractItemView& view, std::function<void(const QModelIndex&)> open)
+        : QObject(&view), view_(view), open_(std::move(open))
+    {
+        view.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() != QEvent::KeyPress)
+            return QObject::eventFilter(watched, event);
+        const int key = static_cast<const QKeyEvent*>(event)->key();
+        if ((key != Qt::Key_Return && key != Qt::Key_Enter) || !view_.currentIndex().isValid())
+            return QObject::eventFilter(watched, event);
+        open_(view_.currentIndex());
+        return true;
+    }
+
+  private:
+    QAbstractItemView& view_;
+    std::function<void(const QModelIndex&)> open_;
+};
+
+} // namespace
 
 void OnOpening(QAbstractItemView& view, std::function<void(const QModelIndex&)> open)
 {
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto* shortcut = new QShortcut(key, &view);
-        shortcut->setContext(Qt::WidgetShortcut); // Return in a label that is being typed takes it
-        QObject::connect(shortcut, &QShortcut::activated, &view, [&view, open] {
-            if (view.currentIndex().isValid())
-                open(view.currentIndex());
-        });
-    }
+    new OpeningKeys(view, open); // the view's own
     QObject::connect(&view, &QAbstractItemView::doubleClicked, &view, std::move(open));
 }
 

@@ -74,9 +74,18 @@ keys() { # TITLE KEY...
     xdotool key --delay 30 "${@:2}"
 }
 
-menu() { # THE MENU'S KEY, KEYS IN IT...
+# A key is lost while the program still reads, as a person's would be; where the menu came late, it is closed and opened.
+opens_menu() { # ITS KEY
+    local end=$((SECONDS + 5))
+    ! has_popup || xdotool key Escape
     keys "$main" "$1"
-    wait_for "the menu" has_popup
+    until has_popup; do
+        [ "$SECONDS" -lt "$end" ] || return 1
+        sleep 0.05
+    done
+}
+menu() { # THE MENU'S KEY, KEYS IN IT...
+    wait_for "the menu" opens_menu "$1"
     xdotool key --delay 30 "${@:2}"
 }
 

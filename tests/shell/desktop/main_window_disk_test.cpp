@@ -75,6 +75,7 @@ TEST_F(MainWindowOnDisk, ADatabaseThatIsBackIsReachedByTheSameString)
     EXPECT_EQ(rules_->Project().ConnectionString(), connection);
     EXPECT_THAT(TableRows(), ElementsAre("<Add a Table>", "Customers", "Orders"));
     EXPECT_TRUE(Tool("RefreshTables").isEnabled());
+    ClickTable(u"Orders"_s);
     EXPECT_TRUE(Tool("AddClassTo").isEnabled());
     EXPECT_TRUE(DropRow("Orders", kParents));
     EXPECT_TRUE(HasNode(u"Order"_s));

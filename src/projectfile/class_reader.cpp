@@ -43,7 +43,8 @@ class ClassesReader
         : lines_(lines), project_(project), classes_(classes), progress_(progress)
     {}
 
-    void Read()
+    // Whether each class has come to its end.
+    bool Read()
     {
         try {
             for (; lines_.Current() != "End Classes"; lines_.Advance())
@@ -51,6 +52,7 @@ class ClassesReader
         } catch (const RuntimeError& error) {
             throw RuntimeError(error.Number, error.Source, Place() + error.Description());
         }
+        return !isUnderWay_ && !lost_;
     }
 
   private:
@@ -91,6 +93,8 @@ class ClassesReader
     void BeginClass()
     {
         constexpr std::size_t kNamePosition = 13;
+        lost_ = lost_ || isUnderWay_;
+        isUnderWay_ = true;
         class_ = std::make_shared<KZMClass>();
         class_->ClassName = text::From(lines_.Current(), kNamePosition);
         for (lines_.Advance();
@@ -105,6 +109,7 @@ class ClassesReader
         if (class_->CreateCollection)
             project_.ClassCollectionNames.Add(class_->CollectionName, class_->CollectionName);
         classes_.AddExisting(class_, class_->ClassName);
+        isUnderWay_ = false;
         class_ = std::make_shared<KZMClass>();
         progress_.SavingProject.Raise(static_cast<std::int32_t>(lines_.Count() + lines_.Position()));
     }
@@ -114,22 +119,24 @@ class ClassesReader
     KZMClasses& classes_;
     const FileProgress& progress_;
     std::shared_ptr<KZMClass> class_ = std::make_shared<KZMClass>();
+    bool isUnderWay_ = false;
+    bool lost_ = false; // one that had not ended when the next began
 };
 
 } // namespace
 
-void ReadClassInfo(LineStream& stream, TTCProject& project, KZMClasses& classes, const FileProgress& progress)
+bool ReadClassInfo(LineStream& stream, TTCProject& project, KZMClasses& classes, const FileProgress& progress)
 {
     constexpr std::size_t kLinesWithoutClass = 2;
     const std::string_view rest = stream.ReadAll();
     progress.SavingProject.Raise(50);
     LineCursor lines(ClassSection(rest), stream.LineEnd());
     if (lines.Count() <= kLinesWithoutClass)
-        return;
+        return true;
     const auto count = static_cast<std::int32_t>(lines.Count());
     // The bar starts half way: reading the text was the first half.
     progress.SetMinMaxProgress.Raise(1, count * 2, count);
-    ClassesReader(lines, project, classes, progress).Read();
+    return ClassesReader(lines, project, classes, progress).Read();
 }
 
 } // namespace veldrane

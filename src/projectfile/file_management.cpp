@@ -118,8 +118,11 @@ void TTCFileManagement::ReadProject(LineStream& stream, TTCProject& project, KZM
     windows_.Loading.SetStatus("Opening Project...");
     SavingProject.Raise(25);
     Naming(project.FullPath, [&] { ReadProjectInfo(stream, project); });
-    lostClasses_ = !Guarded(report_, kModule, "ReadClassInfo", [&] {
-        Naming(project.FullPath, [&] { ReadClassInfo(stream, project, classes, {SavingProject, SetMinMaxProgress}); });
+    lostClasses_ = true;
+    Guarded(report_, kModule, "ReadClassInfo", [&] {
+        Naming(project.FullPath, [&] {
+            lostClasses_ = !ReadClassInfo(stream, project, classes, {SavingProject, SetMinMaxProgress});
+        });
     });
     SetMinMaxProgress.Raise(1, 100, 1);
     SavingProject.Raise(100);

@@ -42,7 +42,8 @@ class TTCFileManagement
     // cancels. A failure among the classes is reported, and the classes before it stay: the project counts as opened.
     bool OpenProject(TTCProject& project, KZMClasses& classes, const std::string& fileName);
 
-    // Whether the latest OpenProject failed among the classes: saving then drops those that the file still holds.
+    // Whether the latest OpenProject failed among the classes, or gave one up that has no closing line: saving then
+    // drops those that the file still holds.
     [[nodiscard]] bool LostClasses() const { return lostClasses_; }
 
     // Writes the project and clears Modified: over the file at its FullPath, which is copied to a ".bak" beside it

@@ -11,6 +11,8 @@ bool OpenProjectFile(const Application& application, ProjectSession& session, co
     const bool opened = session.Open(path, dataSource);
     if (!opened)
         application.ErrorOutput << "veldrane: " << ConsoleLine(path) << " was not opened, and nothing was written.\n";
+    else if (session.LostClasses())
+        application.ErrorOutput << "veldrane: " << ConsoleLine(path) << ": not all of its classes could be read.\n";
     return opened;
 }
 

@@ -189,6 +189,21 @@ TEST_F(HostileFile, HasNoClassesWithoutTheirSection)
     }
 }
 
+TEST_F(HostileFile, ThatDoesNotEndAClassHasLostIt)
+{
+    const std::string one = "Begin Class One\r\nTableName\2Ones\r\nBegin Events\r\nEnd Events\r\n";
+    const std::string two = "Begin Class Two\r\nTableName\2Twos\r\nEnd Class Two\r\n";
+    for (const std::string& classes : {one + two, two + one}) {
+        files_.Files[kPath] = kProject + "\r\nBegin Classes\r\n" + classes + "End Classes\r\n";
+        TTCProject project;
+        KZMClasses read;
+        EXPECT_TRUE(management_.OpenProject(project, read, kPath));
+        EXPECT_TRUE(management_.LostClasses());
+        EXPECT_EQ(read.Count(), 1U);
+        EXPECT_NE(read.Item("Two"), nullptr);
+    }
+}
+
 TEST_F(HostileFile, IsReportedBehindItsLastClassWhenTheEndLineIsNotExact)
 {
     EXPECT_TRUE(OpenBytes(kProject + "Begin Classes\r\nBegin Class A\r\nEnd Class A\r\nEND CLASSES\r\n"));

@@ -148,10 +148,11 @@ bool TTCFileManagement::SaveUnderNewName(TTCProject& project, const KZMClasses& 
         return false;
     const std::string formerPath = std::exchange(project.FullPath, *chosen);
     const std::string formerName = std::exchange(project.FileName, LastPart(*chosen));
-    const bool saved = Write(project, classes, [&] {
-        SavingProject.Raise(0);
-        SavingProject.Raise(1);
-    });
+    const bool saved = Write(project, classes, {.Begin = [&] {
+                                 SavingProject.Raise(0);
+                                 SavingProject.Raise(1);
+                                 return project.FullPath;
+                             }});
     if (saved) {
         namedPath_ = project.FullPath;
     } else {
@@ -163,24 +164,44 @@ bool TTCFileManagement::SaveUnderNewName(TTCProject& project, const KZMClasses& 
 
 bool TTCFileManagement::SaveOverFile(TTCProject& project, const KZMClasses& classes)
 {
-    return Write(project, classes, [&] {
-        BackUp(project.FullPath);
-        SavingProject.Raise(0);
-        SetMinMaxProgress.Raise(1, 100, 1);
-        SavingProject.Raise(1);
-    });
+    return Write(project, classes, {.Begin = [&] {
+                     BackUp(project.FullPath);
+                     SavingProject.Raise(0);
+                     SetMinMaxProgress.Raise(1, 100, 1);
+                     SavingProject.Raise(1);
+                     return project.FullPath;
+                 }});
 }
 
-bool TTCFileManagement::Write(TTCProject& project, const KZMClasses& classes, const std::function<void()>& begin)
+// The entry comes last, so that a recovery never finds a copy that was not written yet. What the code page lacks is
+// told when the person saves.
+bool TTCFileManagement::Autosave(TTCProject& project, const KZMClasses& classes, TempFiles& tempFiles)
+{
+    return Write(project, classes,
+                 {.Begin =
+                      [&] {
+                          if (project.TempFileName.empty())
+                              project.TempFileName = tempFiles.NewCopy();
+                          SavingProject.Raise(0);
+                          SavingProject.Raise(1);
+                          return project.TempFileName;
+                      },
+                  .End = [&] { tempFiles.Add(project.TempFileName); },
+                  .OfCharacters = Losses::Passed});
+}
+
+bool TTCFileManagement::Write(TTCProject& project, const KZMClasses& classes, const Saving& saving)
 {
     std::string losses;
     const bool saved = Guarded(report_, kModule, "SaveProject", [&] {
         const PointerWhile hourglass(windows_.Pointer, PointerShape::Hourglass);
-        begin();
+        const std::string path = saving.Begin();
         SavingProject.Raise(10);
         std::string text = ProjectText(project, classes);
-        losses = LossesIn(text);
-        files_.Write(project.FullPath, codePage_.EncodeInPlace(std::move(text)).Bytes);
+        if (saving.OfCharacters == Losses::Told)
+            losses = LossesIn(text);
+        files_.Write(path, codePage_.EncodeInPlace(std::move(text)).Bytes);
+        saving.End();
         SavingProject.Raise(100);
         project.SetModified(false);
     });

@@ -8,6 +8,7 @@
 #include "ports/file_windows.h"
 #include "ports/messages.h"
 #include "projectfile/line_stream.h"
+#include "projectfile/temp_files.h"
 #include "text/code_page.h"
 
 #include <cstdint>
@@ -53,6 +54,11 @@ class TTCFileManagement
     // in the code page are written as "?", and one message tells of them.
     bool SaveProject(TTCProject& project, const KZMClasses& classes, SaveKind kind = SaveKind::Normal);
 
+    // Writes the project into its copy for recovery: the file of TempFileName, which is made, with its entry, if the
+    // project has none yet. Modified is cleared here, too, though the project's own file is still out of date. False,
+    // with a report and ProjectSaveFailed, if writing fails.
+    bool Autosave(TTCProject& project, const KZMClasses& classes, TempFiles& tempFiles);
+
     // As the function of this name in project_reader.h.
     static void ReadProjectInfo(LineStream& stream, TTCProject& project);
 
@@ -63,12 +69,26 @@ class TTCFileManagement
     Signal<std::int32_t, std::int32_t, std::int32_t> SetMinMaxProgress; // minimum, maximum and value
 
   private:
+    enum class Losses
+    {
+        Told,
+        Passed,
+    };
+
+    // What a saving does around the text.
+    struct Saving
+    {
+        std::function<std::string()> Begin; // gives the path that the text is written to
+        std::function<void()> End = [] {};
+        Losses OfCharacters = Losses::Told;
+    };
+
     [[nodiscard]] std::string ReadText(const std::string& fileName) const;
     void ReadProject(LineStream& stream, TTCProject& project, KZMClasses& classes);
     [[nodiscard]] bool NeedsName(const TTCProject& project) const;
     bool SaveUnderNewName(TTCProject& project, const KZMClasses& classes);
     bool SaveOverFile(TTCProject& project, const KZMClasses& classes);
-    bool Write(TTCProject& project, const KZMClasses& classes, const std::function<void()>& begin);
+    bool Write(TTCProject& project, const KZMClasses& classes, const Saving& saving);
     void BackUp(const std::string& path);
     // What is told once the text is saved: which lines hold characters without a place; "" if none does.
     [[nodiscard]] std::string LossesIn(std::string_view text) const;

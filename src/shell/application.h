@@ -9,6 +9,7 @@
 #include "ports/file_windows.h"
 #include "ports/messages.h"
 #include "ports/process_starter.h"
+#include "ports/recovery_store.h"
 #include "ports/settings.h"
 #include "shell/progress.h"
 
@@ -35,6 +36,7 @@ struct Application
     Messages& Asking;
     ErrorReport& Errors;
     FileSystem& Files;
+    RecoveryStore& Recovery;
     Clock& Time;
     ProcessStarter& Programs;
     OpenDataSource Connect;

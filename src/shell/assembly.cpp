@@ -21,7 +21,8 @@ void RemoveLeftover(FileSystem& files, ErrorReport& report)
 
 Assembly::Assembly(FileSystem& files, ModuleState& state, const FrontEnd& frontEnd)
     : frontEnd_(frontEnd), settings_(SettingsPath(), files, frontEnd_.Asking),
-      platform_(ReadPlatformSettings(settings_)), application_(MakeApplication(files, state))
+      recovery_(RecoveryFolder(), frontEnd_.Time), platform_(ReadPlatformSettings(settings_)),
+      application_(MakeApplication(files, state))
 {
     RemoveLeftover(files, frontEnd_.Errors);
     state.Generation = {.CodePage = platform_.CodePage,
@@ -37,6 +38,7 @@ Application Assembly::MakeApplication(FileSystem& files, ModuleState& state)
         .Asking = frontEnd_.Asking,
         .Errors = frontEnd_.Errors,
         .Files = files,
+        .Recovery = recovery_,
         .Time = frontEnd_.Time,
         .Programs = programs_,
         .Connect = [this](const std::string& text, StringOrigin origin) { return Connect(text, origin); },

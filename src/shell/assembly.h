@@ -4,6 +4,7 @@
 #include "shell/application.h"
 #include "shell/platform/detached_process_starter.h"
 #include "shell/platform/limited_program_runner.h"
+#include "shell/platform/recovery_files.h"
 #include "shell/platform/settings_file.h"
 #include "shell/platform_settings.h"
 
@@ -48,6 +49,7 @@ class Assembly
 
     FrontEnd frontEnd_;
     SettingsFile settings_;
+    RecoveryFiles recovery_;
     PlatformSettings platform_;
     LimitedProgramRunner runner_;
     DetachedProcessStarter programs_;

@@ -9,7 +9,8 @@ namespace veldrane {
 
 ProjectSession::ProjectSession(const Application& application)
     : application_(application), files_(application.Files, application.Asking, application.Errors,
-                                        application.State.Generation.CodePage, application.Windows)
+                                        application.State.Generation.CodePage, application.Windows),
+      tempFiles_(application.UserSettings, application.Files, application.Recovery)
 {
     application_.State.ActiveConnection.reset();
     Adopt(std::make_unique<Document>(), DataSourceOnOpen::Connect);
@@ -42,12 +43,18 @@ void ProjectSession::New(DataSourceOnOpen dataSource)
     Adopt(std::move(document), dataSource);
 }
 
-// The data source is opened in the middle of the file, where its string stands.
 bool ProjectSession::Open(const std::string& path, DataSourceOnOpen dataSource)
 {
     const std::optional<std::string> chosen = path.empty() ? files_.AskForProject(Project().FullPath) : path;
-    if (!chosen || chosen->empty())
+    if (!chosen || chosen->empty() || !Load(*chosen, dataSource))
         return false;
+    FileUsed.Raise(*chosen);
+    return true;
+}
+
+// The data source is opened in the middle of the file, where its string stands.
+bool ProjectSession::Load(const std::string& path, DataSourceOnOpen dataSource)
+{
     auto document = std::make_unique<Document>();
     document->Project.Clear();
     bool connected = false;
@@ -56,13 +63,12 @@ bool ProjectSession::Open(const std::string& path, DataSourceOnOpen dataSource)
         if (connected)
             Connect(text, StringOrigin::ProjectFile);
     });
-    if (!files_.OpenProject(document->Project, document->Classes, *chosen))
+    if (!files_.OpenProject(document->Project, document->Classes, path))
         return false;
     if (!connected)
         application_.State.ActiveConnection.reset();
     lostClasses_ = files_.LostClasses();
     Adopt(std::move(document), dataSource);
-    FileUsed.Raise(*chosen);
     return true;
 }
 
@@ -75,6 +81,28 @@ bool ProjectSession::Save(SaveKind kind)
     lostClasses_ = false;
     FileUsed.Raise(Project().FullPath);
     return true;
+}
+
+bool ProjectSession::Recover(const std::string& path)
+{
+    if (!Load(path, DataSourceOnOpen::Connect))
+        return false;
+    Project().Recovered = true;
+    Project().SetModified(true);
+    return true;
+}
+
+bool ProjectSession::Autosave()
+{
+    const bool saved = files_.Autosave(Project(), Classes(), tempFiles_);
+    Project().SetModified(true);
+    return saved;
+}
+
+void ProjectSession::ForgetCopies()
+{
+    Project().TempFileName.clear();
+    Guarded(application_.Errors, "frmMain", "DeleteTempFiles", [&] { tempFiles_.DeleteSection(); });
 }
 
 bool ProjectSession::MayDropLostClasses()

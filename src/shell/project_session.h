@@ -2,6 +2,7 @@
 
 #include "model/signal.h"
 #include "projectfile/file_management.h"
+#include "projectfile/temp_files.h"
 #include "shell/application.h"
 #include "shell/document.h"
 
@@ -45,6 +46,20 @@ class ProjectSession
     // not be read. False if that fails, which is reported, or if the person does not want it.
     bool Save(SaveKind kind = SaveKind::Normal);
 
+    // Replaces the document by that of a copy for recovery, as Open does; it counts as recovered and modified, and the
+    // copy is no file that the person has used.
+    bool Recover(const std::string& path);
+
+    // Writes the document into its copy for recovery; it stays modified. False if that fails, which is reported.
+    bool Autosave();
+
+    // What the settings know of copies for recovery.
+    [[nodiscard]] TempFiles& UnsavedCopies() { return tempFiles_; }
+
+    // The document needs no copy any more: neither the settings nor the document know of it afterwards. A failure is
+    // reported and holds nothing up.
+    void ForgetCopies();
+
     // Opens the project's data source in place of the open one. False if that fails, which is reported.
     bool ConnectDataSource(StringOrigin origin);
 
@@ -61,6 +76,7 @@ class ProjectSession
     Signal<const std::string&> FileUsed;
 
   private:
+    bool Load(const std::string& path, DataSourceOnOpen dataSource);
     void Adopt(std::unique_ptr<Document> document, DataSourceOnOpen dataSource);
     bool Connect(const std::string& text, StringOrigin origin);
     [[nodiscard]] bool MayDropLostClasses();
@@ -68,6 +84,7 @@ class ProjectSession
 
     const Application& application_;
     TTCFileManagement files_;
+    TempFiles tempFiles_;
     std::unique_ptr<Document> document_;
     Connection connectionChanged_;
     bool lostClasses_ = false;

@@ -5,6 +5,7 @@
 #include "support/failing_settings.h"
 #include "support/fake_driver_manager.h"
 #include "support/manual_clock.h"
+#include "support/memory_recovery_store.h"
 #include "support/recorded_errors.h"
 #include "support/recorded_loading_form.h"
 #include "support/recorded_pointer.h"
@@ -24,6 +25,7 @@ struct MemoryApplication
     ScriptedMessages Messages;
     RecordedErrors Errors;
     FailingFileSystem Files;
+    MemoryRecoveryStore Recovery{Files};
     ManualClock Clock;
     RecordedProcesses Processes;
     FakeDriverManager Installed;
@@ -41,6 +43,7 @@ struct MemoryApplication
                       .Asking = Messages,
                       .Errors = Errors,
                       .Files = Files,
+                      .Recovery = Recovery,
                       .Time = Clock,
                       .Programs = Processes,
                       .Connect = [this](const std::string& text, StringOrigin origin) { return Connect(text, origin); },

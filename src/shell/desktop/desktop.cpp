@@ -89,6 +89,7 @@ class Desktop
           rules_(assembly_.World(), dialogs_, reading_), window_(rules_, assembly_.World())
     {
         dialogs_.ShowOver(window_);
+        QObject::connect(&tmrAutosave_, &QTimer::timeout, &window_, [this] { rules_.tmrAutosave_Timer(); });
     }
 
     [[nodiscard]] ErrorReport& Errors() { return errors_; }
@@ -102,6 +103,7 @@ class Desktop
         window_.show();
         // What the command line asks for may open a box, so the loop has to run.
         QTimer::singleShot(kStartupInterval, &window_, [this, &command] {
+            tmrAutosave_.start(Autosave::kInterval);
             if (rules_.Load(command))
                 rules_.tmrStartup_Timer();
         });
@@ -125,6 +127,7 @@ class Desktop
     frmMain rules_;
     MainWindow window_;
     ReadingWindow readingWindow_{reading_, &window_};
+    QTimer tmrAutosave_;
 };
 
 } // namespace

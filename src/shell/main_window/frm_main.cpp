@@ -3,6 +3,7 @@
 #include "datasource/logon/edit_data_source.h"
 #include "shell/invalid_path.h"
 #include "shell/main_window/ask_to_save.h"
+#include "shell/main_window/recovery.h"
 #include "shell/main_window/tree_labels.h"
 #include "shell/main_window/window_geometry.h"
 #include "text/case_folding.h"
@@ -87,11 +88,23 @@ bool frmMain::Load(const StartCommand& start)
     application_.State.Generation.DebugTiming = start.DebugTiming;
     recent_.Rebuild();
     StartNewProject();
+    const AfterRecovery after = RecoverProject(application_, session_, start);
+    if (after == AfterRecovery::End)
+        dialogs_.CloseMainWindow();
+    else if (after == AfterRecovery::Recovered)
+        ShowOpenedProject(kRecoveredStatus);
+    else
+        return ActOnCommandLine(start, after == AfterRecovery::WithoutItsProject ? "" : start.File);
+    return false;
+}
+
+bool frmMain::ActOnCommandLine(const StartCommand& start, const std::string& file)
+{
     if (!start.InvalidPath.empty())
         TellInvalidPath(application_.Asking, start.InvalidPath);
-    if (start.File.empty())
+    if (file.empty())
         return start.InvalidPath.empty();
-    OpenProject(start.File);
+    OpenProject(file);
     return false;
 }
 
@@ -103,7 +116,10 @@ void frmMain::tmrStartup_Timer()
 
 bool frmMain::QueryUnload()
 {
-    return AskToSave(application_, session_);
+    if (!AskToSave(application_, session_))
+        return false;
+    session_.ForgetCopies();
+    return true;
 }
 
 void frmMain::OpenProject(const std::string& path)
@@ -114,9 +130,14 @@ void frmMain::OpenProject(const std::string& path)
         status_.EndProgress();
         return recent_.Rebuild(); // its file may be gone
     }
+    ShowOpenedProject(kReadyStatus);
+}
+
+void frmMain::ShowOpenedProject(const std::string& status)
+{
     DisplayClasses();
     ShowWholeProject(menu_state::kProject);
-    status_.SetStatus(kReadyStatus);
+    status_.SetStatus(status);
 }
 
 void frmMain::StartNewProject()

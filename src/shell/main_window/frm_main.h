@@ -3,6 +3,7 @@
 #include "generator/code_generation.h"
 #include "shell/application.h"
 #include "shell/command_line.h"
+#include "shell/main_window/autosave.h"
 #include "shell/main_window/catalog_reading.h"
 #include "shell/main_window/class_editor.h"
 #include "shell/main_window/data_source_pane.h"
@@ -81,13 +82,18 @@ class frmMain : private OptionsOwner
     // jumps.
     void LoadLook();
 
-    // Acts on the command line: opens its project, or starts a new one. Whether the start-up dialog is due.
+    // Recovers work that was not saved, and acts on the command line: opens its project, or starts a new one. Whether
+    // the start-up dialog is due.
     [[nodiscard]] bool Load(const StartCommand& start);
 
     // Shows the start-up dialog, unless the person wants to see it no more.
     void tmrStartup_Timer();
 
-    // Before the window closes: asks about a modified project. False if the window is to stay.
+    // Half a minute is over.
+    void tmrAutosave_Timer() { autosave_.Tick(); }
+
+    // Before the window closes: asks about a modified project. False if the window is to stay; otherwise the settings
+    // know of no copy of it any more.
     [[nodiscard]] bool QueryUnload();
 
     // Runs a tool by its name. One that is off, or that is none, does nothing.
@@ -148,7 +154,9 @@ class frmMain : private OptionsOwner
     void Classes_NewClassAdded(const std::string& className);
     void Classes_ClassNameChanged(const std::string& oldName, const std::string& newName);
 
+    [[nodiscard]] bool ActOnCommandLine(const StartCommand& start, const std::string& file);
     void OpenProject(const std::string& path); // "" asks for the file
+    void ShowOpenedProject(const std::string& status);
     void StartNewProject();
     void ShowWholeProject(int menuState);
     void DisplayClasses();
@@ -197,6 +205,7 @@ class frmMain : private OptionsOwner
     PreviewLook look_;
     std::vector<NavigationRow> navigation_;
     StatusBar status_;
+    Autosave autosave_{application_, session_, status_};
     ToolStates tools_;
     RecentMenu recent_;
     PaneManagement panes_;

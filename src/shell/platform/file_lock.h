@@ -2,7 +2,9 @@
 
 #include "shell/platform/descriptor.h"
 
+#include <optional>
 #include <string>
+#include <utility>
 
 namespace veldrane {
 
@@ -14,7 +16,12 @@ class FileLock
     // Waits until the lock is free. Throws RuntimeError (75) naming the path if it can't be had.
     explicit FileLock(const std::string& path);
 
+    // The lock if it is free, without waiting. Throws as the constructor does.
+    [[nodiscard]] static std::optional<FileLock> TryTake(const std::string& path);
+
   private:
+    explicit FileLock(Descriptor file) : file_(std::move(file)) {}
+
     Descriptor file_;
 };
 

@@ -90,7 +90,7 @@ extern "C" void RemoveTemporariesAndEnd(int signal)
 
 namespace temporary_name {
 
-std::string NewOwner()
+std::string ProcessAndRandom()
 {
     std::random_device random;
     std::uint64_t value = (static_cast<std::uint64_t>(random()) << 32) | random();
@@ -99,7 +99,12 @@ std::string NewOwner()
         digit = kRandomLetters[value & 0xF];
         value >>= 4;
     }
-    return std::string(kPrefix) + std::to_string(getpid()) + "-" + digits + "-";
+    return std::to_string(getpid()) + "-" + digits;
+}
+
+std::string NewOwner()
+{
+    return std::string(kPrefix) + ProcessAndRandom() + "-";
 }
 
 std::string Of(const std::string& owner, unsigned number)

@@ -18,6 +18,9 @@ namespace temporary_name {
 inline constexpr unsigned kLockNumber = 0;
 inline constexpr std::size_t kOwnerSize = 48; // bytes that an owner's part takes at most, its NUL included
 
+// This process and a random part, "4711-0123456789abcdef": another one each time.
+[[nodiscard]] std::string ProcessAndRandom();
+
 // A fresh owner's part for this process.
 [[nodiscard]] std::string NewOwner();
 

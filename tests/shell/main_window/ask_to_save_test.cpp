@@ -105,7 +105,7 @@ TEST_F(AskToSaveTest, GoingOnForgetsTheUnsavedCopyOfThisProjectAlone)
     for (const Answer answer : {Answer::Yes, Answer::No}) {
         session_.Project().TempFileName = "/recovery/1.kzm";
         session_.Project().SetModified(true);
-        world_.UserSettings.SaveSetting(settings_section::kTempFiles, "1.kzm", "/recovery/1.kzm");
+        session_.UnsavedCopies().Add("/recovery/1.kzm");
         world_.UserSettings.SaveSetting(settings_section::kTempFiles, "2.kzm", "/recovery/2.kzm");
         EXPECT_TRUE(AnswerWith(answer));
         EXPECT_THAT(Copies(), ElementsAre(Pair("2.kzm", "/recovery/2.kzm")));
@@ -115,7 +115,7 @@ TEST_F(AskToSaveTest, GoingOnForgetsTheUnsavedCopyOfThisProjectAlone)
 
 TEST_F(AskToSaveTest, SettingsThatCanNotBeWrittenAreReportedAndHoldNothingUp)
 {
-    session_.Project().TempFileName = "/recovery/1.kzm";
+    session_.UnsavedCopies().Add("/recovery/1.kzm");
     world_.UserSettings.Fails = true;
     EXPECT_TRUE(AnswerWith(Answer::No));
     ASSERT_EQ(world_.Errors.Reported.size(), 1U);

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "ports/file_system.h"
+#include "ports/recovery_store.h"
+#include "ports/settings.h"
+
+#include <string>
+#include <vector>
+
+namespace veldrane {
+
+// The section TempFiles of the settings: for each copy of a document that was not saved an entry, its bare name with
+// its path. Several programs that run have their entries there; each leaves those of the others alone.
+class TempFiles
+{
+  public:
+    // All must outlive this object.
+    TempFiles(Settings& settings, const FileSystem& files, RecoveryStore& store);
+
+    // The path of a new copy, which has no entry yet. Throws RuntimeError (75) if it can't be made.
+    [[nodiscard]] std::string NewCopy() { return store_.GetTempName(); }
+
+    // Makes an entry of this program's own, unless there is one. Throws RuntimeError (75) if the settings can't be
+    // written.
+    void Add(const std::string& path);
+
+    // The copies of programs that came to no orderly end, in the order of their entries; this program holds them from
+    // now on. Entries without a file are deleted, and what another running program holds is passed over. Copies that
+    // have had no entry for long are removed. Throws as Add does.
+    [[nodiscard]] std::vector<std::string> Recoverable();
+
+    // The entry of the copy goes with the next DeleteSection: it was recovered, or the person gave it up.
+    void GiveUp(const std::string& path);
+
+    // Deletes one entry. Throws as Add does.
+    void Delete(const std::string& path);
+
+    // Deletes this program's own entries and those that were given up. The copies stay. Throws as Add does.
+    void DeleteSection();
+
+  private:
+    [[nodiscard]] bool IsOurs(const std::string& name) const;
+
+    Settings& settings_;
+    const FileSystem& files_;
+    RecoveryStore& store_;
+    std::vector<std::string> ours_; // names of entries
+};
+
+} // namespace veldrane

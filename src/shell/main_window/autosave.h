@@ -1,0 +1,36 @@
+#pragma once
+
+#include "shell/application.h"
+#include "shell/main_window/status_bar.h"
+#include "shell/project_session.h"
+
+#include <chrono>
+
+namespace veldrane {
+
+// Saves the project behind the person's back, into its copy for recovery.
+class Autosave
+{
+  public:
+    // How often Tick is to be called.
+    static constexpr std::chrono::seconds kInterval{30};
+
+    // All must outlive this object.
+    Autosave(const Application& application, ProjectSession& session, StatusBar& status)
+        : application_(application), session_(session), status_(status)
+    {}
+
+    // Each second call counts a minute. A modified project whose AutosaveProjectInterval is over is saved and stays
+    // modified, for its own file is still out of date; the panel "Status" tells the time.
+    void Tick();
+
+  private:
+    void Save();
+
+    const Application& application_;
+    ProjectSession& session_;
+    StatusBar& status_;
+    int ticks_ = 0;
+};
+
+} // namespace veldrane

@@ -1,0 +1,120 @@
+#include "shell/platform/recovery_files.h"
+
+#include "shell/platform/abandoned_files.h"
+#include "shell/platform/descriptor.h"
+#include "shell/platform/paths.h"
+#include "shell/platform/temporary_registry.h"
+#include "text/runtime_error.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <fcntl.h>
+#include <filesystem>
+#include <set>
+#include <string_view>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace veldrane {
+namespace {
+
+constexpr std::string_view kCopySuffix = ".kzm";
+constexpr std::string_view kLockSuffix = ".lock";
+constexpr mode_t kUserAlone = 0600;
+constexpr auto kKeptFor = std::chrono::days(30);
+
+std::string BareName(const std::string& path)
+{
+    return path.substr(path.rfind('/') + 1);
+}
+
+void MakeEmptyFile(const std::string& path)
+{
+    const Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kUserAlone));
+    if (!file.IsOpen())
+        throw WriteFailure(path, errno);
+}
+
+// The bare names of the copies of which there is a file or a lock.
+std::set<std::string> CopiesIn(const std::string& folder)
+{
+    std::set<std::string> copies;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error);
+         !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        std::string name = entry->path().filename().string();
+        if (name.ends_with(kLockSuffix))
+            name.erase(name.size() - kLockSuffix.size());
+        if (name.ends_with(kCopySuffix))
+            copies.insert(std::move(name));
+    }
+    return copies;
+}
+
+} // namespace
+
+std::string RecoveryFiles::LockOf(const std::string& name) const
+{
+    return folder_ + "/" + name + std::string(kLockSuffix);
+}
+
+std::string RecoveryFiles::GetTempName()
+{
+    MakeFolder(folder_);
+    const std::string name = temporary_name::ProcessAndRandom() + std::string(kCopySuffix);
+    const std::string path = folder_ + "/" + name;
+    MakeEmptyFile(path); // before its lock, which RemoveOld would take for one that was left behind
+    held_.emplace(name, FileLock(LockOf(name)));
+    return path;
+}
+
+bool RecoveryFiles::Hold(const std::string& path)
+{
+    const std::string name = BareName(path);
+    if (held_.contains(name))
+        return true;
+    try {
+        MakeFolder(folder_);
+        std::optional<FileLock> lock = FileLock::TryTake(LockOf(name));
+        if (!lock)
+            return false;
+        held_.emplace(name, std::move(*lock));
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+void RecoveryFiles::RemoveOld(const std::vector<std::string>& kept)
+{
+    try {
+        for (const std::string& name : CopiesIn(folder_)) {
+            const bool isKept =
+                std::any_of(kept.begin(), kept.end(), [&](const std::string& path) { return BareName(path) == name; });
+            if (!isKept && !held_.contains(name) && IsOld(folder_ + "/" + name))
+                RemoveUnlessHeld(name);
+        }
+        RemoveAbandonedFiles(folder_);
+    } catch (const RuntimeError&) { // nobody waits for it
+    }
+}
+
+// A lock whose copy is gone is old as well.
+bool RecoveryFiles::IsOld(const std::string& path) const
+{
+    struct stat status = {};
+    return stat(path.c_str(), &status) != 0 ||
+           clock_.Now() - std::chrono::system_clock::from_time_t(status.st_mtime) > kKeptFor;
+}
+
+void RecoveryFiles::RemoveUnlessHeld(const std::string& name)
+{
+    const std::optional<FileLock> lock = FileLock::TryTake(LockOf(name));
+    if (!lock)
+        return;
+    unlink((folder_ + "/" + name).c_str());
+    unlink(LockOf(name).c_str());
+}
+
+} // namespace veldrane

@@ -12,9 +12,11 @@
 #include "ports/process_starter.h"
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace veldrane {
 
@@ -27,13 +29,41 @@ enum class ConflictAnswer
     Cancel = 4, // the whole run
 };
 
-// Asks the person about a target file that exists.
+// A target file that exists, and what would be written over it. Good for the time of the question.
+struct FileConflict
+{
+    const std::string& Path;
+    const std::string& FileName;
+    std::function<const std::string&()> NewBytes; // made when they are asked for
+};
+
+// The person before whom a run goes on.
 class ConflictResolver
 {
   public:
     virtual ~ConflictResolver() = default;
 
-    [[nodiscard]] virtual ConflictAnswer ResolveConflict(const std::string& path, const std::string& fileName) = 0;
+    [[nodiscard]] virtual ConflictAnswer ResolveConflict(const FileConflict& conflict) = 0;
+
+    // Asked before each file: whether the person has given up the run.
+    [[nodiscard]] virtual bool IsCancelled() { return false; }
+};
+
+// What became of a target file.
+enum class FileOutcome
+{
+    New,
+    Overwritten,
+    Unchanged, // overwritten by what it held before; told only where the run compares
+    Left,
+};
+
+struct SettledFile
+{
+    std::string FileName;
+    FileOutcome Outcome;
+
+    friend bool operator==(const SettledFile&, const SettledFile&) = default;
 };
 
 // What a run does about target files that exist. Any other number overwrites without a backup.
@@ -48,7 +78,8 @@ struct GenerationTarget
 {
     std::string TargetFolder; // an existing folder
     std::int32_t OverwriteMode = overwrite_mode::kPrompt;
-    bool Compile = false; // start the Visual Basic compiler on the result
+    bool Compile = false;         // start the Visual Basic compiler on the result
+    bool TellsUnchanged = false;  // compare what is overwritten with what was there
 };
 
 struct ClassScope;
@@ -128,6 +159,7 @@ class CodeGeneration
 
     GenerationSettings Settings;
     std::string ErrorText;        // the messages of the latest run
+    std::vector<SettledFile> Files; // of the latest run: those that are in place or were left, in the order of writing
     bool FilesShareNames = false; // in the latest run: one of two files was lost, or would be where letter case does not count
 
   private:

@@ -112,22 +112,25 @@ class ProjectWriter
     {
         generation_.Progress.Raise(row.Progress);
         generation_.StatusChanged.Raise(kFilesStage, NameOf(row.Status, project_));
-        const std::string fileName = NameOf(row.FileName, project_);
-        if (!files_.MayWrite(fileName))
+        NewFile file(NameOf(row.FileName, project_), [&] {
+            std::string text;
+            AppendSection(text, row.Write(context_, context_.Classes));
+            return text;
+        });
+        if (!files_.MayWrite(file))
             return;
-        std::string text;
-        AppendSection(text, row.Write(context_, context_.Classes));
         if (&row == &kProjectFiles.front())
-            WriteFirst(fileName, std::move(text));
+            WriteFirst(file);
         else
-            files_.Write(fileName, std::move(text));
+            files_.Write(file);
     }
 
     // Whether the folder can be written to shows at the first file.
-    void WriteFirst(const std::string& fileName, std::string text)
+    void WriteFirst(NewFile& file)
     {
+        static_cast<void>(file.Content(generation_.Settings.CodePage)); // whose failure is another one
         try {
-            files_.Write(fileName, std::move(text));
+            files_.Write(file);
         } catch (const RuntimeError& error) {
             throw RunAborted("Unable to write to destination directory. " + error.Description());
         }
@@ -135,15 +138,16 @@ class ProjectWriter
 
     void WriteModule(KZMClass& owner, const ClassFileName& name, std::span<const SectionWriter> sections)
     {
-        const std::string fileName = NameOf(name, ListedClassScope{project_, owner});
-        generation_.StatusChanged.Raise(kFilesStage, NameOf(kCreatesFile, StatusScope{fileName}));
-        if (!files_.MayWrite(fileName))
-            return;
-        const ClassScope scope{context_, owner};
-        std::string text;
-        for (const SectionWriter writeSection : sections)
-            AppendSection(text, writeSection(scope));
-        files_.Write(fileName, std::move(text));
+        NewFile file(NameOf(name, ListedClassScope{project_, owner}), [&] {
+            const ClassScope scope{context_, owner};
+            std::string text;
+            for (const SectionWriter writeSection : sections)
+                AppendSection(text, writeSection(scope));
+            return text;
+        });
+        generation_.StatusChanged.Raise(kFilesStage, NameOf(kCreatesFile, StatusScope{file.Name}));
+        if (files_.MayWrite(file))
+            files_.Write(file);
     }
 
     CodeGeneration& generation_;
@@ -192,6 +196,7 @@ void CodeGeneration::GenerateCode(KZMClasses& classes, const GenerationTarget& t
         guarded([&] { files.Commit(); });
     if (written && target.Compile)
         CompileProject(*this, ports_, project_.VBProjectName, target.TargetFolder);
+    Files = files.Settled();
     AppendLine(ErrorText, files.NoteOnCharacters());
     FilesShareNames = written && !sharedNames.empty();
     if (written) {

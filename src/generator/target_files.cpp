@@ -1,6 +1,11 @@
 #include "generator/target_files.h"
 
 namespace veldrane {
+namespace {
+
+constexpr const char* kCancelled = "User Cancelled Operation";
+
+} // namespace
 
 void AppendLine(std::string& text, std::string_view line)
 {
@@ -23,38 +28,74 @@ TargetFiles::TargetFiles(const GenerationPorts& ports, const text::CodePage& cod
     : ports_(ports), codePage_(codePage), target_(std::move(target)), batch_(ports.Files.StartBatch())
 {}
 
-bool TargetFiles::MayWrite(const std::string& fileName)
+const text::CodePage::Encoded& NewFile::Content(const text::CodePage& codePage)
 {
-    const std::string path = PathIn(target_.TargetFolder, fileName);
-    const bool isOfThisRun = written_.contains(fileName);
+    if (!content_)
+        content_ = codePage.EncodeInPlace(write_());
+    return *content_;
+}
+
+bool TargetFiles::MayWrite(NewFile& file)
+{
+    if (ports_.Conflicts.IsCancelled())
+        throw RunAborted(kCancelled);
+    const std::string path = PathIn(target_.TargetFolder, file.Name);
+    const bool isOfThisRun = written_.contains(file.Name);
     if (!isOfThisRun && !Exists(path))
         return true;
-    ConflictAnswer answer = ConflictAnswer::Overwrite;
-    if (target_.OverwriteMode == overwrite_mode::kPrompt)
-        answer = ports_.Conflicts.ResolveConflict(path, fileName);
-    else if (target_.OverwriteMode == overwrite_mode::kLeave)
-        answer = ConflictAnswer::Leave;
-    else if (target_.OverwriteMode == overwrite_mode::kBackupAndOverwrite)
-        answer = ConflictAnswer::BackupAndOverwrite;
+    const ConflictAnswer answer = AnswerFor(file, path);
     if (answer == ConflictAnswer::Cancel)
-        throw RunAborted("User Cancelled Operation");
+        throw RunAborted(kCancelled);
     if (answer == ConflictAnswer::BackupAndOverwrite && !isOfThisRun)
         BackupFile(path);
+    if (answer == ConflictAnswer::Leave)
+        pending_.push_back({file.Name, FileOutcome::Left});
     return answer != ConflictAnswer::Leave;
 }
 
-void TargetFiles::Write(const std::string& fileName, std::string text)
+ConflictAnswer TargetFiles::AnswerFor(NewFile& file, const std::string& path)
 {
-    const text::CodePage::Encoded encoded = codePage_.EncodeInPlace(std::move(text));
-    batch_->Add(PathIn(target_.TargetFolder, fileName), encoded.Bytes);
-    written_.insert(fileName);
-    if (encoded.Lossy && lossyFiles_++ == 0)
-        firstLossyFile_ = fileName;
+    switch (target_.OverwriteMode) {
+    case overwrite_mode::kPrompt:
+        return ports_.Conflicts.ResolveConflict(
+            {path, file.Name, [&]() -> const std::string& { return file.Content(codePage_).Bytes; }});
+    case overwrite_mode::kLeave:
+        return ConflictAnswer::Leave;
+    case overwrite_mode::kBackupAndOverwrite:
+        return ConflictAnswer::BackupAndOverwrite;
+    default:
+        return ConflictAnswer::Overwrite;
+    }
+}
+
+void TargetFiles::Write(NewFile& file)
+{
+    const text::CodePage::Encoded& content = file.Content(codePage_);
+    const std::string path = PathIn(target_.TargetFolder, file.Name);
+    batch_->Add(path, content.Bytes);
+    pending_.push_back({file.Name, OutcomeOf(path, content.Bytes)});
+    written_.insert(file.Name);
+    if (content.Lossy && lossyFiles_++ == 0)
+        firstLossyFile_ = file.Name;
+}
+
+FileOutcome TargetFiles::OutcomeOf(const std::string& path, const std::string& bytes) const
+{
+    if (!Exists(path))
+        return FileOutcome::New;
+    try {
+        if (target_.TellsUnchanged && ports_.Files.Kind(path) == FileKind::File && ports_.Files.Read(path) == bytes)
+            return FileOutcome::Unchanged;
+    } catch (const RuntimeError&) { // what can't be read was another file
+    }
+    return FileOutcome::Overwritten;
 }
 
 void TargetFiles::Commit()
 {
     batch_->Commit();
+    settled_.insert(settled_.end(), pending_.begin(), pending_.end());
+    pending_.clear();
 }
 
 std::string TargetFiles::NoteOnCharacters() const

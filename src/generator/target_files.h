@@ -2,11 +2,15 @@
 
 #include "generator/code_generation.h"
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
+#include <vector>
 
 namespace veldrane {
 
@@ -23,6 +27,22 @@ void AppendLine(std::string& text, std::string_view line);
 // The path of a file in the folder.
 [[nodiscard]] std::string PathIn(const std::string& folder, std::string_view fileName);
 
+// A file's name, and its text, which is written when it is first asked for.
+class NewFile
+{
+  public:
+    NewFile(std::string name, std::function<std::string()> write) : Name(std::move(name)), write_(std::move(write)) {}
+
+    const std::string Name;
+
+    // The text in the code page.
+    [[nodiscard]] const text::CodePage::Encoded& Content(const text::CodePage& codePage);
+
+  private:
+    std::function<std::string()> write_;
+    std::optional<text::CodePage::Encoded> content_;
+};
+
 // The files of one run on their way into the target folder: whether each may be written, its backup, its bytes.
 class TargetFiles
 {
@@ -33,19 +53,24 @@ class TargetFiles
     // Whether the file is to be written; asks and makes a backup as the overwrite mode has it. A file that this run has
     // written exists like any other, but is not backed up: the backup is of what was there before the run. Throws
     // RunAborted if the person gives up the run.
-    [[nodiscard]] bool MayWrite(const std::string& fileName);
+    [[nodiscard]] bool MayWrite(NewFile& file);
 
-    // Adds the text to what is written, in the code page. Throws RuntimeError (75).
-    void Write(const std::string& fileName, std::string text);
+    // Adds the file to what is written. Throws RuntimeError (75).
+    void Write(NewFile& file);
 
     // Puts in place what was added so far. Throws RuntimeError (75).
     void Commit();
+
+    // The files that are in place or were left.
+    [[nodiscard]] const std::vector<SettledFile>& Settled() const { return settled_; }
 
     // One line about the characters that became "?", "" if there were none.
     [[nodiscard]] std::string NoteOnCharacters() const;
 
   private:
     [[nodiscard]] bool Exists(const std::string& path) const;
+    [[nodiscard]] ConflictAnswer AnswerFor(NewFile& file, const std::string& path);
+    [[nodiscard]] FileOutcome OutcomeOf(const std::string& path, const std::string& bytes) const;
     void BackupFile(const std::string& path);
 
     const GenerationPorts& ports_;
@@ -53,6 +78,8 @@ class TargetFiles
     GenerationTarget target_;
     std::unique_ptr<FileBatch> batch_;
     std::unordered_set<std::string> written_; // file names
+    std::vector<SettledFile> pending_;        // until they are in place
+    std::vector<SettledFile> settled_;
     std::string firstLossyFile_;
     std::size_t lossyFiles_ = 0;
 };

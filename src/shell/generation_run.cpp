@@ -17,11 +17,11 @@ class LeaveAndTell : public ConflictResolver
   public:
     explicit LeaveAndTell(Messages& messages) : messages_(messages) {}
 
-    [[nodiscard]] ConflictAnswer ResolveConflict(const std::string& path, const std::string& fileName) override
+    [[nodiscard]] ConflictAnswer ResolveConflict(const FileConflict& conflict) override
     {
         messages_.Tell(
-            "File Conflict on " + fileName,
-            "The file: '" + path +
+            "File Conflict on " + conflict.FileName,
+            "The file: '" + conflict.Path +
                 "' already exists in the target directory.\r\nAnswer: &Leave the existing file alone, don't overwrite it");
         return ConflictAnswer::Leave;
     }

@@ -8,7 +8,7 @@ namespace veldrane {
 class NoConflicts : public ConflictResolver
 {
   public:
-    [[nodiscard]] ConflictAnswer ResolveConflict(const std::string& /*path*/, const std::string& /*fileName*/) override
+    [[nodiscard]] ConflictAnswer ResolveConflict(const FileConflict& /*conflict*/) override
     {
         return ConflictAnswer::Leave;
     }

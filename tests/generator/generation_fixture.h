@@ -23,9 +23,11 @@ namespace veldrane::testing {
 class ScriptedConflicts : public ConflictResolver
 {
   public:
-    ConflictAnswer ResolveConflict(const std::string& path, const std::string& fileName) override
+    ConflictAnswer ResolveConflict(const FileConflict& conflict) override
     {
-        Asked.emplace_back(path, fileName);
+        Asked.emplace_back(conflict.Path, conflict.FileName);
+        if (LooksAtText)
+            NewBytes.push_back(conflict.NewBytes());
         if (Answers.empty())
             return ConflictAnswer::Leave;
         const ConflictAnswer answer = Answers.front();
@@ -35,6 +37,11 @@ class ScriptedConflicts : public ConflictResolver
 
     std::deque<ConflictAnswer> Answers;
     std::vector<std::pair<std::string, std::string>> Asked;
+    bool LooksAtText = false;
+    std::vector<std::string> NewBytes; // of the files asked about
+    int FilesUntilCancel = -1;         // negative: the run is not given up
+
+    bool IsCancelled() override { return FilesUntilCancel >= 0 && FilesUntilCancel-- == 0; }
 };
 
 // A project with type prefixes, no classes, and a generator in a world of twins.

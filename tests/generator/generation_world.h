@@ -39,7 +39,7 @@ struct GenerationWorld
 
     struct NoConflicts : ConflictResolver
     {
-        ConflictAnswer ResolveConflict(const std::string& /*path*/, const std::string& /*fileName*/) override { return ConflictAnswer::Cancel; }
+        ConflictAnswer ResolveConflict(const FileConflict& /*conflict*/) override { return ConflictAnswer::Cancel; }
     };
 
     ScriptedMessages Asking;

@@ -93,7 +93,7 @@ TEST(Navigation, OfNothingIsEmpty)
 class NoConflicts : public ConflictResolver
 {
   public:
-    ConflictAnswer ResolveConflict(const std::string& /*path*/, const std::string& /*fileName*/) override
+    ConflictAnswer ResolveConflict(const FileConflict& /*conflict*/) override
     {
         return ConflictAnswer::Leave;
     }

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace veldrane {
+
+enum class DifferenceKind
+{
+    Same,
+    Removed, // stands in the file on disk alone
+    Added,   // stands in the new text alone
+};
+
+// A line of the unified view. Lines count from 1; a line that a text lacks has no number there.
+struct DifferenceLine
+{
+    DifferenceKind Kind = DifferenceKind::Same;
+    std::size_t OldNumber = 0; // 0 for none
+    std::size_t NewNumber = 0;
+    std::string Text;
+
+    friend bool operator==(const DifferenceLine&, const DifferenceLine&) = default;
+};
+
+// A row of the view side by side; one of both may be missing.
+struct DifferenceRow
+{
+    std::optional<std::size_t> Old; // places in the lines
+    std::optional<std::size_t> New;
+
+    friend bool operator==(const DifferenceRow&, const DifferenceRow&) = default;
+};
+
+// By which lines the new text differs from the old one. Texts that have next to nothing in common are not compared
+// line by line beyond their beginnings and ends: the old lines come first then, and all of the new ones behind them.
+[[nodiscard]] std::vector<DifferenceLine> DifferencesOf(std::string_view oldText, std::string_view newText);
+
+// The same lines side by side: what was removed beside what came in its place.
+[[nodiscard]] std::vector<DifferenceRow> SideBySide(const std::vector<DifferenceLine>& lines);
+
+} // namespace veldrane

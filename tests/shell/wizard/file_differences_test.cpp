@@ -1,0 +1,97 @@
+#include "shell/wizard/file_differences.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace veldrane {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+// Each line with its mark, as a unified view shows it.
+std::vector<std::string> Shown(std::string_view oldText, std::string_view newText)
+{
+    std::vector<std::string> lines;
+    for (const DifferenceLine& line : DifferencesOf(oldText, newText))
+        lines.push_back((line.Kind == DifferenceKind::Same      ? " "
+                         : line.Kind == DifferenceKind::Removed ? "-"
+                                                                : "+") +
+                        line.Text);
+    return lines;
+}
+
+TEST(FileDifferences, OfTheSameTextAreNone)
+{
+    EXPECT_THAT(Shown("a\r\nb\r\n", "a\r\nb\r\n"), ElementsAre(" a", " b"));
+    EXPECT_THAT(Shown("", ""), IsEmpty());
+}
+
+TEST(FileDifferences, TellWhatCameInWhosePlace)
+{
+    EXPECT_THAT(Shown("a\r\nb\r\nc\r\n", "a\r\nx\r\nc\r\n"), ElementsAre(" a", "-b", "+x", " c"));
+}
+
+TEST(FileDifferences, FindTheLinesThatStayInTheMiddle)
+{
+    EXPECT_THAT(Shown("a\nb\nc\nd\n", "x\nb\nc\ny\n"), ElementsAre("-a", "+x", " b", " c", "-d", "+y"));
+}
+
+TEST(FileDifferences, OfAnEmptyFileAreAllLines)
+{
+    EXPECT_THAT(Shown("", "a\nb\n"), ElementsAre("+a", "+b"));
+    EXPECT_THAT(Shown("a\nb\n", ""), ElementsAre("-a", "-b"));
+}
+
+TEST(FileDifferences, ALastLineWithoutAnEndIsALine)
+{
+    EXPECT_THAT(Shown("a\r\nb", "a\r\nb\r\n"), ElementsAre(" a", " b"));
+    EXPECT_THAT(Shown("a\r\n\r\n", "a\r\n"), ElementsAre(" a", "-"));
+}
+
+TEST(FileDifferences, NumberTheLinesOfBothTexts)
+{
+    EXPECT_THAT(DifferencesOf("a\nb\nc\n", "a\nc\nd\n"), ElementsAre(DifferenceLine{DifferenceKind::Same, 1, 1, "a"},
+                                                                     DifferenceLine{DifferenceKind::Removed, 2, 0, "b"},
+                                                                     DifferenceLine{DifferenceKind::Same, 3, 2, "c"},
+                                                                     DifferenceLine{DifferenceKind::Added, 0, 3, "d"}));
+}
+
+std::string ManyLines(const std::string& prefix, int count)
+{
+    std::string text;
+    for (int line = 0; line < count; ++line)
+        text += prefix + std::to_string(line) + "\r\n";
+    return text;
+}
+
+TEST(FileDifferences, OfHugeTextsWithNothingInCommonComeToAnEnd)
+{
+    constexpr int kLines = 100000;
+    const auto lines = DifferencesOf(ManyLines("a", kLines), ManyLines("b", kLines));
+    ASSERT_EQ(lines.size(), 2U * kLines);
+    EXPECT_EQ(lines.front().Kind, DifferenceKind::Removed);
+    EXPECT_EQ(lines.back().Kind, DifferenceKind::Added);
+}
+
+TEST(FileDifferences, OfAHugeTextInWhichALineChangedAreThatLine)
+{
+    constexpr int kLines = 100000;
+    const std::string before = ManyLines("a", kLines);
+    std::string after = before;
+    after.replace(after.find("a5000\r\n"), 1, "b");
+    int changed = 0;
+    for (const DifferenceLine& line : DifferencesOf(before, after))
+        changed += line.Kind == DifferenceKind::Same ? 0 : 1;
+    EXPECT_EQ(changed, 2);
+}
+
+TEST(FileDifferences, SideBySideStandWhatWasRemovedAndWhatCameForIt)
+{
+    const auto lines = DifferencesOf("a\nb\nc\nd\n", "a\nx\nd\ne\n");
+    EXPECT_THAT(SideBySide(lines), ElementsAre(DifferenceRow{0, 0}, DifferenceRow{1, 3}, DifferenceRow{2, std::nullopt},
+                                               DifferenceRow{4, 4}, DifferenceRow{std::nullopt, 5}));
+}
+
+} // namespace
+} // namespace veldrane

@@ -1,0 +1,418 @@
+#include "scripted_wizard_dialogs.h"
+#include "shell/project_session.h"
+#include "shell/wizard/frm_gen_code.h"
+#include "support/memory_application.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace veldrane {
+namespace {
+
+using ::testing::Contains;
+using ::testing::Each;
+using ::testing::ElementsAre;
+using ::testing::Field;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::Pair;
+using ::testing::SizeIs;
+using ::testing::UnorderedElementsAre;
+
+class FrmGenCode : public ::testing::Test
+{
+  protected:
+    FrmGenCode()
+    {
+        session_.New(DataSourceOnOpen::LeaveClosed);
+        session_.Project().VBProjectName = "Shop";
+        session_.Project().OutputPath = "/out";
+        session_.Project().SetModified(false);
+        world_.Files.Folders.insert("/out");
+    }
+
+    frmGenCode& Wizard()
+    {
+        if (!wizard_)
+            wizard_ = std::make_unique<frmGenCode>(world_.World, session_.Project(), session_.Classes(), dialogs_);
+        return *wizard_;
+    }
+
+    void Next(int times)
+    {
+        for (; times > 0; --times)
+            Wizard().cmdNext_Click();
+    }
+
+    void Run()
+    {
+        Next(3);
+        Wizard().tmrStart_Timer();
+    }
+
+    void Store(const char* name, const char* value)
+    {
+        world_.UserSettings.UpdateKey(settings_section::kGenerateCodeSettings, name, value);
+    }
+
+    [[nodiscard]] auto Stored() const
+    {
+        return world_.UserSettings.GetAllSettings(settings_section::kGenerateCodeSettings);
+    }
+
+    testing::MemoryApplication world_;
+    ProjectSession session_{world_.World};
+    testing::ScriptedWizardDialogs dialogs_{world_.Files};
+    std::unique_ptr<frmGenCode> wizard_;
+};
+
+TEST_F(FrmGenCode, BeginsWithItsIntroduction)
+{
+    session_.Project().MTSEnabled = false;
+    EXPECT_EQ(Wizard().tabMain(), wizard_page::kIntroduction);
+    EXPECT_EQ(Wizard().lblInst(),
+              "This wizard will generate a complete Visual Basic Project based on the objects you have defined. "
+              "You can specify the directory that these files will be saved to. "
+              "Interface forms will also be generated and placed into the target directory. ");
+    EXPECT_FALSE(Wizard().cmdBack().Enabled);
+    EXPECT_EQ(Wizard().cmdNext().Caption, "&Next >");
+    EXPECT_THAT(Wizard().Steps(), Each(Field(&WizardStep::lblProgress, "")));
+}
+
+TEST_F(FrmGenCode, SaysWhatATransactionServerNeeds)
+{
+    session_.Project().MTSEnabled = true;
+    EXPECT_THAT(Wizard().lblInst(),
+                HasSubstr("saved to. The generated COM Object code requires the Quillmere Component Services Manager "
+                          "application to be installed on your Transaction Server(s). Please see the help file and "
+                          "search for 'Transaction Server' for detailed instructions on setting up your Transaction "
+                          "Server(s). You will also need to distribute the Microsoft XML 2.0 Parser with your COM "
+                          "Object."));
+}
+
+TEST_F(FrmGenCode, WithoutSettingsItPromptsAndCompiles)
+{
+    world_.State.Generation.VisualBasicCommand = "vb6";
+    EXPECT_EQ(Wizard().Mode(), overwrite_mode::kPrompt);
+    EXPECT_TRUE(Wizard().chkCompile());
+}
+
+TEST_F(FrmGenCode, WithEveryOptionOffItPrompts)
+{
+    for (const char* name : {"Prompt", "Leave", "Overwrite"})
+        Store(name, "False");
+    EXPECT_EQ(Wizard().Mode(), overwrite_mode::kPrompt);
+}
+
+TEST_F(FrmGenCode, TakesUpItsSettings)
+{
+    Store("Prompt", "False");
+    Store("Leave", "True");
+    Store("AutoCompile", "0");
+    world_.State.Generation.VisualBasicCommand = "vb6";
+    EXPECT_EQ(Wizard().Mode(), overwrite_mode::kLeave);
+    EXPECT_FALSE(Wizard().chkCompile());
+}
+
+TEST_F(FrmGenCode, WithoutACommandForVisualBasicTheBoxIsOffAndItsSettingStays)
+{
+    Store("AutoCompile", "1");
+    EXPECT_FALSE(Wizard().MayCompile());
+    EXPECT_FALSE(Wizard().chkCompile());
+    Run();
+    EXPECT_THAT(Stored(), Contains(Pair("AutoCompile", "1")));
+}
+
+TEST_F(FrmGenCode, StartsTheTreeAtTheOutputPath)
+{
+    Next(1);
+    EXPECT_EQ(Wizard().tabMain(), wizard_page::kFolder);
+    EXPECT_EQ(Wizard().treFolder(), "/out");
+    EXPECT_TRUE(Wizard().cmdBack().Enabled);
+}
+
+TEST_F(FrmGenCode, WithoutAnOutputPathItStartsTheTreeAtItsOwnFolder)
+{
+    session_.Project().OutputPath = "";
+    Next(1);
+    EXPECT_EQ(Wizard().treFolder(), "/home/me");
+}
+
+TEST_F(FrmGenCode, AFolderThatIsLeftUnchangedModifiesNothing)
+{
+    Next(2);
+    EXPECT_EQ(Wizard().tabMain(), wizard_page::kOptions);
+    EXPECT_EQ(Wizard().cmdNext().Caption, "&Finish");
+    EXPECT_FALSE(session_.Project().Modified());
+}
+
+TEST_F(FrmGenCode, AnotherFolderIsStoredWhenThePageIsLeft)
+{
+    Next(1);
+    Wizard().treFolder_Change("/other");
+    Wizard().cmdBack_Click();
+    Next(1);
+    EXPECT_EQ(session_.Project().OutputPath, "/out");
+    EXPECT_EQ(Wizard().treFolder(), "/out");
+    Wizard().treFolder_Change("/other");
+    Next(1);
+    EXPECT_EQ(session_.Project().OutputPath, "/other");
+    EXPECT_TRUE(session_.Project().Modified());
+}
+
+TEST_F(FrmGenCode, APathThatIsNotQualifiedIsToldAndMayBeUsed)
+{
+    Next(1);
+    Wizard().treFolder_Change("C:\\Shop");
+    Next(1);
+    ASSERT_THAT(world_.Messages.Asked(), SizeIs(1));
+    EXPECT_EQ(world_.Messages.Asked()[0].Title, "Invalid Folder Name");
+    EXPECT_EQ(world_.Messages.Asked()[0].Text,
+              "The folder named: C:\\Shop you selected is not valid. \r\nThe Code Generation wizard requires a fully "
+              "qualified path. You can continue, however errors may occur code generation.");
+    EXPECT_EQ(world_.Messages.Asked()[0].Icon, MessageIcon::Warning);
+    EXPECT_EQ(Wizard().tabMain(), wizard_page::kOptions);
+    EXPECT_EQ(session_.Project().OutputPath, "C:\\Shop");
+    Next(1);
+    EXPECT_TRUE(Wizard().tmrStart());
+}
+
+TEST_F(FrmGenCode, GoesBackPageByPage)
+{
+    Next(2);
+    Wizard().cmdBack_Click();
+    EXPECT_EQ(Wizard().tabMain(), wizard_page::kFolder);
+    EXPECT_EQ(Wizard().cmdNext().Caption, "&Next >");
+    EXPECT_TRUE(Wizard().cmdBack().Enabled);
+    Wizard().cmdBack_Click();
+    EXPECT_EQ(Wizard().tabMain(), wizard_page::kIntroduction);
+    EXPECT_FALSE(Wizard().cmdBack().Enabled);
+    Wizard().cmdBack_Click();
+    EXPECT_EQ(Wizard().tabMain(), wizard_page::kIntroduction);
+}
+
+TEST_F(FrmGenCode, FinishStoresTheSettingsAndStartsTheRun)
+{
+    world_.State.Generation.VisualBasicCommand = "vb6";
+    Next(2);
+    Wizard().opt_Click(overwrite_mode::kBackupAndOverwrite);
+    Wizard().chkCompile_Click(false);
+    Next(1);
+    EXPECT_EQ(Wizard().tabMain(), wizard_page::kProgress);
+    EXPECT_FALSE(Wizard().cmdBack().Enabled);
+    EXPECT_FALSE(Wizard().cmdNext().Enabled);
+    EXPECT_TRUE(Wizard().tmrStart());
+    EXPECT_THAT(Stored(), UnorderedElementsAre(Pair("Prompt", "False"), Pair("Leave", "False"),
+                                               Pair("Overwrite", "True"), Pair("AutoCompile", "0")));
+    EXPECT_THAT(world_.Files.List("/out"), IsEmpty());
+}
+
+TEST_F(FrmGenCode, SettingsThatCanNotBeStoredAreReportedAndTheRunStarts)
+{
+    world_.UserSettings.Fails = true;
+    Run();
+    EXPECT_THAT(world_.Errors.Reported, SizeIs(1));
+    EXPECT_TRUE(Wizard().CanOpenProject());
+}
+
+TEST_F(FrmGenCode, TheRunWritesTheProject)
+{
+    Run();
+    EXPECT_TRUE(world_.Files.Files.contains("/out/TestShop.vbg"));
+    EXPECT_FALSE(Wizard().tmrStart());
+    EXPECT_TRUE(Wizard().HasEnded());
+    EXPECT_TRUE(Wizard().CanOpenProject());
+    EXPECT_EQ(Wizard().Progress(), 100);
+    EXPECT_EQ(Wizard().lblInst(), "Code Generation Complete!");
+    EXPECT_EQ(Wizard().lblWarnings(), "");
+    EXPECT_EQ(Wizard().txtWarnings(), "The operation completed successfully.");
+    EXPECT_FALSE(Wizard().cmdNext().Visible);
+    EXPECT_FALSE(Wizard().cmdBack().Visible);
+    EXPECT_EQ(Wizard().cmdCancel().Caption, "&Close");
+    EXPECT_TRUE(Wizard().cmdCancel().Enabled);
+    EXPECT_THAT(Wizard().Files(), Contains(SettledFile{"Shop.vbp", FileOutcome::New}));
+}
+
+TEST_F(FrmGenCode, ARunHappensOnce)
+{
+    Run();
+    world_.Files.Files.clear();
+    Wizard().tmrStart_Timer();
+    Wizard().cmdNext_Click();
+    EXPECT_THAT(world_.Files.Files, IsEmpty());
+}
+
+TEST_F(FrmGenCode, AMessageOfTheRunIsShownAsItStands)
+{
+    session_.Project().ProjectDescription = "\xE2\x98\x83";
+    session_.Project().VBProjectDescription = "\xE2\x98\x83";
+    Run();
+    EXPECT_EQ(Wizard().lblWarnings(), "The operation completed with the following messages:");
+    EXPECT_THAT(Wizard().txtWarnings(), HasSubstr("Some characters were written as \"?\" in "));
+}
+
+TEST_F(FrmGenCode, AFolderThatIsGoneEndsTheRun)
+{
+    Next(3);
+    world_.Files.Folders.erase("/out");
+    Wizard().tmrStart_Timer();
+    EXPECT_EQ(Wizard().lblInst(), "Code Generation Incomplete...");
+    EXPECT_EQ(Wizard().lblWarnings(), "The operation completed with the following warnings:");
+    EXPECT_EQ(Wizard().txtWarnings(),
+              "Unable to write to destination directory. /out/Shop.vbp: No such file or directory");
+    EXPECT_FALSE(Wizard().CanOpenProject());
+    EXPECT_THAT(Wizard().Files(), IsEmpty());
+}
+
+TEST_F(FrmGenCode, AFullDiskEndsTheRunAndTellsWhichFilesAreThere)
+{
+    Next(3);
+    world_.Files.FailAtCall = world_.Files.Calls + 3;
+    Wizard().tmrStart_Timer();
+    EXPECT_EQ(Wizard().txtWarnings(), "The operation did not complete successfully.");
+    EXPECT_THAT(world_.Errors.Reported, SizeIs(1));
+    EXPECT_THAT(Wizard().Files(),
+                ElementsAre(SettledFile{"Shop.vbp", FileOutcome::New}, SettledFile{"TestShop.vbp", FileOutcome::New}));
+}
+
+TEST_F(FrmGenCode, AsksAboutAFileThatExistsWithAPointerToPointWith)
+{
+    world_.Files.Files["/out/Shop.vbp"] = "mine";
+    PointerShape shown = PointerShape::Hourglass;
+    dialogs_.InConflict = [&](frmFile& dialog) {
+        shown = world_.Pointer.Current;
+        EXPECT_EQ(dialog.Option(), ConflictAnswer::BackupAndOverwrite);
+        dialog.opt_Click(ConflictAnswer::Leave);
+        dialog.cmdOK_Click();
+    };
+    Run();
+    EXPECT_THAT(dialogs_.Opened, ElementsAre("File Conflict on Shop.vbp"));
+    EXPECT_EQ(shown, PointerShape::Default);
+    EXPECT_EQ(world_.Pointer.Current, PointerShape::Default);
+    EXPECT_EQ(world_.Files.Files["/out/Shop.vbp"], "mine");
+    EXPECT_THAT(Wizard().Files(), Contains(SettledFile{"Shop.vbp", FileOutcome::Left}));
+}
+
+TEST_F(FrmGenCode, TheNextQuestionSuggestsTheLastAnswer)
+{
+    world_.Files.Files["/out/Shop.vbp"] = "mine";
+    world_.Files.Files["/out/TestShop.vbp"] = "mine";
+    std::vector<ConflictAnswer> suggested;
+    dialogs_.InConflict = [&](frmFile& dialog) {
+        suggested.push_back(dialog.Option());
+        dialog.opt_Click(ConflictAnswer::Overwrite);
+        dialog.cmdOK_Click();
+    };
+    Run();
+    EXPECT_THAT(suggested, ElementsAre(ConflictAnswer::BackupAndOverwrite, ConflictAnswer::Overwrite));
+}
+
+TEST_F(FrmGenCode, CancellingTheQuestionEndsTheRun)
+{
+    world_.Files.Files["/out/TestShop.vbp"] = "mine";
+    Run();
+    EXPECT_EQ(Wizard().txtWarnings(), "User Cancelled Operation");
+    EXPECT_THAT(Wizard().Files(), ElementsAre(SettledFile{"Shop.vbp", FileOutcome::New}));
+    EXPECT_EQ(world_.Files.Files["/out/TestShop.vbp"], "mine");
+}
+
+TEST_F(FrmGenCode, CancelGivesUpTheRunBeforeItsNextFile)
+{
+    Next(3);
+    const Connection pressing = Wizard().Process.StatusChanged.Connect([&](int, const std::string& message) {
+        if (message.find("Test Project Group") != std::string::npos)
+            Wizard().cmdCancel_Click();
+    });
+    Wizard().tmrStart_Timer();
+    EXPECT_THAT(dialogs_.Opened, IsEmpty());
+    EXPECT_EQ(Wizard().txtWarnings(), "User Cancelled Operation");
+    EXPECT_THAT(Wizard().Files(),
+                ElementsAre(SettledFile{"Shop.vbp", FileOutcome::New}, SettledFile{"TestShop.vbp", FileOutcome::New}));
+    Wizard().cmdCancel_Click();
+    EXPECT_THAT(dialogs_.Opened, ElementsAre("end"));
+}
+
+TEST_F(FrmGenCode, CancelClosesTheWizardOtherwise)
+{
+    Next(2);
+    Wizard().cmdCancel_Click();
+    EXPECT_THAT(dialogs_.Opened, ElementsAre("end"));
+}
+
+TEST_F(FrmGenCode, ChecksWhatIsDoneAndSetsOffWhatIsUnderWay)
+{
+    Next(3);
+    Wizard().Process.StatusChanged.Raise(1, "one");
+    EXPECT_TRUE(Wizard().Steps()[0].Bold);
+    EXPECT_FALSE(Wizard().Steps()[0].imgStep);
+    Wizard().Process.StatusChanged.Raise(3, "three");
+    EXPECT_FALSE(Wizard().Steps()[0].Bold);
+    EXPECT_TRUE(Wizard().Steps()[2].Bold);
+    EXPECT_EQ(Wizard().Steps()[2].lblProgress, "three");
+    EXPECT_TRUE(Wizard().Steps()[1].imgStep);
+    EXPECT_FALSE(Wizard().Steps()[2].imgStep);
+    for (const int stage : {4, 5}) {
+        Wizard().Process.StatusChanged.Raise(stage, "late");
+        EXPECT_THAT(Wizard().Steps(), Each(Field(&WizardStep::Bold, false)));
+    }
+    EXPECT_THAT(Wizard().Steps(), Each(Field(&WizardStep::imgStep, true)));
+}
+
+TEST_F(FrmGenCode, MakesAFolderAndGoesThere)
+{
+    Next(1);
+    dialogs_.FolderName = "code";
+    Wizard().NewFolder();
+    EXPECT_EQ(Wizard().treFolder(), "/out/code");
+    EXPECT_TRUE(world_.Files.Folders.contains("/out/code"));
+}
+
+TEST_F(FrmGenCode, WithoutANameItMakesNoFolder)
+{
+    Next(1);
+    Wizard().NewFolder();
+    EXPECT_EQ(Wizard().treFolder(), "/out");
+}
+
+TEST_F(FrmGenCode, AFolderThatExistsIsTold)
+{
+    world_.Files.Folders.insert("/out/code");
+    Next(1);
+    dialogs_.FolderName = "code";
+    Wizard().NewFolder();
+    EXPECT_EQ(world_.Messages.Asked().at(0).Text, "The folder name already exists in this directory.");
+    EXPECT_EQ(Wizard().treFolder(), "/out");
+}
+
+TEST_F(FrmGenCode, AFolderThatCanNotBeMadeIsReported)
+{
+    Next(1);
+    dialogs_.FolderName = "code";
+    dialogs_.MayMakeFolders = false;
+    Wizard().NewFolder();
+    EXPECT_THAT(world_.Errors.Reported, SizeIs(1));
+    EXPECT_EQ(Wizard().treFolder(), "/out");
+}
+
+TEST_F(FrmGenCode, OpensTheGeneratedGroup)
+{
+    Run();
+    Wizard().lblOpenProject_Click();
+    EXPECT_THAT(world_.Processes.Started, ElementsAre(ElementsAre("xdg-open", "/out/TestShop.vbg")));
+}
+
+TEST_F(FrmGenCode, ShowsEachStepAndServesThePersonMeanwhile)
+{
+    int shown = 0;
+    const Connection showing = Wizard().Changed.Connect([&] { ++shown; });
+    Next(3);
+    shown = 0;
+    Wizard().tmrStart_Timer();
+    EXPECT_GT(shown, 6);
+}
+
+} // namespace
+} // namespace veldrane

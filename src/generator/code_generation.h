@@ -78,8 +78,8 @@ struct GenerationTarget
 {
     std::string TargetFolder; // an existing folder
     std::int32_t OverwriteMode = overwrite_mode::kPrompt;
-    bool Compile = false;         // start the Visual Basic compiler on the result
-    bool TellsUnchanged = false;  // compare what is overwritten with what was there
+    bool Compile = false;        // start the Visual Basic compiler on the result
+    bool TellsUnchanged = false; // compare what is overwritten with what was there
 };
 
 struct ClassScope;
@@ -158,9 +158,9 @@ class CodeGeneration
     Signal<int> Progress;                          // percent
 
     GenerationSettings Settings;
-    std::string ErrorText;        // the messages of the latest run
+    std::string ErrorText;          // the messages of the latest run
     std::vector<SettledFile> Files; // of the latest run: those that are in place or were left, in the order of writing
-    bool FilesShareNames = false; // in the latest run: one of two files was lost, or would be where letter case does not count
+    bool FilesShareNames = false;   // in the latest run: one of two files was lost, or would be where letter case does not count
 
   private:
     // Calls `write` with the scope of the class.

@@ -57,8 +57,7 @@ ConflictAnswer TargetFiles::AnswerFor(NewFile& file, const std::string& path)
 {
     switch (target_.OverwriteMode) {
     case overwrite_mode::kPrompt:
-        return ports_.Conflicts.ResolveConflict(
-            {path, file.Name, [&]() -> const std::string& { return file.Content(codePage_).Bytes; }});
+        return ports_.Conflicts.ResolveConflict({path, file.Name, [&]() -> const std::string& { return file.Content(codePage_).Bytes; }});
     case overwrite_mode::kLeave:
         return ConflictAnswer::Leave;
     case overwrite_mode::kBackupAndOverwrite:

@@ -22,7 +22,9 @@ TEST_F(SettledFiles, AreToldInTheOrderOfWriting)
 {
     AddClass("Order").CreateCollection = true;
     Run(overwrite_mode::kBackupAndOverwrite);
-    EXPECT_THAT(generation.Files, ElementsAre(SettledFile{"Shop.vbp", FileOutcome::New}, SettledFile{"TestShop.vbp", FileOutcome::New}, SettledFile{"TestShop.vbg", FileOutcome::New}, SettledFile{"frmTest.frm", FileOutcome::New}, SettledFile{"Globals.Bas", FileOutcome::New}, SettledFile{"Auto.cls", FileOutcome::New}, SettledFile{"Order.cls", FileOutcome::New}, SettledFile{"Orders.cls", FileOutcome::New}));
+    EXPECT_THAT(generation.Files, ElementsAre(SettledFile{"Shop.vbp", FileOutcome::New}, SettledFile{"TestShop.vbp", FileOutcome::New}, SettledFile{"TestShop.vbg", FileOutcome::New},
+                                              SettledFile{"frmTest.frm", FileOutcome::New}, SettledFile{"Globals.Bas", FileOutcome::New}, SettledFile{"Auto.cls", FileOutcome::New},
+                                              SettledFile{"Order.cls", FileOutcome::New}, SettledFile{"Orders.cls", FileOutcome::New}));
 }
 
 TEST_F(SettledFiles, TellWhatWasOverwrittenAndWhatHasNotChanged)

@@ -63,7 +63,7 @@ std::string RecoveryFiles::GetTempName()
 {
     MakeFolder(folder_);
     const std::string name = temporary_name::ProcessAndRandom() + std::string(kCopySuffix);
-    const std::string path = folder_ + "/" + name;
+    std::string path = folder_ + "/" + name;
     MakeEmptyFile(path); // before its lock, which RemoveOld would take for one that was left behind
     held_.emplace(name, FileLock(LockOf(name)));
     return path;

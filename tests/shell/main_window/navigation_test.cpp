@@ -93,10 +93,7 @@ TEST(Navigation, OfNothingIsEmpty)
 class NoConflicts : public ConflictResolver
 {
   public:
-    ConflictAnswer ResolveConflict(const FileConflict& /*conflict*/) override
-    {
-        return ConflictAnswer::Leave;
-    }
+    ConflictAnswer ResolveConflict(const FileConflict& /*conflict*/) override { return ConflictAnswer::Leave; }
 };
 
 class NavigationOf : public testing::ProjectFixture

@@ -22,6 +22,7 @@ struct FileProgress
 // Throws RuntimeError if the section is not there, if a name is in that list already, and as the blocks' readers do:
 // the classes completed so far stay, the one under way is lost and named by the description.
 // False if a class has no closing line: it is given up without a word when the next one begins, or with the section.
-[[nodiscard]] bool ReadClassInfo(LineStream& stream, TTCProject& project, KZMClasses& classes, const FileProgress& progress);
+[[nodiscard]] bool ReadClassInfo(LineStream& stream, TTCProject& project, KZMClasses& classes,
+                                 const FileProgress& progress);
 
 } // namespace veldrane

@@ -5,12 +5,18 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QKeyEvent>
+
+#include <chrono>
 
 namespace veldrane {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+constexpr auto kPatience = 250ms; // with a window manager
 
 } // namespace
 
@@ -18,7 +24,6 @@ LoadingWindow::LoadingWindow(Cancelling cancelling, QWidget* parent)
     : QWidget(parent, Qt::Dialog | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
       ui_(std::make_unique<Ui::frmLoading>())
 {
-    setWindowModality(Qt::ApplicationModal);
     ui_->setupUi(this);
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &LoadingWindow::Cancel);
     progress_ = std::make_unique<QtProgress>(*ui_->lblStatus, *ui_->Progress, [this] { ServeEvents(); });
@@ -36,14 +41,28 @@ void LoadingWindow::SetStatus(const std::string& text)
 Visibility LoadingWindow::Show(Visibility visibility)
 {
     const Visibility before = isVisible() ? Visibility::Shown : Visibility::Hidden;
+    if (before == Visibility::Shown && visibility == Visibility::Hidden)
+        WaitForKeyboard();
     setVisible(visibility == Visibility::Shown);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     return before;
 }
 
+// A modal window passes the keyboard on to nobody if it goes before the window manager has given it the keyboard.
+void LoadingWindow::WaitForKeyboard()
+{
+    if (windowModality() == Qt::NonModal)
+        return;
+    for (const QDeadlineTimer patience(kPatience); !isActiveWindow() && !patience.hasExpired();)
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+// What can't be cancelled keeps the program busy, so no other window needs to be blocked.
 void LoadingWindow::Begin(Cancelling cancelling)
 {
     cancelling_ = cancelling;
+    setWindowModality(cancelling == Cancelling::Offered ? Qt::ApplicationModal : Qt::NonModal);
+    setAttribute(Qt::WA_ShowWithoutActivating, cancelling == Cancelling::NotOffered);
     isCancelled_ = false;
     ui_->cmdCancel->setVisible(cancelling == Cancelling::Offered);
     ui_->cmdCancel->setEnabled(true);

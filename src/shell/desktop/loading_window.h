@@ -22,8 +22,8 @@ enum class Cancelling
 };
 
 // `frmLoading`: how far the opening of a project or the reading of a catalog is, on top of all windows. While it is
-// shown no other window takes clicks or keys. Where cancelling is offered, each report of progress serves events, so
-// that `cmdCancel` and Escape get through.
+// shown no other window takes clicks or keys: either the program is busy, or the form is modal. Where cancelling is
+// offered, each report of progress serves events, so that `cmdCancel` and Escape get through.
 class LoadingWindow : public QWidget, public LoadingForm
 {
     Q_OBJECT
@@ -60,6 +60,7 @@ class LoadingWindow : public QWidget, public LoadingForm
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    void WaitForKeyboard();
     void Cancel();
 
     std::unique_ptr<Ui::frmLoading> ui_;

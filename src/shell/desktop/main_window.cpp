@@ -22,6 +22,13 @@
 namespace veldrane {
 namespace {
 
+// A dialog works on the project that is open, and so does what the hourglass is shown for: nothing takes its place
+// meanwhile.
+bool IsBusy()
+{
+    return QApplication::activeModalWidget() != nullptr || QApplication::overrideCursor() != nullptr;
+}
+
 // The tools that the preview's own actions do.
 constexpr std::pair<std::string_view, std::string_view> kPreviewTools[] = {
     {"CopyLines", "CopyPreview"},
@@ -211,10 +218,9 @@ void MainWindow::closeEvent(QCloseEvent* event)
     }
 }
 
-// A dialog works on the project that is open, so nothing takes its place meanwhile.
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (QApplication::activeModalWidget() == nullptr && !DroppedFile(event->mimeData()).empty())
+    if (!IsBusy() && !DroppedFile(event->mimeData()).empty())
         event->acceptProposedAction();
 }
 
@@ -225,7 +231,7 @@ void MainWindow::dropEvent(QDropEvent* event)
     QMetaObject::invokeMethod(
         this,
         [this, path = DroppedFile(event->mimeData())] {
-            if (QApplication::activeModalWidget() == nullptr)
+            if (!IsBusy())
                 rules_.FileDropped(path);
         },
         Qt::QueuedConnection);

@@ -45,6 +45,7 @@ class Comparison
         Compare({before_.begin() + At(head), before_.end() - At(tail)},
                 {after_.begin() + At(head), after_.end() - At(tail)});
         AddSame(tail);
+        PutRemovedFirst();
         return std::move(found_);
     }
 
@@ -83,6 +84,18 @@ class Comparison
 
     void AddRemoved(const std::string& line) { found_.push_back({DifferenceKind::Removed, ++old_, 0, line}); }
     void AddAdded(const std::string& line) { found_.push_back({DifferenceKind::Added, 0, ++new_, line}); }
+
+    void PutRemovedFirst()
+    {
+        const auto isSame = [](const DifferenceLine& line) { return line.Kind == DifferenceKind::Same; };
+        for (auto at = found_.begin(); at != found_.end();) {
+            at = std::find_if_not(at, found_.end(), isSame);
+            const auto end = std::find_if(at, found_.end(), isSame);
+            std::stable_partition(at, end,
+                                  [](const DifferenceLine& line) { return line.Kind == DifferenceKind::Removed; });
+            at = end;
+        }
+    }
 
     const Lines& before_;
     const Lines& after_;

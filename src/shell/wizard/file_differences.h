@@ -35,8 +35,9 @@ struct DifferenceRow
     friend bool operator==(const DifferenceRow&, const DifferenceRow&) = default;
 };
 
-// By which lines the new text differs from the old one. Texts that have next to nothing in common are not compared
-// line by line beyond their beginnings and ends: the old lines come first then, and all of the new ones behind them.
+// By which lines the new text differs from the old one; of each difference, what was removed stands first. Texts that
+// have next to nothing in common are not compared line by line beyond their beginnings and ends: the old lines come
+// first then, and all of the new ones behind them.
 [[nodiscard]] std::vector<DifferenceLine> DifferencesOf(std::string_view oldText, std::string_view newText);
 
 // The same lines side by side: what was removed beside what came in its place.

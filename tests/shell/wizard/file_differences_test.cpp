@@ -37,6 +37,12 @@ TEST(FileDifferences, FindTheLinesThatStayInTheMiddle)
     EXPECT_THAT(Shown("a\nb\nc\nd\n", "x\nb\nc\ny\n"), ElementsAre("-a", "+x", " b", " c", "-d", "+y"));
 }
 
+TEST(FileDifferences, WhatWasRemovedStandsFirst)
+{
+    EXPECT_THAT(Shown("a\nb\n", "x\nb\ny\nz\n"), ElementsAre("-a", "+x", " b", "+y", "+z"));
+    EXPECT_THAT(Shown("a\nb\nc\nd\n", "x\nb\nc\ny\nz\n"), ElementsAre("-a", "+x", " b", " c", "-d", "+y", "+z"));
+}
+
 TEST(FileDifferences, OfAnEmptyFileAreAllLines)
 {
     EXPECT_THAT(Shown("", "a\nb\n"), ElementsAre("+a", "+b"));

@@ -1,6 +1,7 @@
 #include "shell/desktop/desktop_dialogs.h"
 
 #include "shell/desktop/about_dialog.h"
+#include "shell/desktop/gen_code_dialog.h"
 #include "shell/desktop/logon_dialog.h"
 #include "shell/desktop/main_window.h"
 #include "shell/desktop/name_dialog.h"
@@ -30,6 +31,11 @@ void DesktopDialogs::Show(frmOptions& options)
 void DesktopDialogs::ShowAbout()
 {
     AboutDialog(window_).exec();
+}
+
+void DesktopDialogs::ShowGenCode(const Application& application, TTCProject& project, KZMClasses& classes)
+{
+    GenCodeDialog(application, project, classes, window_).exec();
 }
 
 void DesktopDialogs::ShowZoom()

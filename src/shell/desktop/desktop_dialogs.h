@@ -17,6 +17,7 @@ class DesktopDialogs : public MainWindowDialogs
     void Show(frmODBCLogon& logon) override;
     void Show(frmOptions& options) override;
     void ShowAbout() override;
+    void ShowGenCode(const Application& application, TTCProject& project, KZMClasses& classes) override;
     void ShowZoom() override;
     [[nodiscard]] StartupChoice AskAtStartup(frmStartup& startup) override;
     [[nodiscard]] std::optional<std::string> AskForTable(const std::string& before) override;

@@ -181,6 +181,7 @@ class frmMain : private OptionsOwner
     void DeleteSelectedClass();
     void EditDataSource();
     void OpenDatasource();
+    void Generate();
     void Options();
     void HelpContents();
 

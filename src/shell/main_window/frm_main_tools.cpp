@@ -31,6 +31,7 @@ const std::vector<frmMain::NamedCommand>& frmMain::Commands()
         {"EditDataSource", &frmMain::EditDataSource},
         {"OpenDatasource", &frmMain::OpenDatasource},
         {"RefreshTables", &frmMain::RefreshLists},
+        {"Generate", &frmMain::Generate},
         {"ViewDataSourceTables",
          [](frmMain& form) { form.SetPane(&PaneManagement::pmDatasourceVisible, !form.panes_.pmDatasourceVisible); }},
         {"ViewNavigator",
@@ -109,6 +110,14 @@ void frmMain::OpenDatasource()
 {
     veldrane::OpenDatasource(Project(), OpenDatasourceFor::UsersChoice,
                              [this](LogonPurpose purpose) { ShowLogon(purpose); });
+}
+
+// A run may have added methods, and the folder is part of the project.
+void frmMain::Generate()
+{
+    dialogs_.ShowGenCode(application_, Project(), Classes());
+    DisplayPreview();
+    ShowWhatIsOpen();
 }
 
 void frmMain::Options()

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "datasource/logon/frm_odbc_logon.h"
+#include "model/classes.h"
+#include "model/project.h"
+#include "shell/application.h"
 #include "shell/main_window/frm_options.h"
 #include "shell/main_window/frm_startup.h"
 #include "shell/main_window/look_dialogs.h"
@@ -19,6 +22,7 @@ class MainWindowDialogs
     virtual void Show(frmODBCLogon& logon) = 0;
     virtual void Show(frmOptions& options) = 0;
     virtual void ShowAbout() = 0;
+    virtual void ShowGenCode(const Application& application, TTCProject& project, KZMClasses& classes) = 0;
     virtual void ShowZoom() = 0; // of the preview
 
     // What the person chose in the start-up dialog.

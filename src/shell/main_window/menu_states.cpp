@@ -61,7 +61,7 @@ constexpr auto kTools = std::to_array<Tool>({
 
 // Off until they have a window to open.
 constexpr auto kToolsWithoutWindow =
-    std::to_array<std::string_view>({"Generate", "EditClass", "NewClass", "ProjectProperties", "ReportABug"});
+    std::to_array<std::string_view>({"EditClass", "NewClass", "ProjectProperties", "ReportABug"});
 
 enum class ToolNeeds
 {

@@ -14,8 +14,7 @@ class FrmMainCommands : public testing::FrmMainTest
 TEST_F(FrmMainCommands, ToolsWithoutAWindowAndUnknownOnesDoNothing)
 {
     StartOnShop();
-    for (const char* tool :
-         {"Generate", "EditClass", "NewClass", "ProjectProperties", "ReportABug", "MRU99", "Nonsense", ""})
+    for (const char* tool : {"EditClass", "NewClass", "ProjectProperties", "ReportABug", "MRU99", "Nonsense", ""})
         Form.actbar_Click(tool);
     EXPECT_THAT(Windows.Opened, IsEmpty());
     EXPECT_THAT(World.Messages.Asked(), IsEmpty());
@@ -26,10 +25,26 @@ TEST_F(FrmMainCommands, EachWindowHasItsTool)
 {
     StartOnShop();
     Click(Fixed(tree_key::kRoot));
-    for (const char* tool : {"Startup", "Zoom", "Options", "About", "ProjectRename", "OpenDatasource", "Exit"})
+    for (const char* tool :
+         {"Startup", "Zoom", "Options", "About", "ProjectRename", "OpenDatasource", "Generate", "Exit"})
         Form.actbar_Click(tool);
-    EXPECT_THAT(Windows.Opened,
-                ElementsAre("frmStartup", "frmZoom", "frmOptions", "frmAbout", "label edit", "frmODBCLogon", "end"));
+    EXPECT_THAT(Windows.Opened, ElementsAre("frmStartup", "frmZoom", "frmOptions", "frmAbout", "label edit",
+                                            "frmODBCLogon", "frmGenCode", "end"));
+}
+
+TEST_F(FrmMainCommands, WhatARunHasAddedIsSeenInThePreview)
+{
+    StartWithCustomer();
+    Click(Fixed(tree_key::kRoot));
+    Windows.InGenCode = [](TTCProject& project, KZMClasses& classes) {
+        EXPECT_NE(classes.Item("Customer"), nullptr);
+        project.ProjectDescription = "Added by the run";
+    };
+    ASSERT_FALSE(PreviewHas("Added by the run"));
+    Form.actbar_Click("Generate");
+    EXPECT_TRUE(PreviewHas("Added by the run"));
+    EXPECT_EQ(SelectedKey(), tree_key::kRoot);
+    EXPECT_TRUE(Form.actBar().IsEnabled("ProjectRename"));
 }
 
 TEST_F(FrmMainCommands, TheHelpPageIsOpenedByTheDesktop)

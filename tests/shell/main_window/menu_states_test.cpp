@@ -84,7 +84,7 @@ TEST(ToolStates, FollowTheSelection)
          {"New",   "Open",       "Startup", "Exit",           "Options",         "HelpContents",
           "About", "Save",       "SaveAs",  "OpenDatasource", "EditDataSource",  "RefreshTables",
           "Zoom",  "ExpandTree", "Colapse", "ViewNavigator",  "ViewPreviewPane", "ViewDataSourceTables",
-          "Find",  "MRU1"})
+          "Find",  "MRU1",       "Generate"})
         EXPECT_EQ(EnabledIn(tool), "12345678") << tool;
     EXPECT_EQ(EnabledIn("ProjectRename"), "12");
     EXPECT_EQ(EnabledIn("DeleteClass"), "357");
@@ -94,7 +94,7 @@ TEST(ToolStates, FollowTheSelection)
 
 TEST(ToolStates, ToolsWithoutAWindowAreOff)
 {
-    for (const char* tool : {"Generate", "EditClass", "NewClass", "ProjectProperties", "ReportABug"})
+    for (const char* tool : {"EditClass", "NewClass", "ProjectProperties", "ReportABug"})
         EXPECT_EQ(EnabledIn(tool), "") << tool;
 }
 

@@ -31,6 +31,13 @@ class ScriptedWindows : public MainWindowDialogs
     }
 
     void ShowAbout() override { Opened.emplace_back("frmAbout"); }
+    void ShowGenCode(const Application& /*application*/, TTCProject& project, KZMClasses& classes) override
+    {
+        Opened.emplace_back("frmGenCode");
+        if (InGenCode)
+            InGenCode(project, classes);
+    }
+
     void ShowZoom() override { Opened.emplace_back("frmZoom"); }
 
     [[nodiscard]] StartupChoice AskAtStartup(frmStartup& startup) override
@@ -58,6 +65,7 @@ class ScriptedWindows : public MainWindowDialogs
     std::function<void(frmODBCLogon&)> InLogon;
     std::function<void(frmOptions&)> InOptions;
     std::function<StartupChoice(frmStartup&)> InStartup;
+    std::function<void(TTCProject&, KZMClasses&)> InGenCode;
     std::deque<std::string> TablesNamed;
     ScriptedLookDialogs LooksChosen;
 

@@ -23,7 +23,7 @@ TEST_F(MainWindowTest, StartsWithANewProjectAndNoDataSource)
     EXPECT_TRUE(Tree().isExpanded(Tree().currentIndex()));
     EXPECT_EQ(Tables().model()->index(0, 0).data().toString(), u"<no datasource defined>"_s);
     EXPECT_TRUE(Tool("OpenDatasource").isEnabled());
-    for (const char* tool : {"AddClassTo", "RefreshTables", "DeleteClass", "MoveClassTo", "Generate", "NewClass"})
+    for (const char* tool : {"AddClassTo", "RefreshTables", "DeleteClass", "MoveClassTo", "NewClass"})
         EXPECT_FALSE(Tool(tool).isEnabled()) << tool;
     Photograph(*window_, "frmMain-no-data-source");
 }

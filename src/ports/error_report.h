@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ports/reading_watch.h"
 #include "text/runtime_error.h"
 
 #include <exception>
@@ -28,13 +29,15 @@ class ErrorReport
 };
 
 // Runs `body`; a failure is reported as met at the place, and goes no further. Returns whether the body came to its
-// end.
+// end. ReadingCancelled is no failure and goes on.
 template <class Body>
 bool Guarded(ErrorReport& report, const ErrorPlace& place, Body&& body)
 {
     try {
         body();
         return true;
+    } catch (const ReadingCancelled&) {
+        throw;
     } catch (const RuntimeError& error) {
         report.ReportError(error, place);
     } catch (const std::exception& error) {

@@ -22,10 +22,13 @@ class FakeConnection : public DataSourceConnection
     {
         if (!IsOpen())
             throw DataSourceError(data_source_error::kNoOpenConnection, "FakeConnection", "nothing is open");
+        if (!CatalogFailure.empty())
+            throw DataSourceError(data_source_error::kFailed, "FakeConnection", CatalogFailure);
         return std::make_unique<FakeCatalog>(Content);
     }
 
     FakeCatalog Content;
+    std::string CatalogFailure; // why no catalog can be opened; "" where one can
 
   private:
     std::string text_ = "DSN=x;";

@@ -152,9 +152,11 @@ void PreviewView::ShowMatch()
 // A closed bar has forgotten its places, but not its text.
 void PreviewView::FindFurther(void (PreviewFind::*step)())
 {
-    if (findBar_.isHidden())
-        findBar_.Open();
-    else
+    const bool wasClosed = findBar_.isHidden();
+    const std::optional<std::size_t> before = pane_.Selected();
+    if (wasClosed)
+        findBar_.Open(); // goes to the next place, unless it stands on one
+    if (!wasClosed || step == &PreviewFind::Previous || pane_.Selected() == before)
         (find_.*step)();
 }
 
@@ -167,7 +169,8 @@ void PreviewView::Copy()
 
 void PreviewView::CopyAll()
 {
-    ToClipboard(CopiedText(pane_));
+    if (pane_.Count() > 0)
+        ToClipboard(CopiedText(pane_));
 }
 
 void PreviewView::Print()

@@ -8,7 +8,9 @@ namespace veldrane {
 
 bool AcceptingClassEditor::Add(const NewClass& request)
 {
-    const std::unique_ptr<Catalog> catalog = OpenCatalog();
+    std::unique_ptr<Catalog> catalog;
+    if (!Guarded(application_.Errors, kClassEditorModule, "OpenCatalog", [&] { catalog = OpenCatalog(); }))
+        return false;
     const auto item = std::make_shared<KZMClass>();
     ClassEdit edit = EditOf(*item, catalog.get());
     if (BuildClass(edit, request, session_.Classes()) != BuildOutcome::Built)
@@ -25,10 +27,12 @@ bool AcceptingClassEditor::Move(const std::shared_ptr<KZMClass>& item, const std
     const auto parent = session_.Classes().Item(newParent);
     if (parent == nullptr)
         return false;
-    const std::unique_ptr<Catalog> catalog = OpenCatalog();
+    std::unique_ptr<Catalog> catalog;
     // The joins that the class leaves would be lost, and nobody could pick others.
-    if (!Guarded(application_.Errors, kClassEditorModule, "MoveClass",
-                 [&] { static_cast<void>(OpenSource(catalog.get())); }))
+    if (!Guarded(application_.Errors, kClassEditorModule, "MoveClass", [&] {
+            catalog = OpenCatalog();
+            static_cast<void>(OpenSource(catalog.get()));
+        }))
         return false;
     const std::shared_ptr<KZMClass> copy = WorkingCopy(*item);
     ClassEdit edit = EditOf(*copy, catalog.get());
@@ -43,10 +47,7 @@ bool AcceptingClassEditor::Move(const std::shared_ptr<KZMClass>& item, const std
 std::unique_ptr<Catalog> AcceptingClassEditor::OpenCatalog()
 {
     DataSourceConnection* const connection = session_.ActiveConnection();
-    std::unique_ptr<Catalog> catalog;
-    if (connection != nullptr && connection->IsOpen())
-        Guarded(application_.Errors, kClassEditorModule, "OpenCatalog", [&] { catalog = connection->OpenCatalog(); });
-    return catalog;
+    return connection != nullptr && connection->IsOpen() ? connection->OpenCatalog() : nullptr;
 }
 
 ClassEdit AcceptingClassEditor::EditOf(KZMClass& item, Catalog* source)

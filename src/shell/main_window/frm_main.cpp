@@ -89,12 +89,14 @@ bool frmMain::Load(const StartCommand& start)
     recent_.Rebuild();
     StartNewProject();
     const AfterRecovery after = RecoverProject(application_, session_, start);
-    if (after == AfterRecovery::End)
+    if (after == AfterRecovery::End) {
         dialogs_.CloseMainWindow();
-    else if (after == AfterRecovery::Recovered)
-        ShowOpenedProject(kRecoveredStatus);
-    else
+    } else if (after == AfterRecovery::Recovered) {
+        ShowOpenedProject();
+        status_.SetStatus(kRecoveredStatus);
+    } else {
         return ActOnCommandLine(start, after == AfterRecovery::WithoutItsProject ? "" : start.File);
+    }
     return false;
 }
 
@@ -130,14 +132,14 @@ void frmMain::OpenProject(const std::string& path)
         status_.EndProgress();
         return recent_.Rebuild(); // its file may be gone
     }
-    ShowOpenedProject(kReadyStatus);
+    ShowOpenedProject();
 }
 
-void frmMain::ShowOpenedProject(const std::string& status)
+// What became of reading its data source stands in the status.
+void frmMain::ShowOpenedProject()
 {
     DisplayClasses();
     ShowWholeProject(menu_state::kProject);
-    status_.SetStatus(status);
 }
 
 void frmMain::StartNewProject()

@@ -156,7 +156,7 @@ class frmMain : private OptionsOwner
 
     [[nodiscard]] bool ActOnCommandLine(const StartCommand& start, const std::string& file);
     void OpenProject(const std::string& path); // "" asks for the file
-    void ShowOpenedProject(const std::string& status);
+    void ShowOpenedProject();
     void StartNewProject();
     void ShowWholeProject(int menuState);
     void DisplayClasses();
@@ -166,6 +166,7 @@ class frmMain : private OptionsOwner
     void ShowWhatIsOpen();
     void ShowDataSource();
     void RefreshLists();
+    void ReadLists();
     void ShowLogon(LogonPurpose purpose, const std::string& database = {});
     void AttachByHand();
     [[nodiscard]] bool HasOtherPlace();

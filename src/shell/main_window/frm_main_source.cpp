@@ -26,21 +26,27 @@ void frmMain::RefreshLists()
     const CatalogReading::Session session(reading_);
     const PointerWhile hourglass(application_.Windows.Pointer, PointerShape::Hourglass);
     status_.SetStatus(kReadingStatus);
-    Guarded(application_.Errors, "CodeGeneration", "DisplayDataSourceTables", [&] {
-        DataSourceConnection* connection = OpenConnection();
-        // It shows the data source as it is now.
-        const std::unique_ptr<Catalog> catalog = connection == nullptr ? nullptr : connection->OpenCatalog();
-        datasource_.Refresh({.ConnectionString = connection == nullptr ? "" : connection->ConnectionString(),
-                             .Source = catalog.get(),
-                             .Project = Project(),
-                             .Settings = application_.UserSettings,
-                             .Messages = application_.Asking,
-                             .Errors = application_.Errors});
-    });
+    try {
+        Guarded(application_.Errors, "CodeGeneration", "DisplayDataSourceTables", [&] { ReadLists(); });
+    } catch (const ReadingCancelled&) { // told below
+    }
     status_.SetStatus(reading_.WasCancelled() ? "The reading was cancelled: the lists are not complete."
                                               : kReadyStatus);
     Changed.Raise(WindowPart::Lists);
     ShowWhatIsOpen();
+}
+
+void frmMain::ReadLists()
+{
+    DataSourceConnection* connection = OpenConnection();
+    // It shows the data source as it is now.
+    const std::unique_ptr<Catalog> catalog = connection == nullptr ? nullptr : connection->OpenCatalog();
+    datasource_.Refresh({.ConnectionString = connection == nullptr ? "" : connection->ConnectionString(),
+                         .Source = catalog.get(),
+                         .Project = Project(),
+                         .Settings = application_.UserSettings,
+                         .Messages = application_.Asking,
+                         .Errors = application_.Errors});
 }
 
 void frmMain::tabDatasource_Click(DataSourceTab tab)

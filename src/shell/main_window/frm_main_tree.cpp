@@ -38,7 +38,7 @@ void frmMain::DisplayPreview()
     if (const TreeNode* node = tree_.SelectedNode())
         preview_.DisplayPreview(PreviewNodeOf(*node, Classes()), {Project(), Classes(), *ttc_, application_.Errors},
                                 application_.Windows.Pointer);
-    navigation_ = NavigationRows(preview_.Blocks());
+    navigation_ = preview_.Available ? NavigationRows(preview_.Blocks()) : std::vector<NavigationRow>();
     Changed.Raise(WindowPart::Navigator);
 }
 
@@ -109,7 +109,12 @@ std::optional<Dragged> frmMain::DraggedFromSelection(std::string_view tool)
 bool frmMain::HasOtherPlace()
 {
     const auto dragged = DraggedFromSelection("MoveClassTo");
-    return dragged && !Targets(*dragged).empty();
+    if (!dragged)
+        return false;
+    for (std::size_t node = 0; node < tree_.Nodes().size(); ++node)
+        if (MayDrop(*dragged, node))
+            return true;
+    return false;
 }
 
 Drop frmMain::EffectOf(const Dragged& dragged, std::size_t target)

@@ -29,6 +29,7 @@ void AppendMatches(std::vector<PreviewMatch>& matches, std::size_t row, std::str
 
 PreviewFind::PreviewFind(PreviewPane& pane)
     : pane_(pane), replaced_(pane.Replaced.Connect([this] {
+          Begin();
           SearchAll();
           Changed.Raise();
       }))

@@ -201,5 +201,17 @@ TEST_F(FrmMainDrop, ADropOnANodeThatIsNotThereDoesNothing)
     EXPECT_EQ(Form.Classes().Count(), 0U);
 }
 
+TEST_F(FrmMainDrop, ACatalogThatCanNotBeOpenedIsToldOnce)
+{
+    StartWithCustomer();
+    dynamic_cast<testing::FakeConnection&>(*World.State.ActiveConnection).CatalogFailure = "The server is gone.";
+    DropRow("Orders", Fixed(tree_key::kParentClasses));
+    ASSERT_EQ(World.Errors.Reported.size(), 1U);
+    EXPECT_EQ(World.Errors.Reported[0].Error.Description(), "The server is gone.");
+    EXPECT_EQ(World.Errors.Reported[0].Place.RoutineName, "OpenCatalog");
+    EXPECT_EQ(Form.Classes().Item("Order"), nullptr);
+    EXPECT_FALSE(Form.Project().Modified());
+}
+
 } // namespace
 } // namespace veldrane

@@ -254,6 +254,18 @@ TEST_F(FrmMainSource, AReadingThatIsCancelledLeavesTheListsAsFilledAndSaysSo)
     EXPECT_THAT(Rows(DataSourceTab::StoredProcedures), ElementsAre("GetTotals"));
 }
 
+TEST_F(FrmMainSource, AReadingThatIsCancelledOnOpeningAProjectSaysSoToo)
+{
+    WriteProject("/desk.kzm", "Desk", testing::kShopString);
+    StartOnShop();
+    CancelIn("Tables");
+    Source = Database();
+    World.Dialogs.Add("/desk.kzm");
+    Form.actbar_Click("Open");
+    EXPECT_EQ(Form.Project().ProjectName(), "Desk");
+    EXPECT_EQ(Form.Status().Status(), "The reading was cancelled: the lists are not complete.");
+}
+
 TEST_F(FrmMainSource, AnotherTabReadsTheListsAnew)
 {
     StartOnShop();

@@ -213,5 +213,19 @@ TEST_F(FrmMainTree, AClickBuildsNothingAnew)
     EXPECT_THAT(parts, ElementsAre(WindowPart::TreeState, WindowPart::Menus, WindowPart::Navigator));
 }
 
+TEST_F(FrmMainTree, WithoutAPreviewTheNavigatorLeadsNowhere)
+{
+    StartWithCustomer();
+    Click(OfClass("Customer"));
+    EXPECT_FALSE(Form.cmbNavigate().empty());
+    Form.SetPane(&PaneManagement::pmPreviewVisible, false);
+    EXPECT_TRUE(Form.cmbNavigate().empty());
+    Click(Fixed(tree_key::kRoot));
+    EXPECT_TRUE(Form.cmbNavigate().empty());
+    Click(OfClass("Customer"));
+    Form.SetPane(&PaneManagement::pmPreviewVisible, true);
+    EXPECT_FALSE(Form.cmbNavigate().empty());
+}
+
 } // namespace
 } // namespace veldrane

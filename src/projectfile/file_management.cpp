@@ -65,15 +65,15 @@ TTCFileManagement::TTCFileManagement(FileSystem& files, Messages& messages, Erro
     : files_(files), messages_(messages), report_(report), codePage_(codePage), windows_(windows)
 {}
 
-std::optional<std::string> TTCFileManagement::AskForProject(const std::string& fullPath)
+std::optional<std::string> TTCFileManagement::AskForProject(const TTCProject& beside)
 {
-    return windows_.Dialogs.AskForFileToOpen(OpenProjectRequest(fullPath));
+    return windows_.Dialogs.AskForFileToOpen(OpenProjectRequest(IsPrivateCopy(beside) ? "" : beside.FullPath));
 }
 
 bool TTCFileManagement::OpenProject(TTCProject& project, KZMClasses& classes, const std::string& fileName)
 {
     if (fileName.empty()) {
-        const std::optional<std::string> chosen = AskForProject(project.FullPath);
+        const std::optional<std::string> chosen = AskForProject(project);
         return chosen && !chosen->empty() && OpenProject(project, classes, *chosen);
     }
     if (files_.Kind(fileName) == FileKind::Missing) {
@@ -135,15 +135,21 @@ bool TTCFileManagement::SaveProject(TTCProject& project, const KZMClasses& class
                                                           : SaveOverFile(project, classes);
 }
 
-// A recovered project stays one when it has been given a file.
 bool TTCFileManagement::NeedsName(const TTCProject& project) const
 {
-    return project.FullPath.empty() || (project.Recovered && project.FullPath != namedPath_);
+    return project.FullPath.empty() || IsPrivateCopy(project);
+}
+
+// A recovered project stays one when it has been given a file.
+bool TTCFileManagement::IsPrivateCopy(const TTCProject& project) const
+{
+    return project.Recovered && project.FullPath != namedPath_;
 }
 
 bool TTCFileManagement::SaveUnderNewName(TTCProject& project, const KZMClasses& classes)
 {
-    const std::optional<std::string> chosen = windows_.Dialogs.AskForFileToSave(SaveProjectRequest(project));
+    const std::optional<std::string> chosen = windows_.Dialogs.AskForFileToSave(
+        SaveProjectRequest(project, IsPrivateCopy(project) ? OwnFile::No : OwnFile::Yes));
     if (!chosen || chosen->empty())
         return false;
     const std::string formerPath = std::exchange(project.FullPath, *chosen);

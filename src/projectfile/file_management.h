@@ -34,8 +34,9 @@ class TTCFileManagement
     TTCFileManagement(FileSystem& files, Messages& messages, ErrorReport& report, const text::CodePage& codePage,
                       const FileWindows& windows);
 
-    // Asks for the file to open, beginning in the folder of `fullPath`; nothing if the person cancels.
-    [[nodiscard]] std::optional<std::string> AskForProject(const std::string& fullPath);
+    // Asks for the file to open, beginning in the folder of the project that is open, unless its file is a private
+    // copy; nothing if the person cancels.
+    [[nodiscard]] std::optional<std::string> AskForProject(const TTCProject& beside);
 
     // Reads the file into a new project, on which Clear was called, and an empty list of classes; an empty name asks
     // for the file first. False, with a message or a report, if the file is missing, can't be read, is no project file
@@ -86,6 +87,7 @@ class TTCFileManagement
     [[nodiscard]] std::string ReadText(const std::string& fileName) const;
     void ReadProject(LineStream& stream, TTCProject& project, KZMClasses& classes);
     [[nodiscard]] bool NeedsName(const TTCProject& project) const;
+    [[nodiscard]] bool IsPrivateCopy(const TTCProject& project) const;
     bool SaveUnderNewName(TTCProject& project, const KZMClasses& classes);
     bool SaveOverFile(TTCProject& project, const KZMClasses& classes);
     bool Write(TTCProject& project, const KZMClasses& classes, const Saving& saving);

@@ -38,10 +38,10 @@ FileDialogRequest OpenProjectRequest(const std::string& fullPath)
 }
 
 // "hir" is no slip: a name that is typed without an extension gets this one.
-FileDialogRequest SaveProjectRequest(const TTCProject& project)
+FileDialogRequest SaveProjectRequest(const TTCProject& project, OwnFile ownFile)
 {
     FileDialogRequest request{.Title = "Save Project As", .Filter = kProjectFilter, .DefaultExtension = "hir"};
-    if (!project.Recovered) {
+    if (ownFile == OwnFile::Yes) {
         request.DefaultName = ProposedName(project);
         request.StartFolder = FolderOf(project.FullPath);
     }

@@ -12,34 +12,38 @@ TempFiles::TempFiles(Settings& settings, const FileSystem& files, RecoveryStore&
 
 void TempFiles::Add(const std::string& path)
 {
-    if (IsOurs(LastPart(path)))
+    const TempFile copy{.Name = LastPart(path), .Path = path};
+    if (IsOurs(copy.Name))
         return;
-    settings_.SaveSetting(settings_section::kTempFiles, LastPart(path), path);
-    GiveUp(path);
+    settings_.SaveSetting(settings_section::kTempFiles, copy.Name, copy.Path);
+    GiveUp(copy);
 }
 
-std::vector<std::string> TempFiles::Recoverable()
+// An empty name would delete the section.
+std::vector<TempFile> TempFiles::Recoverable()
 {
     std::vector<std::string> kept;
-    std::vector<std::string> recoverable;
+    std::vector<TempFile> recoverable;
     for (const auto& [name, path] : settings_.GetAllSettings(settings_section::kTempFiles)) {
-        if (files_.Kind(path) == FileKind::Missing) {
+        if (name.empty())
+            continue;
+        if (files_.Kind(path) != FileKind::File) {
             settings_.DeleteSetting(settings_section::kTempFiles, name);
             continue;
         }
         kept.push_back(path);
         // Whoever held it until now may have recovered it meanwhile.
         if (store_.Hold(path) && !settings_.GetKeyValue(settings_section::kTempFiles, name).empty())
-            recoverable.push_back(path);
+            recoverable.push_back({.Name = name, .Path = path});
     }
     store_.RemoveOld(kept);
     return recoverable;
 }
 
-void TempFiles::GiveUp(const std::string& path)
+void TempFiles::GiveUp(const TempFile& copy)
 {
-    if (!IsOurs(LastPart(path)))
-        ours_.push_back(LastPart(path));
+    if (!IsOurs(copy.Name))
+        ours_.push_back(copy.Name);
 }
 
 bool TempFiles::IsOurs(const std::string& name) const
@@ -47,11 +51,10 @@ bool TempFiles::IsOurs(const std::string& name) const
     return std::find(ours_.begin(), ours_.end(), name) != ours_.end();
 }
 
-void TempFiles::Delete(const std::string& path)
+void TempFiles::Delete(const TempFile& copy)
 {
-    const std::string name = LastPart(path);
-    settings_.DeleteSetting(settings_section::kTempFiles, name);
-    std::erase(ours_, name);
+    settings_.DeleteSetting(settings_section::kTempFiles, copy.Name);
+    std::erase(ours_, copy.Name);
 }
 
 void TempFiles::DeleteSection()

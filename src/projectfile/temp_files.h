@@ -9,6 +9,15 @@
 
 namespace veldrane {
 
+// An entry of the section TempFiles.
+struct TempFile
+{
+    std::string Name;
+    std::string Path;
+
+    friend bool operator==(const TempFile&, const TempFile&) = default;
+};
+
 // The section TempFiles of the settings: for each copy of a document that was not saved an entry, its bare name with
 // its path. Several programs that run have their entries there; each leaves those of the others alone.
 class TempFiles
@@ -25,15 +34,15 @@ class TempFiles
     void Add(const std::string& path);
 
     // The copies of programs that came to no orderly end, in the order of their entries; this program holds them from
-    // now on. Entries without a file are deleted, and what another running program holds is passed over. Copies that
-    // have had no entry for long are removed. Throws as Add does.
-    [[nodiscard]] std::vector<std::string> Recoverable();
+    // now on. Entries without a file or a name are deleted, and what another running program holds is passed over.
+    // Copies that have had no entry for long are removed. Throws as Add does.
+    [[nodiscard]] std::vector<TempFile> Recoverable();
 
     // The entry of the copy goes with the next DeleteSection: it was recovered, or the person gave it up.
-    void GiveUp(const std::string& path);
+    void GiveUp(const TempFile& copy);
 
     // Deletes one entry. Throws as Add does.
-    void Delete(const std::string& path);
+    void Delete(const TempFile& copy);
 
     // Deletes this program's own entries and those that were given up. The copies stay. Throws as Add does.
     void DeleteSection();

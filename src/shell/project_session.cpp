@@ -19,6 +19,8 @@ ProjectSession::ProjectSession(const Application& application)
 void ProjectSession::Adopt(std::unique_ptr<Document> document, DataSourceOnOpen dataSource)
 {
     connectionChanged_ = Connection();
+    if (document_ != nullptr)
+        ForgetCopies(); // of the document that goes
     document_ = std::move(document);
     if (dataSource == DataSourceOnOpen::Connect)
         connectionChanged_ = Project().ProjectConnectionChanged.Connect([this](const std::string& text) {
@@ -45,7 +47,7 @@ void ProjectSession::New(DataSourceOnOpen dataSource)
 
 bool ProjectSession::Open(const std::string& path, DataSourceOnOpen dataSource)
 {
-    const std::optional<std::string> chosen = path.empty() ? files_.AskForProject(Project().FullPath) : path;
+    const std::optional<std::string> chosen = path.empty() ? files_.AskForProject(Project()) : path;
     if (!chosen || chosen->empty() || !Load(*chosen, dataSource))
         return false;
     FileUsed.Raise(*chosen);
@@ -94,6 +96,8 @@ bool ProjectSession::Recover(const std::string& path)
 
 bool ProjectSession::Autosave()
 {
+    if (lostClasses_)
+        return false;
     const bool saved = files_.Autosave(Project(), Classes(), tempFiles_);
     Project().SetModified(true);
     return saved;

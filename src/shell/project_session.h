@@ -50,7 +50,8 @@ class ProjectSession
     // copy is no file that the person has used.
     bool Recover(const std::string& path);
 
-    // Writes the document into its copy for recovery; it stays modified. False if that fails, which is reported.
+    // Writes the document into its copy for recovery; it stays modified. False if that fails, which is reported, and
+    // for a document that has lost classes: no copy takes the place of a file that holds more.
     bool Autosave();
 
     // What the settings know of copies for recovery.

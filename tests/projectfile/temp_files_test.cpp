@@ -64,7 +64,8 @@ TEST_F(TempFilesTest, WhatWasLeftBehindIsRecoverableInTheOrderOfItsEntries)
 {
     Leave("b.kzm");
     Leave("a.kzm");
-    EXPECT_THAT(tempFiles_.Recoverable(), ElementsAre("/recovery/b.kzm", "/recovery/a.kzm"));
+    EXPECT_THAT(tempFiles_.Recoverable(),
+                ElementsAre(TempFile{"b.kzm", "/recovery/b.kzm"}, TempFile{"a.kzm", "/recovery/a.kzm"}));
     EXPECT_THAT(store_.Kept, ElementsAre("/recovery/b.kzm", "/recovery/a.kzm"));
 }
 
@@ -73,7 +74,7 @@ TEST_F(TempFilesTest, AnEntryWhoseFileIsGoneIsDeleted)
     Leave("a.kzm");
     Leave("b.kzm");
     files_.Files.erase("/recovery/a.kzm");
-    EXPECT_THAT(tempFiles_.Recoverable(), ElementsAre("/recovery/b.kzm"));
+    EXPECT_THAT(tempFiles_.Recoverable(), ElementsAre(TempFile{"b.kzm", "/recovery/b.kzm"}));
     EXPECT_THAT(Entries(), ElementsAre(Pair("b.kzm", "/recovery/b.kzm")));
 }
 
@@ -113,7 +114,7 @@ TEST_F(TempFilesTest, TheSectionGoesButForTheEntriesOfOthers)
     Leave("theirs.kzm");
     Leave("given-up.kzm");
     tempFiles_.Add(tempFiles_.NewCopy());
-    tempFiles_.GiveUp("/recovery/given-up.kzm");
+    tempFiles_.GiveUp({"given-up.kzm", "/recovery/given-up.kzm"});
     tempFiles_.DeleteSection();
     EXPECT_THAT(Entries(), ElementsAre(Pair("theirs.kzm", "/recovery/theirs.kzm")));
     EXPECT_TRUE(files_.Files.contains("/recovery/copy1.kzm"));
@@ -128,6 +129,25 @@ TEST_F(TempFilesTest, ASectionThatCouldNotBeDeletedGoesTheNextTime)
     settings_.Fails = false;
     tempFiles_.DeleteSection();
     EXPECT_THAT(Entries(), IsEmpty());
+}
+
+TEST_F(TempFilesTest, AnEntryIsKnownByItsNameWhereverItsPathLeads)
+{
+    files_.Files["/elsewhere/x.kzm"] = "unsaved";
+    settings_.SaveSetting(settings_section::kTempFiles, "odd", "/elsewhere/x.kzm");
+    Leave("a.kzm");
+    ASSERT_THAT(tempFiles_.Recoverable(),
+                ElementsAre(TempFile{"odd", "/elsewhere/x.kzm"}, TempFile{"a.kzm", "/recovery/a.kzm"}));
+    tempFiles_.Delete({"odd", "/elsewhere/x.kzm"});
+    EXPECT_THAT(Entries(), ElementsAre(Pair("a.kzm", "/recovery/a.kzm")));
+}
+
+TEST_F(TempFilesTest, AnEntryThatNamesAFolderIsDeletedAloneAsOneWithoutAFile)
+{
+    settings_.SaveSetting(settings_section::kTempFiles, "odd", "/recovery/");
+    Leave("a.kzm");
+    EXPECT_THAT(tempFiles_.Recoverable(), ElementsAre(TempFile{"a.kzm", "/recovery/a.kzm"}));
+    EXPECT_THAT(Entries(), ElementsAre(Pair("a.kzm", "/recovery/a.kzm")));
 }
 
 } // namespace

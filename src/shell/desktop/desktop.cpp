@@ -89,7 +89,11 @@ class Desktop
           rules_(assembly_.World(), dialogs_, reading_), window_(rules_, assembly_.World())
     {
         dialogs_.ShowOver(window_);
-        QObject::connect(&tmrAutosave_, &QTimer::timeout, &window_, [this] { rules_.tmrAutosave_Timer(); });
+        // Under the hourglass a routine is on its way, whose half of a change nobody wants to have back.
+        QObject::connect(&tmrAutosave_, &QTimer::timeout, &window_, [this] {
+            if (QApplication::overrideCursor() == nullptr)
+                rules_.tmrAutosave_Timer();
+        });
     }
 
     [[nodiscard]] ErrorReport& Errors() { return errors_; }

@@ -209,6 +209,8 @@ void MainWindow::StartLabelEdit()
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    if (IsBusy()) // a window manager closes what is blocked, too
+        return event->ignore();
     ui_->treMain->CommitLabel();
     if (rules_.QueryUnload()) {
         StorePlace();

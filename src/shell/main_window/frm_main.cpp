@@ -216,6 +216,8 @@ void frmMain::ApplyPreviewColors(const LineColors& colors)
 
 void frmMain::FileDropped(const std::string& path)
 {
+    if (!tools_.IsEnabled("Open"))
+        return; // the window is not loaded yet
     constexpr std::string_view kProjectEnding = ".kzm";
     if (path.size() > kProjectEnding.size() &&
         text::EqualFolded(std::string_view(path).substr(path.size() - kProjectEnding.size()), kProjectEnding))

@@ -17,12 +17,12 @@ class Recovery
 
     AfterRecovery Run()
     {
-        for (const std::string& copy : Copies()) {
+        for (const TempFile& copy : Copies()) {
             if (application_.Files.Kind(start_.File) == FileKind::File)
                 return AskForOne(copy);
             if (!IsEmptyCommandLine()) {
                 application_.Asking.Tell("", "The file does not exist. Please restart application.");
-                break;
+                return start_.File.empty() ? AfterRecovery::CommandLine : AfterRecovery::WithoutItsProject;
             }
             if (Recover(copy))
                 return AfterRecovery::Recovered;
@@ -32,9 +32,9 @@ class Recovery
     }
 
   private:
-    std::vector<std::string> Copies()
+    std::vector<TempFile> Copies()
     {
-        std::vector<std::string> copies;
+        std::vector<TempFile> copies;
         Guarded(application_.Errors, kModule, "Form_Load", [&] { copies = session_.UnsavedCopies().Recoverable(); });
         return copies;
     }
@@ -44,7 +44,7 @@ class Recovery
         return start_.File.empty() && start_.InvalidPath.empty() && (start_.NoSplash || !start_.DebugTiming);
     }
 
-    AfterRecovery AskForOne(const std::string& copy)
+    AfterRecovery AskForOne(const TempFile& copy)
     {
         const Answer answer = application_.Asking.Ask(
             {.Title = "Recoverable File Detected",
@@ -81,18 +81,18 @@ class Recovery
         }
     }
 
-    bool Recover(const std::string& copy)
+    bool Recover(const TempFile& copy)
     {
-        if (!session_.Recover(copy))
+        if (!session_.Recover(copy.Path))
             return false;
         if (session_.Autosave())
             Delete(copy);
         else
-            session_.UnsavedCopies().GiveUp(copy);
+            session_.UnsavedCopies().GiveUp(copy); // it goes when the work is settled
         return true;
     }
 
-    void Delete(const std::string& copy)
+    void Delete(const TempFile& copy)
     {
         Guarded(application_.Errors, kModule, "Form_Load", [&] { session_.UnsavedCopies().Delete(copy); });
     }

@@ -36,6 +36,17 @@ void MakeEmptyFile(const std::string& path)
         throw WriteFailure(path, errno);
 }
 
+// "4711-0123456789abcdef.kzm": what a person has put there is not ours.
+bool IsCopyName(std::string_view name)
+{
+    if (!name.ends_with(kCopySuffix))
+        return false;
+    name.remove_suffix(kCopySuffix.size());
+    const std::size_t hyphen = name.find_first_not_of("0123456789");
+    return hyphen != 0 && hyphen != std::string_view::npos && name[hyphen] == '-' && hyphen + 1 < name.size() &&
+           name.find_first_not_of("0123456789abcdef", hyphen + 1) == std::string_view::npos;
+}
+
 // The bare names of the copies of which there is a file or a lock.
 std::set<std::string> CopiesIn(const std::string& folder)
 {
@@ -46,7 +57,7 @@ std::set<std::string> CopiesIn(const std::string& folder)
         std::string name = entry->path().filename().string();
         if (name.ends_with(kLockSuffix))
             name.erase(name.size() - kLockSuffix.size());
-        if (name.ends_with(kCopySuffix))
+        if (IsCopyName(name))
             copies.insert(std::move(name));
     }
     return copies;

@@ -371,6 +371,14 @@ TEST_F(FrmMainSource, ADroppedFileIsAProjectOrADataSource)
     EXPECT_EQ(Form.Project().ProjectName(), "Desk");
 }
 
+TEST_F(FrmMainSource, BeforeTheWindowIsLoadedNoFileIsTaken)
+{
+    Form.FileDropped("/books.mdb");
+    Form.FileDropped("/desk.kzm");
+    EXPECT_THAT(Windows.Opened, IsEmpty());
+    EXPECT_THAT(Titles(), IsEmpty());
+}
+
 TEST_F(FrmMainSource, AProjectFromAnotherSystemIsKnownByItsEndingInAnyCase)
 {
     WriteProject("/DESK.KZM", "Desk");

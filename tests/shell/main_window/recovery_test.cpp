@@ -269,5 +269,54 @@ TEST_F(RecoveryTest, AnUnreadableSectionIsReportedAndTheProgramStarts)
     EXPECT_FALSE(World.Errors.Reported.empty());
 }
 
+TEST_F(RecoveryTest, AProjectThatIsLeftTakesItsEntryAlong)
+{
+    WriteProject("/other.kzm", "Other");
+    StartOnShop();
+    Form.Project().SetModified(true);
+    for (int minutes = 0; minutes < 5; ++minutes) {
+        Form.tmrAutosave_Timer();
+        Form.tmrAutosave_Timer();
+    }
+    ASSERT_THAT(Entries(), SizeIs(1));
+    World.Dialogs.Add("/shop.kzm");
+    Form.actbar_Click("Save");
+    World.Dialogs.Add("/other.kzm");
+    Form.actbar_Click("Open");
+    EXPECT_EQ(Form.Project().ProjectName(), "Other");
+    EXPECT_THAT(Entries(), IsEmpty());
+}
+
+TEST_F(RecoveryTest, ACopyThatCanBeReadInPartAloneKeepsItsEntry)
+{
+    Crash("Desk");
+    std::string& copy = World.Files.Files["/recovery/copy1.kzm"];
+    copy.insert(copy.find("End Classes"), "Begin Class Cut\r\nTableName\2Cuts\r\n");
+    const std::string before = copy;
+    EXPECT_FALSE(Form.Load({}));
+    EXPECT_TRUE(Form.Project().Recovered);
+    EXPECT_THAT(Entries(), ElementsAre(Pair("copy1.kzm", "/recovery/copy1.kzm")));
+    EXPECT_EQ(World.Files.Files["/recovery/copy1.kzm"], before);
+}
+
+TEST_F(RecoveryTest, DialogsDoNotBeginInTheFolderOfTheCopies)
+{
+    Crash("Desk");
+    static_cast<void>(Form.Load({}));
+    Form.Project().SetModified(false);
+    Form.actbar_Click("Open");
+    Form.actbar_Click("Save");
+    ASSERT_THAT(World.Dialogs.AskedToOpen(), SizeIs(1));
+    ASSERT_THAT(World.Dialogs.AskedToSave(), SizeIs(1));
+    EXPECT_EQ(World.Dialogs.AskedToOpen()[0].StartFolder, "");
+    EXPECT_EQ(World.Dialogs.AskedToSave()[0].StartFolder, "");
+    World.Dialogs.Add("/mine/desk.kzm");
+    World.Files.Folders.insert("/mine");
+    Form.actbar_Click("Save");
+    Form.actbar_Click("SaveAs");
+    EXPECT_EQ(World.Dialogs.AskedToSave().back().StartFolder, "/mine");
+    EXPECT_EQ(World.Dialogs.AskedToSave().back().DefaultName, "desk.kzm");
+}
+
 } // namespace
 } // namespace veldrane

@@ -112,12 +112,14 @@ TEST_F(RecoveryFilesTest, WhatHasHadNoEntryForThirtyDaysIsRemovedWithItsLock)
     const std::string kept = Left("2-b.kzm", 31);
     const std::string young = Left("3-c.kzm", 29);
     testing::Put(Recovery() + "/notes.txt", "of somebody");
+    const std::string own = Left("Shop.kzm", 400);
     files_.RemoveOld({kept});
     EXPECT_FALSE(IsThere(old));
     EXPECT_FALSE(IsThere(old + ".lock"));
     EXPECT_TRUE(IsThere(kept));
     EXPECT_TRUE(IsThere(young));
     EXPECT_TRUE(IsThere(Recovery() + "/notes.txt"));
+    EXPECT_TRUE(IsThere(own));
 }
 
 TEST_F(RecoveryFilesTest, ALockWithoutACopyIsRemoved)

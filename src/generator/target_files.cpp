@@ -92,9 +92,15 @@ FileOutcome TargetFiles::OutcomeOf(const std::string& path, const std::string& b
 
 void TargetFiles::Commit()
 {
-    batch_->Commit();
-    settled_.insert(settled_.end(), pending_.begin(), pending_.end());
-    pending_.clear();
+    std::vector<SettledFile> files = std::exchange(pending_, {});
+    try {
+        batch_->Commit();
+    } catch (const RuntimeError&) {
+        std::erase_if(files, [](const SettledFile& file) { return file.Outcome != FileOutcome::Left; });
+        settled_.insert(settled_.end(), files.begin(), files.end());
+        throw;
+    }
+    settled_.insert(settled_.end(), files.begin(), files.end());
 }
 
 std::string TargetFiles::NoteOnCharacters() const

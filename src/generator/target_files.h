@@ -58,7 +58,8 @@ class TargetFiles
     // Adds the file to what is written. Throws RuntimeError (75).
     void Write(NewFile& file);
 
-    // Puts in place what was added so far. Throws RuntimeError (75).
+    // Puts in place what was added so far. Throws RuntimeError (75); which of the added files are in place is not known
+    // then, and none of them is settled.
     void Commit();
 
     // The files that are in place or were left.

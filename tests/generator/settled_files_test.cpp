@@ -82,6 +82,23 @@ TEST_F(SettledFiles, OfWhichNoneCouldBePutInPlaceAreNone)
     EXPECT_THAT(generation.Files, IsEmpty());
 }
 
+TEST_F(SettledFiles, AreOnlyThoseThatWereLeftWhereTheOthersCanNotBePutInPlace)
+{
+    files.Files["/out/frmTest.frm"] = "mine";
+    files.FailingPaths = {""}; // that of a commit
+    Run(overwrite_mode::kLeave);
+    EXPECT_THAT(generation.Files, ElementsAre(SettledFile{"frmTest.frm", FileOutcome::Left}));
+    EXPECT_FALSE(files.Files.contains("/out/Shop.vbp"));
+}
+
+TEST_F(SettledFiles, AreNoneWhereTheOnlyCommitFails)
+{
+    files.FailAtCall = 7; // behind six files
+    Run(overwrite_mode::kLeave);
+    EXPECT_EQ(errors.Reported.size(), 1U);
+    EXPECT_THAT(generation.Files, IsEmpty());
+}
+
 TEST_F(SettledFiles, AConflictKnowsTheNewText)
 {
     AddClass("Order");

@@ -57,6 +57,8 @@ ConflictAnswer TargetFiles::AnswerFor(NewFile& file, const std::string& path)
 {
     switch (target_.OverwriteMode) {
     case overwrite_mode::kPrompt:
+        if (written_.contains(file.Name))
+            Commit(); // the question may compare with it
         return ports_.Conflicts.ResolveConflict({path, file.Name, [&]() -> const std::string& { return file.Content(codePage_).Bytes; }});
     case overwrite_mode::kLeave:
         return ConflictAnswer::Leave;
@@ -72,8 +74,8 @@ void TargetFiles::Write(NewFile& file)
     const text::CodePage::Encoded& content = file.Content(codePage_);
     const std::string path = PathIn(target_.TargetFolder, file.Name);
     batch_->Add(path, content.Bytes);
-    pending_.push_back({file.Name, OutcomeOf(path, content.Bytes)});
-    written_.insert(file.Name);
+    const bool isOfThisRun = !written_.insert(file.Name).second;
+    pending_.push_back({file.Name, isOfThisRun ? FileOutcome::Overwritten : OutcomeOf(path, content.Bytes)});
     if (content.Lossy && lossyFiles_++ == 0)
         firstLossyFile_ = file.Name;
 }

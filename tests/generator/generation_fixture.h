@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -26,6 +27,8 @@ class ScriptedConflicts : public ConflictResolver
     ConflictAnswer ResolveConflict(const FileConflict& conflict) override
     {
         Asked.emplace_back(conflict.Path, conflict.FileName);
+        if (InConflict)
+            InConflict(conflict);
         if (LooksAtText)
             NewBytes.push_back(conflict.NewBytes());
         if (Answers.empty())
@@ -37,6 +40,7 @@ class ScriptedConflicts : public ConflictResolver
 
     std::deque<ConflictAnswer> Answers;
     std::vector<std::pair<std::string, std::string>> Asked;
+    std::function<void(const FileConflict&)> InConflict;
     bool LooksAtText = false;
     std::vector<std::string> NewBytes; // of the files asked about
     int FilesUntilCancel = -1;         // negative: the run is not given up

@@ -99,6 +99,29 @@ TEST_F(SettledFiles, AreNoneWhereTheOnlyCommitFails)
     EXPECT_THAT(generation.Files, IsEmpty());
 }
 
+TEST_F(SettledFiles, TellOfAFileThatTheRunWroteTwice)
+{
+    AddClass("Auto");
+    for (const std::int32_t mode : {overwrite_mode::kBackupAndOverwrite, overwrite_mode::kPrompt}) {
+        files.Files.clear();
+        conflicts.Answers = {ConflictAnswer::Overwrite};
+        Run(mode);
+        EXPECT_EQ(generation.Files.at(5), (SettledFile{"Auto.cls", FileOutcome::New}));
+        EXPECT_EQ(generation.Files.at(6), (SettledFile{"Auto.cls", FileOutcome::Overwritten}));
+    }
+}
+
+TEST_F(SettledFiles, AConflictWithAFileOfThisRunFindsItInPlace)
+{
+    AddClass("Auto");
+    std::string standing;
+    conflicts.InConflict = [&](const FileConflict& conflict) { standing = files.Read(conflict.Path); };
+    Run(overwrite_mode::kPrompt);
+    EXPECT_THAT(standing, HasSubstr("Private mvarIsConnected as Boolean"));
+    EXPECT_EQ(generation.Files.at(5), (SettledFile{"Auto.cls", FileOutcome::New}));
+    EXPECT_EQ(generation.Files.at(6), (SettledFile{"Auto.cls", FileOutcome::Left}));
+}
+
 TEST_F(SettledFiles, AConflictKnowsTheNewText)
 {
     AddClass("Order");

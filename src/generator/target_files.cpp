@@ -19,7 +19,7 @@ void AppendLine(std::string& text, std::string_view line)
 std::string PathIn(const std::string& folder, std::string_view fileName)
 {
     std::string path = folder;
-    if (!path.ends_with('/'))
+    if (!path.empty() && !path.ends_with('/'))
         path += '/';
     return path.append(fileName);
 }

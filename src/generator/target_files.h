@@ -24,7 +24,7 @@ class RunAborted : public std::runtime_error
 // Appends a message to a run's text, on a line of its own; nothing for an empty one.
 void AppendLine(std::string& text, std::string_view line);
 
-// The path of a file in the folder.
+// The path of a file in the folder; for "", in the current one.
 [[nodiscard]] std::string PathIn(const std::string& folder, std::string_view fileName);
 
 // A file's name, and its text, which is written when it is first asked for.

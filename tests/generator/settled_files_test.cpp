@@ -1,4 +1,5 @@
 #include "generation_fixture.h"
+#include "generator/target_files.h"
 
 #include <gmock/gmock.h>
 
@@ -9,6 +10,13 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+
+TEST(PathIn, WithoutAFolderIsNotTheRoot)
+{
+    EXPECT_EQ(PathIn("", "Shop.vbp"), "Shop.vbp");
+    EXPECT_EQ(PathIn("/", "Shop.vbp"), "/Shop.vbp");
+    EXPECT_EQ(PathIn("/out", "Shop.vbp"), "/out/Shop.vbp");
+}
 
 class SettledFiles : public GenerationTest
 {

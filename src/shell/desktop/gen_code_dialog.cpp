@@ -105,6 +105,8 @@ void GenCodeDialog::ShowAll()
     ShowButton(*ui_->cmdBack, rules_.cmdBack());
     ShowButton(*ui_->cmdNext, rules_.cmdNext());
     ShowButton(*ui_->cmdCancel, rules_.cmdCancel());
+    newFolder_->setEnabled(!rules_.treFolder().empty());
+    ui_->cmdNewFolder->setEnabled(newFolder_->isEnabled());
     ShowFolder();
     ShowSteps();
     ShowEnd();
@@ -179,8 +181,8 @@ void GenCodeDialog::ChooseInTree(const QModelIndex& index)
     if (!index.isValid())
         return;
     const QString path = folders_.filePath(index);
-    rules_.treFolder_Change(FromQt(path));
     ui_->txtFolder->setText(path);
+    rules_.treFolder_Change(FromQt(path));
     TellOfFolder();
 }
 

@@ -1,5 +1,6 @@
 #include "shell/wizard/frm_gen_code.h"
 
+#include "generator/target_files.h"
 #include "shell/option_text.h"
 #include "shell/platform/paths.h"
 
@@ -40,11 +41,6 @@ constexpr auto kModes = std::to_array<ModeSetting>({
 });
 
 constexpr std::string_view kAutoCompile = "AutoCompile";
-
-std::string PathIn(const std::string& folder, const std::string& name)
-{
-    return folder.ends_with('/') ? folder + name : folder + "/" + name;
-}
 
 } // namespace
 
@@ -105,10 +101,20 @@ void frmGenCode::GoTo(int page)
     page_ = page;
     back_.Enabled = page == wizard_page::kFolder || page == wizard_page::kOptions;
     next_.Caption = page == wizard_page::kOptions ? "&Finish" : "&Next >";
+    next_.Enabled = page != wizard_page::kProgress && (page != wizard_page::kFolder || !folder_.empty());
+}
+
+void frmGenCode::treFolder_Change(const std::string& path)
+{
+    folder_ = path;
+    GoTo(page_);
+    Changed.Raise();
 }
 
 void frmGenCode::cmdNext_Click()
 {
+    if (!next_.Enabled)
+        return;
     switch (page_) {
     case wizard_page::kIntroduction:
         ChooseFolder();
@@ -118,7 +124,6 @@ void frmGenCode::cmdNext_Click()
         break;
     case wizard_page::kOptions:
         GoTo(wizard_page::kProgress);
-        next_.Enabled = false;
         WriteSettings();
         startIsDue_ = true;
         break;
@@ -232,6 +237,8 @@ bool frmGenCode::IsCancelled()
 
 void frmGenCode::NewFolder()
 {
+    if (folder_.empty())
+        return;
     const std::string name = dialogs_.NewFolderName();
     if (name.empty())
         return;
@@ -240,8 +247,7 @@ void frmGenCode::NewFolder()
         return application_.Asking.Tell("", "The folder name already exists in this directory.");
     if (!Guarded(application_.Errors, kModule, "NewFolder", [&] { dialogs_.MakeFolder(path); }))
         return;
-    folder_ = path;
-    Changed.Raise();
+    treFolder_Change(path);
 }
 
 void frmGenCode::lblOpenProject_Click()

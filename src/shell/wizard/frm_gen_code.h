@@ -50,9 +50,9 @@ class frmGenCode : private ConflictResolver
     [[nodiscard]] const WizardButton& cmdCancel() const { return cancel_; }
     [[nodiscard]] const std::string& lblInst() const { return instructions_; }
 
-    // The target folder.
+    // The target folder; without one the page can't be left forward.
     [[nodiscard]] const std::string& treFolder() const { return folder_; }
-    void treFolder_Change(const std::string& path) { folder_ = path; }
+    void treFolder_Change(const std::string& path);
 
     // What becomes of files that exist: one of overwrite_mode.
     [[nodiscard]] std::int32_t Mode() const { return mode_; }
@@ -84,6 +84,7 @@ class frmGenCode : private ConflictResolver
     void tmrStart_Timer();
 
     // The command "NewFolder" of the folder tree: asks for a name and makes the folder, which is the target then.
+    // Nothing happens while there is no target folder to make it in.
     void NewFolder();
 
     // Opens the generated project group.

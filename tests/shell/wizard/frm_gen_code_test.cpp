@@ -179,6 +179,34 @@ TEST_F(FrmGenCode, APathThatIsNotQualifiedIsToldAndMayBeUsed)
     EXPECT_TRUE(Wizard().tmrStart());
 }
 
+TEST_F(FrmGenCode, WithoutAFolderItStaysOnThePage)
+{
+    Next(1);
+    Wizard().treFolder_Change("");
+    EXPECT_FALSE(Wizard().cmdNext().Enabled);
+    Next(1);
+    EXPECT_EQ(Wizard().tabMain(), wizard_page::kFolder);
+    EXPECT_THAT(world_.Messages.Asked(), IsEmpty());
+    dialogs_.FolderName = "code";
+    Wizard().NewFolder();
+    EXPECT_EQ(Wizard().treFolder(), "");
+    EXPECT_EQ(world_.Files.Folders.count("/code"), 0U);
+    Wizard().treFolder_Change("/other");
+    EXPECT_TRUE(Wizard().cmdNext().Enabled);
+    Next(1);
+    EXPECT_EQ(session_.Project().OutputPath, "/other");
+}
+
+TEST_F(FrmGenCode, WithoutAFolderToBeginAtItStaysOnThePageAndGoesBack)
+{
+    session_.Project().OutputPath = "";
+    dialogs_.Home = "";
+    Next(2);
+    EXPECT_EQ(Wizard().tabMain(), wizard_page::kFolder);
+    Wizard().cmdBack_Click();
+    EXPECT_TRUE(Wizard().cmdNext().Enabled);
+}
+
 TEST_F(FrmGenCode, GoesBackPageByPage)
 {
     Next(2);

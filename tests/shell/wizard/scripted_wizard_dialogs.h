@@ -22,7 +22,7 @@ class ScriptedWizardDialogs : public WizardDialogs
         if (InConflict)
             InConflict(conflict);
     }
-    [[nodiscard]] std::string DefaultFolder() override { return "/home/me"; }
+    [[nodiscard]] std::string DefaultFolder() override { return Home; }
     [[nodiscard]] std::string NewFolderName() override { return FolderName; }
     void MakeFolder(const std::string& path) override
     {
@@ -34,6 +34,7 @@ class ScriptedWizardDialogs : public WizardDialogs
 
     std::vector<std::string> Opened;
     std::function<void(frmFile&)> InConflict;
+    std::string Home = "/home/me";
     std::string FolderName;
     bool MayMakeFolders = true;
 

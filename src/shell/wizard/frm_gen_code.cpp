@@ -164,6 +164,7 @@ void frmGenCode::cmdBack_Click()
 
 void frmGenCode::cmdCancel_Click()
 {
+    startIsDue_ = false;
     if (!isRunning_)
         return dialogs_.Close();
     isCancelled_ = true;

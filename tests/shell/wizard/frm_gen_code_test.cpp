@@ -369,6 +369,16 @@ TEST_F(FrmGenCode, CancelClosesTheWizardOtherwise)
     EXPECT_THAT(dialogs_.Opened, ElementsAre("end"));
 }
 
+TEST_F(FrmGenCode, CancelBeforeTheRunHasBegunTakesItBack)
+{
+    Next(3);
+    Wizard().cmdCancel_Click();
+    EXPECT_FALSE(Wizard().tmrStart());
+    Wizard().tmrStart_Timer();
+    EXPECT_THAT(dialogs_.Opened, ElementsAre("end"));
+    EXPECT_THAT(world_.Files.Files, IsEmpty());
+}
+
 TEST_F(FrmGenCode, ChecksWhatIsDoneAndSetsOffWhatIsUnderWay)
 {
     Next(3);

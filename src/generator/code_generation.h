@@ -45,7 +45,7 @@ class ConflictResolver
 
     [[nodiscard]] virtual ConflictAnswer ResolveConflict(const FileConflict& conflict) = 0;
 
-    // Asked before each file: whether the person has given up the run.
+    // Asked before each file and before the compiler: whether the person has given up the run.
     [[nodiscard]] virtual bool IsCancelled() { return false; }
 };
 

@@ -12,6 +12,7 @@ namespace veldrane {
 namespace {
 
 constexpr std::string_view kNoCommand = "No Visual Basic command is set: the project was written, not compiled.";
+constexpr std::string_view kCancelled = "Cancelled: the project was written, not compiled.";
 
 // How long the compiler gets. One that needs longer leaves no log in time.
 constexpr std::chrono::seconds kCompilerTime{2};
@@ -51,6 +52,8 @@ void CompileProject(CodeGeneration& generation, const GenerationPorts& ports, co
 {
     const std::string logPath = PathIn(generation.Settings.ApplicationFolder, "Compile.log");
     generation.StatusChanged.Raise(1, "Code Generation Complete.");
+    if (ports.Conflicts.IsCancelled())
+        return AppendLine(generation.ErrorText, kCancelled);
     generation.StatusChanged.Raise(2, "Compiles your ActiveX COM Object...");
     try {
         if (ports.Files.Kind(logPath) == FileKind::File)

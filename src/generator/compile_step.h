@@ -15,6 +15,7 @@ inline constexpr std::string_view kCompilationFailed = "ActiveX COM Object Compi
 [[nodiscard]] std::vector<std::string> SplitCommand(std::string_view command);
 
 // Compiles the project that was written into the folder, and puts what its log says into the generation's ErrorText.
+// Nothing is compiled where the person has given up the run by then; the text says so.
 // A compiler that can't be started or leaves no log in time is passed over: the run counts as complete all the same.
 void CompileProject(CodeGeneration& generation, const GenerationPorts& ports, const std::string& projectName, const std::string& targetFolder);
 

@@ -149,6 +149,18 @@ TEST_F(CompileStep, DoesNotHappenUnlessAskedFor)
     EXPECT_TRUE(files.Files.contains("/state/Compile.log"));
 }
 
+TEST_F(CompileStep, DoesNotFollowFilesAfterWhichTheRunWasGivenUp)
+{
+    const Connection cancelling = generation.StatusChanged.Connect([this](int, const std::string& message) {
+        if (message == "Code Generation Complete.")
+            conflicts.FilesUntilCancel = 0;
+    });
+    Run();
+    EXPECT_TRUE(programs.Started.empty());
+    EXPECT_EQ(clock.Waited.count(), 0);
+    EXPECT_EQ(Compiling(), (Texts{"1 Code Generation Complete.", "100%", "complete: Cancelled: the project was written, not compiled."}));
+}
+
 TEST_F(CompileStep, DoesNotFollowARunThatEndedEarly)
 {
     files.FailingPaths = {"/out/Globals.Bas"};

@@ -165,6 +165,8 @@ void frmGenCode::cmdBack_Click()
 void frmGenCode::cmdCancel_Click()
 {
     startIsDue_ = false;
+    if (!cancel_.Enabled)
+        return;
     if (!isRunning_)
         return dialogs_.Close();
     isCancelled_ = true;
@@ -189,6 +191,7 @@ void frmGenCode::tmrStart_Timer()
 // What is done is checked, what is under way is bold.
 void frmGenCode::StatusChanged(int stage, const std::string& message)
 {
+    constexpr int kFilesStage = 1;
     constexpr int kLastBold = 3;
     for (int step = 1; step <= static_cast<int>(steps_.size()); ++step) {
         WizardStep& shown = steps_[static_cast<std::size_t>(step - 1)];
@@ -197,6 +200,8 @@ void frmGenCode::StatusChanged(int stage, const std::string& message)
         if (step == stage)
             shown.lblProgress = message;
     }
+    if (stage > kFilesStage)
+        cancel_.Enabled = false;
     ShowAndServe();
 }
 

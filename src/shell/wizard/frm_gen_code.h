@@ -76,7 +76,8 @@ class frmGenCode : private ConflictResolver
     void cmdNext_Click();
     void cmdBack_Click();
 
-    // Closes the wizard; a run is given up before its next file instead, and tells what it has written by then.
+    // Closes the wizard; a run is given up before its next file or before the compiler starts instead, and tells what
+    // it has written by then. The compiler's work can't be given up: the button is disabled meanwhile.
     void cmdCancel_Click();
 
     // Whether the run is due, which tmrStart_Timer starts once the page has been painted.

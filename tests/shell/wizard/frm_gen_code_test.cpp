@@ -362,6 +362,33 @@ TEST_F(FrmGenCode, CancelGivesUpTheRunBeforeItsNextFile)
     EXPECT_THAT(dialogs_.Opened, ElementsAre("end"));
 }
 
+TEST_F(FrmGenCode, CancelAfterTheLastFileKeepsTheCompilerFromStarting)
+{
+    world_.State.Generation.VisualBasicCommand = "vb6";
+    Next(3);
+    const Connection pressing = Wizard().Process.StatusChanged.Connect([&](int, const std::string& message) {
+        if (message == "Code Generation Complete.")
+            Wizard().cmdCancel_Click();
+    });
+    Wizard().tmrStart_Timer();
+    EXPECT_THAT(world_.Processes.Started, IsEmpty());
+    EXPECT_EQ(Wizard().lblInst(), "Code Generation Complete!");
+    EXPECT_EQ(Wizard().txtWarnings(), "Cancelled: the project was written, not compiled.");
+}
+
+TEST_F(FrmGenCode, OnceTheCompilerIsAtWorkThereIsNothingToCancel)
+{
+    world_.State.Generation.VisualBasicCommand = "vb6";
+    world_.Processes.OnStart = [&](const std::vector<std::string>&) {
+        EXPECT_FALSE(Wizard().cmdCancel().Enabled);
+        Wizard().cmdCancel_Click();
+    };
+    Run();
+    EXPECT_THAT(world_.Processes.Started, SizeIs(1));
+    EXPECT_THAT(dialogs_.Opened, IsEmpty());
+    EXPECT_TRUE(Wizard().cmdCancel().Enabled);
+}
+
 TEST_F(FrmGenCode, CancelClosesTheWizardOtherwise)
 {
     Next(2);

@@ -4,17 +4,10 @@
 #include "shell/generation_run.h"
 #include "shell/invalid_path.h"
 #include "shell/open_project_file.h"
-#include "shell/option_text.h"
 #include "shell/platform/paths.h"
 
 namespace veldrane {
 namespace {
-
-// The check box of the wizard, as it was left.
-bool WantsCompile(const RegistryAccess& registry)
-{
-    return BooleanOf(registry.GetKeyValue(settings_section::kGenerateCodeSettings, "AutoCompile"), true);
-}
 
 // Why the folder may not be emptied. What could not be generated anew is not given up.
 std::optional<std::string> ReasonAgainstDelete(const Application& application, ProjectSession& session,

@@ -2,6 +2,7 @@
 
 #include "generator/code_generation.h"
 #include "generator/compile_step.h"
+#include "shell/option_text.h"
 #include "shell/platform/paths.h"
 #include "shell/remembered_reports.h"
 
@@ -112,6 +113,11 @@ RunEnd EndOfAbortedRun(const std::string& message)
     return {.Instructions = "Code Generation Incomplete...",
             .Heading = "The operation completed with the following warnings:",
             .Text = message.empty() ? "The operation did not complete successfully." : message};
+}
+
+bool WantsCompile(const RegistryAccess& registry)
+{
+    return BooleanOf(registry.GetKeyValue(settings_section::kGenerateCodeSettings, kAutoCompile), true);
 }
 
 int RunGeneration(const Application& application, const TTCProject& project, KZMClasses& classes,

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "generator/code_generation.h"
+#include "ports/settings.h"
 #include "shell/application.h"
 
 #include <string>
+#include <string_view>
 
 namespace veldrane {
 
@@ -18,6 +20,12 @@ struct RunEnd
 // `message` is what the run had to say, "" for nothing.
 [[nodiscard]] RunEnd EndOfCompleteRun(const std::string& message);
 [[nodiscard]] RunEnd EndOfAbortedRun(const std::string& message);
+
+// The setting of the wizard's box for compiling, in the section GenerateCodeSettings.
+inline constexpr std::string_view kAutoCompile = "AutoCompile";
+
+// Whether the project is to be compiled, as the box was left: on unless set.
+[[nodiscard]] bool WantsCompile(const RegistryAccess& registry);
 
 // Generates the project with nobody to ask: a file in the way is left where the mode would ask. Tells how the run ended
 // where there is something to tell, and answers the exit code: kFailed for a run that was aborted, did not compile, had

@@ -40,8 +40,6 @@ constexpr auto kModes = std::to_array<ModeSetting>({
     {overwrite_mode::kBackupAndOverwrite, "Overwrite", false},
 });
 
-constexpr std::string_view kAutoCompile = "AutoCompile";
-
 } // namespace
 
 frmGenCode::frmGenCode(const Application& application, TTCProject& project, KZMClasses& classes, WizardDialogs& dialogs)
@@ -80,7 +78,7 @@ void frmGenCode::ReadSettings()
     };
     const auto found = std::find_if(kModes.rbegin(), kModes.rend(), isOn);
     mode_ = found == kModes.rend() ? overwrite_mode::kPrompt : found->Mode;
-    compile_ = application_.UserSettings.GetKeyValue(settings_section::kGenerateCodeSettings, kAutoCompile) != "0";
+    compile_ = WantsCompile(application_.UserSettings);
 }
 
 // A box that is disabled says nothing of what the person wants.

@@ -116,6 +116,21 @@ TEST_F(FrmGenCode, TakesUpItsSettings)
     EXPECT_FALSE(Wizard().chkCompile());
 }
 
+TEST_F(FrmGenCode, TakesEveryWordForOffAsTheCommandLineDoes)
+{
+    world_.State.Generation.VisualBasicCommand = "vb6";
+    for (const char* off : {"0", " 0", "False", "never"}) {
+        Store("AutoCompile", off);
+        wizard_.reset();
+        EXPECT_FALSE(Wizard().chkCompile()) << off;
+    }
+    for (const char* on : {"1", "True", "-1"}) {
+        Store("AutoCompile", on);
+        wizard_.reset();
+        EXPECT_TRUE(Wizard().chkCompile()) << on;
+    }
+}
+
 TEST_F(FrmGenCode, WithoutACommandForVisualBasicTheBoxIsOffAndItsSettingStays)
 {
     Store("AutoCompile", "1");

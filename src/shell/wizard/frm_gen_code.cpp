@@ -249,7 +249,7 @@ void frmGenCode::NewFolder()
     const std::string path = PathIn(folder_, name);
     if (application_.Files.Kind(path) != FileKind::Missing)
         return application_.Asking.Tell("", "The folder name already exists in this directory.");
-    if (!Guarded(application_.Errors, kModule, "NewFolder", [&] { dialogs_.MakeFolder(path); }))
+    if (!Guarded(application_.Errors, kModule, "CreateFolder", [&] { dialogs_.MakeFolder(path); }))
         return;
     treFolder_Change(path);
 }

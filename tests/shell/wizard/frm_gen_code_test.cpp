@@ -472,7 +472,9 @@ TEST_F(FrmGenCode, AFolderThatCanNotBeMadeIsReported)
     dialogs_.FolderName = "code";
     dialogs_.MayMakeFolders = false;
     Wizard().NewFolder();
-    EXPECT_THAT(world_.Errors.Reported, SizeIs(1));
+    ASSERT_THAT(world_.Errors.Reported, SizeIs(1));
+    EXPECT_EQ(world_.Errors.Reported[0].Place.ModuleName, "frmGenCode");
+    EXPECT_EQ(world_.Errors.Reported[0].Place.RoutineName, "CreateFolder");
     EXPECT_EQ(Wizard().treFolder(), "/out");
 }
 

@@ -3,6 +3,7 @@
 #include "text/strings.h"
 
 #include <algorithm>
+#include <array>
 #include <dtl/dtl.hpp>
 
 namespace veldrane {
@@ -13,24 +14,55 @@ using Lines = std::vector<std::string>;
 // Lines that differ at both ends of a text are compared with all others, so the work grows with their product.
 constexpr std::size_t kMostCompared = 4000;
 
+constexpr std::string_view kUsualEnd = "\r\n";
+
+// Each with its end.
 Lines LinesOf(std::string_view text)
 {
     Lines lines;
     while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        std::string_view line = text.substr(0, end);
-        if (line.ends_with('\r'))
-            line.remove_suffix(1);
-        lines.emplace_back(line);
-        text.remove_prefix(std::min(end + 1, text.size()));
+        const std::size_t end = text.find('\n');
+        const std::size_t length = end == std::string_view::npos ? text.size() : end + 1;
+        lines.emplace_back(text.substr(0, length));
+        text.remove_prefix(length);
     }
     return lines;
+}
+
+std::string_view EndOf(std::string_view line)
+{
+    if (line.ends_with(kUsualEnd))
+        return kUsualEnd;
+    return line.ends_with('\n') ? "\n" : "";
+}
+
+bool HasLineWithEnd(const Lines& lines, std::string_view end)
+{
+    return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) { return EndOf(line) == end; });
+}
+
+// Whether the ends of lines are a difference themselves: one text has some that the other has not.
+bool DifferInEnds(const Lines& before, const Lines& after)
+{
+    constexpr std::array<std::string_view, 3> kEnds{kUsualEnd, "\n", ""};
+    return !before.empty() && !after.empty() && std::any_of(kEnds.begin(), kEnds.end(), [&](std::string_view end) {
+        return HasLineWithEnd(before, end) != HasLineWithEnd(after, end);
+    });
+}
+
+std::string_view NameOfUnusualEnd(std::string_view end)
+{
+    if (end == kUsualEnd)
+        return "";
+    return end.empty() ? " [no line end]" : " [LF]";
 }
 
 class Comparison
 {
   public:
-    Comparison(const Lines& before, const Lines& after) : before_(before), after_(after) {}
+    Comparison(const Lines& before, const Lines& after)
+        : before_(before), after_(after), tellsEnds_(DifferInEnds(before, after))
+    {}
 
     std::vector<DifferenceLine> Run()
     {
@@ -78,12 +110,19 @@ class Comparison
         for (; count > 0; --count) {
             ++old_;
             ++new_;
-            found_.push_back({DifferenceKind::Same, old_, new_, before_[old_ - 1]});
+            found_.push_back({DifferenceKind::Same, old_, new_, Shown(before_[old_ - 1], false)});
         }
     }
 
-    void AddRemoved(const std::string& line) { found_.push_back({DifferenceKind::Removed, ++old_, 0, line}); }
-    void AddAdded(const std::string& line) { found_.push_back({DifferenceKind::Added, 0, ++new_, line}); }
+    void AddRemoved(const std::string& line) { found_.push_back({DifferenceKind::Removed, ++old_, 0, Shown(line, tellsEnds_)}); }
+    void AddAdded(const std::string& line) { found_.push_back({DifferenceKind::Added, 0, ++new_, Shown(line, tellsEnds_)}); }
+
+    static std::string Shown(std::string_view line, bool tellsEnd)
+    {
+        const std::string_view end = EndOf(line);
+        std::string shown(line.substr(0, line.size() - end.size()));
+        return tellsEnd ? shown.append(NameOfUnusualEnd(end)) : shown;
+    }
 
     void PutRemovedFirst()
     {
@@ -99,6 +138,7 @@ class Comparison
 
     const Lines& before_;
     const Lines& after_;
+    const bool tellsEnds_;
     std::vector<DifferenceLine> found_;
     std::size_t old_ = 0; // lines so far
     std::size_t new_ = 0;

@@ -15,7 +15,9 @@ enum class DifferenceKind
     Added,   // stands in the new text alone
 };
 
-// A line of the unified view. Lines count from 1; a line that a text lacks has no number there.
+// A line of the unified view. Lines count from 1; a line that a text lacks has no number there. The text is without the
+// line's end; where the ends are a difference themselves, it tells that of a line that is not the same and ends in
+// another way than the generated ones: "x [LF]", "x [no line end]".
 struct DifferenceLine
 {
     DifferenceKind Kind = DifferenceKind::Same;
@@ -35,7 +37,7 @@ struct DifferenceRow
     friend bool operator==(const DifferenceRow&, const DifferenceRow&) = default;
 };
 
-// By which lines the new text differs from the old one; of each difference, what was removed stands first. Texts that
+// By which lines the new text differs from the old one, their ends included; of each difference, what was removed stands first. Texts that
 // have next to nothing in common are not compared line by line beyond their beginnings and ends: the old lines come
 // first then, and all of the new ones behind them.
 [[nodiscard]] std::vector<DifferenceLine> DifferencesOf(std::string_view oldText, std::string_view newText);

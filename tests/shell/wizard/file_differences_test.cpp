@@ -51,8 +51,15 @@ TEST(FileDifferences, OfAnEmptyFileAreAllLines)
 
 TEST(FileDifferences, ALastLineWithoutAnEndIsALine)
 {
-    EXPECT_THAT(Shown("a\r\nb", "a\r\nb\r\n"), ElementsAre(" a", " b"));
+    EXPECT_THAT(Shown("a\r\nb", "a\r\nb"), ElementsAre(" a", " b"));
+    EXPECT_THAT(Shown("a\r\nb", "a\r\nb\r\n"), ElementsAre(" a", "-b [no line end]", "+b"));
     EXPECT_THAT(Shown("a\r\n\r\n", "a\r\n"), ElementsAre(" a", "-"));
+}
+
+TEST(FileDifferences, OfTheEndsOfLinesAreToldInWords)
+{
+    EXPECT_THAT(Shown("a\nb\n", "a\r\nb\r\n"), ElementsAre("-a [LF]", "-b [LF]", "+a", "+b"));
+    EXPECT_THAT(Shown("a\r\nb\nc\r\n", "a\r\nb\r\nx\r\n"), ElementsAre(" a", "-b [LF]", "-c", "+b", "+x"));
 }
 
 TEST(FileDifferences, NumberTheLinesOfBothTexts)

@@ -181,8 +181,8 @@ void frmODBCLogon::DropFile(const std::string& path)
 {
     if (IsJetFile(path))
         SelectProvider(kJetProvider);
-    else
-        SelectSqliteDriver();
+    else if (!SelectSqliteDriver())
+        TellOfMissingSqliteDriver();
     if (Page().cmdBrowseEnabled)
         Page().txtDatabase = path;
 }
@@ -204,14 +204,25 @@ std::optional<std::size_t> frmODBCLogon::SqliteDriver() const
     return found;
 }
 
-void frmODBCLogon::SelectSqliteDriver()
+bool frmODBCLogon::SelectSqliteDriver()
 {
     const std::optional<std::size_t> driver = SqliteDriver();
     if (!driver)
-        return;
+        return false;
     SelectProvider(kOdbcProvider);
     optDSNLess_Click();
     cmbDrivers_Click(*driver);
+    return true;
+}
+
+// A driver of other files may take it, and that there is no driver at all has been told.
+void frmODBCLogon::TellOfMissingSqliteDriver()
+{
+    if (!OffersOdbc() || (page_ != logon_page::kJet && Page().cmdBrowseEnabled))
+        return;
+    surroundings_.Asking.Tell(
+        "No Driver Specified",
+        "No ODBC driver for SQLite is installed; on Debian: apt install libsqliteodbc");
 }
 
 void frmODBCLogon::cmdOK_Click()

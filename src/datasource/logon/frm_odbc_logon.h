@@ -107,7 +107,8 @@ class frmODBCLogon
 
     // A file was dropped on the dialog: a Jet file (by its ending, .mdb) or, where a driver for SQLite is set up, one
     // of that is selected with its page, its driver (one for version 3 before any other) and its path. Any other goes
-    // where the path of a file is asked for.
+    // where the path of a file is asked for; unless that is a page of a driver for files, the person is told that there
+    // is no driver for SQLite.
     void DropFile(const std::string& path);
 
     void cmdOK_Click();
@@ -121,7 +122,8 @@ class frmODBCLogon
     };
 
     [[nodiscard]] std::optional<std::size_t> SqliteDriver() const; // its row
-    void SelectSqliteDriver();
+    bool SelectSqliteDriver(); // whether there is one
+    void TellOfMissingSqliteDriver();
     void Choose(Target target); // nothing to choose on the Jet page
     bool LoadLists();           // whether there is anything to read a string back into
     void GetDSNsAndDrivers();

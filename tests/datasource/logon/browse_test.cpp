@@ -195,6 +195,22 @@ TEST_F(LogonBrowse, AJetFileThatIsDroppedIsOneByItsEnding)
     EXPECT_EQ(dialog->Page().txtDatabase, "/data/Shop.MDB");
 }
 
+TEST_F(LogonBrowse, WithoutADriverForSqliteADroppedFileSaysSo)
+{
+    installed.Libraries.erase("SQLite3");
+    installed.Sources = {{"Shop", "PostgreSQL Unicode"}};
+    for (const char* provider : {"Microsoft.Jet.OLEDB.4.0", "MSDASQL"}) {
+        const auto dialog = LoadedAt(provider);
+        messages.Forget();
+        dialog->DropFile("/data/shop.db");
+        ASSERT_EQ(messages.Asked().size(), 1U) << provider;
+        EXPECT_EQ(messages.Asked()[0].Title, "No Driver Specified");
+        EXPECT_EQ(messages.Asked()[0].Text, "No ODBC driver for SQLite is installed; on Debian: apt install libsqliteodbc");
+        dialog->DropFile("/data/shop.mdb");
+        EXPECT_EQ(messages.Asked().size(), 1U);
+    }
+}
+
 TEST_F(LogonBrowse, AFileThatIsDroppedGoesWhereAPathIsAskedFor)
 {
     installed.Libraries.erase("SQLite3");
@@ -203,6 +219,7 @@ TEST_F(LogonBrowse, AFileThatIsDroppedGoesWhereAPathIsAskedFor)
     dialog->DropFile("/data/Shop.dat");
     EXPECT_EQ(dialog->Page().cmbDSN.Text(), "Old Files");
     EXPECT_EQ(dialog->Page().txtDatabase, "/data/Shop.dat");
+    EXPECT_TRUE(messages.Asked().empty());
     SelectDSN(*dialog, "Shop");
     dialog->DropFile("/data/Other.dat");
     EXPECT_EQ(dialog->Page().txtDatabase, "/data/Shop.dat");

@@ -3,6 +3,7 @@
 #include "ports/file_dialogs.h"
 
 #include <deque>
+#include <functional>
 #include <initializer_list>
 #include <optional>
 #include <string>
@@ -27,6 +28,8 @@ class ScriptedFileDialogs : public FileDialogs
         return Choose(saved_, request);
     }
 
+    std::function<void()> WhileOpen; // what happens behind the dialog
+
     void Add(std::optional<std::string> choice) { choices_.push_back(std::move(choice)); }
 
     [[nodiscard]] const std::vector<FileDialogRequest>& AskedToOpen() const { return opened_; }
@@ -36,6 +39,8 @@ class ScriptedFileDialogs : public FileDialogs
     std::optional<std::string> Choose(std::vector<FileDialogRequest>& asked, const FileDialogRequest& request)
     {
         asked.push_back(request);
+        if (WhileOpen)
+            WhileOpen();
         if (choices_.empty())
             return std::nullopt;
         std::optional<std::string> choice = choices_.front();

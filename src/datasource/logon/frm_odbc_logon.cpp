@@ -168,13 +168,14 @@ void frmODBCLogon::Choose(Target target)
 
 void frmODBCLogon::cmdBrowse_Click()
 {
+    LogonPage& page = Page(); // whatever is in front when the file is chosen
     const std::string filter = page_ == logon_page::kJet
                                    ? "Microsoft Access Databases|*.mdb|All Files|*.*"
-                                   : BrowseFilter(Page().DriverName(), surroundings_.Installed, surroundings_.Asking);
+                                   : BrowseFilter(page.DriverName(), surroundings_.Installed, surroundings_.Asking);
     const auto path = surroundings_.Files.AskForFileToOpen(
-        {.Title = "Select DataSource File", .Filter = filter, .DefaultName = Page().txtDatabase});
+        {.Title = "Select DataSource File", .Filter = filter, .DefaultName = page.txtDatabase});
     if (path)
-        Page().txtDatabase = *path;
+        page.txtDatabase = *path;
 }
 
 void frmODBCLogon::DropFile(const std::string& path)

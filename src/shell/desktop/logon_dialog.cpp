@@ -6,6 +6,7 @@
 #include "shell/desktop/qt_text.h"
 #include "ui_frm_odbc_logon.h"
 
+#include <QApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QSignalBlocker>
@@ -123,14 +124,23 @@ void LogonDialog::reject()
     QDialog::reject();
 }
 
+// A window stands in front of it.
+bool LogonDialog::IsBusy() const
+{
+    const QWidget* front = QApplication::activeModalWidget();
+    return front != nullptr && front != this;
+}
+
 void LogonDialog::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!DroppedFile(event->mimeData()).empty())
+    if (!IsBusy() && !DroppedFile(event->mimeData()).empty())
         event->acceptProposedAction();
 }
 
 void LogonDialog::dropEvent(QDropEvent* event)
 {
+    if (IsBusy())
+        return;
     Do([&] { rules_.DropFile(DroppedFile(event->mimeData())); });
     event->acceptProposedAction();
 }

@@ -164,6 +164,16 @@ TEST_F(LogonBrowse, SaysThatNoDriverTellsNoFileType)
     ExpectNoFilterSaid();
 }
 
+TEST_F(LogonBrowse, AFileGoesToThePageThatAskedForIt)
+{
+    const auto dialog = LoadedAt("Microsoft.Jet.OLEDB.4.0");
+    files.Add("/data/Shop.mdb");
+    files.WhileOpen = [&] { Select(*dialog, "MSDASQL"); };
+    dialog->cmdBrowse_Click();
+    EXPECT_EQ(dialog->Pages()[logon_page::kJet].txtDatabase, "/data/Shop.mdb");
+    EXPECT_EQ(dialog->Page().txtDatabase, "");
+}
+
 TEST_F(LogonBrowse, AFileThatIsDroppedIsOneForSqlite)
 {
     const auto dialog = LoadedAt("SQLOLEDB");

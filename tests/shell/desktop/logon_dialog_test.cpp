@@ -10,6 +10,7 @@
 #include "widgets.h"
 
 #include <QComboBox>
+#include <QDialog>
 #include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -209,6 +210,19 @@ TEST_F(LogonDialogTest, TakesAFileThatIsDropped)
     EXPECT_EQ(Text("txtDatabase"), "/data/Größe neu.db");
     EXPECT_EQ(Find<QComboBox>(Page(), "cmbDrivers").currentText(), u"SQLite3"_s);
     Photograph(dialog, "frmODBCLogon-odbc");
+}
+
+TEST_F(LogonDialogTest, TakesNoFileWhileAnotherWindowStandsInFront)
+{
+    LogonDialog& dialog = Shown();
+    QDialog inFront(&dialog);
+    inFront.setModal(true);
+    inFront.show();
+    Drop({QUrl::fromLocalFile(u"/data/a.db"_s)});
+    EXPECT_EQ(Page().objectName(), u"page1"_s);
+    inFront.close();
+    Drop({QUrl::fromLocalFile(u"/data/a.db"_s)});
+    EXPECT_EQ(Page().objectName(), u"page0"_s);
 }
 
 TEST_F(LogonDialogTest, OffersNoServerProviderWithoutItsDriver)

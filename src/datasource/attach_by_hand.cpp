@@ -35,7 +35,9 @@ std::optional<std::string> FindInSource(const NameSource& source, const std::str
     if (source.Connection == nullptr || name.empty())
         return std::nullopt;
     try {
-        return find(*source.Connection->OpenCatalog(), name);
+        std::optional<std::string> found;
+        source.Watched([&] { found = find(*source.Connection->OpenCatalog(), name); });
+        return found;
     } catch (const RuntimeError&) {
         return std::nullopt; // a name that leads to no answer is a wrong one, whatever the reason
     }

@@ -21,6 +21,10 @@ struct NameSource
 {
     DataSourceConnection* Connection = nullptr; // nothing when no data source is open: no name is good then
     veldrane::Messages& Messages;
+
+    // Runs a look-up, which may take as long as a statement may, under the signs of it that a person is to see. It ends
+    // by ReadingCancelled where the person ends it, and so does whoever has asked for the name.
+    std::function<void(const std::function<void()>& lookUp)> Watched = [](const auto& lookUp) { lookUp(); };
 };
 
 // Asks until a name is a table's that can be opened; "" on Cancel. A failure of any kind is told as a wrong name.

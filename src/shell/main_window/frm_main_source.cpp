@@ -101,16 +101,29 @@ std::optional<Dragged> frmMain::DraggedFromRow(std::size_t row) const
 // A name that was wrong is shown again, to be mended; the next table begins with none.
 void frmMain::AttachByHand()
 {
+    const auto watched = [this](const std::function<void()>& lookUp) {
+        const CatalogReading::Session session(reading_);
+        const PointerWhile hourglass(application_.Windows.Pointer, PointerShape::Hourglass);
+        const StatusWhile reading(status_, kReadingStatus);
+        lookUp();
+    };
+    const NameSource source{
+        .Connection = session_.ActiveConnection(), .Messages = application_.Asking, .Watched = watched};
     std::string before;
-    AttachTable({.Source = {.Connection = session_.ActiveConnection(), .Messages = application_.Asking},
-                 .Project = Project(),
-                 .CodePage = application_.State.Generation.CodePage,
-                 .RefreshLists = [this] { RefreshLists(); }},
-                [&] {
-                    std::optional<std::string> name = dialogs_.AskForTable(before);
-                    before = name.value_or("");
-                    return name;
-                });
+    const auto ask = [&] {
+        std::optional<std::string> name = dialogs_.AskForTable(before);
+        before = name.value_or("");
+        return name;
+    };
+    try {
+        AttachTable({.Source = source,
+                     .Project = Project(),
+                     .CodePage = application_.State.Generation.CodePage,
+                     .RefreshLists = [this] { RefreshLists(); }},
+                    ask);
+    } catch (const ReadingCancelled&) {
+        status_.SetStatus("The reading was cancelled: nothing has changed.");
+    }
 }
 
 void frmMain::ShowLogon(LogonPurpose purpose, const std::string& database)

@@ -335,6 +335,37 @@ TEST_F(FrmMainSource, TheAddRowAttachesATableByItsName)
     EXPECT_EQ(SelectedKey(), "Order");
 }
 
+TEST_F(FrmMainSource, TheLookUpOfAnAttachedTableIsShown)
+{
+    StartOnShop();
+    Windows.TablesNamed = {"Orders"};
+    std::string status;
+    PointerShape shape = PointerShape::Default;
+    Database().Answering = [&](const std::string& answered) {
+        if (answered != "Fields")
+            return;
+        status = Form.Status().Status();
+        shape = World.Pointer.Current;
+    };
+    Form.lst_DblClick(Row(":ADD"));
+    EXPECT_EQ(status, "Reading the data source...");
+    EXPECT_EQ(shape, PointerShape::Hourglass);
+    EXPECT_EQ(World.Pointer.Current, PointerShape::Default);
+    EXPECT_EQ(Form.Status().Status(), "Ready...");
+}
+
+TEST_F(FrmMainSource, ALookUpThatIsCancelledAttachesNothing)
+{
+    StartOnShop();
+    Windows.TablesNamed = {"Orders"};
+    CancelIn("Fields");
+    Form.lst_DblClick(Row(":ADD"));
+    EXPECT_EQ(Form.Status().Status(), "The reading was cancelled: nothing has changed.");
+    EXPECT_FALSE(Form.Project().Modified());
+    EXPECT_THAT(World.Errors.Reported, IsEmpty());
+    EXPECT_THAT(Titles(), IsEmpty());
+}
+
 TEST_F(FrmMainSource, NoOtherRowAttaches)
 {
     StartOnShop();

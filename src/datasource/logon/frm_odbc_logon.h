@@ -122,7 +122,7 @@ class frmODBCLogon
     };
 
     [[nodiscard]] std::optional<std::size_t> SqliteDriver() const; // its row
-    bool SelectSqliteDriver(); // whether there is one
+    bool SelectSqliteDriver();                                     // whether there is one
     void TellOfMissingSqliteDriver();
     void Choose(Target target); // nothing to choose on the Jet page
     bool LoadLists();           // whether there is anything to read a string back into

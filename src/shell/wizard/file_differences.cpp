@@ -1,6 +1,6 @@
 #include "shell/wizard/file_differences.h"
 
-#include "text/strings.h"
+#include "shell/wizard/common_lines.h"
 
 #include <algorithm>
 #include <array>
@@ -11,8 +11,14 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-// Lines that differ at both ends of a text are compared with all others, so the work grows with their product.
+// Lines are compared with all others, so the work grows with their product.
 constexpr std::size_t kMostCompared = 4000;
+
+Lines Part(const Lines& lines, std::size_t begin, std::size_t end)
+{
+    const auto at = [&](std::size_t place) { return lines.begin() + static_cast<std::ptrdiff_t>(place); };
+    return {at(begin), at(end)};
+}
 
 constexpr std::string_view kUsualEnd = "\r\n";
 
@@ -74,19 +80,34 @@ class Comparison
         while (tail < common - head && before_[before_.size() - 1 - tail] == after_[after_.size() - 1 - tail])
             ++tail;
         AddSame(head);
-        Compare({before_.begin() + At(head), before_.end() - At(tail)},
-                {after_.begin() + At(head), after_.end() - At(tail)});
+        Compare(Part(before_, head, before_.size() - tail), Part(after_, head, after_.size() - tail));
         AddSame(tail);
         PutRemovedFirst();
         return std::move(found_);
     }
 
   private:
-    static std::ptrdiff_t At(std::size_t place) { return static_cast<std::ptrdiff_t>(place); }
+    static bool CanBeCompared(const Lines& before, const Lines& after)
+    {
+        return before.size() + after.size() <= kMostCompared;
+    }
 
     void Compare(const Lines& before, const Lines& after)
     {
-        if (before.empty() || after.empty() || before.size() + after.size() > kMostCompared) {
+        if (CanBeCompared(before, after))
+            return CompareAll(before, after);
+        CommonLine last{0, 0}; // behind it, what is not yet compared
+        for (const CommonLine& common : CommonUniqueLines(before, after)) {
+            CompareAll(Part(before, last.Old, common.Old), Part(after, last.New, common.New));
+            AddSame(1);
+            last = {common.Old + 1, common.New + 1};
+        }
+        CompareAll(Part(before, last.Old, before.size()), Part(after, last.New, after.size()));
+    }
+
+    void CompareAll(const Lines& before, const Lines& after)
+    {
+        if (before.empty() || after.empty() || !CanBeCompared(before, after)) {
             for (const std::string& line : before)
                 AddRemoved(line);
             for (const std::string& line : after)
@@ -114,8 +135,14 @@ class Comparison
         }
     }
 
-    void AddRemoved(const std::string& line) { found_.push_back({DifferenceKind::Removed, ++old_, 0, Shown(line, tellsEnds_)}); }
-    void AddAdded(const std::string& line) { found_.push_back({DifferenceKind::Added, 0, ++new_, Shown(line, tellsEnds_)}); }
+    void AddRemoved(const std::string& line)
+    {
+        found_.push_back({DifferenceKind::Removed, ++old_, 0, Shown(line, tellsEnds_)});
+    }
+    void AddAdded(const std::string& line)
+    {
+        found_.push_back({DifferenceKind::Added, 0, ++new_, Shown(line, tellsEnds_)});
+    }
 
     static std::string Shown(std::string_view line, bool tellsEnd)
     {

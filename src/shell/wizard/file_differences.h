@@ -37,9 +37,10 @@ struct DifferenceRow
     friend bool operator==(const DifferenceRow&, const DifferenceRow&) = default;
 };
 
-// By which lines the new text differs from the old one, their ends included; of each difference, what was removed stands first. Texts that
-// have next to nothing in common are not compared line by line beyond their beginnings and ends: the old lines come
-// first then, and all of the new ones behind them.
+// By which lines the new text differs from the old one, their ends included; of each difference, what was removed
+// stands first. Where more than 4000 lines lie between the first and the last difference, lines that both texts have
+// once are taken for the same, in the most that have one order; where that many lie between two of those still, the old
+// ones come first, and all of the new ones behind them.
 [[nodiscard]] std::vector<DifferenceLine> DifferencesOf(std::string_view oldText, std::string_view newText);
 
 // The same lines side by side: what was removed beside what came in its place.

@@ -78,6 +78,14 @@ std::string ManyLines(const std::string& prefix, int count)
     return text;
 }
 
+int CountOfChanges(const std::string& before, const std::string& after)
+{
+    int changed = 0;
+    for (const DifferenceLine& line : DifferencesOf(before, after))
+        changed += line.Kind == DifferenceKind::Same ? 0 : 1;
+    return changed;
+}
+
 TEST(FileDifferences, OfHugeTextsWithNothingInCommonComeToAnEnd)
 {
     constexpr int kLines = 100000;
@@ -93,10 +101,39 @@ TEST(FileDifferences, OfAHugeTextInWhichALineChangedAreThatLine)
     const std::string before = ManyLines("a", kLines);
     std::string after = before;
     after.replace(after.find("a5000\r\n"), 1, "b");
-    int changed = 0;
-    for (const DifferenceLine& line : DifferencesOf(before, after))
-        changed += line.Kind == DifferenceKind::Same ? 0 : 1;
-    EXPECT_EQ(changed, 2);
+    EXPECT_EQ(CountOfChanges(before, after), 2);
+}
+
+TEST(FileDifferences, OfALongTextThatChangedNearBothEndsAreThoseLines)
+{
+    constexpr int kLines = 20000;
+    const std::string before = ManyLines("a", kLines);
+    std::string after = before;
+    after.replace(after.find("a100\r\n"), 1, "b");
+    after.replace(after.find("a19900\r\n"), 1, "b");
+    EXPECT_EQ(CountOfChanges(before, after), 4);
+}
+
+TEST(FileDifferences, OfALongTextWithLinesThatRepeatAreThoseThatChanged)
+{
+    std::string before;
+    for (int routine = 0; routine < 2000; ++routine)
+        before += "Sub " + std::to_string(routine) + "\r\n    Beep\r\nEnd Sub\r\n\r\n";
+    std::string after = before;
+    after.replace(after.find("Sub 1\r\n"), 3, "Get");
+    after.insert(after.find("Sub 1998\r\n"), "Sub x\r\n    Beep\r\nEnd Sub\r\n\r\n");
+    EXPECT_EQ(CountOfChanges(before, after), 6);
+}
+
+TEST(FileDifferences, OfALongTextInAnotherOrderComeToAnEnd)
+{
+    std::string before;
+    std::string after;
+    for (int line = 0; line < 50000; ++line) {
+        before += std::to_string(line) + "\r\n";
+        after += std::to_string(line * 7919LL % 50000) + "\r\n";
+    }
+    EXPECT_GT(CountOfChanges(before, after), 0);
 }
 
 TEST(FileDifferences, SideBySideStandWhatWasRemovedAndWhatCameForIt)

@@ -33,7 +33,6 @@ namespace veldrane::testing {
 namespace {
 
 using namespace Qt::StringLiterals;
-using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 

@@ -67,6 +67,7 @@ std::string DefineInMemory(const std::vector<SchemaTable>& schema)
         .Asking = world.Messages,
         .Errors = world.Errors,
         .Files = world.Files,
+        .Recovery = world.Recovery,
         .Time = world.Clock,
         .Programs = world.Processes,
         .Connect = [&](const std::string& /*text*/,

@@ -5,6 +5,7 @@
 #include "shell/application.h"
 #include "support/manual_clock.h"
 #include "support/memory_file_system.h"
+#include "support/memory_recovery_store.h"
 #include "support/memory_settings.h"
 #include "support/recorded_errors.h"
 #include "support/recorded_processes.h"
@@ -24,6 +25,7 @@ inline constexpr const char* kTargetFolder = "/out";
 struct MemoryWorld
 {
     testing::MemoryFileSystem Files;
+    testing::MemoryRecoveryStore Recovery{Files};
     testing::ScriptedMessages Messages;
     testing::RecordedErrors Errors;
     testing::ManualClock Clock;

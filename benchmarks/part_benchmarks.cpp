@@ -34,7 +34,7 @@ constexpr const char* kAmount = "amount";
 class NoConflicts : public ConflictResolver
 {
   public:
-    [[nodiscard]] ConflictAnswer ResolveConflict(const std::string& /*path*/, const std::string& /*file*/) override
+    [[nodiscard]] ConflictAnswer ResolveConflict(const FileConflict& /*conflict*/) override
     {
         return ConflictAnswer::Overwrite;
     }

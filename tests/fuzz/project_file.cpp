@@ -39,7 +39,9 @@ class OpenFile
         Require(!classes_.LoadingProject, "reading comes to its end");
         Require(messages_.Asked().size() + errors_.Reported.size() <= 1, "one reason is given");
         const bool told = messages_.Asked().size() + errors_.Reported.size() == 1;
-        Require(told == (!opened_ || management_.LostClasses()), "a reason is given where something is not read");
+        Require(opened_ || told, "a reason is given where nothing is read");
+        // A class without its closing line is lost without a word.
+        Require(!told || !opened_ || management_.LostClasses(), "a reason is given where something is not read");
     }
 
     [[nodiscard]] bool Opened() const { return opened_; }

@@ -38,7 +38,11 @@ Application frmMain::TellingOfConnections(Application application)
 
 void frmMain::Listen()
 {
-    events_.push_back(session_.DocumentReplaced.Connect([this] { StartProject(); }));
+    // The nodes of the project before mean nothing to this one.
+    events_.push_back(session_.DocumentReplaced.Connect([this] {
+        StartProject();
+        tree_.Rebuild([] { return ProjectTree(); });
+    }));
     events_.push_back(session_.DataSourceChanged.Connect([this] { ShowDataSource(); }));
     events_.push_back(session_.FileUsed.Connect([this](const std::string& path) { recent_.Update(path); }));
     events_.push_back(tree_.Rebuilt.Connect([this] { Changed.Raise(WindowPart::Tree); }));

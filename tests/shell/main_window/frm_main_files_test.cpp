@@ -4,6 +4,7 @@ namespace veldrane {
 namespace {
 
 using ::testing::Contains;
+using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Pair;
@@ -48,6 +49,19 @@ TEST_F(FrmMainFiles, OpeningReadsTheTablesOnce)
     WriteProject("/shop.kzm", "Shop", testing::kShopString);
     ASSERT_FALSE(Form.Load({.File = "/shop.kzm"}));
     EXPECT_THAT(Titles(), ElementsAre("Invalid Characters Detected"));
+}
+
+TEST_F(FrmMainFiles, WhileTheListsAreReadNoNodeOfTheProjectBeforeStandsInTheTree)
+{
+    WriteProject("/shop.kzm", "Shop", testing::kShopString);
+    StartWithCustomer();
+    std::vector<std::size_t> nodesMeanwhile;
+    Source.Answering = [&](const std::string& /*call*/) { nodesMeanwhile.push_back(Form.treMain().Nodes().size()); };
+    World.Dialogs.Add("/shop.kzm");
+    Form.actbar_Click("Open");
+    EXPECT_THAT(nodesMeanwhile, Contains(0U));
+    EXPECT_THAT(nodesMeanwhile, Each(0U));
+    EXPECT_EQ(SelectedKey(), tree_key::kRoot);
 }
 
 TEST_F(FrmMainFiles, AnOpenThatFailsLeavesTheProjectAsItIs)

@@ -120,13 +120,18 @@ bool WantsCompile(const RegistryAccess& registry)
     return BooleanOf(registry.GetKeyValue(settings_section::kGenerateCodeSettings, kAutoCompile), true);
 }
 
+// The compiler writes its log there and makes no folder.
+void MakeFolderOfCompileLog(const Application& application)
+{
+    Guarded(application.Errors, "frmGenCode", "MakeFolder",
+            [&] { MakeFolder(application.State.Generation.ApplicationFolder); });
+}
+
 int RunGeneration(const Application& application, const TTCProject& project, KZMClasses& classes,
                   const GenerationTarget& target)
 {
-    // The compiler writes its log there and makes no folder.
-    const GenerationSettings& settings = application.State.Generation;
-    if (target.Compile && !settings.VisualBasicCommand.empty())
-        Guarded(application.Errors, "frmGenCode", "RunGeneration", [&] { MakeFolder(settings.ApplicationFolder); });
+    if (target.Compile && !application.State.Generation.VisualBasicCommand.empty())
+        MakeFolderOfCompileLog(application);
     return GenerationRun(application, project).Run(classes, target);
 }
 

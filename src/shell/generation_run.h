@@ -27,6 +27,9 @@ inline constexpr std::string_view kAutoCompile = "AutoCompile";
 // Whether the project is to be compiled, as the box was left: on unless set.
 [[nodiscard]] bool WantsCompile(const RegistryAccess& registry);
 
+// Makes the program's own folder, which the log of a compilation lies in. A failure is reported.
+void MakeFolderOfCompileLog(const Application& application);
+
 // Generates the project with nobody to ask: a file in the way is left where the mode would ask. Tells how the run ended
 // where there is something to tell, and answers the exit code: kFailed for a run that was aborted, did not compile, had
 // a failure on its way or wrote two files under one name.

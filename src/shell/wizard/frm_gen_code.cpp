@@ -1,8 +1,8 @@
 #include "shell/wizard/frm_gen_code.h"
 
+#include "generator/file_names.h"
 #include "generator/target_files.h"
 #include "shell/option_text.h"
-#include "shell/platform/paths.h"
 
 #include <algorithm>
 #include <chrono>
@@ -179,8 +179,7 @@ void frmGenCode::tmrStart_Timer()
     isRunning_ = true;
     const PointerWhile hourglass(application_.Windows.Pointer, PointerShape::Hourglass);
     if (chkCompile())
-        Guarded(application_.Errors, kModule, "MakeFolder",
-                [&] { MakeFolder(application_.State.Generation.ApplicationFolder); }); // the compiler's log lies there
+        MakeFolderOfCompileLog(application_);
     Process.GenerateCode(
         classes_, {.TargetFolder = folder_, .OverwriteMode = mode_, .Compile = chkCompile(), .TellsUnchanged = true});
     isRunning_ = false;
@@ -257,7 +256,8 @@ void frmGenCode::NewFolder()
 void frmGenCode::lblOpenProject_Click()
 {
     Guarded(application_.Errors, kModule, "lblOpenProject_Click", [&] {
-        application_.Programs.Start({"xdg-open", PathIn(folder_, "Test" + project_.VBProjectName + ".vbg")});
+        application_.Programs.Start(
+            {"xdg-open", PathIn(folder_, NameOf(kTestProjectGroup, ProjectScope{project_, Process.Settings}))});
     });
 }
 

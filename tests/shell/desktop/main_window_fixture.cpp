@@ -98,19 +98,6 @@ FakeCatalog& MainWindowTest::Database()
     return dynamic_cast<FakeConnection&>(*world_.State.ActiveConnection).Content;
 }
 
-void MainWindowTest::Start(const StartCommand& command)
-{
-    window_.reset();
-    rules_ = std::make_unique<frmMain>(World(), dialogs_, reading_);
-    window_ = std::make_unique<MainWindow>(*rules_, World());
-    dialogs_.ShowOver(*window_);
-    rules_->LoadLook();
-    window_->show();
-    window_->activateWindow();
-    (void)rules_->Load(command);
-    QApplication::processEvents();
-}
-
 void MainWindowTest::StartInShop()
 {
     Start();

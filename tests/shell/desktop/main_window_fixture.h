@@ -1,12 +1,8 @@
 #pragma once
 
-#include "shell/desktop/desktop_dialogs.h"
-#include "shell/desktop/main_window.h"
+#include "started_window.h"
 #include "support/fake_connection.h"
-#include "support/memory_application.h"
-#include "widgets.h"
 
-#include <QAction>
 #include <QListView>
 #include <QMenu>
 #include <QMimeData>
@@ -44,21 +40,16 @@ bool LetGo(QWidget& over, const QMimeData& data, QPoint where);
 [[nodiscard]] std::vector<std::string> ContextMenuBy(const std::function<void()>& opening);
 
 // The main window as a person has it in front of them, on a world in memory with a shop as data source.
-class MainWindowTest : public ::testing::Test
+class MainWindowTest : public StartedWindow
 {
   protected:
     MainWindowTest();
-
-    // What the window is started in.
-    [[nodiscard]] virtual const Application& World() const { return world_.World; }
 
     [[nodiscard]] std::unique_ptr<DataSourceConnection> ConnectToShop(const std::string& text);
 
     // What the open data source holds; throws where none is open.
     [[nodiscard]] FakeCatalog& Database();
 
-    // A new start of the program.
-    void Start(const StartCommand& command = {});
     void StartInShop();
     // Customers with their orders, and the countries as a lookup class.
     void StartWithClasses();
@@ -90,12 +81,7 @@ class MainWindowTest : public ::testing::Test
     // What the person was asked and told.
     [[nodiscard]] std::vector<std::string> Titles() const;
 
-    MemoryApplication world_;
     FakeCatalog shop_;
-    DesktopDialogs dialogs_;
-    CatalogReading reading_{world_.Clock};
-    std::unique_ptr<frmMain> rules_;
-    std::unique_ptr<MainWindow> window_;
 };
 
 } // namespace veldrane::testing

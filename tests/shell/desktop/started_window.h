@@ -17,21 +17,27 @@ namespace veldrane::testing {
 class StartedWindow : public ::testing::Test
 {
   protected:
+    // What the window is started in.
+    [[nodiscard]] virtual const Application& World() const { return world_.World; }
+
+    // A new window, with nothing loaded yet.
     void Show()
     {
         window_.reset();
-        rules_ = std::make_unique<frmMain>(world_.World, dialogs_, reading_);
-        window_ = std::make_unique<MainWindow>(*rules_, world_.World);
+        rules_ = std::make_unique<frmMain>(World(), dialogs_, reading_);
+        window_ = std::make_unique<MainWindow>(*rules_, World());
         dialogs_.ShowOver(*window_);
         rules_->LoadLook();
         window_->show();
+        window_->activateWindow();
         QApplication::processEvents();
     }
 
-    void Start()
+    // A new start of the program.
+    void Start(const StartCommand& command = {})
     {
         Show();
-        (void)rules_->Load({});
+        (void)rules_->Load(command);
         QApplication::processEvents();
     }
 

@@ -96,8 +96,8 @@ bool ProjectSession::Recover(const std::string& path)
 
 bool ProjectSession::Autosave()
 {
-    if (lostClasses_)
-        return false;
+    if (lostClasses_ && Project().Recovered)
+        return false; // the copy that it came from holds more
     const bool saved = files_.Autosave(Project(), Classes(), tempFiles_);
     Project().SetModified(true);
     return saved;

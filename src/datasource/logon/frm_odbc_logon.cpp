@@ -221,8 +221,9 @@ void frmODBCLogon::TellOfMissingSqliteDriver()
 {
     if (!OffersOdbc() || (page_ != logon_page::kJet && Page().cmdBrowseEnabled))
         return;
-    surroundings_.Asking.Tell("No Driver Specified",
-                              "No ODBC driver for SQLite is installed; on Debian: apt install libsqliteodbc");
+    surroundings_.Asking.Tell(
+        "No Driver Specified",
+        "If this is an SQLite file: no ODBC driver for SQLite is installed; on Debian: apt install libsqliteodbc");
 }
 
 void frmODBCLogon::cmdOK_Click()

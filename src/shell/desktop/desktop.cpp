@@ -1,6 +1,7 @@
 #include "shell/desktop/desktop.h"
 
 #include "shell/assembly.h"
+#include "shell/desktop/autosave_timer.h"
 #include "shell/desktop/desktop_dialogs.h"
 #include "shell/desktop/guarded_application.h"
 #include "shell/desktop/icons.h"
@@ -89,11 +90,6 @@ class Desktop
           rules_(assembly_.World(), dialogs_, reading_), window_(rules_, assembly_.World())
     {
         dialogs_.ShowOver(window_);
-        // Under the hourglass a routine is on its way, whose half of a change nobody wants to have back.
-        QObject::connect(&tmrAutosave_, &QTimer::timeout, &window_, [this] {
-            if (QApplication::overrideCursor() == nullptr)
-                rules_.tmrAutosave_Timer();
-        });
     }
 
     [[nodiscard]] ErrorReport& Errors() { return errors_; }
@@ -107,7 +103,7 @@ class Desktop
         window_.show();
         // What the command line asks for may open a box, so the loop has to run.
         QTimer::singleShot(kStartupInterval, &window_, [this, &command] {
-            tmrAutosave_.start(Autosave::kInterval);
+            tmrAutosave_.Start();
             if (rules_.Load(command))
                 rules_.tmrStartup_Timer();
         });
@@ -131,7 +127,7 @@ class Desktop
     frmMain rules_;
     MainWindow window_;
     ReadingWindow readingWindow_{reading_, &window_};
-    QTimer tmrAutosave_;
+    AutosaveTimer tmrAutosave_{rules_};
 };
 
 } // namespace

@@ -87,7 +87,7 @@ void FileConflictDialog::ReadDifferences()
     try {
         differences_.Show(conflict_.Differences());
     } catch (const RuntimeError& error) {
-        return TellInPlaceOfDifferences(u"The file can't be read. "_s + NameToQt(error.Description()));
+        return TellInPlaceOfDifferences(u"The differences can't be shown. "_s + NameToQt(error.Description()));
     }
     if (!differences_.DifferenceBelow(-1))
         return TellInPlaceOfDifferences(u"The new text is the same as the file."_s);

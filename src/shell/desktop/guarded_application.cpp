@@ -14,7 +14,10 @@ bool GuardedApplication::notify(QObject* receiver, QEvent* event)
     ConsoleErrorReport console(std::cerr);
     ErrorReport& report = report_ == nullptr ? static_cast<ErrorReport&>(console) : *report_;
     bool isHandled = true;
-    Guarded(report, kAppTitle, "Event", [&] { isHandled = QApplication::notify(receiver, event); });
+    try {
+        Guarded(report, kAppTitle, "Event", [&] { isHandled = QApplication::notify(receiver, event); });
+    } catch (const ReadingCancelled&) { // the person knows
+    }
     return isHandled;
 }
 

@@ -139,10 +139,15 @@ void LogonDialog::dragEnterEvent(QDragEnterEvent* event)
 
 void LogonDialog::dropEvent(QDropEvent* event)
 {
-    if (IsBusy())
-        return;
-    Do([&] { rules_.DropFile(DroppedFile(event->mimeData())); });
     event->acceptProposedAction();
+    // The other program waits for the end of its drag, and what follows may tell something.
+    QMetaObject::invokeMethod(
+        this,
+        [this, path = DroppedFile(event->mimeData())] {
+            if (!IsBusy())
+                Do([&] { rules_.DropFile(path); });
+        },
+        Qt::QueuedConnection);
 }
 
 } // namespace veldrane

@@ -12,6 +12,7 @@
 namespace veldrane {
 
 inline constexpr char kReadingStatus[] = "Reading the data source...";
+inline constexpr char kCancelledStatus[] = "The reading was cancelled: nothing has changed.";
 
 // The progress of a long reading of a data source, and the person's means to end it. It is handed to the data sources
 // as their watch, and takes notice while a Session lives: outside of one, nothing is shown, and nothing can be

@@ -42,6 +42,7 @@ void frmMain::Listen()
     events_.push_back(session_.DocumentReplaced.Connect([this] {
         StartProject();
         tree_.Rebuild([] { return ProjectTree(); });
+        preview_.Clear();
     }));
     events_.push_back(session_.DataSourceChanged.Connect([this] { ShowDataSource(); }));
     events_.push_back(session_.FileUsed.Connect([this](const std::string& path) { recent_.Update(path); }));

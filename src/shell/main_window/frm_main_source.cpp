@@ -122,7 +122,7 @@ void frmMain::AttachByHand()
                      .RefreshLists = [this] { RefreshLists(); }},
                     ask);
     } catch (const ReadingCancelled&) {
-        status_.SetStatus("The reading was cancelled: nothing has changed.");
+        status_.SetStatus(kCancelledStatus);
     }
 }
 

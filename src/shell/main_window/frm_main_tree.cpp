@@ -108,11 +108,11 @@ std::optional<Dragged> frmMain::DraggedFromSelection(std::string_view tool)
 
 bool frmMain::HasOtherPlace()
 {
-    const auto dragged = DraggedFromSelection("MoveClassTo");
-    if (!dragged)
+    const DropGround ground{.Tree = tree_.Nodes(), .Classes = Classes()};
+    if (!tree_.Selected() || !CanDrag(*tree_.Selected(), ground))
         return false;
-    for (std::size_t node = 0; node < tree_.Nodes().size(); ++node)
-        if (MayDrop(*dragged, node))
+    for (std::size_t target = 0; target < ground.Tree.size(); ++target)
+        if (!std::holds_alternative<NoDrop>(DropOf(*tree_.Selected(), target, ground)))
             return true;
     return false;
 }
@@ -170,7 +170,7 @@ bool frmMain::PerformReading(const Drop& drop)
         const StatusWhile reading(status_, kReadingStatus);
         return Perform(drop, {.Project = Project(), .Classes = Classes(), .Editor = editor_});
     } catch (const ReadingCancelled&) {
-        status_.SetStatus("The reading was cancelled: nothing has changed.");
+        status_.SetStatus(kCancelledStatus);
         return false;
     }
 }

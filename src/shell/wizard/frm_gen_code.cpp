@@ -26,6 +26,11 @@ std::string Introduction(const TTCProject& project)
     return text + "Interface forms will also be generated and placed into the target directory. ";
 }
 
+std::string_view WithoutEndingSlash(std::string_view path)
+{
+    return path.size() > 1 && path.ends_with('/') ? path.substr(0, path.size() - 1) : path;
+}
+
 // The setting of each mode, in the order of the options.
 struct ModeSetting
 {
@@ -147,7 +152,7 @@ void frmGenCode::LeaveFolder()
                 "continue, however errors may occur code generation.",
             MessageIcon::Warning);
     GoTo(wizard_page::kOptions);
-    if (folder_ == project_.OutputPath)
+    if (WithoutEndingSlash(folder_) == WithoutEndingSlash(project_.OutputPath))
         return;
     project_.OutputPath = folder_;
     project_.SetModified(true);

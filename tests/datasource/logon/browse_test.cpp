@@ -215,8 +215,9 @@ TEST_F(LogonBrowse, WithoutADriverForSqliteADroppedFileSaysSo)
         dialog->DropFile("/data/shop.db");
         ASSERT_EQ(messages.Asked().size(), 1U) << provider;
         EXPECT_EQ(messages.Asked()[0].Title, "No Driver Specified");
-        EXPECT_EQ(messages.Asked()[0].Text,
-                  "No ODBC driver for SQLite is installed; on Debian: apt install libsqliteodbc");
+        EXPECT_EQ(
+            messages.Asked()[0].Text,
+            "If this is an SQLite file: no ODBC driver for SQLite is installed; on Debian: apt install libsqliteodbc");
         dialog->DropFile("/data/shop.mdb");
         EXPECT_EQ(messages.Asked().size(), 1U);
     }

@@ -127,7 +127,7 @@ TEST_F(TheConflictWindow, SaysWhyAFileCanNotBeRead)
     Click(window, "cmdShowDifferences");
     EXPECT_FALSE(Lines().isVisible());
     const QString words = Find<QLabel>(window, "lblDifferences").text();
-    EXPECT_TRUE(words.startsWith(u"The file can't be read. /out/Shop.vbp: "_s)) << words.toStdString();
+    EXPECT_TRUE(words.startsWith(u"The differences can't be shown. /out/Shop.vbp: "_s)) << words.toStdString();
     Click(window, "cmdOK");
     EXPECT_EQ(rules_.Answer(), ConflictAnswer::BackupAndOverwrite);
 }

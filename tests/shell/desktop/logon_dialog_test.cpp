@@ -87,7 +87,10 @@ class LogonDialogTest : public ::testing::Test
         if (!enter.isAccepted())
             return;
         QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        const std::size_t told = messages_.Asked().size();
         QCoreApplication::sendEvent(dialog_.get(), &drop);
+        EXPECT_EQ(messages_.Asked().size(), told) << "the other program waits for the end of its drag";
+        QCoreApplication::processEvents();
     }
 
     TTCProject project_;

@@ -1,6 +1,7 @@
 #include "started_window.h"
 
 #include <QClipboard>
+#include <QDialog>
 #include <QDragEnterEvent>
 #include <QLineEdit>
 #include <QListView>
@@ -21,6 +22,7 @@ namespace veldrane::testing {
 namespace {
 
 using namespace Qt::StringLiterals;
+using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 class MainWindowProject : public StartedWindow
@@ -71,6 +73,22 @@ TEST_F(MainWindowProject, ANameThatIsBeingTypedIsAskedAboutWhenTheWindowCloses)
         EXPECT_EQ(world_.Messages.Asked().front().Title, "Save Changes?");
         EXPECT_EQ(rules_->Project().ProjectName(), "Shop");
     }
+}
+
+TEST_F(MainWindowProject, StaysWhileADialogOrARoutineIsOnItsWay)
+{
+    Start();
+    {
+        QDialog dialog(window_.get());
+        dialog.setModal(true);
+        dialog.show();
+        EXPECT_FALSE(window_->close());
+    }
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    EXPECT_FALSE(window_->close());
+    QApplication::restoreOverrideCursor();
+    EXPECT_THAT(world_.Messages.Asked(), IsEmpty());
+    EXPECT_TRUE(window_->close());
 }
 
 TEST_F(MainWindowProject, AStarBehindTheTitleSaysThatItIsModified)

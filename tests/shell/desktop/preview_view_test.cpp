@@ -110,6 +110,14 @@ TEST_F(ThePreview, CopiesAllLines)
     EXPECT_EQ(Clipboard(), u"a\nb\nc"_s);
 }
 
+TEST_F(ThePreview, LeavesTheClipboardAloneWhereThereAreNoLines)
+{
+    QGuiApplication::clipboard()->setText(u"mine"_s);
+    ShowLines(pane, {});
+    view.Action("CopyAllPreview")->trigger();
+    EXPECT_EQ(Clipboard(), u"mine"_s);
+}
+
 TEST_F(ThePreview, FindsWithEachLetter)
 {
     ShowLines(pane, {"Dim a", "Let City", "Get City", "End"});
@@ -153,6 +161,20 @@ TEST_F(ThePreview, EndsTheSearchAndGoesBackToTheLines)
     EXPECT_TRUE(view.Search().Matches().empty());
     EXPECT_TRUE(list.hasFocus());
     EXPECT_EQ(pane.Selected(), 1U);
+}
+
+TEST_F(ThePreview, TakesTheStepThatIsAskedForWhenTheSearchHasEnded)
+{
+    ShowLines(pane, {"a", "b", "a", "b", "a"});
+    Press(Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(QApplication::focusWidget(), u"a"_s);
+    ASSERT_EQ(pane.Selected(), 0U);
+    Press(Qt::Key_Escape);
+    Press(Qt::Key_F3);
+    EXPECT_EQ(pane.Selected(), 2U);
+    Press(Qt::Key_Escape);
+    Press(Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(pane.Selected(), 0U);
 }
 
 TEST_F(ThePreview, ShowsThePlaceOfALongLine)

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -36,10 +37,13 @@ class RemoteConnection : public FakeConnection
     {
         if (!HasCatalog)
             throw DataSourceError(data_source_error::kFailed, "RemoteConnection", "The catalog is locked.");
+        if (OpeningCatalog)
+            OpeningCatalog();
         return FakeConnection::OpenCatalog();
     }
 
     bool HasCatalog = true;
+    std::function<void()> OpeningCatalog; // what happens meanwhile
 
   private:
     const bool& isReachable_;
@@ -98,13 +102,16 @@ class FrmMainTest : public ::testing::Test
     void CancelIn(const std::string& call)
     {
         Database().Answering = [this, call](const std::string& answered) {
-            if (answered != call)
-                return;
-            Reading.Read(1);
-            Reading.Read(2);
-            Reading.Cancel();
-            Reading.Read(3);
+            if (answered == call)
+                CancelReading();
         };
+    }
+    void CancelReading()
+    {
+        Reading.Read(1);
+        Reading.Read(2);
+        Reading.Cancel();
+        Reading.Read(3);
     }
 
     [[nodiscard]] std::size_t Node(const NodeKey& key) const

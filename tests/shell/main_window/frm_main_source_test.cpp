@@ -254,6 +254,19 @@ TEST_F(FrmMainSource, AReadingThatIsCancelledLeavesTheListsAsFilledAndSaysSo)
     EXPECT_THAT(Rows(DataSourceTab::StoredProcedures), ElementsAre("GetTotals"));
 }
 
+TEST_F(FrmMainSource, AReadingThatIsCancelledBeforeItsFirstListSaysSoToo)
+{
+    StartOnShop();
+    dynamic_cast<testing::RemoteConnection&>(*World.State.ActiveConnection).OpeningCatalog = [this] {
+        CancelReading();
+    };
+    Form.actbar_Click("RefreshTables");
+    EXPECT_THAT(Rows(), IsEmpty());
+    EXPECT_EQ(Form.Status().Status(), "The reading was cancelled: the lists are not complete.");
+    EXPECT_THAT(World.Errors.Reported, IsEmpty());
+    EXPECT_EQ(World.Pointer.Current, PointerShape::Default);
+}
+
 TEST_F(FrmMainSource, AReadingThatIsCancelledOnOpeningAProjectSaysSoToo)
 {
     WriteProject("/desk.kzm", "Desk", testing::kShopString);

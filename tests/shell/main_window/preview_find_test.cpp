@@ -175,6 +175,19 @@ TEST_F(ThePreviewSearch, SearchesNewLinesAndStaysAtTheirTop)
     EXPECT_EQ(find.Status(), "Not found");
 }
 
+TEST_F(ThePreviewSearch, BeginsAtTheTopOfNewLines)
+{
+    Show({"cat", "b", "cow"});
+    pane.Select(2);
+    find.Begin();
+    find.Find("ca"); // round the end
+    ASSERT_EQ(pane.Selected(), 0U);
+    Show({"x", "cab", "cat", "cap"});
+    find.Find("cap");
+    find.Find("ca");
+    EXPECT_EQ(pane.Selected(), 1U);
+}
+
 TEST_F(ThePreviewSearch, TellsOfEveryChange)
 {
     Show({"a"});

@@ -31,6 +31,12 @@ class RecoveryTest : public testing::FrmMainTest
             content = "no project";
     }
 
+    void LetAutosaveComeDue()
+    {
+        for (int tick = 0; tick < 2 * Form.Project().AutosaveProjectInterval; ++tick)
+            Form.tmrAutosave_Timer();
+    }
+
     [[nodiscard]] auto Entries() const { return World.UserSettings.GetAllSettings(settings_section::kTempFiles); }
 
     [[nodiscard]] auto MRU() const { return World.UserSettings.GetAllSettings(settings_section::kMRU); }
@@ -269,15 +275,25 @@ TEST_F(RecoveryTest, AnUnreadableSectionIsReportedAndTheProgramStarts)
     EXPECT_FALSE(World.Errors.Reported.empty());
 }
 
+TEST_F(RecoveryTest, ACopyMadeOfWorkThatWasGivenUpGoesWithIt)
+{
+    WriteProject("/other.kzm", "Other");
+    StartOnShop();
+    Form.Project().SetModified(true);
+    World.Messages.Add(Answer::No);
+    World.Dialogs.WhileOpen = [this] { LetAutosaveComeDue(); };
+    World.Dialogs.Add("/other.kzm");
+    Form.actbar_Click("Open");
+    EXPECT_EQ(Form.Project().ProjectName(), "Other");
+    EXPECT_THAT(Entries(), IsEmpty());
+}
+
 TEST_F(RecoveryTest, AProjectThatIsLeftTakesItsEntryAlong)
 {
     WriteProject("/other.kzm", "Other");
     StartOnShop();
     Form.Project().SetModified(true);
-    for (int minutes = 0; minutes < 5; ++minutes) {
-        Form.tmrAutosave_Timer();
-        Form.tmrAutosave_Timer();
-    }
+    LetAutosaveComeDue();
     ASSERT_THAT(Entries(), SizeIs(1));
     World.Dialogs.Add("/shop.kzm");
     Form.actbar_Click("Save");

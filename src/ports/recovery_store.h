@@ -16,9 +16,12 @@ class RecoveryStore
     // (75) if it can't be made.
     [[nodiscard]] virtual std::string GetTempName() = 0;
 
-    // Takes over the copy; true as well if this program holds it already. False if another running program holds it,
-    // or if that can't be found out.
+    // Takes over the copy; true as well if this program holds it already. False if another running program holds it.
+    // Throws RuntimeError (75) if that can't be found out.
     [[nodiscard]] virtual bool Hold(const std::string& path) = 0;
+
+    // The copy is of no more use to the program: its 30 days begin now. One that can't be reached stays as it is.
+    virtual void StartDays(const std::string& path) = 0;
 
     // Removes the copies that nobody holds and that have not been written for 30 days, but for those that are named
     // here. What can't be removed stays.

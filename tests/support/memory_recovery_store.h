@@ -23,10 +23,13 @@ class MemoryRecoveryStore : public RecoveryStore
 
     [[nodiscard]] bool Hold(const std::string& path) override { return !HeldByOthers.contains(path); }
 
+    void StartDays(const std::string& path) override { Started.push_back(path); }
+
     void RemoveOld(const std::vector<std::string>& kept) override { Kept = kept; }
 
     int Made = 0;
     std::set<std::string> HeldByOthers; // paths
+    std::vector<std::string> Started;   // the paths of all StartDays
     std::vector<std::string> Kept;      // of the latest RemoveOld
 
   private:

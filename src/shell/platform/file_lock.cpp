@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <unistd.h>
 
 namespace veldrane {
 namespace {
@@ -42,6 +43,13 @@ std::optional<FileLock> FileLock::TryTake(const std::string& path)
     if (!Lock(file, LOCK_EX | LOCK_NB, path))
         return std::nullopt;
     return FileLock(std::move(file));
+}
+
+void FileLock::NameOwner() const
+{
+    const std::string owner = std::to_string(getpid()) + "\n";
+    [[maybe_unused]] const bool isNamed =
+        ftruncate(file_.Number(), 0) == 0 && pwrite(file_.Number(), owner.data(), owner.size(), 0) > 0;
 }
 
 } // namespace veldrane

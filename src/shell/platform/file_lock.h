@@ -19,6 +19,10 @@ class FileLock
     // The lock if it is free, without waiting. Throws as the constructor does.
     [[nodiscard]] static std::optional<FileLock> TryTake(const std::string& path);
 
+    // Writes the process's number into the file, so that a person sees whose it is and nobody who clears away empty
+    // files takes it. A failure is passed over: the lock holds without.
+    void NameOwner() const;
+
   private:
     explicit FileLock(Descriptor file) : file_(std::move(file)) {}
 

@@ -76,7 +76,12 @@ std::string RecoveryFiles::GetTempName()
     const std::string name = temporary_name::ProcessAndRandom() + std::string(kCopySuffix);
     std::string path = folder_ + "/" + name;
     MakeEmptyFile(path); // before its lock, which RemoveOld would take for one that was left behind
-    held_.emplace(name, FileLock(LockOf(name)));
+    try {
+        Keep(name, FileLock(LockOf(name)));
+    } catch (...) {
+        unlink(path.c_str());
+        throw;
+    }
     return path;
 }
 
@@ -85,16 +90,22 @@ bool RecoveryFiles::Hold(const std::string& path)
     const std::string name = BareName(path);
     if (held_.contains(name))
         return true;
-    try {
-        MakeFolder(folder_);
-        std::optional<FileLock> lock = FileLock::TryTake(LockOf(name));
-        if (!lock)
-            return false;
-        held_.emplace(name, std::move(*lock));
-        return true;
-    } catch (const RuntimeError&) {
-        return false;
-    }
+    MakeFolder(folder_);
+    std::optional<FileLock> lock = FileLock::TryTake(LockOf(name));
+    if (lock)
+        Keep(name, std::move(*lock));
+    return held_.contains(name);
+}
+
+void RecoveryFiles::Keep(const std::string& name, FileLock lock)
+{
+    lock.NameOwner();
+    held_.emplace(name, std::move(lock));
+}
+
+void RecoveryFiles::StartDays(const std::string& path)
+{
+    utimensat(AT_FDCWD, path.c_str(), nullptr, AT_SYMLINK_NOFOLLOW);
 }
 
 void RecoveryFiles::RemoveOld(const std::vector<std::string>& kept)

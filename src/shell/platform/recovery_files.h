@@ -23,9 +23,11 @@ class RecoveryFiles : public RecoveryStore
 
     [[nodiscard]] std::string GetTempName() override;
     [[nodiscard]] bool Hold(const std::string& path) override;
+    void StartDays(const std::string& path) override;
     void RemoveOld(const std::vector<std::string>& kept) override;
 
   private:
+    void Keep(const std::string& name, FileLock lock);
     [[nodiscard]] std::string LockOf(const std::string& name) const;
     [[nodiscard]] bool IsOld(const std::string& path) const;
     void RemoveUnlessHeld(const std::string& name);

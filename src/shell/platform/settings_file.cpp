@@ -155,6 +155,15 @@ void SettingsFile::Note(const std::string& text) const
     messages_.Tell("Settings", text, MessageIcon::Warning);
 }
 
+// What can't be swept up stays: the settings are worth more.
+void SettingsFile::Sweep() const
+{
+    try {
+        files_.RemoveAbandoned(FolderOf(path_));
+    } catch (const RuntimeError&) {
+    }
+}
+
 // The note comes last: a person may take their time with it, and the lock must not wait for that.
 template <class Change>
 void SettingsFile::Store(Change&& change)
@@ -172,7 +181,7 @@ void SettingsFile::Store(Change&& change)
         const std::string before = content.Document.Text();
         change(content.Document);
         if (const std::string after = content.Document.Text(); after != before) {
-            files_.RemoveAbandoned(FolderOf(path_));
+            Sweep();
             files_.Write(path_, after);
         }
     }

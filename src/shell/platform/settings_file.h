@@ -49,6 +49,7 @@ class SettingsFile : public Settings
     [[nodiscard]] SettingsDocument Recover() const;
     void NoteUnreadable(const std::string& reason) const;
     void Note(const std::string& text) const;
+    void Sweep() const;
     template <class Change>
     void Store(Change&& change);
 

@@ -148,7 +148,8 @@ void StagingFolder::Rename()
 
 void StagingFolder::SyncNames()
 {
-    if (fsync(folder_.Number()) != 0)
+    // A file system that has no such thing for folders refuses it.
+    if (fsync(folder_.Number()) != 0 && errno != EINVAL)
         throw WriteFailure(path_, errno);
 }
 

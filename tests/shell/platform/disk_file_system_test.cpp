@@ -183,6 +183,13 @@ TEST_F(DiskFiles, AFailedSyncOfTheFolderIsReported)
     EXPECT_THAT(FailureOf([&] { files_.Write(target_, "new"); }), HasSubstr(folder_.Path()));
 }
 
+TEST_F(DiskFiles, AFileSystemThatCanNotSyncFoldersIsWrittenToAllTheSame)
+{
+    const FailingCall refused(SystemCall::Fsync, EINVAL, 1);
+    files_.Write(target_, "new");
+    EXPECT_EQ(ContentOf(target_), "new");
+}
+
 TEST_F(DiskFiles, AFailedRenameDropsTheFile)
 {
     const FailingCall failing(SystemCall::Renameat, EDQUOT);

@@ -12,8 +12,10 @@
 #include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <sys/stat.h>
+#include <unistd.h>
 #include <vector>
 
 namespace veldrane {
@@ -65,14 +67,32 @@ TEST_F(RecoveryFilesTest, ACopyIsItsUsersAlone)
 TEST_F(RecoveryFilesTest, WhereNoFolderCanBeMadeTheErrorNamesIt)
 {
     testing::Put(folder_ / "state", "a file");
-    try {
-        static_cast<void>(files_.GetTempName());
-        FAIL();
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number, error_number::kPathAccess);
-        EXPECT_THAT(error.Description(), HasSubstr(Recovery()));
+    const std::vector<std::function<void()>> calls{
+        [&] { static_cast<void>(files_.GetTempName()); },
+        [&] { static_cast<void>(files_.Hold(Recovery() + "/1.kzm")); },
+    };
+    for (const std::function<void()>& call : calls) {
+        try {
+            call();
+            ADD_FAILURE();
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Number, error_number::kPathAccess);
+            EXPECT_THAT(error.Description(), HasSubstr(Recovery()));
+        }
     }
-    EXPECT_FALSE(files_.Hold(Recovery() + "/1.kzm"));
+}
+
+TEST_F(RecoveryFilesTest, ALockThatCanNotBeHadIsNoneThatIsHeld)
+{
+    std::filesystem::create_directories(Recovery() + "/1.kzm.lock");
+    EXPECT_THROW(static_cast<void>(files_.Hold(Recovery() + "/1.kzm")), RuntimeError);
+}
+
+TEST_F(RecoveryFilesTest, TheLockNamesItsOwner)
+{
+    const std::string path = files_.GetTempName();
+    EXPECT_EQ(DiskFileSystem().Read(path + ".lock"), std::to_string(getpid()) + "\n");
+    EXPECT_TRUE(files_.Hold(path));
 }
 
 TEST_F(RecoveryFilesTest, WhatOneProgramHoldsNoOtherTakes)
@@ -120,6 +140,16 @@ TEST_F(RecoveryFilesTest, WhatHasHadNoEntryForThirtyDaysIsRemovedWithItsLock)
     EXPECT_TRUE(IsThere(young));
     EXPECT_TRUE(IsThere(Recovery() + "/notes.txt"));
     EXPECT_TRUE(IsThere(own));
+}
+
+TEST_F(RecoveryFilesTest, TheDaysOfACopyCanBeginAnew)
+{
+    const std::string path = Left("1-a.kzm", 31);
+    files_.StartDays(path);
+    files_.StartDays(Recovery() + "/gone.kzm");
+    files_.RemoveOld({});
+    EXPECT_TRUE(IsThere(path));
+    EXPECT_FALSE(IsThere(Recovery() + "/gone.kzm"));
 }
 
 TEST_F(RecoveryFilesTest, ALockWithoutACopyIsRemoved)

@@ -32,12 +32,16 @@ std::vector<TempFile> TempFiles::Recoverable()
             continue;
         }
         kept.push_back(path);
-        // Whoever held it until now may have recovered it meanwhile.
-        if (store_.Hold(path) && !settings_.GetKeyValue(settings_section::kTempFiles, name).empty())
-            recoverable.push_back({.Name = name, .Path = path});
+        recoverable.push_back({.Name = name, .Path = path});
     }
     store_.RemoveOld(kept);
     return recoverable;
+}
+
+// Whoever held it until now may have recovered it, and its entry is gone then.
+bool TempFiles::Take(const TempFile& copy)
+{
+    return store_.Hold(copy.Path) && !settings_.GetKeyValue(settings_section::kTempFiles, copy.Name).empty();
 }
 
 void TempFiles::GiveUp(const TempFile& copy)

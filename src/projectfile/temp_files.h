@@ -33,10 +33,14 @@ class TempFiles
     // written.
     void Add(const std::string& path);
 
-    // The copies of programs that came to no orderly end, in the order of their entries; this program holds them from
-    // now on. Entries without a file or a name are deleted, and what another running program holds is passed over.
-    // Copies that have had no entry for long are removed. Throws as Add does.
+    // The copies that may have been left by programs that came to no orderly end, in the order of their entries; those
+    // that another running program holds are among them, see Take. Entries whose file is gone are deleted, those
+    // without a name are passed over, and copies that have had no entry for long are removed. Throws as Add does.
     [[nodiscard]] std::vector<TempFile> Recoverable();
+
+    // Takes one of them over, so that no other program does. False if another running program holds it, or if one has
+    // recovered it meanwhile.
+    [[nodiscard]] bool Take(const TempFile& copy);
 
     // The entry of the copy goes with the next DeleteSection: it was recovered, or the person gave it up.
     void GiveUp(const TempFile& copy);

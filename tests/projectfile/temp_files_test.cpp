@@ -25,6 +25,18 @@ class TempFilesTest : public ::testing::Test
         settings_.SaveSetting(settings_section::kTempFiles, name, "/recovery/" + name);
     }
 
+    using Names = std::vector<std::string>;
+
+    // What can be taken over of all that was left behind.
+    static Names Taken(TempFiles& files)
+    {
+        Names taken;
+        for (const TempFile& copy : files.Recoverable())
+            if (files.Take(copy))
+                taken.push_back(copy.Name);
+        return taken;
+    }
+
     [[nodiscard]] auto Entries() const { return settings_.GetAllSettings(settings_section::kTempFiles); }
 
     testing::FailingSettings settings_;
@@ -81,10 +93,11 @@ TEST_F(TempFilesTest, AnEntryWhoseFileIsGoneIsDeleted)
 TEST_F(TempFilesTest, WhatAnotherProgramHoldsIsLeftToIt)
 {
     Leave("a.kzm");
+    Leave("b.kzm");
     store_.HeldByOthers.insert("/recovery/a.kzm");
-    EXPECT_THAT(tempFiles_.Recoverable(), IsEmpty());
-    EXPECT_THAT(Entries(), ElementsAre(Pair("a.kzm", "/recovery/a.kzm")));
-    EXPECT_THAT(store_.Kept, ElementsAre("/recovery/a.kzm"));
+    EXPECT_EQ(Taken(tempFiles_), Names{"b.kzm"});
+    EXPECT_THAT(Entries(), ElementsAre(Pair("a.kzm", "/recovery/a.kzm"), Pair("b.kzm", "/recovery/b.kzm")));
+    EXPECT_THAT(store_.Kept, ElementsAre("/recovery/a.kzm", "/recovery/b.kzm"));
 }
 
 TEST_F(TempFilesTest, WhatAnotherProgramRecoversMeanwhileIsPassedOver)
@@ -106,7 +119,8 @@ TEST_F(TempFilesTest, WhatAnotherProgramRecoversMeanwhileIsPassedOver)
       private:
         Settings& settings_;
     } store(files_, settings_);
-    EXPECT_THAT(TempFiles(settings_, files_, store).Recoverable(), IsEmpty());
+    TempFiles late(settings_, files_, store);
+    EXPECT_EQ(Taken(late), Names{});
 }
 
 TEST_F(TempFilesTest, TheSectionGoesButForTheEntriesOfOthers)

@@ -18,6 +18,8 @@ class Recovery
     AfterRecovery Run()
     {
         for (const TempFile& copy : Copies()) {
+            if (!session_.UnsavedCopies().Take(copy))
+                continue;
             if (application_.Files.Kind(start_.File) == FileKind::File)
                 return AskForOne(copy);
             if (!IsEmptyCommandLine()) {

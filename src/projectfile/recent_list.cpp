@@ -44,17 +44,18 @@ std::size_t ReadCount(Settings& settings)
     return static_cast<std::size_t>(count > 0 ? count : kUsualCount);
 }
 
-// Each entry that is written costs a write of the settings, so those that stay are left alone.
+// Each entry that is written costs a write of the settings, so those that stay are left alone. From the end: a path is
+// written one place further down before another takes its place, and none is lost where it ends half way.
 void Store(Settings& settings, const Paths& paths)
 {
     const auto stored = settings.GetAllSettings(settings_section::kMRU);
     const auto isName = [](std::size_t number) {
         return [name = std::to_string(number)](const auto& entry) { return entry.first == name; };
     };
-    for (std::size_t i = 0; i < paths.size(); ++i) {
-        const auto found = std::find_if(stored.begin(), stored.end(), isName(i + 1));
-        if (found == stored.end() || found->second != paths[i])
-            settings.SaveSetting(settings_section::kMRU, std::to_string(i + 1), paths[i]);
+    for (std::size_t place = paths.size(); place > 0; --place) {
+        const auto found = std::find_if(stored.begin(), stored.end(), isName(place));
+        if (found == stored.end() || found->second != paths[place - 1])
+            settings.SaveSetting(settings_section::kMRU, std::to_string(place), paths[place - 1]);
     }
     for (const auto& [name, path] : stored)
         if (const std::int32_t number = text::LeadingNumber(name);

@@ -15,7 +15,8 @@ inline constexpr std::size_t kMostRecentProjects = 10; // in the File menu and i
 
 // Puts the path on top of the list, which keeps as many as `RecentFileCount` of the options says; that is written as
 // "10" where it is empty, and one that is no positive number counts as 10. An empty path changes nothing. Throws
-// RuntimeError (75) if the settings can't be written; the list is then short of the path, or has part of its order.
+// RuntimeError (75) if the settings can't be written; the list is then short of the path, or has part of its order, and
+// no other path is lost.
 void UpdateRecentList(Settings& settings, const std::string& path);
 
 struct RecentProject

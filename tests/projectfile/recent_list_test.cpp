@@ -52,6 +52,26 @@ TEST_F(RecentList, BeginsWithThePathAlone)
     EXPECT_EQ(settings_.GetKeyValue(settings_section::kOptions, "RecentFileCount"), "10");
 }
 
+TEST_F(RecentList, ThatIsWrittenInPartHasEveryOtherPath)
+{
+    for (const char* chosen : {"/c.kzm", "/b.kzm", "/new.kzm"})
+        for (int write = 1; write <= 4; ++write) {
+            testing::FailingSettings settings;
+            for (const char* path : {"/c.kzm", "/b.kzm", "/a.kzm"})
+                UpdateRecentList(settings, path);
+            settings.FailAtWrite = settings.Writes + write;
+            try {
+                UpdateRecentList(settings, chosen);
+            } catch (const RuntimeError&) {
+            }
+            for (const char* path : {"/a.kzm", "/b.kzm", "/c.kzm"})
+                EXPECT_TRUE(path == std::string(chosen) ||
+                            ::testing::Value(settings.GetAllSettings(settings_section::kMRU),
+                                             ::testing::Contains(Pair(::testing::_, path))))
+                    << path << ", where " << chosen << " is chosen and write " << write << " fails";
+        }
+}
+
 TEST_F(RecentList, IgnoresAnEmptyPath)
 {
     UpdateRecentList(settings_, "");

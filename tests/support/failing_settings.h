@@ -28,13 +28,14 @@ class FailingSettings : public MemorySettings
     }
 
     bool Fails = false;
+    int FailAtWrite = 0; // 1 for the first; 0 for never
     int Writes = 0;
 
   private:
     void Check()
     {
         ++Writes;
-        if (Fails)
+        if (Fails || Writes == FailAtWrite)
             throw RuntimeError(error_number::kPathAccess, "FailingSettings", "/settings.ini: Permission denied");
     }
 };

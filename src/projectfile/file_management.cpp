@@ -206,6 +206,7 @@ bool TTCFileManagement::Write(TTCProject& project, const KZMClasses& classes, co
         std::string text = ProjectText(project, classes);
         if (saving.OfCharacters == Losses::Told)
             losses = LossesIn(text);
+        SweepBeside(path);
         files_.Write(path, codePage_.EncodeInPlace(std::move(text)).Bytes);
         saving.End();
         SavingProject.Raise(100);
@@ -226,6 +227,16 @@ void TTCFileManagement::BackUp(const std::string& path)
 {
     if (files_.Kind(path) != FileKind::Missing)
         files_.Copy(path, text::ReplaceAll(path, ".kzm", ".bak"));
+}
+
+// What can't be swept up stays: the file is worth more.
+void TTCFileManagement::SweepBeside(const std::string& path)
+{
+    const std::string folder = path.substr(0, path.rfind('/') + 1); // npos + 1 is 0: none
+    try {
+        files_.RemoveAbandoned(folder.empty() ? "." : folder);
+    } catch (const RuntimeError&) {
+    }
 }
 
 std::string TTCFileManagement::LossesIn(std::string_view text) const

@@ -52,7 +52,8 @@ class TTCFileManagement
     // first; or, as a project does that has no file yet or was recovered and has none of its own, under a name that
     // the person is asked for, which becomes its FullPath and FileName. False if the person cancels, and, with a report
     // and ProjectSaveFailed, if writing fails: file, names and flag are then as they were. Characters without a place
-    // in the code page are written as "?", and one message tells of them.
+    // in the code page are written as "?", and one message tells of them. What programs that were killed have left half
+    // written beside the file is removed.
     bool SaveProject(TTCProject& project, const KZMClasses& classes, SaveKind kind = SaveKind::Normal);
 
     // Writes the project into its copy for recovery: the file of TempFileName, which is made, with its entry, if the
@@ -92,6 +93,7 @@ class TTCFileManagement
     bool SaveOverFile(TTCProject& project, const KZMClasses& classes);
     bool Write(TTCProject& project, const KZMClasses& classes, const Saving& saving);
     void BackUp(const std::string& path);
+    void SweepBeside(const std::string& path);
     // What is told once the text is saved: which lines hold characters without a place; "" if none does.
     [[nodiscard]] std::string LossesIn(std::string_view text) const;
 

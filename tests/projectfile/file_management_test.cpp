@@ -283,6 +283,12 @@ TEST_F(FileManagement, KeepsTheFormerFileBesideTheNewOne)
     EXPECT_NE(files_.Files[kPath], former);
 }
 
+TEST_F(FileManagement, SweepsUpBesideTheFileThatItWrites)
+{
+    ASSERT_TRUE(Save());
+    EXPECT_THAT(files_.Swept, ElementsAre("/projects/"));
+}
+
 TEST_F(FileManagement, ReplacesTheEndingWhereverItStandsInThePath)
 {
     files_.Folders.insert("/a.kzm");

@@ -8,6 +8,7 @@
 #include "shell/desktop/options_dialog.h"
 #include "shell/desktop/room_for_dialog.h"
 #include "shell/desktop/startup_dialog.h"
+#include "shell/desktop/warning_dialog.h"
 #include "shell/desktop/zoom_dialog.h"
 
 namespace veldrane {
@@ -26,6 +27,11 @@ void DesktopDialogs::Show(frmODBCLogon& logon)
 void DesktopDialogs::Show(frmOptions& options)
 {
     OptionsDialog(options, window_).exec();
+}
+
+void DesktopDialogs::Show(frmWarning& warning)
+{
+    ShowWarning(warning);
 }
 
 void DesktopDialogs::ShowAbout()

@@ -16,6 +16,7 @@ class DesktopDialogs : public MainWindowDialogs
 
     void Show(frmODBCLogon& logon) override;
     void Show(frmOptions& options) override;
+    void Show(frmWarning& warning) override;
     void ShowAbout() override;
     void ShowGenCode(const Application& application, TTCProject& project, KZMClasses& classes) override;
     void ShowZoom() override;

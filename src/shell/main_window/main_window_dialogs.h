@@ -6,6 +6,7 @@
 #include "shell/application.h"
 #include "shell/main_window/frm_options.h"
 #include "shell/main_window/frm_startup.h"
+#include "shell/main_window/frm_warning.h"
 #include "shell/main_window/look_dialogs.h"
 
 #include <optional>
@@ -21,6 +22,7 @@ class MainWindowDialogs
 
     virtual void Show(frmODBCLogon& logon) = 0;
     virtual void Show(frmOptions& options) = 0;
+    virtual void Show(frmWarning& warning) = 0; // over the window in front
     virtual void ShowAbout() = 0;
     virtual void ShowGenCode(const Application& application, TTCProject& project, KZMClasses& classes) = 0;
     virtual void ShowZoom() = 0; // of the preview

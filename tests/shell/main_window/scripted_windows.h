@@ -30,6 +30,14 @@ class ScriptedWindows : public MainWindowDialogs
             InOptions(options);
     }
 
+    void Show(frmWarning& warning) override
+    {
+        Opened.emplace_back("frmWarning");
+        Warned.push_back(warning.lblMessage());
+        if (InWarning)
+            InWarning(warning);
+    }
+
     void ShowAbout() override { Opened.emplace_back("frmAbout"); }
     void ShowGenCode(const Application& /*application*/, TTCProject& project, KZMClasses& classes) override
     {
@@ -64,12 +72,14 @@ class ScriptedWindows : public MainWindowDialogs
 
     std::function<void(frmODBCLogon&)> InLogon;
     std::function<void(frmOptions&)> InOptions;
+    std::function<void(frmWarning&)> InWarning;
     std::function<StartupChoice(frmStartup&)> InStartup;
     std::function<void(TTCProject&, KZMClasses&)> InGenCode;
     std::deque<std::string> TablesNamed;
     ScriptedLookDialogs LooksChosen;
 
     std::vector<std::string> Opened;
+    std::vector<std::string> Warned;     // by frmWarning
     std::vector<std::string> NamesShown; // by frmAddTable
     std::vector<LogonPurpose> Purposes;
 };

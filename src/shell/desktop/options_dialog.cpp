@@ -95,10 +95,8 @@ void OptionsDialog::ConnectGeneral()
             [this](bool checked) { options_.chkShowSystemTables = checked; });
     ConnectLimit(*ui_->cmbMaxTablesToDisplay, &frmOptions::cmbMaxTablesToDisplay, &LimitEntry::Text);
     ConnectLimit(*ui_->cmbMaxProcsToDisplay, &frmOptions::cmbMaxProcsToDisplay, &LimitEntry::TextOfProcedures);
-    connect(ui_->cmdResetMessages, &QPushButton::clicked, this, [this] {
-        options_.ResetMessages();
-        ShowHelpMessages();
-    });
+    connect(ui_->cmdResetMessages, &QPushButton::clicked, this, [this] { options_.ResetMessages(); });
+    helpMessagesChanged_ = options_.HelpMessagesChanged.Connect([this] { ShowHelpMessages(); });
 }
 
 void OptionsDialog::ConnectLimit(QComboBox& box, std::string frmOptions::*key, std::string_view LimitEntry::*text)

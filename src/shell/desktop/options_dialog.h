@@ -41,6 +41,7 @@ class OptionsDialog : public QDialog
 
     frmOptions& options_;
     std::unique_ptr<Ui::frmOptions> ui_;
+    Connection helpMessagesChanged_;
 };
 
 } // namespace veldrane

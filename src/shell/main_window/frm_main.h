@@ -8,6 +8,7 @@
 #include "shell/main_window/class_editor.h"
 #include "shell/main_window/data_source_pane.h"
 #include "shell/main_window/drop_rules.h"
+#include "shell/main_window/frm_warning.h"
 #include "shell/main_window/main_window_dialogs.h"
 #include "shell/main_window/menu_states.h"
 #include "shell/main_window/navigation.h"
@@ -182,6 +183,7 @@ class frmMain : private OptionsOwner
     void DeleteSelectedClass();
     void EditDataSource();
     void OpenDatasource();
+    [[nodiscard]] bool HasClassesOfTables();
     void Generate();
     void Options();
     void HelpContents();
@@ -211,6 +213,7 @@ class frmMain : private OptionsOwner
     ToolStates tools_;
     RecentMenu recent_;
     PaneManagement panes_;
+    frmWarning warning_;
     std::string caption_;
     std::vector<Connection> events_;
     std::vector<Connection> projectEvents_;

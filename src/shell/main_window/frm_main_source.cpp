@@ -1,8 +1,19 @@
 #include "datasource/attach_by_hand.h"
 #include "shell/main_window/class_marks.h"
 #include "shell/main_window/frm_main.h"
+#include "shell/main_window/help_messages.h"
 
 namespace veldrane {
+namespace {
+
+constexpr const char* kProcedureOpened =
+    "A stored procedure is called by a method of a class: the method takes the parameters of the procedure and returns "
+    "its rows.\r\n\r\n"
+    "Such a method cannot be added from this list. Save your project, and use the command 'veldrane define' with "
+    "'--procedure' to add it; then open your project again. Click a procedure to mark the classes that already have a "
+    "method for it.";
+
+} // namespace
 
 // Nothing while no data source is open.
 DataSourceConnection* frmMain::OpenConnection()
@@ -73,8 +84,12 @@ void frmMain::lst_DblClick(std::size_t row)
 {
     datasource_.SelectRow(row);
     const ListRow* selected = datasource_.Selected();
-    if (selected != nullptr && selected->Key == kAddTableKey)
+    if (selected == nullptr)
+        return;
+    if (selected->Key == kAddTableKey)
         AttachByHand();
+    else if (datasource_.Tab() == DataSourceTab::StoredProcedures && IsRealRow(*selected))
+        warning_.DisplayWarning(kProcedureOpened, warning_id::kSPsAsMethodsInPro);
 }
 
 void frmMain::lst_ColumnClick()

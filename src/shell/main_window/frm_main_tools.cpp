@@ -2,10 +2,27 @@
 #include "shell/main_window/ask_to_save.h"
 #include "shell/main_window/delete_class.h"
 #include "shell/main_window/frm_main.h"
+#include "shell/main_window/help_messages.h"
 
+#include <algorithm>
 #include <functional>
 
 namespace veldrane {
+namespace {
+
+constexpr const char* kFontChanged =
+    "You have changed the font of the preview. Text that stands in columns is only aligned in a font whose letters are "
+    "all equally wide. Click 'Monospaced Font' in the menu of the preview to choose such a font.\r\n\r\n"
+    "The Zoom window and printed copies of the preview use this font too. The files that are generated do not depend on "
+    "it.";
+
+constexpr const char* kDataSourceChanged =
+    "You have opened another data source for a project that already has classes. Your classes have not been changed: "
+    "they keep the tables and fields that they were made from, even if the new data source does not have them.\r\n\r\n"
+    "The code that you generate will connect to the new data source. Please make sure that it has the same structure as "
+    "the former one.";
+
+} // namespace
 
 struct frmMain::NamedCommand
 {
@@ -108,8 +125,17 @@ void frmMain::EditDataSource()
 
 void frmMain::OpenDatasource()
 {
+    const std::string before = Project().ConnectionString();
     veldrane::OpenDatasource(Project(), OpenDatasourceFor::UsersChoice,
                              [this](LogonPurpose purpose) { ShowLogon(purpose); });
+    if (!before.empty() && before != Project().ConnectionString() && HasClassesOfTables())
+        warning_.DisplayWarning(kDataSourceChanged, warning_id::kOpenDatasource);
+}
+
+bool frmMain::HasClassesOfTables()
+{
+    return std::any_of(Classes().begin(), Classes().end(),
+                       [](const KZMClass& item) { return !item.TableName.empty(); });
 }
 
 // A run may have added methods, and the folder is part of the project.
@@ -125,9 +151,13 @@ void frmMain::Options()
     frmOptions options({.Registry = application_.UserSettings,
                         .Asking = application_.Asking,
                         .Errors = application_.Errors,
-                        .Dialogs = dialogs_.Look()},
+                        .Dialogs = dialogs_.Look(),
+                        .Warning = warning_},
                        *this, look_);
+    const PreviewFont before = look_.Font;
     dialogs_.Show(options);
+    if (look_.Font != before)
+        warning_.DisplayWarning(kFontChanged, warning_id::kPreviewPaneFontChange);
 }
 
 void frmMain::HelpContents()

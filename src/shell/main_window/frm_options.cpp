@@ -26,6 +26,11 @@ constexpr std::string_view kUnwrittenBackground = "PreviewPaneBackColor";
 
 constexpr std::string_view kUnknownLimit = ":2000";
 
+constexpr const char* kAllAreShownAgain =
+    "All help messages will be shown again.\r\n\r\n"
+    "If you do not want to see one of them any more, click 'Do not show this message again' in its window before you "
+    "click 'OK'.";
+
 bool IsChecked(const RegistryAccess& registry, std::string_view name)
 {
     return text::Trim(registry.GetKeyValue(settings_section::kOptions, name)) == "1";
@@ -129,7 +134,11 @@ std::vector<HelpMessageRow> frmOptions::HelpMessages() const
 
 void frmOptions::ResetMessages()
 {
-    Guarded(ports_.Errors, kForm, "cmdResetMessages_Click", [this] { ResetHelpMessages(ports_.Registry); });
+    const bool reset =
+        Guarded(ports_.Errors, kForm, "cmdResetMessages_Click", [this] { ResetHelpMessages(ports_.Registry); });
+    HelpMessagesChanged.Raise(); // some of them even where it failed
+    if (reset)
+        ports_.Warning.DisplayWarning(kAllAreShownAgain, warning_id::kHelpMessages);
 }
 
 bool frmOptions::OK()

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "model/signal.h"
 #include "ports/error_report.h"
 #include "ports/messages.h"
 #include "ports/settings.h"
+#include "shell/main_window/frm_warning.h"
 #include "shell/main_window/look_dialogs.h"
 #include "shell/main_window/preview_look.h"
 
@@ -35,6 +37,7 @@ struct OptionsPorts
     Messages& Asking;
     ErrorReport& Errors;
     LookDialogs& Dialogs;
+    frmWarning& Warning;
 };
 
 // An entry of the two boxes that limit the lists.
@@ -110,8 +113,10 @@ class frmOptions
 
     [[nodiscard]] std::vector<HelpMessageRow> HelpMessages() const;
 
-    // Has all help messages shown again, at once. A failure is reported.
+    // Has all help messages shown again, at once, and tells so by one of them. A failure is reported.
     void ResetMessages();
+
+    Signal<> HelpMessagesChanged; // before it is told
 
     // Stores everything, then has the owner take it up. False if it can't be stored, which is reported: the owner is
     // left alone then, and the dialog is to stay.

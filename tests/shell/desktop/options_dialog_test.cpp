@@ -2,6 +2,7 @@
 
 #include "screenshots.h"
 #include "shell/desktop/qt_font.h"
+#include "shell/desktop/warning_dialog.h"
 #include "shell/main_window/recorded_options_owner.h"
 #include "shell/main_window/scripted_look_dialogs.h"
 #include "support/memory_settings.h"
@@ -29,7 +30,7 @@ struct TheOptionsWindow : ::testing::Test
 {
     OptionsDialog& Show()
     {
-        options.emplace(OptionsPorts{settings, messages, errors, dialogs}, owner, PreviewLook{});
+        options.emplace(OptionsPorts{settings, messages, errors, dialogs, warning}, owner, PreviewLook{});
         dialog = std::make_unique<OptionsDialog>(*options, nullptr);
         dialog->show();
         return *dialog;
@@ -46,6 +47,7 @@ struct TheOptionsWindow : ::testing::Test
     ScriptedMessages messages;
     RecordedErrors errors;
     ScriptedLookDialogs dialogs;
+    frmWarning warning{settings, errors, ShowWarning};
     RecordedOptionsOwner owner;
     std::optional<frmOptions> options;
     std::unique_ptr<OptionsDialog> dialog;
@@ -185,9 +187,16 @@ TEST_F(TheOptionsWindow, HasTheHelpMessagesShownAgainAtOnce)
 {
     settings.SaveSetting("Help", "warnLoggingTable", "1");
     QWidget& window = Show();
-    Click(window, "cmdResetMessages");
-    EXPECT_EQ(settings.GetKeyValue("Help", "warnLoggingTable"), "0");
-    EXPECT_EQ(Find<QTreeWidget>(window, "lstHelpMessages").topLevelItem(5)->text(1), u"Yes"_s);
+    const auto shown = [&] { return Find<QTreeWidget>(window, "lstHelpMessages").topLevelItem(5)->text(1); };
+    EXPECT_EQ(shown(), u"No"_s);
+    WithDialogs([&] { Click(window, "cmdResetMessages"); }, {[&](QWidget& message) {
+                    EXPECT_EQ(message.windowTitle(), u"Showing all help messages again"_s);
+                    EXPECT_EQ(settings.GetKeyValue("Help", "warnLoggingTable"), "0");
+                    EXPECT_EQ(shown(), u"Yes"_s);
+                    Photograph(message, "frmWarning-all-shown");
+                    Click(message, "cmdOK");
+                }});
+    EXPECT_EQ(shown(), u"Yes"_s);
     Click(window, "cmdCancel");
     EXPECT_EQ(settings.GetKeyValue("Help", "warnLoggingTable"), "0");
 }
@@ -207,8 +216,9 @@ TEST(TheOptionsWindowOnALockedStore, StaysOpenWithWhatWasChanged)
     ScriptedMessages messages;
     RecordedErrors errors;
     ScriptedLookDialogs dialogs;
+    frmWarning warning(settings, errors, ShowWarning);
     RecordedOptionsOwner owner;
-    frmOptions options({settings, messages, errors, dialogs}, owner, {});
+    frmOptions options({settings, messages, errors, dialogs, warning}, owner, {});
     OptionsDialog window(options, nullptr);
     window.show();
     Find<QCheckBox>(window, "chkShowSystemTables").setChecked(true);

@@ -45,7 +45,7 @@ class BreakingSettings : public testing::MemorySettings
 
 struct Options : ::testing::Test
 {
-    frmOptions Load() { return {{settings, messages, errors, dialogs}, owner, shown}; }
+    frmOptions Load() { return {{settings, messages, errors, dialogs, warning}, owner, shown}; }
 
     void Store(std::string_view name, std::string_view value) { settings.SaveSetting("Options", name, value); }
 
@@ -53,6 +53,8 @@ struct Options : ::testing::Test
     testing::ScriptedMessages messages;
     testing::RecordedErrors errors;
     testing::ScriptedLookDialogs dialogs;
+    std::vector<std::string> warned;
+    frmWarning warning{settings, errors, [this](frmWarning& form) { warned.push_back(form.lblMessage()); }};
     testing::RecordedOptionsOwner owner;
     PreviewLook shown;
 };
@@ -248,12 +250,35 @@ TEST_F(Options, ResetTheHelpMessagesAtOnce)
         EXPECT_TRUE(row.Shown) << row.About;
 }
 
+TEST_F(Options, TellOnceTheHelpMessagesAreResetThatAllAreShownAgain)
+{
+    frmOptions form = Load();
+    std::size_t toldBefore = 99;
+    const Connection listening = form.HelpMessagesChanged.Connect([&] { toldBefore = warned.size(); });
+    for (const char* value : {"", "1"}) {
+        settings.SaveSetting("Help", "warnHelpMessages", value);
+        warned.clear();
+        form.ResetMessages();
+        EXPECT_EQ(toldBefore, 0U);
+        EXPECT_THAT(warned, ElementsAre("All help messages will be shown again.\r\n\r\n"
+                                        "If you do not want to see one of them any more, click 'Do not show this "
+                                        "message again' in its window before you click 'OK'."));
+    }
+}
+
 TEST_F(Options, ReportHelpMessagesThatCanNotBeReset)
 {
-    settings.FailAtWrite = 1;
-    Load().ResetMessages();
+    settings.FailAtWrite = 3;
+    settings.SaveSetting("Help", "warnDataTypeRegulation", "1");
+    frmOptions form = Load();
+    std::vector<bool> shownNow;
+    const Connection listening =
+        form.HelpMessagesChanged.Connect([&] { shownNow.push_back(form.HelpMessages().front().Shown); });
+    form.ResetMessages();
     ASSERT_EQ(errors.Reported.size(), 1U);
     EXPECT_EQ(errors.Reported.front().Place.RoutineName, "cmdResetMessages_Click");
+    EXPECT_THAT(shownNow, ElementsAre(true)); // the first was reset before
+    EXPECT_THAT(warned, IsEmpty());
 }
 
 TEST_F(Options, NameAStoredValueThatIsNotOfItsKind)

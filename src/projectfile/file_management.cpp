@@ -154,11 +154,14 @@ bool TTCFileManagement::SaveUnderNewName(TTCProject& project, const KZMClasses& 
         return false;
     const std::string formerPath = std::exchange(project.FullPath, *chosen);
     const std::string formerName = std::exchange(project.FileName, LastPart(*chosen));
-    const bool saved = Write(project, classes, {.Begin = [&] {
-                                 SavingProject.Raise(0);
-                                 SavingProject.Raise(1);
-                                 return project.FullPath;
-                             }});
+    const bool saved = Write(project, classes,
+                             {.Begin =
+                                  [&] {
+                                      SavingProject.Raise(0);
+                                      SavingProject.Raise(1);
+                                      return project.FullPath;
+                                  },
+                              .Report = report_});
     if (saved) {
         namedPath_ = project.FullPath;
     } else {
@@ -170,18 +173,22 @@ bool TTCFileManagement::SaveUnderNewName(TTCProject& project, const KZMClasses& 
 
 bool TTCFileManagement::SaveOverFile(TTCProject& project, const KZMClasses& classes)
 {
-    return Write(project, classes, {.Begin = [&] {
-                     BackUp(project.FullPath);
-                     SavingProject.Raise(0);
-                     SetMinMaxProgress.Raise(1, 100, 1);
-                     SavingProject.Raise(1);
-                     return project.FullPath;
-                 }});
+    return Write(project, classes,
+                 {.Begin =
+                      [&] {
+                          BackUp(project.FullPath);
+                          SavingProject.Raise(0);
+                          SetMinMaxProgress.Raise(1, 100, 1);
+                          SavingProject.Raise(1);
+                          return project.FullPath;
+                      },
+                  .Report = report_});
 }
 
 // The entry comes last, so that a recovery never finds a copy that was not written yet. What the code page lacks is
 // told when the person saves.
-bool TTCFileManagement::Autosave(TTCProject& project, const KZMClasses& classes, TempFiles& tempFiles)
+bool TTCFileManagement::Autosave(TTCProject& project, const KZMClasses& classes, TempFiles& tempFiles,
+                                 ErrorReport& report)
 {
     return Write(project, classes,
                  {.Begin =
@@ -193,13 +200,14 @@ bool TTCFileManagement::Autosave(TTCProject& project, const KZMClasses& classes,
                           return project.TempFileName;
                       },
                   .End = [&] { tempFiles.Add(project.TempFileName); },
-                  .OfCharacters = Losses::Passed});
+                  .OfCharacters = Losses::Passed,
+                  .Report = report});
 }
 
 bool TTCFileManagement::Write(TTCProject& project, const KZMClasses& classes, const Saving& saving)
 {
     std::string losses;
-    const bool saved = Guarded(report_, kModule, "SaveProject", [&] {
+    const bool saved = Guarded(saving.Report, kModule, "SaveProject", [&] {
         const PointerWhile hourglass(windows_.Pointer, PointerShape::Hourglass);
         const std::string path = saving.Begin();
         SavingProject.Raise(10);

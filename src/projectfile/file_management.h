@@ -58,8 +58,8 @@ class TTCFileManagement
 
     // Writes the project into its copy for recovery: the file of TempFileName, which is made, with its entry, if the
     // project has none yet. Modified is cleared here, too, though the project's own file is still out of date. False,
-    // with a report and ProjectSaveFailed, if writing fails.
-    bool Autosave(TTCProject& project, const KZMClasses& classes, TempFiles& tempFiles);
+    // with ProjectSaveFailed and a report to `report`, if writing fails.
+    bool Autosave(TTCProject& project, const KZMClasses& classes, TempFiles& tempFiles, ErrorReport& report);
 
     // As the function of this name in project_reader.h.
     static void ReadProjectInfo(LineStream& stream, TTCProject& project);
@@ -83,6 +83,7 @@ class TTCFileManagement
         std::function<std::string()> Begin; // gives the path that the text is written to
         std::function<void()> End = [] {};
         Losses OfCharacters = Losses::Told;
+        ErrorReport& Report; // of a failure
     };
 
     [[nodiscard]] std::string ReadText(const std::string& fileName) const;

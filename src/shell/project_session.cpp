@@ -94,11 +94,9 @@ bool ProjectSession::Recover(const std::string& path)
     return true;
 }
 
-bool ProjectSession::Autosave()
+bool ProjectSession::Autosave(ErrorReport& report)
 {
-    if (lostClasses_ && Project().Recovered)
-        return false; // the copy that it came from holds more
-    const bool saved = files_.Autosave(Project(), Classes(), tempFiles_);
+    const bool saved = files_.Autosave(Project(), Classes(), tempFiles_, report);
     Project().SetModified(true);
     return saved;
 }

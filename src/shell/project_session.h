@@ -52,7 +52,10 @@ class ProjectSession
 
     // Writes the document into its copy for recovery; it stays modified. False if that fails, which is reported, and
     // for a document that has lost classes: no copy takes the place of a file that holds more.
-    bool Autosave();
+    bool Autosave() { return Autosave(application_.Errors); }
+
+    // The same with a report of the caller's.
+    bool Autosave(ErrorReport& report);
 
     // What the settings know of copies for recovery.
     [[nodiscard]] TempFiles& UnsavedCopies() { return tempFiles_; }

@@ -2,6 +2,7 @@
 
 #include "ports/error_report.h"
 
+#include <functional>
 #include <vector>
 
 namespace veldrane::testing {
@@ -19,9 +20,12 @@ class RecordedErrors : public ErrorReport
     void ReportError(const RuntimeError& error, const ErrorPlace& place) override
     {
         Reported.push_back({error, place});
+        if (WhileShown)
+            WhileShown();
     }
 
     std::vector<RecordedError> Reported;
+    std::function<void()> WhileShown; // what happens while the person reads
 };
 
 } // namespace veldrane::testing

@@ -2,10 +2,27 @@
 
 #include <array>
 #include <ctime>
-#include <string>
 
 namespace veldrane {
+
+struct CaughtFailure
+{
+    RuntimeError Error;
+    ErrorPlace Place;
+};
+
 namespace {
+
+// Keeps the failure for whoever decides whether it is told.
+struct CatchingReport : ErrorReport
+{
+    void ReportError(const RuntimeError& error, const ErrorPlace& place) override
+    {
+        Caught.emplace(CaughtFailure{.Error = error, .Place = place});
+    }
+
+    std::optional<CaughtFailure> Caught;
+};
 
 constexpr int kTicksOfMinute = 2;
 
@@ -39,15 +56,29 @@ void Autosave::Tick()
         Save();
 }
 
-// A failure is reported, and the next try comes after another interval.
 void Autosave::Save()
 {
-    const bool saved = session_.Autosave();
+    CatchingReport report;
+    const bool saved = session_.Autosave(report);
     session_.Project().AutosaveCurrentInterval = 0;
-    if (saved)
+    if (saved) {
+        reported_.reset();
         status_.SetStatus("Autosaved at " + ShownTime(application_.Time.Now()));
-    else
-        status_.EndProgress();
+        return;
+    }
+    status_.EndProgress();
+    if (report.Caught)
+        Tell(*report.Caught);
+}
+
+// The box of the first one stays open for as long as the person is away, and the next try may come meanwhile.
+void Autosave::Tell(const CaughtFailure& failure)
+{
+    status_.SetStatus("Autosave failed at " + ShownTime(application_.Time.Now()));
+    if (reported_ == failure.Error.Description())
+        return;
+    reported_ = failure.Error.Description();
+    application_.Errors.ReportError(failure.Error, failure.Place);
 }
 
 } // namespace veldrane

@@ -5,8 +5,12 @@
 #include "shell/project_session.h"
 
 #include <chrono>
+#include <optional>
+#include <string>
 
 namespace veldrane {
+
+struct CaughtFailure;
 
 // Saves the project behind the person's back, into its copy for recovery.
 class Autosave
@@ -21,16 +25,20 @@ class Autosave
     {}
 
     // Each second call counts a minute. A modified project whose AutosaveProjectInterval is over is saved and stays
-    // modified, for its own file is still out of date; the panel "Status" tells the time.
+    // modified, for its own file is still out of date; the panel "Status" tells the time. So it does of a failure, and
+    // the next try comes after another interval. The first of a row of equal failures is reported: the person can't do
+    // more about the others.
     void Tick();
 
   private:
     void Save();
+    void Tell(const CaughtFailure& failure);
 
     const Application& application_;
     ProjectSession& session_;
     StatusBar& status_;
     int ticks_ = 0;
+    std::optional<std::string> reported_; // the description of the latest failure, unless a copy was written since
 };
 
 } // namespace veldrane

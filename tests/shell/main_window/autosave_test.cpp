@@ -125,11 +125,82 @@ TEST_F(AutosaveTest, AFailureIsReportedAndTriedAgainAfterTheInterval)
     EXPECT_EQ(world_.Errors.Reported[0].Place.RoutineName, "SaveProject");
     EXPECT_THAT(Entries(), IsEmpty());
     EXPECT_TRUE(session_.Project().Modified());
-    EXPECT_EQ(status_.Status(), kReadyStatus);
+    EXPECT_EQ(status_.Status(), "Autosave failed at 12:00 am");
+    EXPECT_FALSE(status_.Progress().Visible);
     Minutes(4);
     EXPECT_EQ(world_.Errors.Reported.size(), 1U);
     Minutes(1);
     EXPECT_EQ(Entries().size(), 1U);
+    EXPECT_EQ(status_.Status(), "Autosaved at 12:00 am");
+}
+
+TEST_F(AutosaveTest, AFailureThatComesAgainIsOnlyToldInTheStatus)
+{
+    world_.UserSettings.Fails = true;
+    Minutes(5);
+    world_.Clock.Wait(std::chrono::minutes(5));
+    Minutes(5);
+    EXPECT_EQ(world_.Errors.Reported.size(), 1U);
+    EXPECT_EQ(status_.Status(), "Autosave failed at 12:05 am");
+    EXPECT_TRUE(session_.Project().Modified());
+}
+
+TEST_F(AutosaveTest, AnotherFailureIsReportedThoughOneWasBefore)
+{
+    world_.UserSettings.Fails = true;
+    Minutes(5);
+    world_.Files.FailAtCall = world_.Files.Calls + 1;
+    Minutes(5);
+    Minutes(5);
+    std::vector<std::string> told;
+    for (const testing::RecordedError& reported : world_.Errors.Reported)
+        told.push_back(reported.Error.Description());
+    ASSERT_EQ(told.size(), 3U);
+    EXPECT_NE(told[0], told[1]);
+    EXPECT_EQ(told[0], told[2]);
+}
+
+TEST_F(AutosaveTest, TheSameFailureIsReportedAgainOnceACopyWasWritten)
+{
+    for (const bool fails : {true, false}) {
+        world_.UserSettings.Fails = fails;
+        Minutes(5);
+    }
+    EXPECT_EQ(status_.Status(), "Autosaved at 12:00 am");
+    session_.New(DataSourceOnOpen::LeaveClosed); // its copy needs an entry of its own
+    session_.Project().SetModified(true);
+    world_.UserSettings.Fails = true;
+    Minutes(5);
+    Minutes(5);
+    EXPECT_EQ(world_.Errors.Reported.size(), 2U);
+}
+
+// The report's box stands open for a while, and time goes on.
+TEST_F(AutosaveTest, TheNextTryBehindTheReportsBoxOpensNoOther)
+{
+    world_.Errors.WhileShown = [this] {
+        if (world_.Errors.Reported.size() < 3)
+            Minutes(5);
+    };
+    world_.UserSettings.Fails = true;
+    Minutes(5);
+    EXPECT_EQ(world_.Errors.Reported.size(), 1U);
+}
+
+TEST_F(AutosaveTest, AProjectThatHasLostClassesHasNoCopyAndNoFailure)
+{
+    world_.Files.Files["/Shop.kzm"] =
+        "Veldrane Professional 2000 Data File\r\nBegin Project\r\nAutosaveProject\2True\r\nEnd Project\r\n"
+        "Begin Classes\r\nBegin Class B\r\nBegin Property P\r\nMaxLength\2x\r\nEnd Property P\r\nEnd Class B\r\n"
+        "End Classes\r\n";
+    ASSERT_TRUE(session_.Open("/Shop.kzm", DataSourceOnOpen::LeaveClosed));
+    ASSERT_TRUE(session_.LostClasses());
+    session_.Project().SetModified(true);
+    world_.Errors.Reported.clear();
+    Minutes(5);
+    EXPECT_EQ(status_.Status(), kReadyStatus);
+    EXPECT_THAT(world_.Errors.Reported, IsEmpty());
+    EXPECT_THAT(Entries(), IsEmpty());
 }
 
 TEST_F(AutosaveTest, LettersThatTheCodePageLacksAreToldWhenThePersonSaves)

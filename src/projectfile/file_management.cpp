@@ -193,7 +193,7 @@ bool TTCFileManagement::Autosave(TTCProject& project, const KZMClasses& classes,
     return Write(project, classes,
                  {.Begin =
                       [&] {
-                          if (project.TempFileName.empty())
+                          if (files_.Kind(project.TempFileName) != FileKind::File)
                               project.TempFileName = tempFiles.NewCopy();
                           SavingProject.Raise(0);
                           SavingProject.Raise(1);

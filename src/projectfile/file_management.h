@@ -56,6 +56,9 @@ class TTCFileManagement
     // written beside the file is removed.
     bool SaveProject(TTCProject& project, const KZMClasses& classes, SaveKind kind = SaveKind::Normal);
 
+    // Whether the project has no file of its own: it has none yet, or was recovered and not saved since.
+    [[nodiscard]] bool NeedsName(const TTCProject& project) const;
+
     // Writes the project into its copy for recovery: the file of TempFileName, which is made, with its entry, if the
     // project has none yet. Modified is cleared here, too, though the project's own file is still out of date. False,
     // with ProjectSaveFailed and a report to `report`, if writing fails.
@@ -88,7 +91,6 @@ class TTCFileManagement
 
     [[nodiscard]] std::string ReadText(const std::string& fileName) const;
     void ReadProject(LineStream& stream, TTCProject& project, KZMClasses& classes);
-    [[nodiscard]] bool NeedsName(const TTCProject& project) const;
     [[nodiscard]] bool IsPrivateCopy(const TTCProject& project) const;
     bool SaveUnderNewName(TTCProject& project, const KZMClasses& classes);
     bool SaveOverFile(TTCProject& project, const KZMClasses& classes);

@@ -3,6 +3,7 @@
 #include "projectfile/project_dialogs.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace veldrane {
 
@@ -13,10 +14,9 @@ TempFiles::TempFiles(Settings& settings, const FileSystem& files, RecoveryStore&
 void TempFiles::Add(const std::string& path)
 {
     const TempFile copy{.Name = LastPart(path), .Path = path};
-    if (IsOurs(copy.Name))
-        return;
-    settings_.SaveSetting(settings_section::kTempFiles, copy.Name, copy.Path);
     GiveUp(copy);
+    if (settings_.GetKeyValue(settings_section::kTempFiles, copy.Name) != copy.Path)
+        settings_.SaveSetting(settings_section::kTempFiles, copy.Name, copy.Path);
 }
 
 // An empty name would delete the section.
@@ -27,15 +27,28 @@ std::vector<TempFile> TempFiles::Recoverable()
     for (const auto& [name, path] : settings_.GetAllSettings(settings_section::kTempFiles)) {
         if (name.empty())
             continue;
-        if (files_.Kind(path) != FileKind::File) {
-            settings_.DeleteSetting(settings_section::kTempFiles, name);
-            continue;
-        }
         kept.push_back(path);
-        recoverable.push_back({.Name = name, .Path = path});
+        const TempFile copy{.Name = name, .Path = path};
+        if (files_.Kind(path) == FileKind::File)
+            recoverable.push_back(copy);
+        else
+            DeleteUnlessOfOthers(copy);
     }
     store_.RemoveOld(kept);
     return recoverable;
+}
+
+// A folder that is not there may come back, and the copy with it; a program that runs writes its copy again. An entry
+// that stays does no harm.
+void TempFiles::DeleteUnlessOfOthers(const TempFile& copy)
+{
+    if (files_.Kind(std::filesystem::path(copy.Path).parent_path()) == FileKind::Missing)
+        return;
+    try {
+        if (store_.Hold(copy.Path))
+            settings_.DeleteSetting(settings_section::kTempFiles, copy.Name);
+    } catch (const RuntimeError&) {
+    }
 }
 
 // Whoever held it until now may have recovered it, and its entry is gone then.
@@ -57,8 +70,10 @@ bool TempFiles::IsOurs(const std::string& name) const
 
 void TempFiles::Delete(const TempFile& copy)
 {
+    GiveUp(copy); // for another try where this one fails
     settings_.DeleteSetting(settings_section::kTempFiles, copy.Name);
     std::erase(ours_, copy.Name);
+    store_.StartDays(copy.Path);
 }
 
 void TempFiles::DeleteSection()

@@ -98,6 +98,8 @@ bool ProjectSession::Autosave(ErrorReport& report)
 {
     const bool saved = files_.Autosave(Project(), Classes(), tempFiles_, report);
     Project().SetModified(true);
+    if (saved && !files_.NeedsName(Project()))
+        FileUsed.Raise(Project().FullPath);
     return saved;
 }
 

@@ -50,8 +50,8 @@ class ProjectSession
     // copy is no file that the person has used.
     bool Recover(const std::string& path);
 
-    // Writes the document into its copy for recovery; it stays modified. False if that fails, which is reported, and
-    // for a document that has lost classes: no copy takes the place of a file that holds more.
+    // Writes the document into its copy for recovery; it stays modified. False if that fails, which is reported. Its
+    // own file, if it has one, is on top of the recent list then.
     bool Autosave() { return Autosave(application_.Errors); }
 
     // The same with a report of the caller's.

@@ -90,6 +90,51 @@ TEST_F(TempFilesTest, AnEntryWhoseFileIsGoneIsDeleted)
     EXPECT_THAT(Entries(), ElementsAre(Pair("b.kzm", "/recovery/b.kzm")));
 }
 
+TEST_F(TempFilesTest, TheEntryOfAProgramThatRunsStaysThoughItsFileIsGone)
+{
+    Leave("a.kzm");
+    files_.Files.erase("/recovery/a.kzm");
+    store_.HeldByOthers.insert("/recovery/a.kzm");
+    EXPECT_THAT(tempFiles_.Recoverable(), IsEmpty());
+    EXPECT_THAT(Entries(), ElementsAre(Pair("a.kzm", "/recovery/a.kzm")));
+}
+
+TEST_F(TempFilesTest, AnEntryWhoseFolderIsGoneStaysForItMayComeBack)
+{
+    Leave("a.kzm");
+    files_.Files.clear();
+    files_.Folders.clear();
+    EXPECT_THAT(tempFiles_.Recoverable(), IsEmpty());
+    EXPECT_THAT(Entries(), ElementsAre(Pair("a.kzm", "/recovery/a.kzm")));
+}
+
+TEST_F(TempFilesTest, AnEntryThatCanNotBeDeletedHidesNoCopy)
+{
+    Leave("gone.kzm");
+    Leave("a.kzm");
+    files_.Files.erase("/recovery/gone.kzm");
+    settings_.Fails = true;
+    EXPECT_THAT(tempFiles_.Recoverable(), ElementsAre(TempFile{"a.kzm", "/recovery/a.kzm"}));
+}
+
+TEST_F(TempFilesTest, AnEntryThatCouldNotBeDeletedGoesWithTheSection)
+{
+    Leave("a.kzm");
+    settings_.Fails = true;
+    EXPECT_THROW(tempFiles_.Delete({"a.kzm", "/recovery/a.kzm"}), RuntimeError);
+    settings_.Fails = false;
+    tempFiles_.DeleteSection();
+    EXPECT_THAT(Entries(), IsEmpty());
+}
+
+TEST_F(TempFilesTest, AnEntryWithoutANameIsPassedOver)
+{
+    Leave("a.kzm");
+    settings_.SaveSetting(settings_section::kTempFiles, "", "/recovery/b.kzm");
+    EXPECT_THAT(tempFiles_.Recoverable(), ElementsAre(TempFile{"a.kzm", "/recovery/a.kzm"}));
+    EXPECT_THAT(Entries(), ::testing::SizeIs(2));
+}
+
 TEST_F(TempFilesTest, WhatAnotherProgramHoldsIsLeftToIt)
 {
     Leave("a.kzm");

@@ -21,13 +21,19 @@ class MemoryRecoveryStore : public RecoveryStore
         return path;
     }
 
-    [[nodiscard]] bool Hold(const std::string& path) override { return !HeldByOthers.contains(path); }
+    [[nodiscard]] bool Hold(const std::string& path) override
+    {
+        if (Fails)
+            throw RuntimeError(error_number::kPathAccess, "MemoryRecoveryStore", path + ": No locks available");
+        return !HeldByOthers.contains(path);
+    }
 
     void StartDays(const std::string& path) override { Started.push_back(path); }
 
     void RemoveOld(const std::vector<std::string>& kept) override { Kept = kept; }
 
     int Made = 0;
+    bool Fails = false;                 // to hold a copy
     std::set<std::string> HeldByOthers; // paths
     std::vector<std::string> Started;   // the paths of all StartDays
     std::vector<std::string> Kept;      // of the latest RemoveOld

@@ -24,6 +24,8 @@ bool AskToSave(const Application& application, ProjectSession& session)
     if (answer == Answer::Cancel || (answer == Answer::Yes && !session.Save()))
         return false;
     session.ForgetCopies();
+    // A document that stays open all the same has a copy again at the next minute.
+    session.Project().AutosaveCurrentInterval = session.Project().AutosaveProjectInterval;
     return true;
 }
 

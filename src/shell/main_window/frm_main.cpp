@@ -95,6 +95,7 @@ bool frmMain::Load(const StartCommand& start)
     recent_.Rebuild();
     StartNewProject();
     const AfterRecovery after = RecoverProject(application_, session_, start);
+    status_.EndProgress(); // of a copy that could not be read to its end
     if (after == AfterRecovery::End) {
         dialogs_.CloseMainWindow();
     } else if (after == AfterRecovery::Recovered) {

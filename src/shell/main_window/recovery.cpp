@@ -18,7 +18,7 @@ class Recovery
     AfterRecovery Run()
     {
         for (const TempFile& copy : Copies()) {
-            if (!session_.UnsavedCopies().Take(copy))
+            if (!Take(copy))
                 continue;
             if (application_.Files.Kind(start_.File) == FileKind::File)
                 return AskForOne(copy);
@@ -28,6 +28,9 @@ class Recovery
             }
             if (Recover(copy))
                 return AfterRecovery::Recovered;
+            application_.Asking.Tell("Recovery Failed",
+                                     "Unable to recover lost file. It stays as " + copy.Path + " for 30 days.",
+                                     MessageIcon::Warning);
             Delete(copy);
         }
         return AfterRecovery::CommandLine;
@@ -39,6 +42,13 @@ class Recovery
         std::vector<TempFile> copies;
         Guarded(application_.Errors, kModule, "Form_Load", [&] { copies = session_.UnsavedCopies().Recoverable(); });
         return copies;
+    }
+
+    bool Take(const TempFile& copy)
+    {
+        bool isTaken = false;
+        Guarded(application_.Errors, kModule, "Form_Load", [&] { isTaken = session_.UnsavedCopies().Take(copy); });
+        return isTaken;
     }
 
     [[nodiscard]] bool IsEmptyCommandLine() const
@@ -87,7 +97,7 @@ class Recovery
     {
         if (!session_.Recover(copy.Path))
             return false;
-        if (session_.Autosave())
+        if (session_.Autosave() && !session_.LostClasses())
             Delete(copy);
         else
             session_.UnsavedCopies().GiveUp(copy); // it goes when the work is settled

@@ -13,7 +13,10 @@ void StatusBar::Follow(TTCFileManagement& files)
             SetMinMaxProgress(minimum, maximum, value);
         }));
     connections_.push_back(files.ProjectSavedSuccessfully.Connect([this] { EndProgress(); }));
-    connections_.push_back(files.ProjectSaveFailed.Connect([this](const std::string& /*text*/) { EndProgress(); }));
+    connections_.push_back(files.ProjectSaveFailed.Connect([this](const std::string& text) {
+        EndProgress();
+        SetStatus(text);
+    }));
 }
 
 void StatusBar::SetStatus(const std::string& text)

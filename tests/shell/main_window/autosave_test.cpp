@@ -10,10 +10,12 @@
 namespace veldrane {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Pair;
+using ::testing::SizeIs;
 
 class AutosaveTest : public ::testing::Test
 {
@@ -187,7 +189,7 @@ TEST_F(AutosaveTest, TheNextTryBehindTheReportsBoxOpensNoOther)
     EXPECT_EQ(world_.Errors.Reported.size(), 1U);
 }
 
-TEST_F(AutosaveTest, AProjectThatHasLostClassesHasNoCopyAndNoFailure)
+TEST_F(AutosaveTest, AProjectThatHasLostClassesHasItsCopyToo)
 {
     world_.Files.Files["/Shop.kzm"] =
         "Veldrane Professional 2000 Data File\r\nBegin Project\r\nAutosaveProject\2True\r\nEnd Project\r\n"
@@ -198,9 +200,40 @@ TEST_F(AutosaveTest, AProjectThatHasLostClassesHasNoCopyAndNoFailure)
     session_.Project().SetModified(true);
     world_.Errors.Reported.clear();
     Minutes(5);
-    EXPECT_EQ(status_.Status(), kReadyStatus);
     EXPECT_THAT(world_.Errors.Reported, IsEmpty());
-    EXPECT_THAT(Entries(), IsEmpty());
+    EXPECT_THAT(Entries(), SizeIs(1));
+}
+
+TEST_F(AutosaveTest, ACopyThatIsGoneIsMadeAnew)
+{
+    Minutes(5);
+    world_.Files.Files.erase("/recovery/copy1.kzm");
+    Minutes(5);
+    EXPECT_TRUE(world_.Files.Files.contains("/recovery/copy2.kzm"));
+    EXPECT_THAT(Entries(), Contains(Pair("copy2.kzm", "/recovery/copy2.kzm")));
+}
+
+TEST_F(AutosaveTest, AnEntryThatIsGoneIsMadeAnew)
+{
+    Minutes(5);
+    world_.UserSettings.DeleteSetting(settings_section::kTempFiles, "");
+    Minutes(5);
+    EXPECT_THAT(Entries(), ElementsAre(Pair("copy1.kzm", "/recovery/copy1.kzm")));
+}
+
+TEST_F(AutosaveTest, TheProjectsOwnFileIsOnTopOfTheRecentList)
+{
+    std::vector<std::string> used;
+    const Connection listening = session_.FileUsed.Connect([&](const std::string& path) { used.push_back(path); });
+    Minutes(5);
+    EXPECT_THAT(used, IsEmpty());
+    session_.Project().FullPath = "/Shop.kzm";
+    Minutes(5);
+    EXPECT_THAT(used, ElementsAre("/Shop.kzm"));
+    session_.Project().Recovered = true;
+    session_.Project().FullPath = "/recovery/copy1.kzm";
+    Minutes(5);
+    EXPECT_THAT(used, ElementsAre("/Shop.kzm"));
 }
 
 TEST_F(AutosaveTest, LettersThatTheCodePageLacksAreToldWhenThePersonSaves)

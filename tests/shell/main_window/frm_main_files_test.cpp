@@ -130,11 +130,12 @@ TEST_F(FrmMainFiles, ASaveAsThatFailsOrIsCancelledKeepsThePath)
     Form.Status().SetStatus("Working");
     Form.actbar_Click("SaveAs");
     EXPECT_EQ(Form.Project().FullPath, "/shop.kzm");
+    EXPECT_EQ(Form.Status().Status(), "Working");
     World.Dialogs.Add("/full/other.kzm");
     Form.actbar_Click("SaveAs");
     EXPECT_EQ(Form.Project().FullPath, "/shop.kzm");
     EXPECT_EQ(World.Errors.Reported.size(), 1U);
-    EXPECT_EQ(Form.Status().Status(), "Working");
+    EXPECT_EQ(Form.Status().Status(), "Unable to save file. Please try again.");
     EXPECT_THAT(RecentPaths(), ElementsAre(Pair("1", "/shop.kzm")));
 }
 

@@ -5,6 +5,7 @@
 namespace veldrane {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Pair;
@@ -144,8 +145,12 @@ TEST_F(RecoveryTest, ADamagedCopyIsToldLosesItsEntryAndGivesWay)
     static_cast<void>(Form.Load({}));
     EXPECT_EQ(World.Messages.Asked()[0].Text,
               "This file is not a Veldrane Professional 2000 Data File. Unable to open file.");
+    EXPECT_EQ(World.Messages.Asked()[1].Title, "Recovery Failed");
+    EXPECT_EQ(World.Messages.Asked()[1].Text,
+              "Unable to recover lost file. It stays as /recovery/copy1.kzm for 30 days.");
     EXPECT_EQ(Form.Project().ProjectName(), "Desk");
     EXPECT_TRUE(World.Files.Files.contains("/recovery/copy1.kzm"));
+    EXPECT_THAT(World.Recovery.Started, Contains("/recovery/copy1.kzm"));
     EXPECT_THAT(Entries(), ElementsAre(Pair("copy3.kzm", "/recovery/copy3.kzm")));
 }
 
@@ -266,13 +271,51 @@ TEST_F(RecoveryTest, WithoutASplashFormItIsRecoveredToo)
     EXPECT_TRUE(Form.Project().Recovered);
 }
 
-TEST_F(RecoveryTest, AnUnreadableSectionIsReportedAndTheProgramStarts)
+TEST_F(RecoveryTest, AnEntryThatCanNotBeDeletedHoldsNothingUp)
+{
+    Crash("Gone");
+    Crash("Desk");
+    World.Files.Files.erase("/recovery/copy1.kzm");
+    World.UserSettings.Fails = true;
+    EXPECT_FALSE(Form.Load({}));
+    EXPECT_EQ(Form.Project().ProjectName(), "Desk");
+    World.UserSettings.Fails = false;
+    Form.Project().SetModified(false);
+    EXPECT_TRUE(Form.QueryUnload());
+    EXPECT_THAT(Entries(), ElementsAre(Pair("copy1.kzm", "/recovery/copy1.kzm")));
+}
+
+TEST_F(RecoveryTest, ACopyWhoseOwnerCanNotBeFoundOutIsReportedAndStays)
 {
     Crash("Desk");
-    World.Files.Files.clear();
-    World.UserSettings.Fails = true;
+    World.Recovery.Fails = true;
     EXPECT_TRUE(Form.Load({}));
-    EXPECT_FALSE(World.Errors.Reported.empty());
+    EXPECT_FALSE(Form.Project().Recovered);
+    EXPECT_THAT(World.Errors.Reported, SizeIs(1));
+    EXPECT_THAT(Entries(), SizeIs(1));
+}
+
+TEST_F(RecoveryTest, ACopyThatCouldNotBeReadToItsEndLeavesNoProgress)
+{
+    Crash("Desk");
+    std::string& copy = World.Files.Files["/recovery/copy1.kzm"];
+    copy.insert(copy.find("End Project"), "MTSEnabled\2perhaps\r\n");
+    EXPECT_TRUE(Form.Load({}));
+    EXPECT_FALSE(Form.Status().Progress().Visible);
+    EXPECT_EQ(Form.Status().Icon(), "");
+}
+
+TEST_F(RecoveryTest, WorkThatWasGivenUpHasACopyAgainIfItStaysOpen)
+{
+    StartOnShop();
+    Form.Project().SetModified(true);
+    LetAutosaveComeDue();
+    World.Messages.Add(Answer::No);
+    Form.actbar_Click("Open"); // and Cancel
+    EXPECT_THAT(Entries(), IsEmpty());
+    Form.tmrAutosave_Timer();
+    Form.tmrAutosave_Timer();
+    EXPECT_THAT(Entries(), SizeIs(1));
 }
 
 TEST_F(RecoveryTest, ACopyMadeOfWorkThatWasGivenUpGoesWithIt)
@@ -311,7 +354,8 @@ TEST_F(RecoveryTest, ACopyThatCanBeReadInPartAloneKeepsItsEntry)
     const std::string before = copy;
     EXPECT_FALSE(Form.Load({}));
     EXPECT_TRUE(Form.Project().Recovered);
-    EXPECT_THAT(Entries(), ElementsAre(Pair("copy1.kzm", "/recovery/copy1.kzm")));
+    EXPECT_THAT(Entries(),
+                ElementsAre(Pair("copy1.kzm", "/recovery/copy1.kzm"), Pair("copy2.kzm", "/recovery/copy2.kzm")));
     EXPECT_EQ(World.Files.Files["/recovery/copy1.kzm"], before);
 }
 

@@ -29,11 +29,13 @@ std::string BareName(const std::string& path)
     return path.substr(path.rfind('/') + 1);
 }
 
-void MakeEmptyFile(const std::string& path)
+// A failure names the folder: each try has another file.
+void MakeEmptyFile(const std::string& folder, const std::string& name)
 {
+    const std::string path = folder + "/" + name;
     const Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kUserAlone));
     if (!file.IsOpen())
-        throw WriteFailure(path, errno);
+        throw WriteFailure(folder, errno);
 }
 
 // "4711-0123456789abcdef.kzm": what a person has put there is not ours.
@@ -75,7 +77,7 @@ std::string RecoveryFiles::GetTempName()
     MakeFolder(folder_);
     const std::string name = temporary_name::ProcessAndRandom() + std::string(kCopySuffix);
     std::string path = folder_ + "/" + name;
-    MakeEmptyFile(path); // before its lock, which RemoveOld would take for one that was left behind
+    MakeEmptyFile(folder_, name); // before its lock, which RemoveOld would take for one that was left behind
     try {
         Keep(name, FileLock(LockOf(name)));
     } catch (...) {

@@ -95,6 +95,20 @@ TEST_F(RecoveryFilesTest, TheLockNamesItsOwner)
     EXPECT_TRUE(files_.Hold(path));
 }
 
+TEST_F(RecoveryFilesTest, WhereTheFolderTakesNoFileEachTryFailsAlike)
+{
+    RecoveryFiles nowhere("/proc/self", clock_);
+    const auto failure = [&] {
+        try {
+            return nowhere.GetTempName();
+        } catch (const RuntimeError& error) {
+            return error.Description();
+        }
+    };
+    EXPECT_THAT(failure(), MatchesRegex("/proc/self: .*"));
+    EXPECT_EQ(failure(), failure());
+}
+
 TEST_F(RecoveryFilesTest, WhatOneProgramHoldsNoOtherTakes)
 {
     const std::string path = files_.GetTempName();

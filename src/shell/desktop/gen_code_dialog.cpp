@@ -27,6 +27,7 @@ GenCodeDialog::GenCodeDialog(const Application& application, TTCProject& project
       newFolder_(new QAction(u"&New Folder..."_s, this)), popFolder_(new QMenu(this))
 {
     ui_->setupUi(this);
+    overCancel_ = new ArrowOver(*ui_->cmdCancel); // the button's own
     setWindowIcon(Icon("Module"));
     ui_->imgWizard->setPixmap(Icon("Module").pixmap(kPictureSize));
     ui_->lstFiles->setModel(&files_);
@@ -110,6 +111,7 @@ void GenCodeDialog::ShowAll()
     ShowFolder();
     ShowSteps();
     ShowEnd();
+    overCancel_->Refresh();
     if (rules_.tmrStart())
         StartWhenPainted();
 }

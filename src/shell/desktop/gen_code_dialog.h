@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shell/desktop/arrow_over.h"
 #include "shell/desktop/settled_files_model.h"
 #include "shell/wizard/frm_gen_code.h"
 
@@ -62,6 +63,7 @@ class GenCodeDialog : public QDialog, private WizardDialogs
     QTimer tmrStart_;
     QAction* newFolder_;
     QMenu* popFolder_;
+    ArrowOver* overCancel_ = nullptr;
     int shownPage_ = -1;
     Connection changed_;
 };

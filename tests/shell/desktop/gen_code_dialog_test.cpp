@@ -4,6 +4,7 @@
 #include "shell/desktop/link_button.h"
 #include "shell/desktop/qt_clock.h"
 #include "shell/desktop/qt_messages.h"
+#include "shell/desktop/qt_mouse_pointer.h"
 #include "shell/platform/disk_file_system.h"
 #include "shell/platform/temporary_folder.h"
 #include "shell/project_session.h"
@@ -284,6 +285,63 @@ TEST_F(TheWizard, CancellingTheQuestionEndsTheRun)
     EXPECT_EQ(Find<QPlainTextEdit>(window, "txtWarnings").toPlainText(), u"User Cancelled Operation"_s);
     EXPECT_FALSE(Find<LinkButton>(window, "lblOpenProject").isVisible());
     Photograph(window, "frmGenCode-incomplete");
+}
+
+// What Qt sends when the pointer comes over a control and leaves it.
+void Enter(QWidget& control)
+{
+    QEnterEvent enter({5, 5}, {5, 5}, {5, 5});
+    QApplication::sendEvent(&control, &enter);
+}
+
+void Leave(QWidget& control)
+{
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&control, &leave);
+}
+
+Qt::CursorShape Pointer()
+{
+    return QApplication::overrideCursor() == nullptr ? Qt::ArrowCursor : QApplication::overrideCursor()->shape();
+}
+
+TEST_F(TheWizard, UnderTheHourglassCancelHasTheArrowWhileItCanBeClicked)
+{
+    QtMousePointer pointer;
+    QWidget& window = Show();
+    auto& cancel = Find<QPushButton>(window, "cmdCancel");
+    Enter(cancel);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    Leave(cancel);
+    pointer.Show(PointerShape::Hourglass);
+    EXPECT_EQ(Pointer(), Qt::WaitCursor);
+    Enter(cancel);
+    EXPECT_EQ(Pointer(), Qt::ArrowCursor);
+    Leave(cancel);
+    EXPECT_EQ(Pointer(), Qt::WaitCursor);
+    Enter(cancel);
+    cancel.setEnabled(false);
+    EXPECT_EQ(Pointer(), Qt::WaitCursor);
+    pointer.Show(PointerShape::Default);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(TheWizard, APointerThatRestsOnCancelIsAnArrowFromTheRunsFirstFileOn)
+{
+    QtMousePointer pointer;
+    Put(folder_ / "TestShop.vbp", "mine");
+    QWidget& window = Show();
+    Next(2);
+    auto& cancel = Find<QPushButton>(window, "cmdCancel");
+    Enter(cancel);
+    pointer.Show(PointerShape::Hourglass);
+    WithDialogs([this] { Run(); }, {[&](QWidget& dialog) {
+                    EXPECT_EQ(Pointer(), Qt::ArrowCursor);
+                    Leave(cancel); // the dialog's pointer is none of the button's
+                    EXPECT_EQ(Pointer(), Qt::ArrowCursor);
+                    Click(dialog, "cmdOK");
+                }});
+    EXPECT_EQ(Pointer(), Qt::WaitCursor);
 }
 
 // The window's own button is met while the question stands at the second file.

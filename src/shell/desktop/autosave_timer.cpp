@@ -1,5 +1,7 @@
 #include "shell/desktop/autosave_timer.h"
 
+#include "shell/desktop/room_for_dialog.h"
+
 #include <QApplication>
 
 namespace veldrane {
@@ -9,11 +11,10 @@ using namespace std::chrono_literals;
 
 constexpr auto kHeldOver = 1s;
 
-// A dialog above a routine has the arrow over the hourglass.
-bool ShowsHourglass()
+// A routine has a pointer of its own for as long as it takes, but while it waits for an answer.
+bool IsInRoutine()
 {
-    const QCursor* pointer = QApplication::overrideCursor();
-    return pointer != nullptr && pointer->shape() == Qt::WaitCursor;
+    return QApplication::overrideCursor() != nullptr && !RoomForDialog::IsMade();
 }
 
 } // namespace
@@ -32,7 +33,7 @@ void AutosaveTimer::Start()
 
 void AutosaveTimer::Tick()
 {
-    if (ShowsHourglass())
+    if (IsInRoutine())
         heldOver_.start(kHeldOver);
     else
         rules_.tmrAutosave_Timer();

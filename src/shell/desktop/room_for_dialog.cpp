@@ -4,8 +4,11 @@
 
 namespace veldrane {
 
+int RoomForDialog::made_ = 0;
+
 RoomForDialog::RoomForDialog() : hasArrow_(QApplication::overrideCursor() != nullptr)
 {
+    ++made_;
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget* window : windows) {
         if (!window->isVisible() || !window->windowFlags().testFlag(Qt::WindowStaysOnTopHint))
@@ -19,6 +22,7 @@ RoomForDialog::RoomForDialog() : hasArrow_(QApplication::overrideCursor() != nul
 
 RoomForDialog::~RoomForDialog()
 {
+    --made_;
     if (hasArrow_)
         QApplication::restoreOverrideCursor();
     for (const QPointer<QWidget>& window : hidden_) {

@@ -17,7 +17,12 @@ class RoomForDialog
     RoomForDialog(const RoomForDialog&) = delete;
     RoomForDialog& operator=(const RoomForDialog&) = delete;
 
+    // Whether one lives.
+    [[nodiscard]] static bool IsMade() { return made_ > 0; }
+
   private:
+    static int made_; // how many live
+
     std::vector<QPointer<QWidget>> hidden_;
     bool hasArrow_;
 };

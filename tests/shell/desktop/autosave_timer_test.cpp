@@ -1,5 +1,6 @@
 #include "shell/desktop/autosave_timer.h"
 
+#include "shell/desktop/room_for_dialog.h"
 #include "started_window.h"
 
 #include <QTest>
@@ -56,11 +57,19 @@ TEST_F(TheAutosaveTimer, HoldsATickOverUntilTheRoutineIsDone)
     EXPECT_TRUE(QTest::qWaitFor([this] { return !Entries().empty(); }));
 }
 
+TEST_F(TheAutosaveTimer, HoldsATickOverWhereARunShowsTheArrowOverItsCancel)
+{
+    AutosaveTimer timer(*rules_);
+    QApplication::setOverrideCursor(Qt::ArrowCursor);
+    TickTwice(timer);
+    EXPECT_THAT(Entries(), IsEmpty());
+}
+
 TEST_F(TheAutosaveTimer, SavesWhileAQuestionStandsOverARoutine)
 {
     AutosaveTimer timer(*rules_);
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    QApplication::setOverrideCursor(Qt::ArrowCursor);
+    const RoomForDialog asking;
     TickTwice(timer);
     EXPECT_THAT(Entries(), SizeIs(1));
 }

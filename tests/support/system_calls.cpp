@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <optional>
 #include <sys/types.h>
+#include <unistd.h>
 
 namespace veldrane::testing {
 namespace {
@@ -168,9 +169,11 @@ int __wrap_syncfs(int file)
     return Fails(SystemCall::Syncfs, "syncfs") ? -1 : __real_syncfs(file);
 }
 
+// A folder that is there needs no disk.
 int __wrap_mkdir(const char* path, mode_t mode)
 {
-    return FailsInRange("mkdir") ? -1 : __real_mkdir(path, mode);
+    const bool makes = access(path, F_OK) != 0;
+    return makes && FailsInRange("mkdir") ? -1 : __real_mkdir(path, mode);
 }
 
 int __wrap_open(const char* path, int flags, mode_t mode)

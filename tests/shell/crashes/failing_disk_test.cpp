@@ -38,8 +38,10 @@ class FailingDisk : public PersonsWork, public ::testing::WithParamInterface<Dis
             Program = std::make_unique<DiskProgram>(Folder);
             prepare(*Program);
             const std::string failed = Fail(call, deed);
-            if (failed.empty())
+            if (failed.empty()) {
+                RecordProperty("failures", call - 1);
                 return call - 1;
+            }
             SCOPED_TRACE("call " + std::to_string(call) + " failed: " + failed);
             check();
             EXPECT_EQ(PersonsFolder::PrivateFilesIn(Folder.Path("work")), 0);

@@ -34,8 +34,10 @@ class KilledSession : public PersonsWork
                 KillAtCall(0);
                 return 0;
             });
-            if (end == 0)
+            if (end == 0) {
+                RecordProperty("kills", call - 1);
                 return call - 1;
+            }
             EXPECT_EQ(end, kKilled + SIGKILL);
             check();
             ExpectOtherSettings();

@@ -135,6 +135,7 @@ TEST_P(FailingDisk, TellsOfAnAutosaveThatFailsAndTheNextOneSucceeds)
             Program->TickToAutosave();
             EXPECT_THAT(Program->Twins.Errors.Reported, SizeIs(1));
             EXPECT_THAT(Program->Entries(), SizeIs(1));
+            EXPECT_THAT(PersonsFolder::FilesIn(Folder.Recovery()), SizeIs(2)); // the copy and its lock
             Restart();
             EXPECT_EQ(NextStart(), 2);
         });

@@ -54,10 +54,8 @@ class MainWindowTest : public StartedWindow
     // Customers with their orders, and the countries as a lookup class.
     void StartWithClasses();
 
-    QTreeView& Tree() { return Find<QTreeView>(*window_, "treMain"); }
     QListView& Preview() { return Find<QListView>(*window_, "lstPreview"); }
     QTreeView& Tables() { return Find<QTreeView>(*window_, "lstTables"); }
-    QAction& Tool(const std::string& name) { return Find<QAction>(*window_, name); }
 
     QModelIndex Node(const QString& text) { return Entry(Tree(), text); }
     bool HasNode(const QString& text);

@@ -43,9 +43,9 @@ TEST_F(MainWindowPlace, APaneThatBeginsToFloatIsStillShown)
     Start();
     Preview().setFloating(true);
     QApplication::processEvents();
-    EXPECT_TRUE(Find<QAction>(*window_, "ViewPreviewPane").isChecked());
+    EXPECT_TRUE(Tool("ViewPreviewPane").isChecked());
     Preview().close();
-    EXPECT_FALSE(Find<QAction>(*window_, "ViewPreviewPane").isChecked());
+    EXPECT_FALSE(Tool("ViewPreviewPane").isChecked());
     RunTool("ViewPreviewPane");
     EXPECT_TRUE(Preview().isVisible() && Preview().isFloating());
 }

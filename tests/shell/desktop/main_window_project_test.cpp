@@ -10,7 +10,6 @@
 #include <QMimeData>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTreeView>
 #include <QUrl>
 #include <QWindow>
 
@@ -28,20 +27,6 @@ using ::testing::SizeIs;
 class MainWindowProject : public StartedWindow
 {
   protected:
-    QTreeView& Tree() { return Find<QTreeView>(*window_, "treMain"); }
-
-    // Begins to type over the project's name, and does not end.
-    void TypeName(const QString& name)
-    {
-        Tree().setCurrentIndex(Tree().model()->index(0, 0));
-        Tree().setFocus();
-        QTest::keyClick(&Tree(), Qt::Key_F2);
-        auto* editor = Tree().findChild<QLineEdit*>();
-        ASSERT_NE(editor, nullptr);
-        editor->selectAll();
-        QTest::keyClicks(editor, name);
-    }
-
     QString Title() { return window_->windowHandle()->title(); }
 };
 
@@ -127,7 +112,7 @@ TEST_F(MainWindowProject, AnotherProjectHasItsOwnMark)
 TEST_F(MainWindowProject, EachToolIsOfferedAsTheTableSays)
 {
     Start();
-    for (const Tool& tool : Tools()) {
+    for (const auto& tool : Tools()) {
         const std::string name(tool.Name);
         const auto isOffered = [&](const QAction* action) {
             return action->text().toStdString() == tool.Caption &&

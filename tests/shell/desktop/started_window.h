@@ -7,13 +7,18 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
+#include <QTest>
+#include <QTreeView>
+
+#include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
 
 namespace veldrane::testing {
 
-// The main window on a world in memory; each start finds the settings of the last one.
+// The main window on a world in memory.
 class StartedWindow : public ::testing::Test
 {
   protected:
@@ -33,7 +38,7 @@ class StartedWindow : public ::testing::Test
         QApplication::processEvents();
     }
 
-    // A new start of the program.
+    // A new start of the program, which finds the settings of the last one.
     void Start(const StartCommand& command = {})
     {
         Show();
@@ -48,10 +53,25 @@ class StartedWindow : public ::testing::Test
         Start();
     }
 
-    void RunTool(const char* tool)
+    QTreeView& Tree() { return Find<QTreeView>(*window_, "treMain"); }
+    QAction& Tool(const std::string& name) { return Find<QAction>(*window_, name); }
+
+    void RunTool(const std::string& tool)
     {
-        Find<QAction>(*window_, tool).trigger();
+        Tool(tool).trigger();
         QApplication::processEvents();
+    }
+
+    // Begins to type over the project's name, and does not end.
+    void TypeName(const QString& name)
+    {
+        Tree().setCurrentIndex(Tree().model()->index(0, 0));
+        Tree().setFocus();
+        QTest::keyClick(&Tree(), Qt::Key_F2);
+        auto* editor = Tree().findChild<QLineEdit*>();
+        ASSERT_NE(editor, nullptr);
+        editor->selectAll();
+        QTest::keyClicks(editor, name);
     }
 
     std::string Setting(const std::string& name) { return world_.UserSettings.GetKeyValue("Window", name); }

@@ -1,12 +1,12 @@
 #include "shell/desktop/error_dialog.h"
 
 #include "shell/desktop/qt_text.h"
+#include "shell/desktop/room_for_dialog.h"
 #include "ui_frm_error.h"
 
 #include <QClipboard>
 #include <QFontDatabase>
 #include <QGuiApplication>
-#include <QScreen>
 #include <QStyle>
 
 #include <algorithm>
@@ -17,7 +17,6 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int kIconSize = 32;
-constexpr int kPartOfScreen = 3;
 
 } // namespace
 
@@ -50,10 +49,9 @@ void ErrorDialog::resizeEvent(QResizeEvent* event)
     FitWords();
 }
 
-// The words have the height that they need, up to a part of the screen: then they are scrolled.
 void ErrorDialog::FitWords()
 {
-    const int most = screen()->availableGeometry().height() / kPartOfScreen;
+    const int most = MostHeightOfWords(*this);
     const int needed = ui_->lblError->heightForWidth(ui_->scrError->viewport()->width());
     ui_->scrError->setFixedHeight(std::clamp(needed, kIconSize, std::max(most, kIconSize)));
 }

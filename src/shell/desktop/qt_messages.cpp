@@ -4,8 +4,11 @@
 #include "shell/desktop/qt_text.h"
 #include "shell/desktop/room_for_dialog.h"
 
+#include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollArea>
 
 #include <array>
 #include <vector>
@@ -14,6 +17,8 @@ namespace veldrane {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+constexpr int kWidthOfWords = 500; // pixels; to this width Qt's boxes grow before they break lines
 
 struct AnswerButton
 {
@@ -78,6 +83,35 @@ void AddButtons(QMessageBox& box, const Question& question)
     box.setEscapeButton(ButtonOf(answers.back()).Button);
 }
 
+QScrollArea* ScrolledWords(const QMessageBox& box)
+{
+    auto* words = new QLabel(box.text());
+    words->setObjectName(u"lblText"_s);
+    words->setTextFormat(box.textFormat());
+    words->setTextInteractionFlags(box.textInteractionFlags());
+    words->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    words->setWordWrap(true);
+    auto* area = new QScrollArea;
+    area->setObjectName(u"scrText"_s);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(words);
+    area->setMinimumWidth(kWidthOfWords);
+    area->setFixedHeight(MostHeightOfWords(box));
+    return area;
+}
+
+// The box's own label knows no bound: where its text is too tall, another one stands in its place.
+void FitWords(QMessageBox& box)
+{
+    auto* own = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+    own->setWordWrap(true); // the box decides that anew when it is shown
+    if (own->heightForWidth(kWidthOfWords) <= MostHeightOfWords(box))
+        return;
+    own->hide();
+    delete box.layout()->replaceWidget(own, ScrolledWords(box));
+}
+
 Answer AnswerOf(int button)
 {
     for (const AnswerButton& row : kButtons) {
@@ -100,6 +134,7 @@ Answer QtMessages::Ask(const Question& question)
     box.setText(ToQt(question.Text));
     box.setIcon(IconOf(question.Icon));
     AddButtons(box, question);
+    FitWords(box);
     return AnswerOf(box.exec());
 }
 

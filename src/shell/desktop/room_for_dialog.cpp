@@ -1,8 +1,14 @@
 #include "shell/desktop/room_for_dialog.h"
 
 #include <QApplication>
+#include <QScreen>
 
 namespace veldrane {
+namespace {
+
+constexpr int kPartOfScreen = 3;
+
+} // namespace
 
 int RoomForDialog::made_ = 0;
 
@@ -35,6 +41,11 @@ QWidget* WindowInFront()
 {
     QWidget* dialog = QApplication::activeModalWidget();
     return dialog != nullptr ? dialog : QApplication::activeWindow();
+}
+
+int MostHeightOfWords(const QWidget& dialog)
+{
+    return dialog.screen()->availableGeometry().height() / kPartOfScreen;
 }
 
 } // namespace veldrane

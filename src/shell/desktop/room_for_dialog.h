@@ -30,4 +30,8 @@ class RoomForDialog
 // The window that a dialog belongs to: the one in front, nullptr if the program has none.
 [[nodiscard]] QWidget* WindowInFront();
 
+// The height in pixels up to which a dialog shows words whole; what is taller is scrolled. A third of the dialog's
+// screen, so that its buttons always lie on it.
+[[nodiscard]] int MostHeightOfWords(const QWidget& dialog);
+
 } // namespace veldrane

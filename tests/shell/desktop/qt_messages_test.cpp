@@ -7,6 +7,9 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -53,6 +56,43 @@ TEST(QtMessages, ShowTheQuestionWordByWord)
         Click(box, "cmdOK");
     });
     EXPECT_EQ(answer, Answer::Ok);
+}
+
+TEST(QtMessages, KeepTheirButtonsOnTheScreenHoweverLongTheTextIs)
+{
+    Question question{.Title = "Confirm Delete", .Text = "Delete these?", .Offered = Buttons::OkCancel};
+    for (int line = 1; line <= 100; ++line)
+        question.Text += "\r\n<Customer> & \"Co\" " + std::to_string(line);
+    const Answer answer = AnswerAfter(question, [&](QWidget& box) {
+        const QRect screen = box.screen()->availableGeometry();
+        EXPECT_LE(box.height(), screen.height());
+        EXPECT_TRUE(box.rect().contains(Find<QPushButton>(box, "cmdOK").geometry()));
+        EXPECT_TRUE(box.rect().contains(Find<QPushButton>(box, "cmdCancel").geometry()));
+        const auto& words = Find<QLabel>(box, "lblText");
+        EXPECT_EQ(words.text(), dynamic_cast<QMessageBox&>(box).text());
+        EXPECT_TRUE(words.text().endsWith(u"<Customer> & \"Co\" 100"_s));
+        EXPECT_EQ(words.textFormat(), Qt::PlainText);
+        auto& bar = *Find<QScrollArea>(box, "scrText").verticalScrollBar();
+        bar.setValue(bar.maximum());
+        EXPECT_LE(words.mapTo(words.parentWidget(), words.rect().bottomLeft()).y(), words.parentWidget()->height());
+        Photograph(box, "msgBox-long");
+        Click(box, "cmdOK");
+    });
+    EXPECT_EQ(answer, Answer::Ok);
+}
+
+TEST(QtMessages, BreakALineThatIsTooLongForTheScreen)
+{
+    Question question{.Title = "T"};
+    for (int word = 1; word <= 5000; ++word)
+        question.Text += "word" + std::to_string(word) + " ";
+    AnswerAfter(question, [](QWidget& box) {
+        const QSize screen = box.screen()->availableGeometry().size();
+        EXPECT_LE(box.height(), screen.height());
+        EXPECT_LE(box.width(), screen.width());
+        EXPECT_EQ(Find<QScrollArea>(box, "scrText").horizontalScrollBar()->maximum(), 0);
+        Click(box, "cmdOK");
+    });
 }
 
 struct Row

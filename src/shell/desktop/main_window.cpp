@@ -233,8 +233,10 @@ void MainWindow::dropEvent(QDropEvent* event)
     QMetaObject::invokeMethod(
         this,
         [this, path = DroppedFile(event->mimeData())] {
-            if (!IsBusy())
-                rules_.FileDropped(path);
+            if (IsBusy())
+                return;
+            ui_->treMain->CommitLabel();
+            rules_.FileDropped(path);
         },
         Qt::QueuedConnection);
 }

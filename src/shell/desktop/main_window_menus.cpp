@@ -15,6 +15,7 @@ namespace veldrane {
 void MainWindow::ListChoices(QMenu& menu, std::string_view tool)
 {
     menu.clear();
+    ui_->treMain->CommitLabel(); // a choice does not come by RunTool
     const auto dragged = rules_.DraggedFromSelection(tool);
     const std::vector<DropTarget> targets = dragged ? rules_.Targets(*dragged) : std::vector<DropTarget>{};
     for (const DropTarget& target : targets)

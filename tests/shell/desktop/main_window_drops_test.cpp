@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QDir>
+#include <QDropEvent>
 #include <QLineEdit>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -132,6 +133,41 @@ TEST_F(MainWindowDrops, NothingIsTakenWhileADialogIsOpen)
                     dynamic_cast<QDialog&>(dialog).reject();
                 }});
     EXPECT_FALSE(HasNode(u"Customer"_s));
+}
+
+TEST_F(MainWindowDrops, ADialogThatOpensBeforeTheFileIsTakenKeepsTheProject)
+{
+    SaveShop();
+    Start();
+    const auto file = Files({u"/Shop.kzm"_s});
+    QDropEvent drop({300, 5}, Qt::CopyAction, file.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window_.get(), &drop);
+    WithDialogs([&] { Tool("About").trigger(); }, {[&](QWidget& dialog) {
+                    QApplication::processEvents();
+                    dynamic_cast<QDialog&>(dialog).reject();
+                }});
+    EXPECT_FALSE(HasNode(u"Customer"_s));
+}
+
+TEST_F(MainWindowDrops, NothingIsTakenUnderTheHourglass)
+{
+    SaveShop();
+    Start();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    EXPECT_FALSE(LetGoOfFile(u"/Shop.kzm"_s));
+    QApplication::restoreOverrideCursor();
+    EXPECT_FALSE(HasNode(u"Customer"_s));
+}
+
+TEST_F(MainWindowDrops, ANameThatIsBeingTypedIsAskedAboutBeforeAnotherProjectIsOpened)
+{
+    SaveShop();
+    Start();
+    TypeName(u"Books"_s);
+    world_.Messages.Add(Answer::Cancel);
+    EXPECT_TRUE(LetGoOfFile(u"/Shop.kzm"_s));
+    EXPECT_THAT(Titles(), ElementsAre("Save Changes?"));
+    EXPECT_EQ(rules_->Project().ProjectName(), "Books");
 }
 
 TEST_F(MainWindowDrops, ADamagedProjectLeavesTheOneThatIsOpen)

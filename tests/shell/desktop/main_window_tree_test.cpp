@@ -38,6 +38,17 @@ TEST_F(MainWindowTest, ATableDroppedOnANodeBecomesAClassThere)
     EXPECT_TRUE(rules_->Project().Modified());
 }
 
+TEST_F(MainWindowTest, ANameThatIsBeingTypedIsTakenBeforeAPlaceIsChosen)
+{
+    StartInShop();
+    ClickTable(u"Customers"_s);
+    TypeName(u"Shop"_s);
+    Choose(Choices("AddClassTo"), kParents);
+    EXPECT_TRUE(HasNode(u"Customer"_s));
+    EXPECT_EQ(rules_->Project().ProjectName(), "Shop");
+    EXPECT_TRUE(HasNode(u"Shop"_s));
+}
+
 TEST_F(MainWindowTest, ADropWhereNothingWouldHappenIsRefused)
 {
     StartInShop();

@@ -7,7 +7,12 @@
 
 namespace veldrane {
 
-GuardedApplication::GuardedApplication(int& argumentCount, char** arguments) : QApplication(argumentCount, arguments) {}
+// A desktop's own file dialog asks about the file that was typed, before the extension is added, and the one that is
+// then written would be overwritten unasked.
+GuardedApplication::GuardedApplication(int& argumentCount, char** arguments) : QApplication(argumentCount, arguments)
+{
+    setAttribute(Qt::AA_DontUseNativeDialogs);
+}
 
 bool GuardedApplication::notify(QObject* receiver, QEvent* event)
 {

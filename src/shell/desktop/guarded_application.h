@@ -6,7 +6,8 @@
 
 namespace veldrane {
 
-// The application of Qt, which no failure of a handler gets past: it is reported, and the program goes on.
+// The application of Qt, which no failure of a handler gets past: it is reported, and the program goes on. A reading
+// that was cancelled is no failure, and ends without a word. Dialogs are Qt's own on every desktop.
 class GuardedApplication : public QApplication
 {
     Q_OBJECT

@@ -7,7 +7,7 @@
 
 namespace veldrane {
 
-// The system's file dialogs over the window in front (objectName "fileDialog").
+// Qt's own file dialogs over the window in front (objectName "fileDialog").
 class QtFileDialogs : public FileDialogs
 {
   public:

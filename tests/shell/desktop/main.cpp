@@ -7,7 +7,6 @@ int main(int argumentCount, char** arguments)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     ::testing::InitGoogleTest(&argumentCount, arguments);
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const veldrane::GuardedApplication application(argumentCount, arguments);
     return RUN_ALL_TESTS();
 }

@@ -61,6 +61,11 @@ TEST(NameFilters, TurnNamesAndPatternsIntoRows)
     EXPECT_EQ(NameFilters(""), QStringList());
 }
 
+TEST_F(QtFileDialogsTest, AreTheSameOnEveryDesktop)
+{
+    EXPECT_TRUE(QCoreApplication::testAttribute(Qt::AA_DontUseNativeDialogs));
+}
+
 TEST_F(QtFileDialogsTest, OpenAFileThatExists)
 {
     MakeFile("Shop.kzm");

@@ -82,6 +82,7 @@ void ToolActions::AddTools(QMainWindow& window)
             menu->addSeparator();
         if (IsOneOf(kToolsWithChoices, tool.Name)) {
             QMenu* choices = menu->addMenu(Icon(tool.Icon), ToQt(tool.Caption));
+            choices->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }")); // not columns beyond the screen
             choices->menuAction()->setObjectName(ToQt(tool.Name));
             choices_.emplace(tool.Name, choices);
             actions_.emplace(tool.Name, choices->menuAction());

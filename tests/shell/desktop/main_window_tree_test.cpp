@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QScreen>
 #include <QTest>
 #include <QWindow>
 
@@ -47,6 +48,21 @@ TEST_F(MainWindowTest, ANameThatIsBeingTypedIsTakenBeforeAPlaceIsChosen)
     EXPECT_TRUE(HasNode(u"Customer"_s));
     EXPECT_EQ(rules_->Project().ProjectName(), "Shop");
     EXPECT_TRUE(HasNode(u"Shop"_s));
+}
+
+TEST_F(MainWindowTest, ManyPlacesAreScrolledInOneColumn)
+{
+    StartInShop();
+    for (const char* tool : {"AddClassTo", "MoveClassTo"}) {
+        QMenu& menu = Choices(tool);
+        const int width = menu.sizeHint().width();
+        for (int place = 0; place < 300; ++place)
+            menu.addAction(u"Place"_s);
+        EXPECT_LT(menu.sizeHint().width(), 2 * width) << tool;
+        menu.popup({});
+        EXPECT_LE(menu.height(), menu.screen()->availableGeometry().height()) << tool;
+        menu.close();
+    }
 }
 
 TEST_F(MainWindowTest, ADropWhereNothingWouldHappenIsRefused)

@@ -1,5 +1,6 @@
 #include "shell/desktop/differences_model.h"
 
+#include "shell/desktop/plain_tool_tip.h"
 #include "shell/desktop/qt_text.h"
 
 #include <QColor>
@@ -136,7 +137,7 @@ QVariant DifferencesModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return holdsLine ? Signed(*line) : Number(IsOfFile(index.column()) ? line->OldNumber : line->NewNumber);
     case Qt::ToolTipRole:
-        return holdsLine && layout_ == DifferenceLayout::SideBySide ? NameToQt(line->Text).toHtmlEscaped() : QVariant();
+        return holdsLine && layout_ == DifferenceLayout::SideBySide ? PlainToolTip(NameToQt(line->Text)) : QVariant();
     case Qt::BackgroundRole:
         return Ground(line->Kind);
     case Qt::TextAlignmentRole:

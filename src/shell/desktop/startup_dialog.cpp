@@ -1,6 +1,7 @@
 #include "shell/desktop/startup_dialog.h"
 
 #include "shell/desktop/icons.h"
+#include "shell/desktop/plain_tool_tip.h"
 #include "shell/desktop/product_text.h"
 #include "shell/desktop/qt_text.h"
 #include "ui_frm_startup.h"
@@ -54,7 +55,7 @@ void StartupDialog::ShowRows()
     }
     for (const RecentProject& project : rules_.lstRecent()) {
         auto* item = new QListWidgetItem(Icon("Root"), NameToQt(project.ProjectName), ui_->lstRecent);
-        item->setToolTip(NameToQt(project.Path).toHtmlEscaped());
+        item->setToolTip(PlainToolTip(NameToQt(project.Path)));
     }
     ui_->lblNoRecent->setVisible(rules_.lstRecent().empty());
     ui_->lstRecent->setVisible(!rules_.lstRecent().empty());

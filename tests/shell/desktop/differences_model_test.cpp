@@ -4,6 +4,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QColor>
+#include <QTextDocumentFragment>
 
 #include <gtest/gtest.h>
 
@@ -55,6 +56,17 @@ TEST(DifferencesModel, ShowsBothTextsSideBySide)
     EXPECT_EQ(Cell(model, 2, 1), QString());
     EXPECT_EQ(Cell(model, 2, 3), u"+ d"_s);
     EXPECT_EQ(model.headerData(3, Qt::Horizontal).toString(), u"Line of the New Text"_s);
+}
+
+TEST(DifferencesModel, TipsShowTheLineAsItStands)
+{
+    const QString line = u"    If a < b And c = \"<b>\" & d Then"_s;
+    DifferencesModel model;
+    model.SetLayout(DifferenceLayout::SideBySide);
+    model.Show(DifferencesOf("", line.toStdString() + "\n"));
+    const QString tip = model.index(0, 3).data(Qt::ToolTipRole).toString();
+    EXPECT_TRUE(Qt::mightBeRichText(tip));
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(tip).toPlainText(), line);
 }
 
 TEST(DifferencesModel, FindsWhereDifferencesBegin)

@@ -12,6 +12,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
+#include <QTextDocumentFragment>
 
 #include <gtest/gtest.h>
 
@@ -89,7 +90,6 @@ TEST_F(StartupDialogTest, ARecentProjectIsChosenByTheMouseAndByTheKeys)
     Remember(2, "/projects/Library.kzm", "Library");
     Shown();
     EXPECT_EQ(List("lstRecent").currentItem()->text(), u"Shop"_s);
-    EXPECT_EQ(List("lstRecent").item(1)->toolTip(), u"/projects/Library.kzm"_s);
     Photograph(*dialog_, "frmStartup");
     DoubleClick(List("lstRecent"), 1);
     EXPECT_EQ(dialog_->Choice().Action, StartupAction::Open);
@@ -97,6 +97,16 @@ TEST_F(StartupDialogTest, ARecentProjectIsChosenByTheMouseAndByTheKeys)
     Shown();
     QTest::keyClick(&List("lstRecent"), Qt::Key_Return);
     EXPECT_EQ(dialog_->Choice().Path, "/projects/Shop.kzm");
+}
+
+TEST_F(StartupDialogTest, ATipShowsThePathAsItStands)
+{
+    const std::string path = "/home/R&D/<b>  \"Shop\".kzm";
+    Remember(1, path, "Shop");
+    Shown();
+    const QString tip = List("lstRecent").item(0)->toolTip();
+    EXPECT_TRUE(Qt::mightBeRichText(tip));
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(tip).toPlainText().toStdString(), path);
 }
 
 TEST_F(StartupDialogTest, OneRowOfTheTwoListsIsSelectedAtATime)

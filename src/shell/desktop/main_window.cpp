@@ -111,6 +111,7 @@ void MainWindow::BuildStatusBar()
     adPanel_->setObjectName(QStringLiteral("adPanel"));
     adPanel_->setTextFormat(Qt::PlainText);
     statusPanel_->setTextFormat(Qt::PlainText);
+    statusPanel_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // its text asks for no wider window
     ui_->Status->addWidget(iconPanel_);
     ui_->Status->addWidget(statusPanel_, 1);
     ui_->Status->addWidget(progress_, 1);

@@ -1,4 +1,5 @@
 #include "shell/desktop/main_window.h"
+#include "shell/desktop/plain_tool_tip.h"
 #include "shell/desktop/preview_view.h"
 #include "shell/desktop/qt_text.h"
 #include "shell/desktop/row_list_view.h"
@@ -15,6 +16,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int kPanelIcon = 16; // pixels
+constexpr int kWidestAd = 300; // pixels; a panel's text is the least width of the window
 
 } // namespace
 
@@ -122,7 +124,9 @@ void MainWindow::ShowStatus()
     progress_->setVisible(progress.Visible);
     progress_->setRange(progress.Minimum, progress.Maximum);
     progress_->setValue(progress.Value);
-    adPanel_->setText(ToQt(status.adPanel()));
+    const QString ad = ToQt(status.adPanel());
+    adPanel_->setText(adPanel_->fontMetrics().elidedText(ad, Qt::ElideRight, kWidestAd));
+    adPanel_->setToolTip(adPanel_->text() == ad ? QString() : PlainToolTip(ad.trimmed()));
     ui_->Status->repaint(); // a file is read and written without events in between
 }
 

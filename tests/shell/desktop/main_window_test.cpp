@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDockWidget>
+#include <QLabel>
 #include <QMenuBar>
 #include <QTabWidget>
 #include <QTest>
@@ -108,6 +109,21 @@ TEST_F(MainWindowTest, ClosingAsksAboutAModifiedProject)
     EXPECT_THAT(Titles(), ElementsAre("Save Changes?"));
     world_.Messages.Add(Answer::No);
     EXPECT_TRUE(window_->close());
+}
+
+TEST_F(MainWindowTest, ALongProjectNameAsksForNoWiderWindow)
+{
+    Start();
+    const int least = window_->minimumSizeHint().width();
+    rules_->Project().SetProjectName(std::string(5000, 'W') + "<b>&");
+    QApplication::processEvents();
+    EXPECT_LT(window_->minimumSizeHint().width(), least + 400);
+    const auto& panel = Find<QLabel>(*window_, "adPanel");
+    EXPECT_TRUE(panel.text().startsWith(u"  Project: WWW"_s));
+    EXPECT_TRUE(panel.toolTip().endsWith(u"WWW&lt;b&gt;&amp;</p>"_s));
+    rules_->Project().SetProjectName("Shop");
+    EXPECT_EQ(panel.text(), u"  Project: Shop"_s);
+    EXPECT_EQ(panel.toolTip(), QString());
 }
 
 TEST_F(MainWindowTest, LooksWell)

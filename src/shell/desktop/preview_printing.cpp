@@ -40,7 +40,7 @@ class PageWriter
     int End()
     {
         DrawFoot();
-        return page_;
+        return hasAllPages_ ? page_ : 0;
     }
 
   private:
@@ -57,7 +57,7 @@ class PageWriter
     void StartPage()
     {
         DrawFoot();
-        device_.newPage();
+        hasAllPages_ = device_.newPage() && hasAllPages_;
         ++page_;
         y_ = 0;
     }
@@ -78,6 +78,7 @@ class PageWriter
     qreal bottom_;
     qreal y_ = 0;
     int page_ = 1;
+    bool hasAllPages_ = true;
 };
 
 } // namespace
@@ -113,6 +114,7 @@ void AskAndPrint(const PreviewPane& pane, const QFont& font, Messages& messages,
     QPrintDialog dialog(&printer, &window);
     dialog.setObjectName(u"printDialog"_s);
     dialog.setWindowTitle(u"Print Preview"_s);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange, false); // all of them are printed
     if (dialog.exec() != QDialog::Accepted)
         return;
     if (PrintLines(pane, font, printer) == 0 || printer.printerState() == QPrinter::Error)

@@ -70,6 +70,23 @@ TEST_F(ThePrintedPreview, HasNoPageWhereNoneCanBeMade)
     EXPECT_EQ(Print(folder.filePath(u"missing/preview.pdf"_s)), 0);
 }
 
+// Has one page.
+class LastSheet : public QPdfWriter
+{
+  public:
+    using QPdfWriter::QPdfWriter;
+    bool newPage() override { return false; }
+};
+
+TEST_F(ThePrintedPreview, HasFailedWhereItsLastPageCouldNotBeMade)
+{
+    LastSheet sheet(folder.filePath(u"sheet.pdf"_s));
+    ShowLines(pane, {"a"});
+    EXPECT_EQ(PrintLines(pane, QFont(), sheet), 1);
+    ShowLines(pane, std::vector<std::string>(500, "a line"));
+    EXPECT_EQ(PrintLines(pane, QFont(), sheet), 0);
+}
+
 struct ThePrintDialog : ThePrintedPreview
 {
     ThePrintDialog() { ShowLines(pane, {"a"}, "Customer"); }
@@ -81,6 +98,7 @@ struct ThePrintDialog : ThePrintedPreview
         WithDialogs([&] { AskAndPrint(pane, QFont(), messages, window); }, {[&](QWidget& dialog) {
                         EXPECT_EQ(dialog.objectName(), u"printDialog"_s);
                         auto& printing = dynamic_cast<QPrintDialog&>(dialog);
+                        EXPECT_FALSE(printing.testOption(QAbstractPrintDialog::PrintPageRange));
                         EXPECT_EQ(printing.printer()->docName(), u"Customer"_s);
                         printing.printer()->setOutputFormat(QPrinter::PdfFormat);
                         printing.printer()->setOutputFileName(path);

@@ -29,25 +29,6 @@ bool IsBusy()
     return QApplication::activeModalWidget() != nullptr || QApplication::overrideCursor() != nullptr;
 }
 
-// The tools that the preview's own actions do.
-constexpr std::pair<std::string_view, std::string_view> kPreviewTools[] = {
-    {"CopyLines", "CopyPreview"},
-    {"CopyAll", "CopyAllPreview"},
-    {"Find", "FindInPreview"},
-    {"FindNext", "FindNextInPreview"},
-    {"FindPrevious", "FindPreviousInPreview"},
-    {"SavePreview", "SavePreview"},
-    {"PrintPreview", "PrintPreview"},
-};
-
-QAction* PreviewAction(const PreviewView& preview, std::string_view tool)
-{
-    for (const auto& [name, action] : kPreviewTools)
-        if (name == tool)
-            return preview.Action(action);
-    return nullptr;
-}
-
 } // namespace
 
 MainWindow::MainWindow(frmMain& rules, const Application& application)
@@ -67,7 +48,7 @@ MainWindow::MainWindow(frmMain& rules, const Application& application)
     ui_->layPreview->addWidget(preview_);
     tools_ = new ToolActions(
         *this, [this](std::string_view tool) { RunTool(tool); },
-        [this](std::string_view tool) { return PreviewAction(*preview_, tool); });
+        [this](std::string_view tool) { return preview_->Action(tool); });
     tools_->KeepTreeKeysIn(*ui_->treMain);
     const auto* menuKey = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), this);
     connect(menuKey, &QShortcut::activated, this, [this] { OpenMenuOfFocus(); });

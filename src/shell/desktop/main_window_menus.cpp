@@ -23,7 +23,7 @@ void MainWindow::ListChoices(QMenu& menu, std::string_view tool)
                        ToQt(target.Caption).replace(u'&', QStringLiteral("&&")), this,
                        [this, target] { rules_.DropOn(target); });
     if (targets.empty())
-        menu.addAction(tr("(nothing to choose)"))->setEnabled(false);
+        menu.addAction(QStringLiteral("(nothing to choose)"))->setEnabled(false);
 }
 
 void MainWindow::OpenTreeMenu(const QPoint& where)

@@ -1,5 +1,6 @@
 #include "shell/desktop/preview_view.h"
 
+#include "shell/desktop/dress_action.h"
 #include "shell/desktop/preview_printing.h"
 #include "shell/desktop/qt_color.h"
 #include "shell/desktop/qt_font.h"
@@ -81,33 +82,40 @@ void PreviewView::changeEvent(QEvent* event)
         SetLook(look_);
 }
 
-QAction& PreviewView::AddAction(const char* name, const QString& text, const QKeySequence& keys,
-                                std::function<void()> run)
+QAction& PreviewView::AddAction(std::function<void()> run)
 {
-    auto* action = new QAction(text, this);
-    action->setObjectName(QLatin1String(name));
-    action->setShortcut(keys);
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    auto* action = new QAction(this);
     connect(action, &QAction::triggered, this, std::move(run));
     addAction(action);
     lstPreview_.addAction(action);
     return *action;
 }
 
+QAction& PreviewView::AddTool(std::string_view tool, std::function<void()> run)
+{
+    QAction& action = AddAction(std::move(run));
+    DressAction(action, *FindTool(tool));
+    return action;
+}
+
+// Ctrl+C and Ctrl+A belong to whatever has the focus.
 void PreviewView::AddActions()
 {
-    AddAction("CopyPreview", u"&Copy"_s, QKeySequence::Copy, [this] { Copy(); }).setIcon(Icon("Copy"));
-    AddAction("CopyAllPreview", u"Copy &All Lines"_s, {}, [this] { CopyAll(); });
-    AddAction("SelectAllPreview", u"&Select All"_s, QKeySequence::SelectAll, [this] { lstPreview_.selectAll(); });
-    AddAction("FindInPreview", u"&Find..."_s, QKeySequence::Find, [this] { findBar_.Open(); }).setIcon(Icon("Find"));
-    AddAction("FindNextInPreview", u"Find &Next"_s, {Qt::Key_F3}, [this] { FindFurther(&PreviewFind::Next); });
-    AddAction("FindPreviousInPreview", u"Find &Previous"_s, {Qt::SHIFT | Qt::Key_F3},
-              [this] { FindFurther(&PreviewFind::Previous); });
-    AddAction("SavePreview", u"Sa&ve Preview As..."_s, {}, [this] {
-        SavePreview(pane_, saving_);
-    }).setIcon(Icon("Save"));
-    AddAction("PrintPreview", u"P&rint Preview..."_s, QKeySequence::Print, [this] { Print(); }).setIcon(Icon("Print"));
-    AddAction("MonospacedPreview", u"&Monospaced Font"_s, {}, [this] { Q_EMIT MonospacedFontWanted(); });
+    AddTool("CopyLines", [this] { Copy(); }).setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    AddTool("CopyAll", [this] { CopyAll(); });
+    QAction& all = AddAction([this] { lstPreview_.selectAll(); });
+    all.setObjectName(u"SelectAllPreview"_s);
+    all.setText(u"&Select All"_s);
+    all.setShortcut(QKeySequence::SelectAll);
+    all.setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    AddTool("Find", [this] { findBar_.Open(); });
+    AddTool("FindNext", [this] { FindFurther(&PreviewFind::Next); });
+    AddTool("FindPrevious", [this] { FindFurther(&PreviewFind::Previous); });
+    AddTool("SavePreview", [this] { SavePreview(pane_, saving_); });
+    AddTool("PrintPreview", [this] { Print(); });
+    QAction& monospaced = AddAction([this] { Q_EMIT MonospacedFontWanted(); });
+    monospaced.setObjectName(u"MonospacedPreview"_s);
+    monospaced.setText(u"&Monospaced Font"_s);
 }
 
 void PreviewView::ListenToPane()

@@ -18,9 +18,9 @@ class QAction;
 namespace veldrane {
 
 // The preview: the lines of the pane (`lstPreview`) over a bar to find text in them. Whatever line a person goes to is
-// selected in the pane, and the other way round. It has actions, which are its context menu as well: "CopyPreview" (the
-// selected lines), "CopyAllPreview", "SelectAllPreview", "FindInPreview", "FindNextInPreview", "FindPreviousInPreview",
-// "SavePreview", "PrintPreview", "MonospacedPreview".
+// selected in the pane, and the other way round. It has actions, which are its context menu as well: those of the tools
+// "CopyLines" (the selected ones), "CopyAll", "Find", "FindNext", "FindPrevious", "SavePreview" and "PrintPreview", and
+// of its own "SelectAllPreview" and "MonospacedPreview".
 class PreviewView : public QWidget
 {
     Q_OBJECT
@@ -46,7 +46,8 @@ class PreviewView : public QWidget
     void changeEvent(QEvent* event) override;
 
   private:
-    QAction& AddAction(const char* name, const QString& text, const QKeySequence& keys, std::function<void()> run);
+    QAction& AddAction(std::function<void()> run);
+    QAction& AddTool(std::string_view tool, std::function<void()> run);
     void AddActions();
     void ListenToPane();
     void GoTo(int row);

@@ -1,5 +1,6 @@
 #include "shell/desktop/tool_actions.h"
 
+#include "shell/desktop/dress_action.h"
 #include "shell/desktop/icons.h"
 #include "shell/desktop/qt_text.h"
 
@@ -28,24 +29,6 @@ constexpr auto kToolsWithChoices = std::to_array<std::string_view>({"AddClassTo"
 // Those that show or hide a pane.
 constexpr auto kPaneTools =
     std::to_array<std::string_view>({"ViewDataSourceTables", "ViewNavigator", "ViewPreviewPane"});
-
-QIcon PictureOf(const Tool& tool)
-{
-    return tool.Icon.empty() ? QIcon() : Icon(tool.Icon);
-}
-
-// Ctrl+C belongs to whatever has the focus.
-constexpr std::string_view kFocusTool = "CopyLines";
-
-void Dress(QAction& action, const Tool& tool)
-{
-    action.setText(ToQt(tool.Caption));
-    action.setStatusTip(ToQt(tool.StatusText));
-    action.setIcon(PictureOf(tool));
-    action.setShortcut(QKeySequence::fromString(ToQt(tool.Shortcut), QKeySequence::PortableText));
-    if (tool.Name != kFocusTool)
-        action.setShortcutContext(Qt::WindowShortcut);
-}
 
 // Those that act on what is selected in the tree.
 constexpr auto kTreeTools = std::to_array<std::string_view>({"ProjectRename", "DeleteClass"});
@@ -91,7 +74,6 @@ void ToolActions::AddTools(QMainWindow& window)
         QAction* action = own_(tool.Name);
         if (action == nullptr)
             action = MakeAction(window, tool);
-        Dress(*action, tool);
         menu->addAction(action);
         actions_.emplace(tool.Name, action);
         if (tool.Name == "Exit") {
@@ -104,15 +86,15 @@ void ToolActions::AddTools(QMainWindow& window)
 QAction* ToolActions::MakeAction(QMainWindow& window, const Tool& tool)
 {
     auto* action = new QAction(&window);
-    action->setObjectName(ToQt(tool.Name));
     action->setCheckable(IsOneOf(kPaneTools, tool.Name));
+    DressAction(*action, tool);
     connect(action, &QAction::triggered, this, [this, name = tool.Name] { run_(name); });
     return action;
 }
 
 void ToolActions::BuildBar(QMainWindow& window)
 {
-    auto* bar = window.addToolBar(tr("Tools"));
+    auto* bar = window.addToolBar(QStringLiteral("Tools"));
     bar->setObjectName(QStringLiteral("actBar"));
     for (const std::string_view name : kBarTools)
         if (name.empty())

@@ -22,7 +22,7 @@ constexpr auto kTools = std::to_array<Tool>({
     {"Save", "&Save Project", kFileMenu, "Ctrl+S", "Save", "Save the project"},
     {"SaveAs", "Save Project &As...", kFileMenu, "Ctrl+Shift+S", "", "Save the project under another name"},
     {"SavePreview", "Save Pre&view As...", kFileMenu, "", "File", "Save the text of the preview"},
-    {"PrintPreview", "&Print Preview...", kFileMenu, "Ctrl+P", "Print", "Print the text of the preview"},
+    {"PrintPreview", "P&rint Preview...", kFileMenu, "Ctrl+P", "Print", "Print the text of the preview"},
     {"Startup", "S&tart-up Dialog...", kFileMenu, "", "", "Choose a new, an existing or a recent project"},
     {"Exit", "E&xit", kFileMenu, "Ctrl+Q", "", "End the program"},
 

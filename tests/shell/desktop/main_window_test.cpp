@@ -136,7 +136,7 @@ TEST_F(MainWindowTest, LooksWell)
     Photograph(*window_, "frmMain-class");
     ClickNode(u"Orders"_s);
     Photograph(*window_, "frmMain-collection");
-    Tool("FindInPreview").trigger();
+    Tool("Find").trigger();
     QTest::keyClicks(QApplication::focusWidget(), u"Order"_s);
     Photograph(*window_, "frmMain-find");
 }

@@ -106,7 +106,7 @@ TEST_F(ThePreview, CopiesARangeMadeByKeys)
 TEST_F(ThePreview, CopiesAllLines)
 {
     ShowLines(pane, {"a", "b", "c"});
-    view.Action("CopyAllPreview")->trigger();
+    view.Action("CopyAll")->trigger();
     EXPECT_EQ(Clipboard(), u"a\nb\nc"_s);
 }
 
@@ -114,7 +114,7 @@ TEST_F(ThePreview, LeavesTheClipboardAloneWhereThereAreNoLines)
 {
     QGuiApplication::clipboard()->setText(u"mine"_s);
     ShowLines(pane, {});
-    view.Action("CopyAllPreview")->trigger();
+    view.Action("CopyAll")->trigger();
     EXPECT_EQ(Clipboard(), u"mine"_s);
 }
 
@@ -143,7 +143,7 @@ TEST_F(ThePreview, FindsWithEachLetter)
 TEST_F(ThePreview, GoesToPlacesByTheButtons)
 {
     ShowLines(pane, {"a", "b", "a"});
-    view.Action("FindInPreview")->trigger();
+    view.Action("Find")->trigger();
     Type(view, "txtFind", "A");
     Click(view, "cmdFindNext");
     EXPECT_EQ(pane.Selected(), 2U);
@@ -225,9 +225,8 @@ TEST_F(ThePreview, HasItsActionsAsItsMenu)
     QStringList names;
     for (const QAction* action : list.actions())
         names.push_back(action->objectName());
-    EXPECT_EQ(names, (QStringList{u"CopyPreview"_s, u"CopyAllPreview"_s, u"SelectAllPreview"_s, u"FindInPreview"_s,
-                                  u"FindNextInPreview"_s, u"FindPreviousInPreview"_s, u"SavePreview"_s,
-                                  u"PrintPreview"_s, u"MonospacedPreview"_s}));
+    EXPECT_EQ(names, (QStringList{u"CopyLines"_s, u"CopyAll"_s, u"SelectAllPreview"_s, u"Find"_s, u"FindNext"_s,
+                                  u"FindPrevious"_s, u"SavePreview"_s, u"PrintPreview"_s, u"MonospacedPreview"_s}));
     EXPECT_EQ(list.contextMenuPolicy(), Qt::ActionsContextMenu);
 }
 
@@ -272,7 +271,7 @@ TEST_F(ThePreview, MarksThePlacesOfTheSearch)
     pane.Show(LinesOfAllKinds(), "Customer");
     view.resize(480, 320);
     Photograph(view, "lstPreview");
-    view.Action("FindInPreview")->trigger();
+    view.Action("Find")->trigger();
     Type(view, "txtFind", "city");
     Photograph(view, "lstPreview-find");
     const QImage picture = view.grab().toImage();

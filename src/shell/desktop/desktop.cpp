@@ -23,6 +23,7 @@
 #include <array>
 #include <chrono>
 #include <cstdlib>
+#include <exception>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -75,8 +76,9 @@ std::unique_ptr<GuardedApplication> StartQt(int& argumentCount, char** arguments
 class Desktop
 {
   public:
-    explicit Desktop(const ProgramStreams& streams)
-        : errors_([this](const RuntimeError& error) { return ADOErrorsOf(error, state_.ActiveConnection.get()); }),
+    Desktop(GuardedApplication& qt, const ProgramStreams& streams)
+        : qt_(qt),
+          errors_([this](const RuntimeError& error) { return ADOErrorsOf(error, state_.ActiveConnection.get()); }),
           assembly_(files_, state_,
                     {.Asking = messages_,
                      .Errors = errors_,
@@ -90,9 +92,12 @@ class Desktop
           rules_(assembly_.World(), dialogs_, reading_), window_(rules_, assembly_.World())
     {
         dialogs_.ShowOver(window_);
+        qt_.ReportTo(&errors_);
     }
 
-    [[nodiscard]] ErrorReport& Errors() { return errors_; }
+    ~Desktop() { qt_.ReportTo(nullptr); }
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
 
     int Run(const StartCommand& command)
     {
@@ -113,6 +118,7 @@ class Desktop
     }
 
   private:
+    GuardedApplication& qt_;
     DiskFileSystem files_;
     ModuleState state_;
     QtMessages messages_;
@@ -140,12 +146,8 @@ int OpenDesktop(const StartCommand& command, const ProgramStreams& streams)
     const std::unique_ptr<GuardedApplication> qt = StartQt(argumentCount, arguments.data());
     qt->setWindowIcon(Icon(kProgramIcon));
     try {
-        Desktop desktop(streams);
-        qt->ReportTo(&desktop.Errors());
-        const int exitCode = desktop.Run(command);
-        qt->ReportTo(nullptr);
-        return exitCode;
-    } catch (const RuntimeError& error) { // of the settings: there is no window yet
+        return Desktop(*qt, streams).Run(command);
+    } catch (const std::exception& error) { // of the settings: there is no window yet
         QtMessages().Tell(std::string(kAppTitle), error.what(), MessageIcon::Critical);
         return exit_code::kFailed;
     }

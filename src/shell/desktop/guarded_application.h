@@ -16,7 +16,7 @@ class GuardedApplication : public QApplication
     // `argumentCount` and `arguments` outlive it.
     GuardedApplication(int& argumentCount, char** arguments);
 
-    // Who is told. Until then a failure goes to standard error. nullptr for nobody any more.
+    // Who is told. Until then a failure goes to standard error. nullptr for standard error again.
     void ReportTo(ErrorReport* report) { report_ = report; }
 
     bool notify(QObject* receiver, QEvent* event) override;

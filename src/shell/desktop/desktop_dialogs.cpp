@@ -12,6 +12,21 @@
 #include "shell/desktop/zoom_dialog.h"
 
 namespace veldrane {
+namespace {
+
+// The splash form may still be there.
+void Run(QDialog& dialog)
+{
+    const RoomForDialog room;
+    dialog.exec();
+}
+
+void Run(QDialog&& dialog)
+{
+    Run(dialog);
+}
+
+} // namespace
 
 void DesktopDialogs::ShowOver(MainWindow& window)
 {
@@ -20,13 +35,12 @@ void DesktopDialogs::ShowOver(MainWindow& window)
 
 void DesktopDialogs::Show(frmODBCLogon& logon)
 {
-    const RoomForDialog room;
-    LogonDialog(logon, window_).exec();
+    Run(LogonDialog(logon, window_));
 }
 
 void DesktopDialogs::Show(frmOptions& options)
 {
-    OptionsDialog(options, window_).exec();
+    Run(OptionsDialog(options, window_));
 }
 
 void DesktopDialogs::Show(frmWarning& warning)
@@ -36,24 +50,23 @@ void DesktopDialogs::Show(frmWarning& warning)
 
 void DesktopDialogs::ShowAbout()
 {
-    AboutDialog(window_).exec();
+    Run(AboutDialog(window_));
 }
 
 void DesktopDialogs::ShowGenCode(const Application& application, TTCProject& project, KZMClasses& classes)
 {
-    GenCodeDialog(application, project, classes, window_).exec();
+    Run(GenCodeDialog(application, project, classes, window_));
 }
 
 void DesktopDialogs::ShowZoom()
 {
-    ZoomDialog(window_->PreviewList(), window_).exec();
+    Run(ZoomDialog(window_->PreviewList(), window_));
 }
 
 StartupChoice DesktopDialogs::AskAtStartup(frmStartup& startup)
 {
-    const RoomForDialog room; // the splash form may still be there
     StartupDialog dialog(startup, window_);
-    dialog.exec();
+    Run(dialog);
     return dialog.Choice();
 }
 

@@ -141,11 +141,14 @@ TEST_F(StartupDialogTest, TheSplashFormLiesBelow)
     splash.show();
     frmStartup rules(world_.World);
     DesktopDialogs dialogs;
-    WithDialogs([&] { (void)dialogs.AskAtStartup(rules); }, {[&](QWidget& dialog) {
-                    EXPECT_FALSE(splash.isVisible());
-                    QTest::keyClick(&dialog, Qt::Key_Escape);
-                }});
-    EXPECT_TRUE(splash.isVisible());
+    for (const std::function<void()>& asking :
+         std::vector<std::function<void()>>{[&] { (void)dialogs.AskAtStartup(rules); }, [&] { dialogs.ShowAbout(); }}) {
+        WithDialogs(asking, {[&](QWidget& dialog) {
+                        EXPECT_FALSE(splash.isVisible());
+                        QTest::keyClick(&dialog, Qt::Key_Escape);
+                    }});
+        EXPECT_TRUE(splash.isVisible());
+    }
 }
 
 TEST_F(StartupDialogTest, TheBoxIsRememberedAtOnce)

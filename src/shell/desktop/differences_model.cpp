@@ -1,6 +1,7 @@
 #include "shell/desktop/differences_model.h"
 
 #include "shell/desktop/plain_tool_tip.h"
+#include "shell/desktop/qt_color.h"
 #include "shell/desktop/qt_text.h"
 
 #include <QColor>
@@ -30,7 +31,7 @@ QVariant Number(std::size_t number)
 // Backgrounds on which the palette's text can be read.
 QVariant Ground(DifferenceKind kind)
 {
-    const bool dark = QGuiApplication::palette().color(QPalette::Base).lightness() < 128;
+    const bool dark = IsDark(QGuiApplication::palette());
     switch (kind) {
     case DifferenceKind::Removed:
         return QColor(dark ? QRgb(0xFF5C2528) : QRgb(0xFFFFE0DD));

@@ -38,6 +38,7 @@ constexpr auto kRoles = std::to_array<QPalette::ColorRole>({
 });
 
 constexpr std::int32_t kGrayText = 17;
+constexpr int kHalfLight = 128; // of 255
 
 // Half way between the window and its text: legible on any background that either is legible on. The palette's own
 // text of disabled controls is too faint to be read in lines.
@@ -61,6 +62,11 @@ QColor ColorToQt(Color color, const QPalette& palette)
         return GrayText(palette);
     const auto place = static_cast<std::size_t>(number);
     return palette.color(QPalette::Active, place < kRoles.size() ? kRoles.at(place) : QPalette::Text);
+}
+
+bool IsDark(const QPalette& palette)
+{
+    return palette.color(QPalette::Base).lightness() < kHalfLight;
 }
 
 Color ColorFromQt(const QColor& color)

@@ -11,6 +11,9 @@ namespace veldrane {
 // its text.
 [[nodiscard]] QColor ColorToQt(Color color, const QPalette& palette);
 
+// Whether what is read stands on a dark background.
+[[nodiscard]] bool IsDark(const QPalette& palette);
+
 // The value that stands for the colour.
 [[nodiscard]] Color ColorFromQt(const QColor& color);
 

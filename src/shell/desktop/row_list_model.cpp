@@ -1,11 +1,12 @@
 #include "shell/desktop/row_list_model.h"
 
+#include "shell/desktop/qt_color.h"
 #include "shell/desktop/qt_text.h"
+#include "shell/main_window/class_marks.h"
 
 #include <QApplication>
 #include <QColor>
 #include <QFont>
-#include <QPalette>
 #include <QPixmap>
 
 namespace veldrane {
@@ -16,7 +17,7 @@ constexpr int kPictureSize = 16;
 // Red and blue that can be read on the palette's background, dark or light. Black stands for the palette's text.
 QVariant Foreground(RowColour colour)
 {
-    const bool dark = QApplication::palette().color(QPalette::Base).lightness() < 128;
+    const bool dark = IsDark(QApplication::palette());
     switch (colour) {
     case RowColour::Red:
         return QColor(dark ? QRgb(0xFFFF7B72) : QRgb(0xFFFF0000));
@@ -95,10 +96,8 @@ Qt::ItemFlags RowListModel::flags(const QModelIndex& index) const
 {
     if (!index.isValid())
         return Qt::NoItemFlags;
-    const ListRow& row = Row(index);
-    const bool command = row.Key == kNoDataSourceKey || row.Key == kAddTableKey;
     const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
-    return command ? flags : flags | Qt::ItemIsDragEnabled;
+    return IsRealRow(Row(index)) ? flags | Qt::ItemIsDragEnabled : flags;
 }
 
 } // namespace veldrane

@@ -45,8 +45,6 @@ QVariant Ground(DifferenceKind kind)
 
 } // namespace
 
-DifferencesModel::DifferencesModel(QObject* parent) : QAbstractTableModel(parent) {}
-
 void DifferencesModel::Show(std::vector<DifferenceLine> lines)
 {
     beginResetModel();
@@ -103,18 +101,16 @@ std::optional<int> DifferencesModel::DifferenceAbove(int row) const
     return std::nullopt;
 }
 
-int DifferencesModel::rowCount(const QModelIndex& parent) const
+std::size_t DifferencesModel::Rows() const
 {
-    if (parent.isValid())
-        return 0;
-    return static_cast<int>(layout_ == DifferenceLayout::Unified ? lines_.size() : rows_.size());
+    return layout_ == DifferenceLayout::Unified ? lines_.size() : rows_.size();
 }
 
-int DifferencesModel::columnCount(const QModelIndex& parent) const
+QStringList DifferencesModel::Headers() const
 {
-    if (parent.isValid())
-        return 0;
-    return layout_ == DifferenceLayout::Unified ? 3 : 4;
+    if (layout_ == DifferenceLayout::Unified)
+        return {u"File"_s, u"New"_s, u"Line"_s};
+    return {u"File"_s, u"Line of the File"_s, u"New"_s, u"Line of the New Text"_s};
 }
 
 const DifferenceLine* DifferencesModel::LineAt(const QModelIndex& index) const
@@ -146,15 +142,6 @@ QVariant DifferencesModel::data(const QModelIndex& index, int role) const
     default:
         return {};
     }
-}
-
-QVariant DifferencesModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
-        return {};
-    if (layout_ == DifferenceLayout::Unified)
-        return QStringList{u"File"_s, u"New"_s, u"Line"_s}.value(section);
-    return QStringList{u"File"_s, u"Line of the File"_s, u"New"_s, u"Line of the New Text"_s}.value(section);
 }
 
 } // namespace veldrane

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "shell/desktop/read_only_table.h"
 #include "shell/wizard/file_differences.h"
-
-#include <QAbstractTableModel>
 
 #include <optional>
 #include <vector>
@@ -18,12 +17,12 @@ enum class DifferenceLayout
 
 // The lines of two texts as a table view shows them: a sign before each line, "-" for one of the file alone and "+" for
 // one of the new text alone, and a background in the colour of the sign, for light and dark palettes.
-class DifferencesModel : public QAbstractTableModel
+class DifferencesModel : public ReadOnlyTable
 {
     Q_OBJECT
 
   public:
-    explicit DifferencesModel(QObject* parent = nullptr);
+    using ReadOnlyTable::ReadOnlyTable;
 
     // Replaces all lines; the layout stays.
     void Show(std::vector<DifferenceLine> lines);
@@ -42,11 +41,11 @@ class DifferencesModel : public QAbstractTableModel
     [[nodiscard]] std::optional<int> DifferenceBelow(int row) const;
     [[nodiscard]] std::optional<int> DifferenceAbove(int row) const;
 
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
-    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
-    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
-                                      int role = Qt::DisplayRole) const override;
+
+  protected:
+    [[nodiscard]] QStringList Headers() const override;
+    [[nodiscard]] std::size_t Rows() const override;
 
   private:
     [[nodiscard]] const DifferenceLine* LineAt(const QModelIndex& index) const;

@@ -78,14 +78,9 @@ QString SettledFilesModel::Summary() const
     return counts.isEmpty() ? u"No files"_s : files + u": "_s + counts.join(u", "_s);
 }
 
-int SettledFilesModel::rowCount(const QModelIndex& parent) const
+QStringList SettledFilesModel::Headers() const
 {
-    return parent.isValid() ? 0 : static_cast<int>(files_.size());
-}
-
-int SettledFilesModel::columnCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : 2;
+    return {u"File"_s, u"What became of it"_s};
 }
 
 QVariant SettledFilesModel::data(const QModelIndex& index, int role) const
@@ -99,13 +94,6 @@ QVariant SettledFilesModel::data(const QModelIndex& index, int role) const
     if (role == Qt::DecorationRole && index.column() == 0)
         return icons_.Of(IconOf(name));
     return {};
-}
-
-QVariant SettledFilesModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
-        return {};
-    return section == 0 ? u"File"_s : u"What became of it"_s;
 }
 
 } // namespace veldrane

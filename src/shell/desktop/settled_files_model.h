@@ -2,20 +2,19 @@
 
 #include "generator/code_generation.h"
 #include "shell/desktop/icons.h"
-
-#include <QAbstractTableModel>
+#include "shell/desktop/read_only_table.h"
 
 #include <vector>
 
 namespace veldrane {
 
 // What became of each file of a run: its name, and in a second column the outcome in a word.
-class SettledFilesModel : public QAbstractTableModel
+class SettledFilesModel : public ReadOnlyTable
 {
     Q_OBJECT
 
   public:
-    explicit SettledFilesModel(QObject* parent = nullptr) : QAbstractTableModel(parent) {}
+    using ReadOnlyTable::ReadOnlyTable;
 
     // Replaces all rows.
     void Show(std::vector<SettledFile> files);
@@ -23,11 +22,11 @@ class SettledFilesModel : public QAbstractTableModel
     // "12 files: 9 new, 3 overwritten".
     [[nodiscard]] QString Summary() const;
 
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
-    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
-    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
-                                      int role = Qt::DisplayRole) const override;
+
+  protected:
+    [[nodiscard]] QStringList Headers() const override;
+    [[nodiscard]] std::size_t Rows() const override { return files_.size(); }
 
   private:
     std::vector<SettledFile> files_;

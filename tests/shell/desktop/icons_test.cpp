@@ -2,6 +2,7 @@
 
 #include "generator/line_class.h"
 #include "screenshots.h"
+#include "shell/main_window/menu_states.h"
 
 #include <QDir>
 #include <QGridLayout>
@@ -57,6 +58,12 @@ TEST(Icons, ShowAPictureForEachNameThatIsUsed)
             EXPECT_GT(Coverage(picture), 0.1) << name;
         }
     }
+}
+
+TEST(Icons, ShowAPictureForEachToolThatHasOne)
+{
+    for (const Tool& tool : Tools())
+        EXPECT_EQ(Icon(tool.Icon).isNull(), tool.Icon.empty()) << tool.Name;
 }
 
 TEST(Icons, ShowAPictureForEachLineThatHasOne)

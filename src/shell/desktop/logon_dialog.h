@@ -16,8 +16,8 @@ namespace veldrane {
 class LogonPageView;
 
 // `frmODBCLogon`: shows what its rules hold and calls them. The pages "page0" to "page2" of `tabMain` have controls of
-// the same names. A database file can be dropped anywhere on it, unless something stands in
-// front of it.
+// the same names. A database file can be dropped anywhere on it, unless something
+// stands in front of it.
 class LogonDialog : public QDialog
 {
     Q_OBJECT

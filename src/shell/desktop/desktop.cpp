@@ -147,7 +147,7 @@ int OpenDesktop(const StartCommand& command, const ProgramStreams& streams)
     qt->setWindowIcon(Icon(kProgramIcon));
     try {
         return Desktop(*qt, streams).Run(command);
-    } catch (const std::exception& error) { // of the settings: there is no window yet
+    } catch (const std::exception& error) { // of the settings, mostly: no window is there that would tell
         QtMessages().Tell(std::string(kAppTitle), error.what(), MessageIcon::Critical);
         return exit_code::kFailed;
     }

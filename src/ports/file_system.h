@@ -32,6 +32,10 @@ class FileBatch
     // Syncs what was added since the last commit and renames it into place. Throws RuntimeError (75) if a sync or a
     // rename fails: files already renamed stay, the others are dropped and their targets are as they were.
     virtual void Commit() = 0;
+
+    // The paths that the latest Commit has renamed into place, in their order; one that failed tells by it how far it
+    // came.
+    [[nodiscard]] virtual const std::vector<std::string>& InPlace() const = 0;
 };
 
 // The files of the machine. Paths are UTF-8. Every failure is a RuntimeError (53 for what is missing, 75 otherwise)

@@ -21,6 +21,8 @@ class FailingBatch : public FileBatch
         batch_->Commit();
     }
 
+    [[nodiscard]] const std::vector<std::string>& InPlace() const override { return batch_->InPlace(); }
+
   private:
     FailingFileSystem& files_;
     std::unique_ptr<FileBatch> batch_;

@@ -1,5 +1,7 @@
 #include "support/memory_file_system.h"
 
+#include <utility>
+
 namespace veldrane::testing {
 namespace {
 
@@ -24,14 +26,19 @@ class MemoryBatch : public FileBatch
 
     void Commit() override
     {
-        for (auto& [path, bytes] : staged_)
-            files_.Files[path] = bytes;
-        staged_.clear();
+        inPlace_.clear();
+        for (const auto& [path, bytes] : std::exchange(staged_, {})) {
+            files_.MemoryFileSystem::Write(path, bytes);
+            inPlace_.push_back(path);
+        }
     }
+
+    [[nodiscard]] const std::vector<std::string>& InPlace() const override { return inPlace_; }
 
   private:
     MemoryFileSystem& files_;
     std::vector<std::pair<std::string, std::string>> staged_;
+    std::vector<std::string> inPlace_;
 };
 
 } // namespace
@@ -39,7 +46,7 @@ class MemoryBatch : public FileBatch
 FileKind MemoryFileSystem::Kind(const std::string& path) const
 {
     if (Files.contains(path))
-        return FileKind::File;
+        return Others.contains(path) ? FileKind::Other : FileKind::File;
     return Folders.contains(path) ? FileKind::Folder : FileKind::Missing;
 }
 
@@ -106,6 +113,8 @@ void MemoryFileSystem::CheckWritable(const std::string& path) const
 {
     if (Folders.contains(path))
         throw RuntimeError(error_number::kPathAccess, "MemoryFileSystem", path + ": Is a directory");
+    if (Others.contains(path))
+        throw RuntimeError(error_number::kPathAccess, "MemoryFileSystem", path + ": Invalid argument");
     if (!Folders.contains(FolderOf(path)))
         throw RuntimeError(error_number::kPathAccess, "MemoryFileSystem", path + ": No such file or directory");
 }

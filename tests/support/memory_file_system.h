@@ -30,6 +30,7 @@ class MemoryFileSystem : public FileSystem
 
     std::set<std::string> Folders{"/"};
     std::map<std::string, std::string> Files;
+    std::set<std::string> Others;   // those of the files above that are pipes or devices
     std::set<std::string> Links;    // those of the paths above that are reached by a link
     std::vector<std::string> Swept; // the folders of RemoveAbandoned
 

@@ -25,13 +25,16 @@ class DiskBatch : public FileBatch
     {
         // Ends with this call, however it ends: what was not renamed is dropped.
         const auto folders = std::exchange(folders_, {});
+        inPlace_.clear();
         for (const auto& [path, folder] : folders)
             folder->Sync();
         for (const auto& [path, folder] : folders)
-            folder->Rename();
+            folder->Rename(inPlace_);
         for (const auto& [path, folder] : folders)
             folder->SyncNames();
     }
+
+    [[nodiscard]] const std::vector<std::string>& InPlace() const override { return inPlace_; }
 
   private:
     StagingFolder& FolderOf(const WriteTarget& target)
@@ -44,6 +47,7 @@ class DiskBatch : public FileBatch
     }
 
     std::vector<std::pair<std::string, std::unique_ptr<StagingFolder>>> folders_; // few
+    std::vector<std::string> inPlace_;
 };
 
 void WriteOne(const WriteTarget& target, std::string_view bytes)

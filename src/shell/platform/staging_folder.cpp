@@ -138,11 +138,13 @@ void StagingFolder::Sync()
     }
 }
 
-void StagingFolder::Rename()
+void StagingFolder::Rename(std::vector<std::string>& inPlace)
 {
-    for (const StagedFile& file : staged_)
+    for (const StagedFile& file : staged_) {
         if (renameat(folder_.Number(), file.PrivateName.c_str(), folder_.Number(), file.Name.c_str()) != 0)
             throw WriteFailure(file.Path, errno);
+        inPlace.push_back(file.Path);
+    }
     staged_.clear();
 }
 

@@ -46,8 +46,9 @@ class StagingFolder
     // Brings what was staged to the disk: a few files one by one, many by one sync of their file system.
     void Sync();
 
-    // Renames all files into place, in the order of their staging; the first that fails ends it.
-    void Rename();
+    // Renames all files into place, in the order of their staging, and appends their paths; the first that fails ends
+    // it.
+    void Rename(std::vector<std::string>& inPlace);
 
     // Brings the names to the disk.
     void SyncNames();

@@ -205,6 +205,18 @@ TEST_F(DiskFiles, AFailedRenameInABatchKeepsWhatIsInPlaceAndDropsTheRest)
     const FailingCall failing(SystemCall::Renameat, EIO, 1);
     EXPECT_EQ(FailureOf([&] { batch->Commit(); }), folder_ / "b" + ": " + std::strerror(EIO));
     EXPECT_THAT(files_.List(folder_.Path()), ElementsAre("a"));
+    EXPECT_THAT(batch->InPlace(), ElementsAre(folder_ / "a"));
+}
+
+TEST_F(DiskFiles, FilesWhoseNamesCanNotBeSyncedAreToldToBeInPlace)
+{
+    const auto batch = files_.StartBatch();
+    for (const char* name : {"a", "b"})
+        batch->Add(folder_ / name, name);
+    const FailingCall failing(SystemCall::Fsync, EIO, 2); // of the folder, behind both files
+    EXPECT_THAT(FailureOf([&] { batch->Commit(); }), HasSubstr(std::strerror(EIO)));
+    EXPECT_THAT(batch->InPlace(), ElementsAre(folder_ / "a", folder_ / "b"));
+    EXPECT_THAT(files_.List(folder_.Path()), ElementsAre("a", "b"));
 }
 
 TEST_F(DiskFiles, AFailedSyncOfManyFilesDropsThemAll)

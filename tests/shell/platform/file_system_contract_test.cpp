@@ -277,6 +277,22 @@ TYPED_TEST(FileSystemContract, ARefusedFileLeavesTheRestOfABatchReady)
     EXPECT_EQ(this->files_.Read(this->At("a.txt")), "a");
 }
 
+TYPED_TEST(FileSystemContract, ABatchTellsHowFarItsCommitCame)
+{
+    const auto batch = this->files_.StartBatch();
+    EXPECT_THAT(batch->InPlace(), IsEmpty());
+    for (const char* name : {"a.txt", "b.txt", "c.txt"})
+        batch->Add(this->At(name), "new");
+    this->place_.MakeFolder(this->At("b.txt"));
+    this->ExpectFailure(error_number::kPathAccess, this->At("b.txt"), "Is a directory", [&] { batch->Commit(); });
+    EXPECT_THAT(batch->InPlace(), ElementsAre(this->At("a.txt")));
+    EXPECT_EQ(this->files_.Read(this->At("a.txt")), "new");
+    EXPECT_EQ(this->files_.Kind(this->At("c.txt")), FileKind::Missing);
+    batch->Add(this->At("d.txt"), "new");
+    batch->Commit();
+    EXPECT_THAT(batch->InPlace(), ElementsAre(this->At("d.txt")));
+}
+
 TYPED_TEST(FileSystemContract, ABatchOfManyFilesInSeveralFoldersIsWrittenWhole)
 {
     this->place_.MakeFolder(this->At("one"));

@@ -34,7 +34,7 @@ struct FileConflict
 {
     const std::string& Path;
     const std::string& FileName;
-    std::function<const std::string&()> NewBytes; // made when they are asked for
+    std::function<const std::string&()> NewBytes; // made when they are asked for, and of no effect on the classes
 };
 
 // The person before whom a run goes on.

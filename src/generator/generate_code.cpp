@@ -3,6 +3,7 @@
 #include "generator/file_names.h"
 #include "generator/target_files.h"
 #include "generator/writers.h"
+#include "model/working_copy.h"
 
 #include <array>
 #include <cmath>
@@ -112,11 +113,12 @@ class ProjectWriter
     {
         generation_.Progress.Raise(row.Progress);
         generation_.StatusChanged.Raise(kFilesStage, NameOf(row.Status, project_));
-        NewFile file(NameOf(row.FileName, project_), [&] {
+        const auto write = [&] {
             std::string text;
             AppendSection(text, row.Write(context_, context_.Classes));
             return text;
-        });
+        };
+        NewFile file(NameOf(row.FileName, project_), write, write);
         if (!files_.MayWrite(file))
             return;
         if (&row == &kProjectFiles.front())
@@ -138,13 +140,23 @@ class ProjectWriter
 
     void WriteModule(KZMClass& owner, const ClassFileName& name, std::span<const SectionWriter> sections)
     {
-        NewFile file(NameOf(name, ListedClassScope{project_, owner}), [&] {
-            const ClassScope scope{context_, owner};
+        const auto write = [&](const ClassScope& scope) {
             std::string text;
             for (const SectionWriter writeSection : sections)
                 AppendSection(text, writeSection(scope));
             return text;
-        });
+        };
+        const auto show = [&] {
+            std::string unsaid;
+            const GenerationContext context{project_, context_.Classes, context_.Children, context_.Asking, unsaid};
+            return write({context, *WorkingCopy(owner)});
+        };
+        NewFile file(
+            NameOf(name, ListedClassScope{project_, owner}),
+            [&] {
+                return write({context_, owner});
+            },
+            show);
         generation_.StatusChanged.Raise(kFilesStage, NameOf(kCreatesFile, StatusScope{file.Name}));
         if (files_.MayWrite(file))
             files_.Write(file);
@@ -197,6 +209,7 @@ void CodeGeneration::GenerateCode(KZMClasses& classes, const GenerationTarget& t
     if (written && target.Compile)
         CompileProject(*this, ports_, project_.VBProjectName, target.TargetFolder);
     Files = files.Settled();
+    AppendLine(ErrorText, files.NoteOnBackups());
     AppendLine(ErrorText, files.NoteOnCharacters());
     FilesShareNames = written && !sharedNames.empty();
     if (written) {

@@ -1,5 +1,7 @@
 #include "generator/target_files.h"
 
+#include <algorithm>
+
 namespace veldrane {
 namespace {
 
@@ -35,11 +37,17 @@ const text::CodePage::Encoded& NewFile::Content(const text::CodePage& codePage)
     return *content_;
 }
 
+const std::string& NewFile::Shown(const text::CodePage& codePage)
+{
+    shown_ = codePage.EncodeInPlace(show_()).Bytes;
+    return shown_;
+}
+
 bool TargetFiles::MayWrite(NewFile& file)
 {
     if (ports_.Conflicts.IsCancelled())
         throw RunAborted(kCancelled);
-    const std::string path = PathIn(target_.TargetFolder, file.Name);
+    const std::string path = PathOf(file.Name);
     const bool isOfThisRun = written_.contains(file.Name);
     if (!isOfThisRun && !Exists(path))
         return true;
@@ -47,7 +55,7 @@ bool TargetFiles::MayWrite(NewFile& file)
     if (answer == ConflictAnswer::Cancel)
         throw RunAborted(kCancelled);
     if (answer == ConflictAnswer::BackupAndOverwrite && !isOfThisRun)
-        BackupFile(path);
+        BackupFile(file.Name);
     if (answer == ConflictAnswer::Leave)
         pending_.push_back({file.Name, FileOutcome::Left});
     return answer != ConflictAnswer::Leave;
@@ -59,7 +67,7 @@ ConflictAnswer TargetFiles::AnswerFor(NewFile& file, const std::string& path)
     case overwrite_mode::kPrompt:
         if (written_.contains(file.Name))
             Commit(); // the question may compare with it
-        return ports_.Conflicts.ResolveConflict({path, file.Name, [&]() -> const std::string& { return file.Content(codePage_).Bytes; }});
+        return ports_.Conflicts.ResolveConflict({path, file.Name, [&]() -> const std::string& { return file.Shown(codePage_); }});
     case overwrite_mode::kLeave:
         return ConflictAnswer::Leave;
     case overwrite_mode::kBackupAndOverwrite:
@@ -72,7 +80,7 @@ ConflictAnswer TargetFiles::AnswerFor(NewFile& file, const std::string& path)
 void TargetFiles::Write(NewFile& file)
 {
     const text::CodePage::Encoded& content = file.Content(codePage_);
-    const std::string path = PathIn(target_.TargetFolder, file.Name);
+    const std::string path = PathOf(file.Name);
     batch_->Add(path, content.Bytes);
     const bool isOfThisRun = !written_.insert(file.Name).second;
     pending_.push_back({file.Name, isOfThisRun ? FileOutcome::Overwritten : OutcomeOf(path, content.Bytes)});
@@ -98,10 +106,17 @@ void TargetFiles::Commit()
     try {
         batch_->Commit();
     } catch (const RuntimeError&) {
-        std::erase_if(files, [](const SettledFile& file) { return file.Outcome != FileOutcome::Left; });
-        settled_.insert(settled_.end(), files.begin(), files.end());
+        const std::vector<std::string>& inPlace = batch_->InPlace();
+        const auto isLost = [&](const SettledFile& file) { return file.Outcome != FileOutcome::Left && std::find(inPlace.begin(), inPlace.end(), PathOf(file.FileName)) == inPlace.end(); };
+        std::erase_if(files, isLost);
+        Settle(std::move(files));
         throw;
     }
+    Settle(std::move(files));
+}
+
+void TargetFiles::Settle(std::vector<SettledFile> files)
+{
     settled_.insert(settled_.end(), files.begin(), files.end());
 }
 
@@ -115,6 +130,16 @@ std::string TargetFiles::NoteOnCharacters() const
     return "Some characters were written as \"?\" in " + files + ": they are not in code page " + std::to_string(codePage_.Number()) + ", which the setting CodePage names.";
 }
 
+std::string TargetFiles::NoteOnBackups() const
+{
+    return filesWithoutBackup_.empty() ? "" : "No backup could be made of " + filesWithoutBackup_ + ".";
+}
+
+std::string TargetFiles::PathOf(const std::string& fileName) const
+{
+    return PathIn(target_.TargetFolder, fileName);
+}
+
 bool TargetFiles::Exists(const std::string& path) const
 {
     const FileKind kind = ports_.Files.Kind(path);
@@ -122,9 +147,14 @@ bool TargetFiles::Exists(const std::string& path) const
 }
 
 // A failure does not stop the run: the file is then overwritten without a backup.
-void TargetFiles::BackupFile(const std::string& path)
+void TargetFiles::BackupFile(const std::string& fileName)
 {
-    Guarded(ports_.Errors, "GenerateVBCode", "BackupExisting", [&] { ports_.Files.Copy(path, path + ".BAK"); });
+    const std::string path = PathOf(fileName);
+    if (Guarded(ports_.Errors, "GenerateVBCode", "BackupExisting", [&] { ports_.Files.Copy(path, path + ".BAK"); }))
+        return;
+    if (!filesWithoutBackup_.empty())
+        filesWithoutBackup_ += ", ";
+    filesWithoutBackup_ += fileName;
 }
 
 } // namespace veldrane

@@ -31,16 +31,22 @@ void AppendLine(std::string& text, std::string_view line);
 class NewFile
 {
   public:
-    NewFile(std::string name, std::function<std::string()> write) : Name(std::move(name)), write_(std::move(write)) {}
+    // `write` may change the classes; `show` gives the same text and leaves them as they are.
+    NewFile(std::string name, std::function<std::string()> write, std::function<std::string()> show) : Name(std::move(name)), write_(std::move(write)), show_(std::move(show)) {}
 
     const std::string Name;
 
     // The text in the code page.
     [[nodiscard]] const text::CodePage::Encoded& Content(const text::CodePage& codePage);
 
+    // The same for somebody who looks at it and may then leave it unwritten.
+    [[nodiscard]] const std::string& Shown(const text::CodePage& codePage);
+
   private:
     std::function<std::string()> write_;
+    std::function<std::string()> show_;
     std::optional<text::CodePage::Encoded> content_;
+    std::string shown_;
 };
 
 // The files of one run on their way into the target folder: whether each may be written, its backup, its bytes.
@@ -58,8 +64,8 @@ class TargetFiles
     // Adds the file to what is written. Throws RuntimeError (75).
     void Write(NewFile& file);
 
-    // Puts in place what was added so far. Throws RuntimeError (75); which of the added files are in place is not known
-    // then, and none of them is settled.
+    // Puts in place what was added so far. Throws RuntimeError (75); of the added files those are settled then that are
+    // in place, and nothing stands of the others.
     void Commit();
 
     // The files that are in place or were left.
@@ -68,11 +74,16 @@ class TargetFiles
     // One line about the characters that became "?", "" if there were none.
     [[nodiscard]] std::string NoteOnCharacters() const;
 
+    // One line that names the files of which no backup could be made, "" if there were none.
+    [[nodiscard]] std::string NoteOnBackups() const;
+
   private:
     [[nodiscard]] bool Exists(const std::string& path) const;
     [[nodiscard]] ConflictAnswer AnswerFor(NewFile& file, const std::string& path);
     [[nodiscard]] FileOutcome OutcomeOf(const std::string& path, const std::string& bytes) const;
-    void BackupFile(const std::string& path);
+    [[nodiscard]] std::string PathOf(const std::string& fileName) const;
+    void BackupFile(const std::string& fileName);
+    void Settle(std::vector<SettledFile> files);
 
     const GenerationPorts& ports_;
     const text::CodePage& codePage_;
@@ -81,6 +92,7 @@ class TargetFiles
     std::unordered_set<std::string> written_; // file names
     std::vector<SettledFile> pending_;        // until they are in place
     std::vector<SettledFile> settled_;
+    std::string filesWithoutBackup_; // names in a row
     std::string firstLossyFile_;
     std::size_t lossyFiles_ = 0;
 };

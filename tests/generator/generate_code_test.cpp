@@ -299,7 +299,18 @@ TEST_F(GenerateCode, GoesOnWithoutABackupThatFails)
     EXPECT_EQ(errors.Reported.front().Place.ModuleName, "GenerateVBCode");
     EXPECT_EQ(errors.Reported.front().Place.RoutineName, "BackupExisting");
     EXPECT_NE(files.Files.at("/out/Shop.vbp"), "mine");
-    EXPECT_EQ(recorder.Events.back(), "complete: ");
+    EXPECT_EQ(recorder.Events.back(), "complete: No backup could be made of Shop.vbp.");
+}
+
+TEST_F(GenerateCode, NamesEachFileThatHasNoBackup)
+{
+    AddMethod(AddClass("Order"), "Delete", true);
+    Run();
+    files.Folders.insert("/out/Shop.vbp.BAK");
+    files.FailingPaths = {"/out/frmTest.frm.BAK"};
+    Run();
+    EXPECT_EQ(errors.Reported.size(), 2U);
+    EXPECT_EQ(recorder.Events.back(), "complete: No backup could be made of Shop.vbp, frmTest.frm.");
 }
 
 TEST_F(GenerateCode, KeepsAnOlderBackupOfAFileThatCanNotBeRead)

@@ -107,6 +107,17 @@ TEST_F(SettledFiles, AreNoneWhereTheOnlyCommitFails)
     EXPECT_THAT(generation.Files, IsEmpty());
 }
 
+TEST_F(SettledFiles, AreThoseThatWereRenamedWhereACommitFailsOnItsWay)
+{
+    files.Files["/out/Auto.cls"] = "mine";
+    conflicts.InConflict = [&](const FileConflict&) { files.Folders.insert("/out/frmTest.frm"); }; // by the time of the commit
+    Run(overwrite_mode::kPrompt);
+    ASSERT_EQ(errors.Reported.size(), 1U);
+    EXPECT_EQ(errors.Reported[0].Error.Description(), "/out/frmTest.frm: Is a directory");
+    EXPECT_THAT(generation.Files, ElementsAre(SettledFile{"Shop.vbp", FileOutcome::New}, SettledFile{"TestShop.vbp", FileOutcome::New}, SettledFile{"TestShop.vbg", FileOutcome::New},
+                                              SettledFile{"Auto.cls", FileOutcome::Left}));
+}
+
 TEST_F(SettledFiles, TellOfAFileThatTheRunWroteTwice)
 {
     AddClass("Auto");
@@ -151,6 +162,24 @@ TEST_F(SettledFiles, LookingAtTheNewTextOfAFileThatIsLeftChangesNoOther)
     conflicts.LooksAtText = true;
     Run(overwrite_mode::kPrompt);
     EXPECT_EQ(files.Files.at("/out/Line.cls"), before.at("/out/Line.cls"));
+}
+
+TEST_F(SettledFiles, LookingAtTheNewTextOfAFileThatIsLeftLeavesItsClassAsItIs)
+{
+    KZMClass& order = AddClass("Order");
+    AddMethod(order, "Delete", true);
+    AddProperty(order, "RowID", "String").FieldDataType = "GUID";
+    files.Files["/out/Order.cls"] = "mine";
+    conflicts.LooksAtText = true;
+    Run(overwrite_mode::kPrompt);
+    EXPECT_THAT(conflicts.NewBytes, Contains(HasSubstr("Public Sub Clear()")));
+    EXPECT_EQ(order.TTCMethods.Count(), 1U);
+    EXPECT_EQ(generation.ErrorText, "");
+    conflicts.Answers = {ConflictAnswer::Leave, ConflictAnswer::Leave, ConflictAnswer::Leave, ConflictAnswer::Leave, ConflictAnswer::Leave, ConflictAnswer::Leave, ConflictAnswer::Overwrite};
+    Run(overwrite_mode::kPrompt);
+    EXPECT_EQ(conflicts.NewBytes.back(), files.Files.at("/out/Order.cls"));
+    EXPECT_EQ(order.TTCMethods.Count(), 2U);
+    EXPECT_THAT(generation.ErrorText, HasSubstr("It has been added."));
 }
 
 } // namespace

@@ -20,10 +20,7 @@ class LeaveAndTell : public ConflictResolver
 
     [[nodiscard]] ConflictAnswer ResolveConflict(const FileConflict& conflict) override
     {
-        messages_.Tell(
-            "File Conflict on " + conflict.FileName,
-            "The file: '" + conflict.Path +
-                "' already exists in the target directory.\r\nAnswer: &Leave the existing file alone, don't overwrite it");
+        messages_.Tell(ConflictTitle(conflict), ConflictText(conflict) + "\r\nAnswer: " + kLeaveCaption);
         return ConflictAnswer::Leave;
     }
 
@@ -110,9 +107,23 @@ RunEnd EndOfCompleteRun(const std::string& message)
 
 RunEnd EndOfAbortedRun(const std::string& message)
 {
+    if (message.empty())
+        return {.Instructions = "Code Generation Incomplete...",
+                .Heading = {},
+                .Text = "The operation did not complete successfully."};
     return {.Instructions = "Code Generation Incomplete...",
             .Heading = "The operation completed with the following warnings:",
-            .Text = message.empty() ? "The operation did not complete successfully." : message};
+            .Text = message};
+}
+
+std::string ConflictTitle(const FileConflict& conflict)
+{
+    return "File Conflict on " + conflict.FileName;
+}
+
+std::string ConflictText(const FileConflict& conflict)
+{
+    return "The file: '" + conflict.Path + "' already exists in the target directory.";
 }
 
 bool WantsCompile(const RegistryAccess& registry)

@@ -21,6 +21,11 @@ struct RunEnd
 [[nodiscard]] RunEnd EndOfCompleteRun(const std::string& message);
 [[nodiscard]] RunEnd EndOfAbortedRun(const std::string& message);
 
+// What is said of a target file that exists, and the answer that loses nothing.
+[[nodiscard]] std::string ConflictTitle(const FileConflict& conflict);
+[[nodiscard]] std::string ConflictText(const FileConflict& conflict);
+inline constexpr const char* kLeaveCaption = "&Leave the existing file alone, don't overwrite it";
+
 // The setting of the wizard's box for compiling, in the section GenerateCodeSettings.
 inline constexpr std::string_view kAutoCompile = "AutoCompile";
 

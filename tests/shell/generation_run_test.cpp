@@ -27,7 +27,10 @@ TEST(RunEnd, OfAnAbortedRunSaysWhyOrThatItFailed)
     EXPECT_EQ(end.Instructions, "Code Generation Incomplete...");
     EXPECT_EQ(end.Heading, "The operation completed with the following warnings:");
     EXPECT_EQ(end.Text, "User Cancelled Operation");
-    EXPECT_EQ(EndOfAbortedRun("").Text, "The operation did not complete successfully.");
+    const RunEnd unexplained = EndOfAbortedRun("");
+    EXPECT_EQ(unexplained.Instructions, "Code Generation Incomplete...");
+    EXPECT_EQ(unexplained.Heading, "");
+    EXPECT_EQ(unexplained.Text, "The operation did not complete successfully.");
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include "ports/clock.h"
 
+#include <functional>
+
 namespace veldrane::testing {
 
 // Time that passes only when it is told to, or when somebody waits.
@@ -13,9 +15,12 @@ class ManualClock : public Clock
     {
         Waited += duration;
         now_ += duration;
+        if (OnWait)
+            OnWait(duration);
     }
 
     std::chrono::milliseconds Waited{0};
+    std::function<void(std::chrono::milliseconds)> OnWait; // what the person does meanwhile
 
   private:
     std::chrono::system_clock::time_point now_;

@@ -9,8 +9,10 @@
 #include <QAction>
 #include <QDir>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMenu>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace veldrane {
@@ -19,6 +21,16 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int kPictureSize = 64;
+
+// A key that is held down from a former page, or from the question, has not been pressed here.
+bool IsHeldKey(const QEvent& event)
+{
+    if (event.type() != QEvent::KeyPress)
+        return false;
+    const auto& press = static_cast<const QKeyEvent&>(event);
+    const std::initializer_list<int> keys{Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape};
+    return press.isAutoRepeat() && std::find(keys.begin(), keys.end(), press.key()) != keys.end();
+}
 
 } // namespace
 
@@ -35,6 +47,7 @@ GenCodeDialog::GenCodeDialog(const Application& application, TTCProject& project
     ui_->lstFiles->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     ui_->lstFiles->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     ConnectButtons();
+    KeepFolderThatGoes();
     ConnectFolder();
     ConnectOptions();
     changed_ = rules_.Changed.Connect([this] { ShowAll(); });
@@ -48,14 +61,32 @@ void GenCodeDialog::reject()
     rules_.cmdCancel_Click();
 }
 
+bool GenCodeDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    return IsHeldKey(*event) || QDialog::eventFilter(watched, event);
+}
+
 void GenCodeDialog::ConnectButtons()
 {
+    const std::initializer_list<QObject*> pressed{this, ui_->cmdBack, ui_->cmdNext, ui_->cmdCancel};
+    for (QObject* control : pressed)
+        control->installEventFilter(this);
     tmrStart_.setSingleShot(true);
     connect(&tmrStart_, &QTimer::timeout, this, [this] { rules_.tmrStart_Timer(); });
     connect(ui_->cmdBack, &QPushButton::clicked, this, [this] { rules_.cmdBack_Click(); });
     connect(ui_->cmdNext, &QPushButton::clicked, this, [this] { rules_.cmdNext_Click(); });
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(ui_->lblOpenProject, &QPushButton::clicked, this, [this] { rules_.lblOpenProject_Click(); });
+}
+
+// A folder that others take away pushes its row's neighbour into its place, which nobody has chosen. To be connected
+// before the tree is.
+void GenCodeDialog::KeepFolderThatGoes()
+{
+    connect(&folders_, &QFileSystemModel::rowsAboutToBeRemoved, this,
+            [this] { quietTree_.emplace(ui_->treFolder->selectionModel()); });
+    connect(&folders_, &QFileSystemModel::rowsRemoved, this, [this] { quietTree_.reset(); });
+    connect(&folders_, &QFileSystemModel::rowsRemoved, this, &GenCodeDialog::ShowFolderInTree, Qt::QueuedConnection);
 }
 
 void GenCodeDialog::ConnectFolder()
@@ -122,6 +153,8 @@ void GenCodeDialog::ShowPage()
     const int page = rules_.tabMain();
     ui_->lblInst->setText(NameToQt(rules_.lblInst()));
     ui_->lblInst->setVisible(page == wizard_page::kIntroduction || rules_.HasEnded());
+    ui_->fraTarget->setVisible(page >= wizard_page::kOptions);
+    ui_->txtTarget->setText(NameToQt(rules_.treFolder()));
     if (std::exchange(shownPage_, page) == page)
         return;
     ui_->tabMain->setCurrentIndex(page);
@@ -190,7 +223,8 @@ void GenCodeDialog::ChooseInTree(const QModelIndex& index)
 
 void GenCodeDialog::OfferFolderMenu(const QPoint& where)
 {
-    popFolder_->popup(ui_->treFolder->viewport()->mapToGlobal(where));
+    if (ui_->treFolder->indexAt(where).isValid())
+        popFolder_->popup(ui_->treFolder->viewport()->mapToGlobal(where));
 }
 
 void GenCodeDialog::ShowSteps()
@@ -215,9 +249,11 @@ void GenCodeDialog::ShowEnd()
     heading.setBold(ended);
     ui_->lblInst->setFont(heading);
     ui_->fraSteps->setVisible(!ended);
-    ui_->fraResult->setVisible(ended);
-    if (!ended)
-        return;
+    ui_->lblOpened->setText(NameToQt(rules_.lblOpened()));
+    ui_->lblOpened->setVisible(!rules_.lblOpened().empty());
+    if (!ended || !ui_->fraResult->isHidden())
+        return ui_->fraResult->setVisible(ended);
+    ui_->fraResult->show();
     files_.Show(rules_.Files());
     ui_->lblFiles->setText(files_.Summary());
     ui_->lblOpenProject->setVisible(rules_.CanOpenProject());
@@ -225,7 +261,7 @@ void GenCodeDialog::ShowEnd()
     ui_->lblWarnings->setVisible(!rules_.lblWarnings().empty());
     ui_->txtWarnings->setPlainText(ToQt(rules_.txtWarnings()));
     ui_->cmdCancel->setDefault(true);
-    ui_->cmdCancel->setFocus();
+    ui_->lstFiles->setFocus();
 }
 
 // A timer of no length fires behind what is to be painted.

@@ -6,9 +6,11 @@
 
 #include <QDialog>
 #include <QFileSystemModel>
+#include <QSignalBlocker>
 #include <QTimer>
 
 #include <memory>
+#include <optional>
 
 class QAction;
 class QMenu;
@@ -32,9 +34,13 @@ class GenCodeDialog : public QDialog, private WizardDialogs
 
     void reject() override;
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void ConnectButtons();
     void ConnectFolder();
+    void KeepFolderThatGoes();
     void ConnectOptions();
     void ShowAll();
     void ShowPage();
@@ -60,6 +66,7 @@ class GenCodeDialog : public QDialog, private WizardDialogs
     std::unique_ptr<Ui::frmGenCode> ui_;
     QFileSystemModel folders_;
     SettledFilesModel files_;
+    std::optional<QSignalBlocker> quietTree_; // while rows go
     QTimer tmrStart_;
     QAction* newFolder_;
     QMenu* popFolder_;

@@ -41,8 +41,8 @@ class frmFile
     // What the dialog was left with: Cancel until OK was pressed.
     [[nodiscard]] ConflictAnswer Answer() const { return answer_; }
 
-    // By which lines the new text differs from the file. Throws RuntimeError: 53 or 75 if that can't be read,
-    // or what the writer of the new text throws.
+    // By which lines the new text differs from the file. Throws RuntimeError: 53 or 75 if that can't be read or is no
+    // plain file, or what the writer of the new text throws.
     [[nodiscard]] std::vector<DifferenceLine> Differences() const;
 
   private:

@@ -13,6 +13,9 @@ namespace {
 
 constexpr std::string_view kModule = "frmGenCode";
 
+// In which a second Escape or the other half of a double click comes.
+constexpr std::chrono::milliseconds kSecondPress{500};
+
 std::string Introduction(const TTCProject& project)
 {
     std::string text =
@@ -22,7 +25,7 @@ std::string Introduction(const TTCProject& project)
         text += "The generated COM Object code requires the Quillmere Component Services Manager application to be "
                 "installed on your Transaction Server(s). Please see the help file and search for 'Transaction Server' "
                 "for detailed instructions on setting up your Transaction Server(s). You will also need to distribute "
-                "the Microsoft XML 2.0 Parser with your COM Object.";
+                "the Microsoft XML 2.0 Parser with your COM Object. ";
     return text + "Interface forms will also be generated and placed into the target directory. ";
 }
 
@@ -60,7 +63,10 @@ frmGenCode::frmGenCode(const Application& application, TTCProject& project, KZMC
       instructions_(Introduction(project))
 {
     ReadSettings();
-    events_.push_back(Process.Progress.Connect([this](int percent) { percent_ = percent; }));
+    events_.push_back(Process.Progress.Connect([this](int percent) {
+        percent_ = percent;
+        Changed.Raise();
+    }));
     events_.push_back(Process.StatusChanged.Connect(
         [this](int stage, const std::string& message) { StatusChanged(stage, message); }));
     events_.push_back(Process.OperationComplete.Connect(
@@ -109,6 +115,8 @@ void frmGenCode::GoTo(int page)
 
 void frmGenCode::treFolder_Change(const std::string& path)
 {
+    if (page_ != wizard_page::kFolder)
+        return;
     folder_ = path;
     GoTo(page_);
     Changed.Raise();
@@ -182,12 +190,15 @@ void frmGenCode::tmrStart_Timer()
     if (!std::exchange(startIsDue_, false))
         return;
     isRunning_ = true;
-    const PointerWhile hourglass(application_.Windows.Pointer, PointerShape::Hourglass);
-    if (chkCompile())
-        MakeFolderOfCompileLog(application_);
-    Process.GenerateCode(
-        classes_, {.TargetFolder = folder_, .OverwriteMode = mode_, .Compile = chkCompile(), .TellsUnchanged = true});
-    isRunning_ = false;
+    {
+        const PointerWhile hourglass(application_.Windows.Pointer, PointerShape::Hourglass);
+        if (chkCompile())
+            MakeFolderOfCompileLog(application_);
+        Process.GenerateCode(
+            classes_,
+            {.TargetFolder = folder_, .OverwriteMode = mode_, .Compile = chkCompile(), .TellsUnchanged = true});
+    }
+    OfferClose();
 }
 
 // What is done is checked, what is under way is bold.
@@ -224,6 +235,13 @@ void frmGenCode::OperationEnded(const RunEnd& end, bool canOpen)
     text_ = end.Text;
     next_.Visible = false;
     back_.Visible = false;
+    cancel_.Enabled = false;
+    Changed.Raise();
+}
+
+void frmGenCode::OfferClose()
+{
+    application_.Time.Wait(kSecondPress);
     cancel_ = {.Caption = "&Close"};
     Changed.Raise();
 }
@@ -261,8 +279,10 @@ void frmGenCode::NewFolder()
 void frmGenCode::lblOpenProject_Click()
 {
     Guarded(application_.Errors, kModule, "lblOpenProject_Click", [&] {
-        application_.Programs.Start(
-            {"xdg-open", PathIn(folder_, NameOf(kTestProjectGroup, ProjectScope{project_, Process.Settings}))});
+        const std::string group = NameOf(kTestProjectGroup, ProjectScope{project_, Process.Settings});
+        application_.Programs.Start({"xdg-open", PathIn(folder_, group)});
+        opened_ = "The desktop was asked to open " + group + ". If nothing opens, it knows no program for such files.";
+        Changed.Raise();
     });
 }
 

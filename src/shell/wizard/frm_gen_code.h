@@ -50,7 +50,8 @@ class frmGenCode : private ConflictResolver
     [[nodiscard]] const WizardButton& cmdCancel() const { return cancel_; }
     [[nodiscard]] const std::string& lblInst() const { return instructions_; }
 
-    // The target folder; without one the page can't be left forward.
+    // The target folder; without one the page can't be left forward. It changes on its own page alone: what becomes of
+    // the tree on a later one is nobody's choice.
     [[nodiscard]] const std::string& treFolder() const { return folder_; }
     void treFolder_Change(const std::string& path);
 
@@ -77,7 +78,8 @@ class frmGenCode : private ConflictResolver
     void cmdBack_Click();
 
     // Closes the wizard; a run is given up before its next file or before the compiler starts instead, and tells what
-    // it has written by then. The compiler's work can't be given up: the button is disabled meanwhile.
+    // it has written by then. The compiler's work can't be given up: the button is disabled meanwhile, and for a moment
+    // behind the end, so that nothing that was meant for the run closes the page that tells of it.
     void cmdCancel_Click();
 
     // Whether the run is due, which tmrStart_Timer starts once the page has been painted.
@@ -88,8 +90,10 @@ class frmGenCode : private ConflictResolver
     // Nothing happens while there is no target folder to make it in.
     void NewFolder();
 
-    // Opens the generated project group.
+    // Opens the generated project group with the program that the desktop has for it. Whether it has one is not told to
+    // those who ask: lblOpened is what the person is to know of that, "" before.
     void lblOpenProject_Click();
+    [[nodiscard]] const std::string& lblOpened() const { return opened_; }
 
     CodeGeneration Process;
 
@@ -101,6 +105,7 @@ class frmGenCode : private ConflictResolver
     void LeaveFolder();
     void StatusChanged(int stage, const std::string& message);
     void OperationEnded(const RunEnd& end, bool canOpen);
+    void OfferClose();
     void ShowAndServe();
 
     // ConflictResolver
@@ -128,6 +133,7 @@ class frmGenCode : private ConflictResolver
     bool canOpen_ = false;
     std::string heading_;
     std::string text_;
+    std::string opened_;
     ConflictAnswer lastAnswer_ = ConflictAnswer::BackupAndOverwrite;
     std::vector<Connection> events_;
 };

@@ -20,7 +20,8 @@ class WizardDialogs
     // The name of a folder that is to be made; "" on Cancel.
     [[nodiscard]] virtual std::string NewFolderName() = 0;
 
-    // Makes the folder. Throws RuntimeError (75) naming it.
+    // Makes the folder and those above it that are missing, for whomever the person's umask lets in. Throws
+    // RuntimeError (75) naming it.
     virtual void MakeFolder(const std::string& path) = 0;
 
     // Closes the wizard.

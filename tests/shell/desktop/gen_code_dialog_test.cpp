@@ -30,6 +30,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 namespace veldrane::testing {
 namespace {
 
@@ -150,6 +152,63 @@ TEST_F(TheWizard, TakesAFolderThatIsChosenInTheTree)
     EXPECT_TRUE(session_.Project().Modified());
 }
 
+// Waits for the tree to show the folders a, b and c, of which b is the target.
+class WizardAtFolderB : public TheWizard
+{
+  protected:
+    WizardAtFolderB()
+    {
+        for (const char* name : {"a", "b", "c"})
+            std::filesystem::create_directories(folder_ / name);
+        session_.Project().OutputPath = folder_ / "b";
+        Show();
+        Next(1);
+        auto& tree = Find<QTreeView>(*window_, "treFolder");
+        siblings_ = tree.currentIndex().parent();
+        WaitForFolders(3);
+    }
+
+    void RemoveFolderB()
+    {
+        std::filesystem::remove(folder_ / "b");
+        WaitForFolders(2);
+        QApplication::processEvents();
+    }
+
+    void WaitForFolders(int count)
+    {
+        const QAbstractItemModel& model = *Find<QTreeView>(*window_, "treFolder").model();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return model.rowCount(siblings_) == count; }));
+    }
+
+    [[nodiscard]] bool IsEmpty(const char* name) const { return std::filesystem::is_empty(folder_ / name); }
+
+    QPersistentModelIndex siblings_;
+};
+
+TEST_F(WizardAtFolderB, KeepsAFolderThatGoesAndTellsOfIt)
+{
+    RemoveFolderB();
+    EXPECT_EQ(Folder().toStdString(), folder_ / "b");
+    EXPECT_EQ(Text("lblFolderState"), u"There is no such folder."_s);
+    EXPECT_FALSE(Find<QTreeView>(*window_, "treFolder").currentIndex().isValid());
+}
+
+TEST_F(WizardAtFolderB, WritesNowhereElseWhereItsFolderIsGone)
+{
+    Next(1);
+    EXPECT_EQ(Find<QLineEdit>(*window_, "txtTarget").text().toStdString(), folder_ / "b");
+    RemoveFolderB();
+    Run();
+    EXPECT_EQ(Text("lblInst"), u"Code Generation Incomplete..."_s);
+    EXPECT_EQ(Find<QPlainTextEdit>(*window_, "txtWarnings").toPlainText().toStdString(),
+              "Unable to write to destination directory. " + folder_ / "b/Shop.vbp" + ": No such file or directory");
+    EXPECT_TRUE(Find<QLineEdit>(*window_, "txtTarget").isVisible());
+    EXPECT_EQ(Find<QLineEdit>(*window_, "txtTarget").text().toStdString(), folder_ / "b");
+    EXPECT_TRUE(IsEmpty("a"));
+    EXPECT_TRUE(IsEmpty("c"));
+}
+
 TEST_F(TheWizard, TellsOfAFolderThatIsNotThere)
 {
     Show();
@@ -192,9 +251,13 @@ TEST_F(TheWizard, OffersAFolderInTheMenuOfTheTree)
     QWidget& window = Show();
     Next(1);
     auto& tree = Find<QTreeView>(window, "treFolder");
-    const QPoint where = tree.viewport()->rect().center();
-    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, where, tree.viewport()->mapToGlobal(where));
-    QApplication::sendEvent(tree.viewport(), &byKey);
+    const auto askAt = [&](const QPoint& where) {
+        QContextMenuEvent byKey(QContextMenuEvent::Keyboard, where, tree.viewport()->mapToGlobal(where));
+        QApplication::sendEvent(tree.viewport(), &byKey);
+    };
+    askAt(tree.viewport()->rect().bottomRight() + QPoint(1, 1)); // behind the last row
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    askAt(tree.visualRect(tree.currentIndex()).center());
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_NE(menu, nullptr);
     EXPECT_EQ(menu->objectName(), u"popFolder"_s);
@@ -245,6 +308,7 @@ TEST_F(TheWizard, OpensTheProjectGroupByMouseAndByKey)
     Click(window, "lblOpenProject");
     link.setFocus();
     EXPECT_TRUE(link.IsLit());
+    EXPECT_TRUE(Find<QLabel>(window, "lblOpened").isVisible());
     Photograph(window, "frmGenCode-link");
     QTest::keyClick(&link, Qt::Key_Return);
     const std::vector<std::string> opened{"xdg-open", folder_ / "TestShop.vbg"};
@@ -359,6 +423,92 @@ TEST_F(TheWizard, ClosingItWhileItRunsGivesUpTheRun)
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(Text("lblInst"), u"Code Generation Incomplete..."_s);
     EXPECT_FALSE(IsThere("TestShop.vbg"));
+}
+
+TEST_F(TheWizard, AClickOnCancelIsServedBetweenFiles)
+{
+    QWidget& window = Show();
+    Next(2);
+    auto& cancel = Find<QPushButton>(window, "cmdCancel");
+    QTimer person;
+    QObject::connect(&person, &QTimer::timeout, &window, [&] {
+        if (Text("lblProgress1").isEmpty())
+            return;
+        person.stop();
+        cancel.click();
+    });
+    person.start(0);
+    Run();
+    EXPECT_EQ(Find<QPlainTextEdit>(window, "txtWarnings").toPlainText(), u"User Cancelled Operation"_s);
+    EXPECT_FALSE(IsThere("TestShop.vbg"));
+}
+
+TEST_F(TheWizard, ASecondEscapeDoesNotCloseTheOutcome)
+{
+    Put(folder_ / "Shop.vbp", "mine");
+    QWidget& window = Show();
+    Next(2);
+    WithDialogs([this] { Run(); }, {[&window](QWidget& dialog) {
+                    QTimer::singleShot(0, &window, [&window] { QTest::keyClick(&window, Qt::Key_Escape); });
+                    QTest::keyClick(&dialog, Qt::Key_Escape);
+                }});
+    EXPECT_EQ(Text("lblInst"), u"Code Generation Incomplete..."_s);
+    EXPECT_TRUE(window.isVisible());
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(TheWizard, AKeyThatIsHeldDoesNotCloseTheOutcome)
+{
+    QWidget& window = Show();
+    Next(2);
+    Run();
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+        for (QWidget* control :
+             {window.focusWidget(), &window, static_cast<QWidget*>(&Find<QPushButton>(window, "cmdCancel"))}) {
+            QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+            QApplication::sendEvent(control, &held);
+        }
+        EXPECT_TRUE(window.isVisible()) << key;
+    }
+    QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(TheWizard, AFolderThatGoesWhileTheQuestionStandsIsTold)
+{
+    const std::string place = folder_ / "out";
+    std::filesystem::create_directories(place);
+    Put(place + "/TestShop.vbp", "mine");
+    session_.Project().OutputPath = place;
+    Show();
+    Next(2);
+    WithDialogs([this] { Run(); }, {[&place](QWidget& dialog) {
+                    std::filesystem::remove_all(place);
+                    Find<QRadioButton>(dialog, "optOverwrite").click();
+                    Click(dialog, "cmdOK");
+                }});
+    EXPECT_EQ(Text("lblInst"), u"Code Generation Incomplete..."_s);
+    EXPECT_FALSE(world_.Errors.Reported.empty());
+    EXPECT_EQ(Text("lblFiles"), u"No files"_s);
+    EXPECT_FALSE(std::filesystem::exists(place));
+}
+
+TEST_F(TheWizard, APipeUnderAFilesNameIsToldInPlaceOfTheDifferences)
+{
+    ASSERT_EQ(mkfifo((folder_ / "Shop.vbp").c_str(), 0600), 0);
+    Show();
+    Next(2);
+    WithDialogs([this] { Run(); }, {[](QWidget& dialog) {
+                    Click(dialog, "cmdShowDifferences");
+                    EXPECT_THAT(Find<QLabel>(dialog, "lblDifferences").text().toStdString(),
+                                HasSubstr("The differences can't be shown. "));
+                    EXPECT_THAT(Find<QLabel>(dialog, "lblDifferences").text().toStdString(),
+                                HasSubstr("It is no plain file"));
+                    Find<QRadioButton>(dialog, "optLeave").click();
+                    Click(dialog, "cmdOK");
+                }});
+    EXPECT_EQ(Outcome(u"Shop.vbp"_s), u"left"_s);
 }
 
 TEST_F(TheWizard, TheOptionsAreThoseOfTheRun)

@@ -80,5 +80,28 @@ TEST_F(FrmFile, AFileThatCanNotBeReadHasNoDifferences)
     EXPECT_THROW(static_cast<void>(dialog_.Differences()), RuntimeError);
 }
 
+// What a person is told in place of the differences.
+std::string ReasonAgainstDifferences(const frmFile& dialog)
+{
+    try {
+        static_cast<void>(dialog.Differences());
+    } catch (const RuntimeError& error) {
+        return error.Description();
+    }
+    return "";
+}
+
+TEST_F(FrmFile, APipeIsNotWaitedFor)
+{
+    files_.Others = {path_};
+    EXPECT_EQ(ReasonAgainstDifferences(dialog_), "/out/Shop.vbp: It is no plain file");
+}
+
+TEST_F(FrmFile, ANewTextThatCanNotBeMadeSaysWhy)
+{
+    conflict_.NewBytes = []() -> const std::string& { throw RuntimeError(1001, "Test", "There is no file to name."); };
+    EXPECT_EQ(ReasonAgainstDifferences(dialog_), "There is no file to name.");
+}
+
 } // namespace
 } // namespace veldrane

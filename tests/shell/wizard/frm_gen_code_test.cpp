@@ -17,6 +17,7 @@ using ::testing::ElementsAre;
 using ::testing::Field;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::Not;
 using ::testing::Pair;
 using ::testing::SizeIs;
 using ::testing::UnorderedElementsAre;
@@ -89,7 +90,7 @@ TEST_F(FrmGenCode, SaysWhatATransactionServerNeeds)
                           "application to be installed on your Transaction Server(s). Please see the help file and "
                           "search for 'Transaction Server' for detailed instructions on setting up your Transaction "
                           "Server(s). You will also need to distribute the Microsoft XML 2.0 Parser with your COM "
-                          "Object."));
+                          "Object. Interface forms will also be generated"));
 }
 
 TEST_F(FrmGenCode, WithoutSettingsItPromptsAndCompiles)
@@ -192,6 +193,36 @@ TEST_F(FrmGenCode, APathThatIsNotQualifiedIsToldAndMayBeUsed)
     EXPECT_EQ(session_.Project().OutputPath, "C:\\Shop");
     Next(1);
     EXPECT_TRUE(Wizard().tmrStart());
+}
+
+TEST_F(FrmGenCode, APathThatIsNotQualifiedIsGeneratedInto)
+{
+    Next(1);
+    Wizard().treFolder_Change("C:\\Shop");
+    Next(2);
+    Wizard().tmrStart_Timer();
+    EXPECT_EQ(Wizard().txtWarnings(),
+              "Unable to write to destination directory. C:\\Shop/Shop.vbp: No such file or directory");
+    wizard_.reset();
+    world_.Files.Folders.insert("C:\\Shop");
+    Run();
+    EXPECT_TRUE(world_.Files.Files.contains("C:\\Shop/Shop.vbp"));
+    EXPECT_TRUE(Wizard().CanOpenProject());
+}
+
+TEST_F(FrmGenCode, BehindItsPageTheFolderStaysAsItWasChosen)
+{
+    world_.Files.Folders.insert("/other");
+    for (int page = 2; page <= 3; ++page) {
+        Next(page == 2 ? 2 : 1);
+        Wizard().treFolder_Change("/other");
+        EXPECT_EQ(Wizard().treFolder(), "/out");
+    }
+    Wizard().tmrStart_Timer();
+    Wizard().treFolder_Change("/other");
+    EXPECT_EQ(Wizard().treFolder(), "/out");
+    EXPECT_THAT(world_.Files.List("/other"), IsEmpty());
+    EXPECT_TRUE(world_.Files.Files.contains("/out/Shop.vbp"));
 }
 
 TEST_F(FrmGenCode, WithoutAFolderItStaysOnThePage)
@@ -309,6 +340,71 @@ TEST_F(FrmGenCode, AFolderThatIsGoneEndsTheRun)
     EXPECT_THAT(Wizard().Files(), IsEmpty());
 }
 
+TEST_F(FrmGenCode, AFolderThatGoesWhileTheQuestionStandsEndsTheRun)
+{
+    world_.Files.Files["/out/Shop.vbp"] = "mine";
+    dialogs_.InConflict = [&](frmFile& dialog) {
+        world_.Files.Folders.erase("/out");
+        world_.Files.Files.clear();
+        dialog.opt_Click(ConflictAnswer::Overwrite);
+        dialog.cmdOK_Click();
+    };
+    Run();
+    EXPECT_EQ(Wizard().txtWarnings(),
+              "Unable to write to destination directory. /out/Shop.vbp: No such file or directory");
+    EXPECT_THAT(Wizard().Files(), IsEmpty());
+    EXPECT_THAT(world_.Files.Files, IsEmpty());
+}
+
+TEST_F(FrmGenCode, AFolderUnderTheFirstFilesNameEndsTheRunInEveryMode)
+{
+    world_.Files.Folders.insert("/out/Shop.vbp");
+    for (const std::int32_t mode :
+         {overwrite_mode::kPrompt, overwrite_mode::kLeave, overwrite_mode::kBackupAndOverwrite}) {
+        wizard_.reset();
+        Wizard().opt_Click(mode);
+        Run();
+        EXPECT_THAT(dialogs_.Opened, IsEmpty());
+        EXPECT_EQ(Wizard().txtWarnings(), "Unable to write to destination directory. /out/Shop.vbp: Is a directory");
+        EXPECT_THAT(world_.Files.Files, IsEmpty());
+    }
+}
+
+TEST_F(FrmGenCode, ALaterFileThatCanNotBeWrittenIsReportedAndEndsTheRunInEveryMode)
+{
+    const std::string path = "/out/TestShop.vbg";
+    for (const std::int32_t mode :
+         {overwrite_mode::kPrompt, overwrite_mode::kLeave, overwrite_mode::kBackupAndOverwrite})
+        for (const bool isFolder : {true, false}) {
+            world_.Files.Files.clear();
+            world_.Files.Folders = {"/", "/out"};
+            world_.Files.Reason = "Permission denied";
+            world_.Files.FailingPaths = isFolder ? std::set<std::string>{} : std::set<std::string>{path};
+            if (isFolder)
+                world_.Files.Folders.insert(path);
+            world_.Errors.Reported.clear();
+            wizard_.reset();
+            Wizard().opt_Click(mode);
+            Run();
+            ASSERT_THAT(world_.Errors.Reported, Not(IsEmpty()));
+            EXPECT_EQ(world_.Errors.Reported[0].Error.Description(),
+                      path + (isFolder ? ": Is a directory" : ": Permission denied"));
+            EXPECT_EQ(Wizard().txtWarnings(), "The operation did not complete successfully.");
+            EXPECT_EQ(Wizard().lblWarnings(), "");
+        }
+}
+
+TEST_F(FrmGenCode, AFileThatCouldNotBeBackedUpIsNamedAtTheEnd)
+{
+    world_.Files.Files["/out/Shop.vbp"] = "mine";
+    world_.Files.Folders.insert("/out/Shop.vbp.BAK");
+    Wizard().opt_Click(overwrite_mode::kBackupAndOverwrite);
+    Run();
+    EXPECT_EQ(Wizard().lblInst(), "Code Generation Complete!");
+    EXPECT_EQ(Wizard().txtWarnings(), "No backup could be made of Shop.vbp.");
+    EXPECT_THAT(Wizard().Files(), Contains(SettledFile{"Shop.vbp", FileOutcome::Overwritten}));
+}
+
 TEST_F(FrmGenCode, AFullDiskEndsTheRunAndTellsWhichFilesAreThere)
 {
     Next(3);
@@ -375,6 +471,53 @@ TEST_F(FrmGenCode, CancelGivesUpTheRunBeforeItsNextFile)
                 ElementsAre(SettledFile{"Shop.vbp", FileOutcome::New}, SettledFile{"TestShop.vbp", FileOutcome::New}));
     Wizard().cmdCancel_Click();
     EXPECT_THAT(dialogs_.Opened, ElementsAre("end"));
+}
+
+TEST_F(FrmGenCode, ServesThePersonBetweenFiles)
+{
+    Next(3);
+    world_.Clock.OnWait = [&](std::chrono::milliseconds) {
+        if (Wizard().Steps()[0].lblProgress == "Creates the Test Project Group...")
+            Wizard().cmdCancel_Click();
+    };
+    Wizard().tmrStart_Timer();
+    EXPECT_EQ(Wizard().txtWarnings(), "User Cancelled Operation");
+    EXPECT_THAT(Wizard().Files(),
+                ElementsAre(SettledFile{"Shop.vbp", FileOutcome::New}, SettledFile{"TestShop.vbp", FileOutcome::New}));
+}
+
+TEST_F(FrmGenCode, WhatWasMeantForTheRunDoesNotCloseItsOutcome)
+{
+    Next(3);
+    int presses = 0;
+    world_.Clock.OnWait = [&](std::chrono::milliseconds) {
+        if (!Wizard().HasEnded())
+            return;
+        ++presses;
+        EXPECT_FALSE(Wizard().cmdCancel().Enabled);
+        EXPECT_EQ(world_.Pointer.Current, PointerShape::Default);
+        Wizard().cmdCancel_Click();
+    };
+    Wizard().tmrStart_Timer();
+    EXPECT_EQ(presses, 1);
+    EXPECT_THAT(dialogs_.Opened, IsEmpty());
+    Wizard().cmdCancel_Click();
+    EXPECT_THAT(dialogs_.Opened, ElementsAre("end"));
+}
+
+TEST_F(FrmGenCode, TheBarIsNearItsEndWhileTheCompilerWorks)
+{
+    world_.State.Generation.VisualBasicCommand = "vb6";
+    int shown = 0;
+    int duringCompiler = 0;
+    const Connection showing = Wizard().Changed.Connect([&] { shown = Wizard().Progress(); });
+    world_.Clock.OnWait = [&](std::chrono::milliseconds duration) {
+        if (duration >= std::chrono::seconds(2))
+            duringCompiler = shown;
+    };
+    Run();
+    EXPECT_EQ(duringCompiler, 99);
+    EXPECT_EQ(shown, 100);
 }
 
 TEST_F(FrmGenCode, CancelAfterTheLastFileKeepsTheCompilerFromStarting)
@@ -485,7 +628,27 @@ TEST_F(FrmGenCode, OpensTheGeneratedGroup)
     EXPECT_THAT(world_.Processes.Started, ElementsAre(ElementsAre("xdg-open", "/out/TestShop.vbg")));
 }
 
-TEST_F(FrmGenCode, ShowsEachStepAndServesThePersonMeanwhile)
+TEST_F(FrmGenCode, SaysWhatToThinkWhereNothingOpens)
+{
+    Run();
+    EXPECT_EQ(Wizard().lblOpened(), "");
+    Wizard().lblOpenProject_Click();
+    EXPECT_EQ(Wizard().lblOpened(),
+              "The desktop was asked to open TestShop.vbg. If nothing opens, it knows no program for such files.");
+}
+
+TEST_F(FrmGenCode, AGroupThatCanNotBeHandedOnIsReported)
+{
+    world_.Processes.OnStart = [](const std::vector<std::string>& command) {
+        throw RuntimeError(error_number::kFileNotFound, "ProcessStarter", command[0] + ": No such file or directory");
+    };
+    Run();
+    Wizard().lblOpenProject_Click();
+    EXPECT_THAT(world_.Errors.Reported, SizeIs(1));
+    EXPECT_EQ(Wizard().lblOpened(), "");
+}
+
+TEST_F(FrmGenCode, ShowsEachStep)
 {
     int shown = 0;
     const Connection showing = Wizard().Changed.Connect([&] { ++shown; });

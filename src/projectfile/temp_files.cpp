@@ -42,7 +42,8 @@ std::vector<TempFile> TempFiles::Recoverable()
 // that stays does no harm.
 void TempFiles::DeleteUnlessOfOthers(const TempFile& copy)
 {
-    if (files_.Kind(std::filesystem::path(copy.Path).parent_path()) == FileKind::Missing)
+    const std::filesystem::path path(copy.Path);
+    if (path.is_absolute() && files_.Kind(path.parent_path()) == FileKind::Missing)
         return;
     try {
         if (store_.Hold(copy.Path))

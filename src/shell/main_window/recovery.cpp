@@ -28,8 +28,7 @@ class Recovery
             }
             if (Recover(copy))
                 return AfterRecovery::Recovered;
-            application_.Asking.Tell("Recovery Failed",
-                                     "Unable to recover lost file. It stays as " + copy.Path + " for 30 days.",
+            application_.Asking.Tell("Recovery Failed", "Unable to recover lost file. It stays as " + copy.Path + ".",
                                      MessageIcon::Warning);
             Delete(copy);
         }

@@ -107,7 +107,9 @@ void RecoveryFiles::Keep(const std::string& name, FileLock lock)
 
 void RecoveryFiles::StartDays(const std::string& path)
 {
-    utimensat(AT_FDCWD, path.c_str(), nullptr, AT_SYMLINK_NOFOLLOW);
+    const std::string name = BareName(path);
+    if (IsCopyName(name))
+        utimensat(AT_FDCWD, (folder_ + "/" + name).c_str(), nullptr, AT_SYMLINK_NOFOLLOW);
 }
 
 void RecoveryFiles::RemoveOld(const std::vector<std::string>& kept)

@@ -146,8 +146,7 @@ TEST_F(RecoveryTest, ADamagedCopyIsToldLosesItsEntryAndGivesWay)
     EXPECT_EQ(World.Messages.Asked()[0].Text,
               "This file is not a Veldrane Professional 2000 Data File. Unable to open file.");
     EXPECT_EQ(World.Messages.Asked()[1].Title, "Recovery Failed");
-    EXPECT_EQ(World.Messages.Asked()[1].Text,
-              "Unable to recover lost file. It stays as /recovery/copy1.kzm.");
+    EXPECT_EQ(World.Messages.Asked()[1].Text, "Unable to recover lost file. It stays as /recovery/copy1.kzm.");
     EXPECT_EQ(Form.Project().ProjectName(), "Desk");
     EXPECT_TRUE(World.Files.Files.contains("/recovery/copy1.kzm"));
     EXPECT_THAT(World.Recovery.Started, Contains("/recovery/copy1.kzm"));

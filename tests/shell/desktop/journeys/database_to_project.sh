@@ -1,0 +1,142 @@
+#!/usr/bin/env bash
+# A person's way in a real window, by X events: from a database file to a saved project and its preview, and back to it
+# with a second start.
+# usage: database_to_project.sh PROGRAM SAMPLE.sql mouse|keys
+set -euo pipefail
+
+# shellcheck source=steps.sh
+. "$(dirname "$0")/steps.sh"
+
+is_saved() { "$program" preview "$place/work/Shop.kzm" Customer; }
+
+main=$(titled "New Project")
+readonly main
+readonly logon='Open DataSource'
+readonly file='Select DataSource File'
+readonly save_project='Save Project As' save_preview='Save Preview'
+readonly questions=('Add Delete Method to Class' 'Choose Retrieval Method')
+
+connect_by_mouse() {
+    click Start 60 83 2 # New
+    click "$logon" 60 53 # the page ODBC
+    click "$logon" 33 125 # a driver, and there is one
+    click "$logon" 453 182 # Browse
+    at "$file"
+    wait_for "the file in the list" choose_first_file
+    click "$logon" -137 -22 # OK
+}
+
+# The list is filled while the dialog is already there.
+choose_first_file() {
+    is_gone "$file" || { click "$file" 150 71 2 && is_gone "$file"; }
+}
+
+# Takes the row Customers. What is dragged shows as a window under the pointer; none comes where the list was still
+# empty, as it is until the database has been read.
+take_customers() {
+    local step
+    xdotool mousemove --window "$1" 56 168 mousedown 1
+    for step in "70 150" "110 130" "290 100"; do
+        # shellcheck disable=SC2086 # two numbers
+        xdotool mousemove --window "$1" $step
+    done
+    succeeds_within 5 has_popup || { xdotool mouseup 1 && return 1; }
+}
+
+# Onto the first group of the tree.
+drag_customers() {
+    local id
+    id=$(window "$main" | head -1)
+    wait_for "the picture of the drag" take_customers "$id"
+    xdotool mousemove --window "$id" 370 88 mousemove --window "$id" 378 86 mouseup 1
+}
+
+add_class_by_mouse() {
+    at "$main"
+    drag_customers
+    click "${questions[0]}" -52 -23 # No
+    click "${questions[1]}" -52 -23
+}
+
+save_by_mouse() {
+    click "$main" 95 38 # the tool Save
+    type_text "$save_project" Shop.kzm
+    click "$save_project" -52 -54
+}
+
+close_by_mouse() {
+    at "$main"
+    xdotool mousemove 1180 29 click 1 # in the title bar
+}
+
+select_class_by_mouse() { click "$main" 360 104; }
+
+save_preview_by_mouse() { # NAME
+    click "$main" 20 9 # the menu File
+    wait_for "the menu" has_popup
+    click "$main" 88 121
+    type_text "$save_preview" "$1"
+    click "$save_preview" -52 -54
+}
+
+connect_by_keys() {
+    keys Start Return
+    keys "$logon" alt+v Home
+    keys "$logon" alt+r alt+d
+    type_text "$logon" "$place/work/shop.db"
+    keys "$logon" Return
+}
+
+# The menu offers the first group of the tree first.
+add_class_by_keys() {
+    keys "$main" Tab Tab Home Down Down
+    menu "$main" alt+p a Return
+    keys "${questions[0]}" alt+n
+    keys "${questions[1]}" alt+n
+}
+
+save_by_keys() {
+    keys "$main" ctrl+s
+    type_text "$save_project" Shop.kzm
+    keys "$save_project" Return
+}
+
+close_by_keys() { keys "$main" ctrl+q; }
+
+select_class_by_keys() { keys "$main" Home Down Down; }
+
+save_preview_by_keys() { # NAME
+    menu "$main" alt+f v
+    type_text "$save_preview" "$1"
+    keys "$save_preview" Return
+}
+
+# The preview of the class that is selected, as a file.
+save_preview() { # NAME
+    does save_preview "$1"
+    wait_for "the preview in a file" test -s "$place/work/$1"
+}
+
+prepare
+start_display
+start_program
+does connect
+does add_class
+save_preview before.txt
+does save
+wait_for "the class in the project file" is_saved
+does close
+end_program
+"$program" preview "$place/work/Shop.kzm" Customer >"$place/expected.txt"
+tr -d '\r' <"$place/work/before.txt" | diff "$place/expected.txt" - >&2
+start_program Shop.kzm
+wait_for "the tables of the data source" has_opened_database
+for try in 1 2 3 4 5; do # a click is lost while the program still reads, as a person's would be
+    does select_class
+    save_preview "after$try.txt"
+    ! grep -q '^Class Name: Customer' "$place/work/after$try.txt" || break
+done
+does close
+end_program
+cmp "$place/work/before.txt" "$place/work/after$try.txt"
+echo "done by $way"

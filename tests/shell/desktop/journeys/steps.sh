@@ -1,0 +1,142 @@
+# What all journeys do: a display of their own, the program in it, and a person's mouse and keys. Sourced by scripts with
+# the arguments PROGRAM SAMPLE.sql mouse|keys; such a script ends with 77 where something that it needs is missing.
+# shellcheck shell=bash
+
+program=$(realpath "$1")
+readonly program sample=$2 way=$3
+readonly hang_guard=60 # seconds
+
+skip() { # WHY
+    echo "skipped: $1"
+    exit 77
+}
+
+for tool in Xvfb xdotool openbox sqlite3; do
+    command -v "$tool" >/dev/null || skip "there is no $tool; scripts/install-dependencies test installs it"
+done
+
+exec 4>&2 # for what is told from within a condition
+
+place=$(mktemp -d)
+readonly place
+started=()
+leave() {
+    local pid
+    for pid in "${started[@]}"; do
+        kill "$pid" 2>/dev/null || true
+    done
+    wait
+    rm -rf "$place"
+}
+trap leave EXIT
+
+give_up() { # WHY
+    echo "$1; the windows are: $(titles)" >&4
+    cat "$place/errors" >&4
+    exit 1
+}
+
+# succeeds_within SECONDS COMMAND...: whether it does.
+succeeds_within() {
+    local end=$((SECONDS + $1))
+    shift
+    until "$@" >/dev/null 2>&1; do
+        [ "$SECONDS" -lt "$end" ] || return 1
+        sleep 0.05
+    done
+}
+
+# wait_for WHAT COMMAND...: until the command succeeds.
+wait_for() { succeeds_within "$hang_guard" "${@:2}" || give_up "this never came: $1"; }
+
+does() { "$1_by_$way" "${@:2}"; } # WHAT ARGUMENT...
+
+titles() { xdotool search --onlyvisible --name . getwindowname %@ 2>/dev/null | tr '\n' ';' || true; }
+
+# A star behind a title says that the project is modified.
+window() { xdotool search --onlyvisible --name "^${1//[\[\]+*]/.}[*]?\$"; }
+is_gone() { ! window "$1"; }
+is_active() {
+    local title
+    title=$(xdotool getactivewindow getwindowname)
+    [ "$title" = "$1" ] || [ "${title%\*}" = "$1" ]
+}
+has_title() { titles | tr ';' '\n' | grep -Fx -- "$1"; } # with its star
+has_ended() { ! kill -0 "$running"; }
+has_opened_database() { find "/proc/$running/fd" -lname "$place/work/*.db" | grep .; }
+has_popup() { [ "$(xdotool search --onlyvisible --class veldrane | wc -l)" -gt 1 ]; }
+
+# The keyboard and the mouse are with the window of this title.
+at() { wait_for "the window \"$1\"" is_active "$1"; }
+
+click() { # TITLE X Y [TIMES [BUTTON]]; from the right and the lower edge where negative
+    local id x=$2 y=$3 WIDTH HEIGHT
+    at "$1"
+    id=$(xdotool getactivewindow)
+    eval "$(xdotool getwindowgeometry --shell "$id" | grep -E '^(WIDTH|HEIGHT)=')"
+    [ "$x" -ge 0 ] || x=$((WIDTH + x))
+    [ "$y" -ge 0 ] || y=$((HEIGHT + y))
+    xdotool mousemove --window "$id" "$x" "$y" click --repeat "${4:-1}" --delay 30 "${5:-1}"
+}
+
+keys() { # TITLE KEY...
+    at "$1"
+    xdotool key --delay 30 "${@:2}"
+}
+
+# A key is lost while the program still reads, as a person's would be; where the menu came late, it is closed and opened.
+opens_menu() { # TITLE ITS_KEY
+    ! has_popup || xdotool key Escape
+    keys "$@"
+    succeeds_within 5 has_popup
+}
+menu() { # TITLE THE_MENU'S_KEY KEY...
+    wait_for "the menu" opens_menu "$1" "$2"
+    xdotool key --delay 30 "${@:3}"
+}
+
+type_text() { # TITLE TEXT
+    at "$1"
+    xdotool type --delay 15 "$2"
+}
+
+start_display() {
+    Xvfb -displayfd 3 -screen 0 1280x900x24 -dpi 96 -nolisten tcp 3>"$place/display" >/dev/null 2>&1 &
+    started+=($!)
+    wait_for "a display" test -s "$place/display"
+    DISPLAY=:$(cat "$place/display")
+    export DISPLAY
+    openbox >/dev/null 2>&1 &
+    started+=($!)
+    wait_for "a window manager" xdotool get_num_desktops
+}
+
+start_program() { # WORD...
+    (cd "$place/work" && exec "$program" /NOSPLASH "$@" 2>"$place/errors") &
+    running=$!
+    started+=("$running")
+}
+
+end_program() {
+    wait_for "the end of the program" has_ended
+    wait "$running"
+}
+
+# Where the window and its panes are, and the one driver that is offered.
+prepare() {
+    mkdir "$place/work" "$place/home"
+    sqlite3 "$place/work/shop.db" <"$sample"
+    printf '[SQLite3]\nDriver=libsqlite3odbc.so\n' >"$place/odbcinst.ini"
+    printf '[Window]\nLeft=10\nTop=40\nWidth=1180\nHeight=760\n' >"$place/settings.ini"
+    export HOME="$place/home" XDG_STATE_HOME="$place/state" XDG_CONFIG_HOME="$place/config" XDG_RUNTIME_DIR="$place/home"
+    export VELDRANE_SETTINGS="$place/settings.ini" ODBCSYSINI="$place" QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8
+    export ASAN_OPTIONS="detect_leaks=0${ASAN_OPTIONS:+:$ASAN_OPTIONS}" # of the libraries for fonts
+}
+
+# A project of all tables of the sample, without a window.
+define_shop() {
+    "$program" define "$place/work/Shop.kzm" --all --collections --set ProjectName=Shop --set VBProjectName=Shop \
+        --connection "PROVIDER=MSDASQL;Driver=SQLite3;Database=$place/work/shop.db;" >/dev/null 2>&1
+}
+
+titled() { echo "Veldrane Professional Edition +Forms - [$1]"; }

@@ -12,6 +12,7 @@ namespace veldrane {
 GuardedApplication::GuardedApplication(int& argumentCount, char** arguments) : QApplication(argumentCount, arguments)
 {
     setAttribute(Qt::AA_DontUseNativeDialogs);
+    installEventFilter(&keyedClicks_);
 }
 
 bool GuardedApplication::notify(QObject* receiver, QEvent* event)

@@ -66,6 +66,15 @@ TEST_F(TheConflictWindow, GivesTheAnswerOfEachOption)
     }
 }
 
+TEST_F(TheConflictWindow, TakesTheOptionOfAKeyHoweverSoonReturnFollows)
+{
+    QWidget& window = Show();
+    QTest::keyClick(window.windowHandle(), Qt::Key_L, Qt::AltModifier);
+    QTest::keyClick(window.windowHandle(), Qt::Key_Return);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(rules_.Answer(), ConflictAnswer::Leave);
+}
+
 TEST_F(TheConflictWindow, EscapeAndItsButtonsGiveUpTheRun)
 {
     for (const bool byKey : {true, false}) {

@@ -61,7 +61,7 @@ is_active() {
     title=$(xdotool getactivewindow getwindowname)
     [ "$title" = "$1" ] || [ "${title%\*}" = "$1" ]
 }
-has_title() { titles | tr ';' '\n' | grep -Fx -- "$1"; } # with its star
+has_title() { titles | tr ';' '\n' | grep -Fx -- "$1" >/dev/null; } # with its star
 has_ended() { ! kill -0 "$running"; }
 has_opened_database() { find "/proc/$running/fd" -lname "$place/work/*.db" | grep .; }
 has_popup() { [ "$(xdotool search --onlyvisible --class veldrane | wc -l)" -gt 1 ]; }

@@ -23,7 +23,7 @@ class TheAutosaveTimer : public StartedWindow
         rules_->Project().SetModified(true);
     }
 
-    ~TheAutosaveTimer() override
+    void TearDown() override
     {
         while (QApplication::overrideCursor() != nullptr)
             QApplication::restoreOverrideCursor();

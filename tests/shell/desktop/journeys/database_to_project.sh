@@ -13,7 +13,6 @@ main=$(titled "New Project")
 readonly main
 readonly logon='Open DataSource'
 readonly file='Select DataSource File'
-readonly save_project='Save Project As' save_preview='Save Preview'
 readonly questions=('Add Delete Method to Class' 'Choose Retrieval Method')
 
 connect_by_mouse() {
@@ -58,26 +57,7 @@ add_class_by_mouse() {
     click "${questions[1]}" -52 -23
 }
 
-save_by_mouse() {
-    click "$main" 95 38 # the tool Save
-    type_text "$save_project" Shop.kzm
-    click "$save_project" -52 -54
-}
-
-close_by_mouse() {
-    at "$main"
-    xdotool mousemove 1180 29 click 1 # in the title bar
-}
-
 select_class_by_mouse() { click "$main" 360 104; }
-
-save_preview_by_mouse() { # NAME
-    click "$main" 20 9 # the menu File
-    wait_for "the menu" has_popup
-    click "$main" 88 121
-    type_text "$save_preview" "$1"
-    click "$save_preview" -52 -54
-}
 
 connect_by_keys() {
     keys Start Return
@@ -95,37 +75,17 @@ add_class_by_keys() {
     keys "${questions[1]}" alt+n
 }
 
-save_by_keys() {
-    keys "$main" ctrl+s
-    type_text "$save_project" Shop.kzm
-    keys "$save_project" Return
-}
-
-close_by_keys() { keys "$main" ctrl+q; }
-
 select_class_by_keys() { keys "$main" Home Down Down; }
-
-save_preview_by_keys() { # NAME
-    menu "$main" alt+f v
-    type_text "$save_preview" "$1"
-    keys "$save_preview" Return
-}
-
-# The preview of the class that is selected, as a file.
-save_preview() { # NAME
-    does save_preview "$1"
-    wait_for "the preview in a file" test -s "$place/work/$1"
-}
 
 prepare
 start_display
 start_program
 does connect
 does add_class
-save_preview before.txt
-does save
+save_preview "$main" before.txt
+does save_project_as "$main" Shop.kzm
 wait_for "the class in the project file" is_saved
-does close
+does close "$main"
 end_program
 "$program" preview "$place/work/Shop.kzm" Customer >"$place/expected.txt"
 tr -d '\r' <"$place/work/before.txt" | diff "$place/expected.txt" - >&2
@@ -133,10 +93,10 @@ start_program Shop.kzm
 wait_for "the tables of the data source" has_opened_database
 for try in 1 2 3 4 5; do # a click is lost while the program still reads, as a person's would be
     does select_class
-    save_preview "after$try.txt"
+    save_preview "$main" "after$try.txt"
     ! grep -q '^Class Name: Customer' "$place/work/after$try.txt" || break
 done
-does close
+does close "$main"
 end_program
 cmp "$place/work/before.txt" "$place/work/after$try.txt"
 echo "done by $way"

@@ -16,6 +16,8 @@ for tool in Xvfb xdotool openbox sqlite3; do
 done
 
 exec 4>&2 # for what is told from within a condition
+set -E
+trap 'echo "${BASH_SOURCE[0]##*/}, line $LINENO: this has failed" >&4' ERR
 
 place=$(mktemp -d)
 readonly place
@@ -117,6 +119,11 @@ start_program() { # WORD...
     started+=("$running")
 }
 
+kill_program() {
+    kill -KILL "$running"
+    wait "$running" 2>/dev/null || true
+}
+
 end_program() {
     wait_for "the end of the program" has_ended
     wait "$running"
@@ -140,3 +147,45 @@ define_shop() {
 }
 
 titled() { echo "Veldrane Professional Edition +Forms - [$1]"; }
+
+# Of the main window, by its title.
+save_project_by_mouse() { click "$1" 95 38; } # the tool Save
+save_project_by_keys() { keys "$1" ctrl+s; }
+
+save_project_as_by_mouse() { # TITLE NAME
+    save_project_by_mouse "$1"
+    enter_file_by_mouse 'Save Project As' "$2"
+}
+save_project_as_by_keys() { # TITLE NAME
+    save_project_by_keys "$1"
+    enter_file_by_keys 'Save Project As' "$2"
+}
+
+close_by_mouse() { # TITLE
+    at "$1"
+    xdotool mousemove 1180 29 click 1 # in the title bar
+}
+close_by_keys() { keys "$1" ctrl+q; }
+
+enter_file_by_mouse() { # TITLE NAME
+    type_text "$1" "$2"
+    click "$1" -52 -54
+}
+enter_file_by_keys() { # TITLE NAME
+    type_text "$1" "$2"
+    keys "$1" Return
+}
+
+open_save_preview_by_mouse() {
+    click "$1" 20 9 # the menu File
+    wait_for "the menu" has_popup
+    click "$1" 88 121
+}
+open_save_preview_by_keys() { menu "$1" alt+f v; }
+
+# The preview of the node that is selected, as a file.
+save_preview() { # TITLE NAME
+    does open_save_preview "$1"
+    does enter_file 'Save Preview' "$2"
+    wait_for "the preview in a file" test -s "$place/work/$2"
+}

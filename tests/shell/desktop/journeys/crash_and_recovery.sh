@@ -121,7 +121,7 @@ start_program Shop.kzm
 does answer "$detected" cancel
 end_program
 has_entry
-diff -r "$place/crash/state" "$place/state" >&2
+diff -r --exclude "*.lock" "$place/crash/state" "$place/state" >&2
 
 start_program Shop.kzm
 does answer "$detected" yes

@@ -105,12 +105,20 @@ type_text() { # TITLE TEXT
 start_display() {
     Xvfb -displayfd 3 -screen 0 1280x900x24 -dpi 96 -nolisten tcp 3>"$place/display" >/dev/null 2>&1 &
     started+=($!)
-    wait_for "a display" test -s "$place/display"
-    DISPLAY=:$(cat "$place/display")
-    export DISPLAY
-    openbox >/dev/null 2>&1 &
-    started+=($!)
-    wait_for "a window manager" xdotool get_num_desktops
+    wait_for "a display" has_display
+    export DISPLAY=:$display
+    wait_for "a window manager" has_window_manager
+}
+has_display() { read -r display <"$place/display"; }
+
+# Now and then one ends as it starts, on a display that is not quite there.
+has_window_manager() {
+    if [ -z "${manager:-}" ] || ! kill -0 "$manager"; then
+        openbox >/dev/null 2>&1 &
+        manager=$!
+        started+=("$manager")
+    fi
+    xdotool get_num_desktops
 }
 
 start_program() { # WORD...

@@ -73,7 +73,7 @@ close_without_saving() { # TITLE
 }
 
 prepare
-define_shop
+define_project Shop shop.db
 cp "$place/work/Shop.kzm" "$place/Shop.kzm"
 start_display
 

@@ -9,19 +9,8 @@ set -euo pipefail
 
 main=$(titled Shop)
 readonly main
-readonly wizard='Generate Code' new_folder='New Folder' conflict='File Exists'
+readonly new_folder='New Folder' conflict='File Exists'
 readonly target=$place/home/Generated # in the folder that the wizard begins with
-
-# A key is lost while the program still reads.
-opens_wizard() {
-    ! is_active "$main" || does open_wizard
-    succeeds_within 5 is_active "$wizard"
-}
-open_wizard_by_mouse() { click "$main" 347 38; } # the tool Generate
-open_wizard_by_keys() { keys "$main" F9; }
-
-go_on_by_mouse() { click "$wizard" -138 -21; }
-go_on_by_keys() { keys "$wizard" Return; }
 
 make_folder_by_mouse() {
     click "$wizard" -55 -58 # the button New Folder
@@ -41,20 +30,13 @@ choose_prompt_by_keys() { keys "$wizard" alt+p; }
 choose_backup_by_mouse() { click "$wizard" 111 102; }
 choose_backup_by_keys() { keys "$wizard" alt+o; }
 
-# The link and the button Close come with the result, a moment after the last file.
+# The link comes with the result, a moment after the last file.
 opens_group() {
     does click_link
     succeeds_within 5 test -s "$place/opened"
 }
 click_link_by_mouse() { click "$wizard" 200 -57; }
 click_link_by_keys() { keys "$wizard" alt+o; }
-
-closes_wizard() {
-    is_gone "$wizard" || does close_wizard
-    succeeds_within 5 is_gone "$wizard"
-}
-close_wizard_by_mouse() { click "$wizard" -52 -21; }
-close_wizard_by_keys() { keys "$wizard" Escape; }
 
 # The answers to one question, whose window then goes.
 settle() { # ANSWER...
@@ -111,7 +93,7 @@ change_by_hand() { # FILE...
 }
 
 prepare
-define_shop
+define_project Shop shop.db
 mkdir "$place/expected"
 "$program" generate "$place/work/Shop.kzm" "$place/expected"
 take_over_links
@@ -119,7 +101,7 @@ start_display
 
 start_program Shop.kzm
 wait_for "the tables of the data source" has_opened_database
-wait_for "the wizard" opens_wizard
+wait_for "the wizard" opens_wizard "$main"
 does go_on
 does make_folder
 wait_for "the new folder" test -d "$target"
@@ -139,7 +121,7 @@ grep -q "^OutputPath.*$target" "$place/work/Shop.kzm"
 find "$target" -type f ! -name Shop.vbp ! -name Customer.cls ! -name Order.cls -delete
 change_by_hand Customer.cls Order.cls
 cp -r "$target" "$place/before"
-wait_for "the wizard" opens_wizard
+wait_for "the wizard" opens_wizard "$main"
 does go_on
 does go_on
 does choose_prompt
@@ -159,7 +141,7 @@ end_program
 
 start_program Shop.kzm
 wait_for "the tables of the data source" has_opened_database
-wait_for "the wizard" opens_wizard
+wait_for "the wizard" opens_wizard "$main"
 does go_on
 does go_on
 does go_on

@@ -4,7 +4,7 @@
 
 program=$(realpath "$1")
 readonly program sample=$2 way=$3
-readonly hang_guard=60 # seconds
+readonly hang_guard=120 # seconds
 
 skip() { # WHY
     echo "skipped: $1"
@@ -34,7 +34,7 @@ trap leave EXIT
 
 give_up() { # WHY
     echo "$1; the windows are: $(titles)" >&4
-    cat "$place/errors" >&4
+    [ ! -e "$place/errors" ] || cat "$place/errors" >&4
     exit 1
 }
 
@@ -102,24 +102,19 @@ type_text() { # TITLE TEXT
     xdotool type --delay 15 "$2"
 }
 
-start_display() {
+# Where other displays come and go meanwhile, one may not be reached.
+start_display() { wait_for "a display with a window manager" display_answers; }
+display_answers() {
+    rm -f "$place/display"
     Xvfb -displayfd 3 -screen 0 1280x900x24 -dpi 96 -nolisten tcp 3>"$place/display" >/dev/null 2>&1 &
     started+=($!)
-    wait_for "a display" has_display
+    succeeds_within 10 has_number || return 1
     export DISPLAY=:$display
-    wait_for "a window manager" has_window_manager
+    openbox >/dev/null 2>&1 &
+    started+=($!)
+    succeeds_within 10 xdotool get_num_desktops
 }
-has_display() { read -r display <"$place/display"; }
-
-# Now and then one ends as it starts, on a display that is not quite there.
-has_window_manager() {
-    if [ -z "${manager:-}" ] || ! kill -0 "$manager"; then
-        openbox >/dev/null 2>&1 &
-        manager=$!
-        started+=("$manager")
-    fi
-    xdotool get_num_desktops
-}
+has_number() { read -r display <"$place/display"; }
 
 start_program() { # WORD...
     (cd "$place/work" && exec "$program" /NOSPLASH "$@" 2>"$place/errors") &
@@ -148,10 +143,10 @@ prepare() {
     export ASAN_OPTIONS="detect_leaks=0${ASAN_OPTIONS:+:$ASAN_OPTIONS}" # of the libraries for fonts
 }
 
-# A project of all tables of the sample, without a window.
-define_shop() {
-    "$program" define "$place/work/Shop.kzm" --all --collections --set ProjectName=Shop --set VBProjectName=Shop \
-        --connection "PROVIDER=MSDASQL;Driver=SQLite3;Database=$place/work/shop.db;" >/dev/null 2>&1
+# A project of all tables of a database in the folder, without a window.
+define_project() { # NAME DATABASE [OPTION...]
+    "$program" define "$place/work/$1.kzm" --all --collections --set ProjectName="$1" --set VBProjectName="$1" \
+        --connection "PROVIDER=MSDASQL;Driver=SQLite3;Database=$place/work/$2;" "${@:3}" >/dev/null 2>&1
 }
 
 titled() { echo "Veldrane Professional Edition +Forms - [$1]"; }
@@ -197,3 +192,24 @@ save_preview() { # TITLE NAME
     does enter_file 'Save Preview' "$2"
     wait_for "the preview in a file" test -s "$place/work/$2"
 }
+
+readonly wizard='Generate Code'
+
+# A key is lost while the program still reads.
+opens_wizard() { # TITLE OF THE MAIN WINDOW
+    ! is_active "$1" || does open_wizard "$1"
+    succeeds_within 5 is_active "$wizard"
+}
+open_wizard_by_mouse() { click "$1" 347 38; } # the tool Generate
+open_wizard_by_keys() { keys "$1" F9; }
+
+go_on_by_mouse() { click "$wizard" -138 -21; }
+go_on_by_keys() { keys "$wizard" Return; }
+
+# The button closes it after the run, and cancels it before.
+closes_wizard() {
+    is_gone "$wizard" || does close_wizard
+    succeeds_within 5 is_gone "$wizard"
+}
+close_wizard_by_mouse() { click "$wizard" -52 -21; }
+close_wizard_by_keys() { keys "$wizard" Escape; }

@@ -423,6 +423,7 @@ TEST_F(TheWizard, ClosingItWhileItRunsGivesUpTheRun)
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(Text("lblInst"), u"Code Generation Incomplete..."_s);
     EXPECT_FALSE(IsThere("TestShop.vbg"));
+    Photograph(window, "frmGenCode-cancelled");
 }
 
 TEST_F(TheWizard, AClickOnCancelIsServedBetweenFiles)

@@ -8,8 +8,10 @@
 #include <QLayout>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -112,6 +114,24 @@ void FitWords(QMessageBox& box)
     delete box.layout()->replaceWidget(own, ScrolledWords(box));
 }
 
+// Of several lines none is broken where there is room: which of them are a person's choices would be hard to tell. One
+// that is very long is broken as ever.
+void KeepLinesWhole(QMessageBox& box)
+{
+    constexpr int kMostCharacters = 100;
+    const QStringList lines = box.text().split(u'\n');
+    auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+    if (label == nullptr || lines.size() == 1)
+        return;
+    const QFontMetrics metrics = label->fontMetrics();
+    int longest = 0;
+    for (const QString& line : lines)
+        longest = std::max(longest, metrics.horizontalAdvance(line + u' ')); // the label needs a little more
+    if (longest <=
+        std::min(kMostCharacters * metrics.averageCharWidth(), box.screen()->availableSize().width() * 3 / 4))
+        label->setMinimumWidth(longest);
+}
+
 Answer AnswerOf(int button)
 {
     for (const AnswerButton& row : kButtons) {
@@ -134,6 +154,7 @@ Answer QtMessages::Ask(const Question& question)
     box.setText(ToQt(question.Text));
     box.setIcon(IconOf(question.Icon));
     AddButtons(box, question);
+    KeepLinesWhole(box);
     FitWords(box);
     return AnswerOf(box.exec());
 }

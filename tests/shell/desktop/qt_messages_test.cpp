@@ -95,6 +95,23 @@ TEST(QtMessages, BreakALineThatIsTooLongForTheScreen)
     });
 }
 
+TEST(QtMessages, KeepSeveralLinesWholeAndBreakVeryLongOnes)
+{
+    const auto linesOf = [](const std::string& text) {
+        int lines = 0;
+        AnswerAfter({.Title = "T", .Text = text}, [&](QWidget& box) {
+            const auto& label = Find<QLabel>(box, "qt_msgbox_label");
+            lines = label.height() / label.fontMetrics().lineSpacing();
+            Click(box, "cmdOK");
+        });
+        return lines;
+    };
+    const std::string choice = "Click 'No' to open the existing file (THE RECOVERABLE FILE WILL BE LOST)";
+    EXPECT_EQ(linesOf(choice + "\r\n" + choice + "\r\n" + choice), 3);
+    EXPECT_GT(linesOf("A\r\n" + choice + choice + choice), 3);
+    EXPECT_GT(linesOf(choice + choice), 1);
+}
+
 struct Row
 {
     Buttons Offered;

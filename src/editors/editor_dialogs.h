@@ -1,0 +1,12 @@
+#pragma once
+
+namespace veldrane {
+
+// The forms that the dialogs of a definition open. Each function returns when the form is left: true if it was by OK.
+class EditorDialogs
+{
+  public:
+    virtual ~EditorDialogs() = default;
+};
+
+} // namespace veldrane

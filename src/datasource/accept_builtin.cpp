@@ -55,10 +55,7 @@ void AddArguments(ttcEvent& event, const KZMClass& item)
     if (HandsOverClass(event.EventName)) {
         GiveClassArgument(event, item.ClassName);
     } else if (event.EventName == "RecordDeleted") {
-        for (ColumnArgument column : RowArguments(item, RowMethod::Delete)) {
-            column.ColumnName.clear(); // an event binds no column
-            AddArgument(event.TTCEventParameters, ParameterFor(column));
-        }
+        GiveDeletedRow(event, item);
     } else {
         AddArgument(event.TTCEventParameters, PlainParameter("ErrorNumber", "Long"));
         AddArgument(event.TTCEventParameters, PlainParameter("ErrorMessage", "String"));
@@ -124,6 +121,15 @@ void GiveClassArgument(ttcEvent& event, std::string_view className)
     event.TTCEventParameters.Clear();
     // "a" before a vowel too: the generated code raises the event without naming its argument.
     AddArgument(event.TTCEventParameters, PlainParameter("a" + std::string(className), std::string(className)));
+}
+
+void GiveDeletedRow(ttcEvent& event, const KZMClass& item)
+{
+    event.TTCEventParameters.Clear();
+    for (ColumnArgument column : RowArguments(item, RowMethod::Delete)) {
+        column.ColumnName.clear(); // an event binds no column
+        AddArgument(event.TTCEventParameters, ParameterFor(column));
+    }
 }
 
 bool HandsOverClass(std::string_view eventName)

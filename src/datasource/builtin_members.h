@@ -85,6 +85,10 @@ void AcceptDefaultMembers(ClassEdit& edit);
 // The one argument of the events that hand over the class itself. What the event had before goes.
 void GiveClassArgument(ttcEvent& event, std::string_view className);
 
+// The arguments of the event RecordDeleted: what the method Delete of the class finds its row by. What the event had
+// before goes.
+void GiveDeletedRow(ttcEvent& event, const KZMClass& item);
+
 // Whether an event hands over the class itself.
 [[nodiscard]] bool HandsOverClass(std::string_view eventName);
 

@@ -102,4 +102,11 @@ bool ChangeNamesInProject(const std::shared_ptr<KZMClass>& item, const NamesBefo
     return true;
 }
 
+void ReplaceClass(const std::shared_ptr<KZMClass>& changed, TTCProject& project, KZMClasses& classes)
+{
+    classes.Remove(changed->ClassName);
+    classes.AddExisting(changed, changed->ClassName);
+    project.SetModified(true);
+}
+
 } // namespace veldrane

@@ -60,8 +60,21 @@ enum class NameCheck
 
 // Checks the names in the form, in the order in which the person is told, and cleans them. Names that are as they were
 // before are not looked for in the project. A refusal is told; the form keeps what was typed, or, once both names
-// passed the checks of their own, what they were cleaned to.
+// passed the checks of their own, what they were cleaned to. A collection that is neither generated nor named has no
+// name afterwards either.
 [[nodiscard]] NameCheck CheckNames(ClassForm& form, const NamesBefore& before, const ProjectNames& names);
+
+// The texts of the form that are checked.
+enum class ClassField
+{
+    ClassName,
+    CollectionName,
+    TableName,
+};
+
+// What CheckNames would say about one of them as it is typed, the others set aside; "" for nothing. Nothing is told.
+[[nodiscard]] std::string NameTrouble(ClassField field, const ClassForm& form, const NamesBefore& before,
+                                      const ProjectNames& names);
 
 // Whether the project holds neither of the names yet, those from before set aside. The first that it does hold is told.
 [[nodiscard]] bool IsFreeInProject(const ClassForm& form, const NamesBefore& before, const ProjectNames& names);
@@ -81,5 +94,9 @@ bool AcceptNewClass(const std::shared_ptr<KZMClass>& item, const ProjectNames& n
 // Takes a changed class whose names have been checked to its new names in the project, which is modified then. False
 // if one of them is in use: that is told, and nothing is changed.
 bool ChangeNamesInProject(const std::shared_ptr<KZMClass>& item, const NamesBefore& before, const ProjectNames& names);
+
+// Puts a changed working copy in the place of the class of its name, and marks the project as modified. The class is
+// the last of the project afterwards; NewClassAdded is raised for it.
+void ReplaceClass(const std::shared_ptr<KZMClass>& changed, TTCProject& project, KZMClasses& classes);
 
 } // namespace veldrane

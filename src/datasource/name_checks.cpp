@@ -6,7 +6,9 @@
 #include "text/case_folding.h"
 #include "text/characters.h"
 
-#include <algorithm>
+#include <array>
+#include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -60,90 +62,139 @@ struct CheckedName
     const std::string& Before; // the name that the project holds already
 };
 
-// The names that will enter the project.
-std::vector<CheckedName> NamesOf(const ClassForm& form, const NamesBefore& before)
+// The names that will enter the project, or one of them alone.
+std::vector<CheckedName> NamesOf(const ClassForm& form, const NamesBefore& before,
+                                 std::optional<NameCheck> only = std::nullopt)
 {
-    std::vector<CheckedName> checked{{form.ClassName, kClassTexts, before.ClassName}};
-    if (form.GenerateCollection)
+    std::vector<CheckedName> checked;
+    if (only != NameCheck::CollectionNameRefused)
+        checked.push_back({form.ClassName, kClassTexts, before.ClassName});
+    if (only != NameCheck::ClassNameRefused && form.GenerateCollection)
         checked.push_back({form.CollectionName, kCollectionTexts, before.CollectionName});
     return checked;
 }
 
-bool Refuse(const ProjectNames& names, std::string_view title, std::string_view text)
+// A box that keeps the names out.
+struct Refusal
 {
-    names.Messages.Tell(std::string(title), std::string(text), MessageIcon::Warning);
-    return false;
-}
+    NameCheck Which;
+    std::string_view Title;
+    std::string Text;
+};
+using Check = std::optional<Refusal> (*)(const CheckedName&, const ProjectNames&);
 
-bool IsOneWord(const CheckedName& checked, const ProjectNames& names)
+std::optional<Refusal> UnlessOneWord(const CheckedName& checked, const ProjectNames& /*names*/)
 {
     ActiveParse parse;
     const Words& words = parse.ParseText(checked.Name, kNameDelimiters, DelimiterMode::ByChar, CaseRule::Sensitive);
-    return words.Count() <= 1 || Refuse(names, checked.Texts.InvalidTitle, checked.Texts.Invalid);
+    if (words.Count() <= 1)
+        return std::nullopt;
+    return Refusal{checked.Texts.Refusal, checked.Texts.InvalidTitle, std::string(checked.Texts.Invalid)};
 }
 
-bool IsShortEnough(const CheckedName& checked, const ProjectNames& names)
+std::optional<Refusal> UnlessShortEnough(const CheckedName& checked, const ProjectNames& names)
 {
     const std::string& project = names.Project.VBProjectName;
     if (text::Length(project) + text::Length(checked.Name) <= kMostIdentifierCharacters)
-        return true;
-    return Refuse(names, "Programmatic ID Too Long",
-                  "Warning: The combined length of the project name (" + project + ") and the " +
-                      std::string(checked.Texts.Kind) + " name (" + checked.Name + ") exceeds 39 characters.\r\n" +
-                      std::string(checked.Texts.TooLong));
+        return std::nullopt;
+    return Refusal{checked.Texts.Refusal, "Programmatic ID Too Long",
+                   "Warning: The combined length of the project name (" + project + ") and the " +
+                       std::string(checked.Texts.Kind) + " name (" + checked.Name + ") exceeds 39 characters.\r\n" +
+                       std::string(checked.Texts.TooLong)};
 }
 
-bool DiffersFromProject(const CheckedName& checked, const ProjectNames& names)
+std::optional<Refusal> IfNamedAsProject(const CheckedName& checked, const ProjectNames& names)
 {
-    return checked.Name == checked.Before || !text::EqualFolded(checked.Name, names.Project.VBProjectName) ||
-           Refuse(names, "Duplicate Name in Project", checked.Texts.IsProject);
+    if (checked.Name == checked.Before || !text::EqualFolded(checked.Name, names.Project.VBProjectName))
+        return std::nullopt;
+    return Refusal{checked.Texts.Refusal, "Duplicate Name in Project", std::string(checked.Texts.IsProject)};
 }
 
-bool IsNewInProject(const CheckedName& checked, const ProjectNames& names)
+Refusal InUse(const NameTexts& texts)
 {
-    return checked.Name == checked.Before || !names.Project.ClassCollectionNames.ClassNameExists(checked.Name) ||
-           Refuse(names, "Duplicate Class Name", checked.Texts.Exists);
+    return {texts.Refusal, "Duplicate Class Name", std::string(texts.Exists)};
 }
 
-bool HasWritableLetters(const CheckedName& checked, const ProjectNames& names)
+std::optional<Refusal> IfInProject(const CheckedName& checked, const ProjectNames& names)
 {
-    return FitsProject(checked.Name, names.CodePage, names.Messages);
+    if (checked.Name == checked.Before || !names.Project.ClassCollectionNames.ClassNameExists(checked.Name))
+        return std::nullopt;
+    return InUse(checked.Texts);
 }
 
-using Check = bool (*)(const CheckedName&, const ProjectNames&);
+std::optional<Refusal> UnlessWritable(const CheckedName& checked, const ProjectNames& names)
+{
+    std::string trouble = NotWritableText(checked.Name, names.CodePage);
+    if (trouble.empty())
+        return std::nullopt;
+    return Refusal{checked.Texts.Refusal, kNotWritableTitle, std::move(trouble)};
+}
+
+constexpr auto kChecksAsTyped = std::to_array<Check>({UnlessOneWord, UnlessShortEnough});
+constexpr auto kChecksOfCleaned = std::to_array<Check>({IfNamedAsProject, IfInProject, UnlessWritable});
 
 // Each check sees both names before the next one sees any.
-NameCheck Apply(std::initializer_list<Check> checks, const std::vector<CheckedName>& checked, const ProjectNames& names)
+std::optional<Refusal> First(std::span<const Check> checks, const std::vector<CheckedName>& checked,
+                             const ProjectNames& names)
 {
-    for (const Check passes : checks)
+    for (const Check check : checks)
         for (const CheckedName& name : checked)
-            if (!passes(name, names))
-                return name.Texts.Refusal;
-    return NameCheck::Accepted;
+            if (auto refusal = check(name, names))
+                return refusal;
+    return std::nullopt;
 }
 
 // The project has one namespace for both kinds of names.
-NameCheck CheckAgainstEachOther(const ClassForm& form, const ProjectNames& names)
+std::optional<Refusal> IfNamedAlike(const ClassForm& form)
 {
     if (!form.GenerateCollection || !text::EqualFolded(form.ClassName, form.CollectionName))
-        return NameCheck::Accepted;
-    Refuse(names, "Duplicate Class Name", kCollectionTexts.Exists);
-    return NameCheck::CollectionNameRefused;
+        return std::nullopt;
+    return InUse(kCollectionTexts);
 }
 
-NameCheck CheckAll(ClassForm& form, const NamesBefore& before, const ProjectNames& names)
+std::optional<Refusal> UnlessTableIsWritable(const ClassForm& form, const ProjectNames& names)
 {
-    const std::vector<CheckedName> checked = NamesOf(form, before);
-    if (const NameCheck result = Apply({IsOneWord, IsShortEnough}, checked, names); result != NameCheck::Accepted)
-        return result;
+    std::string trouble = NotWritableText(form.TableName, names.CodePage);
+    if (trouble.empty())
+        return std::nullopt;
+    return Refusal{NameCheck::TableNameRefused, kNotWritableTitle, std::move(trouble)};
+}
+
+void Clean(ClassForm& form)
+{
     form.ClassName = MakeValidName(form.ClassName);
-    form.CollectionName = MakeValidName(form.CollectionName);
-    NameCheck result = Apply({DiffersFromProject, IsNewInProject, HasWritableLetters}, checked, names);
-    if (result == NameCheck::Accepted)
-        result = CheckAgainstEachOther(form, names);
-    if (result == NameCheck::Accepted && !FitsProject(form.TableName, names.CodePage, names.Messages))
-        result = NameCheck::TableNameRefused;
-    return result;
+    if (form.GenerateCollection || !form.CollectionName.empty())
+        form.CollectionName = MakeValidName(form.CollectionName);
+}
+
+// Of both names, or of one alone. The form has cleaned names once they passed the checks of what is typed.
+std::optional<Refusal> FirstOfNames(ClassForm& form, const NamesBefore& before, const ProjectNames& names,
+                                    std::optional<NameCheck> only = std::nullopt)
+{
+    const std::vector<CheckedName> checked = NamesOf(form, before, only);
+    if (checked.empty())
+        return std::nullopt;
+    if (auto refusal = First(kChecksAsTyped, checked, names))
+        return refusal;
+    Clean(form);
+    if (auto refusal = First(kChecksOfCleaned, checked, names))
+        return refusal;
+    return only == NameCheck::ClassNameRefused ? std::nullopt : IfNamedAlike(form);
+}
+
+std::optional<Refusal> FirstOfAll(ClassForm& form, const NamesBefore& before, const ProjectNames& names)
+{
+    if (auto refusal = FirstOfNames(form, before, names))
+        return refusal;
+    return UnlessTableIsWritable(form, names);
+}
+
+NameCheck Tell(const std::optional<Refusal>& refusal, const ProjectNames& names)
+{
+    if (!refusal)
+        return NameCheck::Accepted;
+    names.Messages.Tell(std::string(refusal->Title), refusal->Text, MessageIcon::Warning);
+    return refusal->Which;
 }
 
 } // namespace
@@ -152,14 +203,33 @@ NameCheck CheckNames(ClassForm& form, const NamesBefore& before, const ProjectNa
 {
     // An empty name can't be cut into words: that is an error.
     NameCheck result = form.ClassName.empty() ? NameCheck::ClassNameRefused : NameCheck::CollectionNameRefused;
-    Guarded(names.Errors, kClassEditorModule, "cmdOK_Click", [&] { result = CheckAll(form, before, names); });
+    Guarded(names.Errors, kClassEditorModule, "cmdOK_Click",
+            [&] { result = Tell(FirstOfAll(form, before, names), names); });
     return result;
+}
+
+std::string NameTrouble(ClassField field, const ClassForm& form, const NamesBefore& before, const ProjectNames& names)
+{
+    if (field == ClassField::TableName)
+        return NotWritableText(form.TableName, names.CodePage);
+    const NameCheck which =
+        field == ClassField::ClassName ? NameCheck::ClassNameRefused : NameCheck::CollectionNameRefused;
+    ClassForm typed = form;
+    try {
+        const std::optional<Refusal> refusal = FirstOfNames(typed, before, names, which);
+        return refusal ? refusal->Text : std::string{};
+    } catch (const RuntimeError& error) { // of an empty name
+        return error.Description();
+    }
 }
 
 bool IsFreeInProject(const ClassForm& form, const NamesBefore& before, const ProjectNames& names)
 {
-    return Apply({IsNewInProject}, NamesOf(form, before), names) == NameCheck::Accepted &&
-           CheckAgainstEachOther(form, names) == NameCheck::Accepted;
+    constexpr auto kChecks = std::to_array<Check>({IfInProject});
+    std::optional<Refusal> refusal = First(kChecks, NamesOf(form, before), names);
+    if (!refusal)
+        refusal = IfNamedAlike(form);
+    return Tell(refusal, names) == NameCheck::Accepted;
 }
 
 } // namespace veldrane

@@ -121,23 +121,23 @@ std::string ArgumentName(std::string_view columnName)
     return (text::StartsWithVowel(cleaned) ? "an" : "a") + cleaned;
 }
 
+std::string NotWritableText(std::string_view name, const text::CodePage& codePage)
+{
+    if (HasControlCharacter(name))
+        return "The name '" + std::string(name) +
+               "' has a control character in it, so it can't enter the project. Rename it.";
+    if (codePage.Holds(name))
+        return {};
+    return "The name '" + std::string(name) + "' has letters that code page " + std::to_string(codePage.Number()) +
+           " lacks, so it can't enter the project. Rename it, or set another code page with CodePage in the section Platform of the settings.";
+}
+
 bool FitsProject(std::string_view name, const text::CodePage& codePage, Messages& messages)
 {
-    if (HasControlCharacter(name)) {
-        messages.Tell("Name Not Writable",
-                      "The name '" + std::string(name) +
-                          "' has a control character in it, so it can't enter the project. Rename it.",
-                      MessageIcon::Warning);
-        return false;
-    }
-    if (codePage.Holds(name))
-        return true;
-    messages.Tell(
-        "Name Not Writable",
-        "The name '" + std::string(name) + "' has letters that code page " + std::to_string(codePage.Number()) +
-            " lacks, so it can't enter the project. Rename it, or set another code page with CodePage in the section Platform of the settings.",
-        MessageIcon::Warning);
-    return false;
+    const std::string trouble = NotWritableText(name, codePage);
+    if (!trouble.empty())
+        messages.Tell(std::string(kNotWritableTitle), trouble, MessageIcon::Warning);
+    return trouble.empty();
 }
 
 } // namespace veldrane

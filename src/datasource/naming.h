@@ -37,6 +37,10 @@ inline constexpr std::string_view kTableNameDelimiters = "~`!@#$%^&*()-=+\\|]}[{
 // The name of an argument that stands for a column: "anOrderID", "aCustomerID".
 [[nodiscard]] std::string ArgumentName(std::string_view columnName);
 
+// Why no project can hold the name, in words; "" if one can. The title is that of the box that says so.
+inline constexpr std::string_view kNotWritableTitle = "Name Not Writable";
+[[nodiscard]] std::string NotWritableText(std::string_view name, const text::CodePage& codePage);
+
 // Whether a project can hold the name: every letter has a place in the code page of its files, and none is a control
 // character. If not, the person is told: such a name can't enter a project.
 [[nodiscard]] bool FitsProject(std::string_view name, const text::CodePage& codePage, Messages& messages);

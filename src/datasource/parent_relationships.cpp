@@ -96,7 +96,8 @@ std::vector<JoinRow> JoinRows(const KZMClass& item)
         for (const TTCColumn& column : relationship.Columns)
             rows.push_back({.Key = relationship.KeyName + "." + column.ColumnName,
                             .Text = item.TableName + "." + column.ColumnName + "=" + relationship.ParentTableName +
-                                    "." + column.JoinColumnName});
+                                    "." + column.JoinColumnName,
+                            .KeyName = relationship.KeyName});
     return rows;
 }
 

@@ -36,6 +36,7 @@ struct JoinRow
 {
     std::string Key;
     std::string Text;
+    std::string KeyName; // of its relationship
 };
 
 // The joins of a class as the join page lists them, one row a column.

@@ -41,17 +41,6 @@ TTCColumns ColumnsOf(const CatalogIndex& index, const ColumnTypes& types)
     return columns;
 }
 
-void AddIdentityKey(KZMClass& item)
-{
-    const TTCProperty* property = IdentityProperty(item);
-    if (!property || FirstKey(item, key_type::kIdentityColumn))
-        return;
-    auto key = std::make_shared<TTCKey>();
-    key->KeyType = key_type::kIdentityColumn;
-    key->TTCColumns.Add(property->FieldName, property->DataType, "", property->FieldName);
-    item.TTCKeys.AddExisting(std::move(key), KeyTypeText(key_type::kIdentityColumn));
-}
-
 // Everything is read before the old keys go, so that a failure leaves them.
 void ReadKeys(ClassEdit& edit)
 {
@@ -79,6 +68,17 @@ void TellFailure(ClassEdit& edit, const RuntimeError& error)
 }
 
 } // namespace
+
+void AddIdentityKey(KZMClass& item)
+{
+    const TTCProperty* property = IdentityProperty(item);
+    if (!property || FirstKey(item, key_type::kIdentityColumn))
+        return;
+    auto key = std::make_shared<TTCKey>();
+    key->KeyType = key_type::kIdentityColumn;
+    key->TTCColumns.Add(property->FieldName, property->DataType, "", property->FieldName);
+    item.TTCKeys.AddExisting(std::move(key), KeyTypeText(key_type::kIdentityColumn));
+}
 
 void RetrieveTableKeys(ClassEdit& edit)
 {

@@ -12,6 +12,9 @@ namespace veldrane {
 // as they were, and later calls on the same edit look for the identity column alone.
 void RetrieveTableKeys(ClassEdit& edit);
 
+// Gives a class whose first identity column stands in no key one that says so; else nothing happens.
+void AddIdentityKey(KZMClass& item);
+
 // The first key of a type (key_type in model/keys.h); nothing if there is none.
 [[nodiscard]] std::shared_ptr<TTCKey> FirstKey(const KZMClass& item, std::int32_t keyType);
 

@@ -20,25 +20,6 @@ void NameAfterTable(ClassEdit& edit)
     edit.Class.CollectionName = CollectionNameOfTable(edit.Class.TableName, edit.Messages);
 }
 
-BuildOutcome OutcomeOf(FieldsOutcome fields)
-{
-    switch (fields) {
-    case FieldsOutcome::Read:
-        return BuildOutcome::Built;
-    case FieldsOutcome::TableRenamed:
-        return BuildOutcome::TableRenamed;
-    case FieldsOutcome::TableDeleted:
-        return BuildOutcome::TableDeleted;
-    case FieldsOutcome::Cancelled:
-        return BuildOutcome::Cancelled;
-    case FieldsOutcome::SourceUnavailable:
-        return BuildOutcome::SourceUnavailable;
-    case FieldsOutcome::Failed:
-        break;
-    }
-    return BuildOutcome::Failed;
-}
-
 // Without its table a class is not worth any more members; without the data source it can still be edited.
 bool EndsBuilding(BuildOutcome outcome)
 {
@@ -66,6 +47,25 @@ void KeepPrimaryKey(const std::shared_ptr<TTCKey>& before, KZMClass& item)
 
 } // namespace
 
+BuildOutcome OutcomeOf(FieldsOutcome fields)
+{
+    switch (fields) {
+    case FieldsOutcome::Read:
+        return BuildOutcome::Built;
+    case FieldsOutcome::TableRenamed:
+        return BuildOutcome::TableRenamed;
+    case FieldsOutcome::TableDeleted:
+        return BuildOutcome::TableDeleted;
+    case FieldsOutcome::Cancelled:
+        return BuildOutcome::Cancelled;
+    case FieldsOutcome::SourceUnavailable:
+        return BuildOutcome::SourceUnavailable;
+    case FieldsOutcome::Failed:
+        break;
+    }
+    return BuildOutcome::Failed;
+}
+
 void InitialiseClass(ClassEdit& edit, const NewClass& request)
 {
     KZMClass& item = edit.Class;
@@ -91,6 +91,11 @@ BuildOutcome BuildClass(ClassEdit& edit, const NewClass& request, const KZMClass
     if (!FitsProject(request.TableName, edit.CodePage, edit.Messages))
         return BuildOutcome::NameRefused;
     InitialiseClass(edit, request);
+    return FillClass(edit, classes);
+}
+
+BuildOutcome FillClass(ClassEdit& edit, const KZMClasses& classes)
+{
     const BuildOutcome outcome = OutcomeOf(AddFieldsAsProperties(edit));
     if (EndsBuilding(outcome))
         return outcome;
@@ -108,17 +113,23 @@ FieldsOutcome RefreshClass(ClassEdit& edit)
     return outcome;
 }
 
-bool MoveClassUnder(ClassEdit& edit, const KZMClass& parent)
+bool RefreshRelationships(ClassEdit& edit, const std::string& parentTable)
 {
     const std::shared_ptr<TTCKey> before = FirstKey(edit.Class, key_type::kPrimaryKey);
+    const bool joined = RetrieveParentRelationships(edit, parentTable);
+    KeepPrimaryKey(before, edit.Class);
+    AddIdentityKey(edit.Class);
+    return joined;
+}
+
+bool MoveClassUnder(ClassEdit& edit, const KZMClass& parent)
+{
     edit.Class.TTCRelationships.Clear();
     edit.Class.IsDomainTable = false;
     edit.Class.ParentClassName = parent.ClassName;
     // Without a data source that there are no keys to read says nothing new beside that there are no relationships.
     edit.KeysFailed = edit.KeysFailed || edit.Source == nullptr;
-    const bool joined = RetrieveParentRelationships(edit, parent.TableName);
-    KeepPrimaryKey(before, edit.Class);
-    return joined;
+    return RefreshRelationships(edit, parent.TableName);
 }
 
 std::string_view AccessText(const KZMClass& item)

@@ -46,12 +46,21 @@ enum class BuildOutcome
     Failed,            // built as far as the table could be read; the failure was reported
 };
 
+[[nodiscard]] BuildOutcome OutcomeOf(FieldsOutcome fields);
+
 // Makes the class in the editor's order: names, fields and keys, relationships to the parent, built-in members.
 [[nodiscard]] BuildOutcome BuildClass(ClassEdit& edit, const NewClass& request, const KZMClasses& classes);
+
+// The same without the names, for a class that has its table, parent and names already.
+[[nodiscard]] BuildOutcome FillClass(ClassEdit& edit, const KZMClasses& classes);
 
 // Brings a class up to its table as it is now: new columns appear, dropped ones go, keys are read again. What the user
 // changed stays, a primary key set by hand among it as long as the table tells none and still has its columns.
 FieldsOutcome RefreshClass(ClassEdit& edit);
+
+// Reads the relationships to the parent's table, and the keys of the class, again. A primary key set by hand stays as
+// with RefreshClass, and the identity column in any case. False as RetrieveParentRelationships.
+bool RefreshRelationships(ClassEdit& edit, const std::string& parentTable);
 
 // Puts a class under another: its relationships are read anew, for the parent's table, as are its keys; what the user
 // changed stays, a primary key set by hand as with RefreshClass. What can't be read is told, and the class goes on

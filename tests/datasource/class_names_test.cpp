@@ -323,5 +323,53 @@ TEST_F(ClassNamesTest, AChangeToANameInUseChangesNothing)
     EXPECT_TRUE(project.ClassCollectionNames.ClassNameExists("Order"));
 }
 
+TEST_F(ClassNamesTest, TroubleIsInTheWordsOfTheBoxAndTellsNothing)
+{
+    project.ClassCollectionNames.Add("Shop", "Shop");
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {"Order", ""},
+        {"Order Detail", "Invalid Class Name. Please remove special characters and spaces from the name."},
+        {"SALES",
+         "The Class Name cannot be the same name as the VB Project Name. Please change the Class Name then click OK."},
+        {"shop", "The Class Name already exists in this project. Please change the Class Name then click OK."},
+        {std::string(35, 'x'),
+         "Warning: The combined length of the project name (Sales) and the class name (xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx) exceeds 39 characters.\r\nThe maximum length of the combined names cannot exceed 39 characters. Your COM Object will not compile successfully. Please make the class name shorter."},
+    };
+    for (const auto& [typed, trouble] : cases) {
+        form.ClassName = typed;
+        EXPECT_EQ(NameTrouble(ClassField::ClassName, form, before, names), trouble) << typed;
+        EXPECT_EQ(form.ClassName, typed);
+        EXPECT_EQ(NameTrouble(ClassField::CollectionName, form, before, names), "") << typed;
+    }
+    EXPECT_TRUE(messages.Asked().empty());
+}
+
+TEST_F(ClassNamesTest, TroubleOfACollectionLooksAtTheClassToo)
+{
+    form.CollectionName = "order";
+    EXPECT_EQ(NameTrouble(ClassField::CollectionName, form, before, names),
+              "The Collection Name already exists in this project. Please change the Collection Name then click OK.");
+    EXPECT_EQ(NameTrouble(ClassField::ClassName, form, before, names), "");
+    form.GenerateCollection = false;
+    EXPECT_EQ(NameTrouble(ClassField::CollectionName, form, before, names), "");
+}
+
+TEST_F(ClassNamesTest, TroubleOfAnEmptyNameIsWhatIsReported)
+{
+    form.ClassName = "";
+    const std::string trouble = NameTrouble(ClassField::ClassName, form, before, names);
+    EXPECT_TRUE(errors.Reported.empty());
+    EXPECT_EQ(CheckNames(form, before, names), NameCheck::ClassNameRefused);
+    EXPECT_EQ(trouble, errors.Reported.at(0).Error.Description());
+}
+
+TEST_F(ClassNamesTest, ACollectionThatIsNeitherGeneratedNorNamedGetsNoName)
+{
+    form.GenerateCollection = false;
+    form.CollectionName = "";
+    EXPECT_EQ(CheckNames(form, before, names), NameCheck::Accepted);
+    EXPECT_EQ(form.CollectionName, "");
+}
+
 } // namespace
 } // namespace veldrane

@@ -14,13 +14,6 @@ void DropCollection(KZMClass& item, TTCProject& project)
 
 } // namespace
 
-void ReplaceClass(const std::shared_ptr<KZMClass>& changed, TTCProject& project, KZMClasses& classes)
-{
-    classes.Remove(changed->ClassName);
-    classes.AddExisting(changed, changed->ClassName);
-    project.SetModified(true);
-}
-
 bool MoveClass(const ClassMove& move, TTCProject& project, KZMClasses& classes)
 {
     const auto item = classes.Item(move.ClassName);

@@ -1,0 +1,204 @@
+#include "editors/frm_add_edit_class.h"
+
+#include "datasource/class_edit.h"
+#include "editors/method_dependencies.h"
+#include "model/working_copy.h"
+
+#include <utility>
+
+namespace veldrane {
+
+frmAddEditClass::frmAddEditClass(const ClassEditorWorld& world, NewClass request)
+    : world_(world), mode_(ClassMode::Add), request_(std::move(request)), class_(std::make_shared<KZMClass>())
+{}
+
+frmAddEditClass::frmAddEditClass(const ClassEditorWorld& world, const std::shared_ptr<KZMClass>& item)
+    : world_(world), mode_(ClassMode::Edit), original_(item), before_(NamesInProject(*item)), class_(WorkingCopy(*item))
+{}
+
+frmAddEditClass::frmAddEditClass(const ClassEditorWorld& world, const std::shared_ptr<KZMClass>& item, NewClass place)
+    : world_(world), mode_(ClassMode::Move), request_(std::move(place)), original_(item),
+      before_(NamesInProject(*item)), class_(WorkingCopy(*item)), tab_(ClassTab::Relationship)
+{}
+
+std::string frmAddEditClass::Caption() const
+{
+    if (mode_ == ClassMode::Edit)
+        return "Edit " + original_->ClassName;
+    if (mode_ == ClassMode::Move)
+        return "Move " + original_->ClassName;
+    return request_.TableName.empty() ? "Add New Class" : "Add " + request_.TableName;
+}
+
+std::string_view frmAddEditClass::CollectionHelp() const
+{
+    return IsRootClass(*class_)
+               ? "If you generate a collection for a Root Class, you will be able to add the 'RetrieveList' method to retrieve an enumerated list of the root class members."
+               : std::string_view{};
+}
+
+void frmAddEditClass::Modify()
+{
+    modified_ = true;
+    Changed.Raise();
+}
+
+void frmAddEditClass::txtClassName_Change(const std::string& text)
+{
+    form_.ClassName = text;
+    Modify();
+}
+
+void frmAddEditClass::txtTableName_Change(const std::string& text)
+{
+    form_.TableName = text;
+    class_->TableName = text == kNotApplicable ? std::string{} : text;
+    Modify();
+}
+
+void frmAddEditClass::txtCollectionName_Change(const std::string& text)
+{
+    form_.CollectionName = text;
+    Modify();
+}
+
+// A method that comes with the collection returns it under the name that is typed.
+void frmAddEditClass::chkGenerateCollection_Click()
+{
+    const CollectionBox wanted = form_.GenerateCollection ? CollectionBox::Cleared : CollectionBox::Ticked;
+    class_->CollectionName = form_.CollectionName;
+    const CollectionBox now = ChangeCollectionBox(*class_, wanted, Buttons::YesNo, Asking());
+    if (now == wanted) {
+        form_.GenerateCollection = now == CollectionBox::Ticked;
+        DisplayMethods();
+        modified_ = true;
+    }
+    Changed.Raise(); // the box has shown the new state already
+}
+
+void frmAddEditClass::chkIncludeAddExisting_Click()
+{
+    form_.IncludeAddExisting = !form_.IncludeAddExisting;
+    Modify();
+}
+
+void frmAddEditClass::chkNewKey_Click()
+{
+    form_.CollectionAddNewKey = !form_.CollectionAddNewKey;
+    Modify();
+}
+
+std::string frmAddEditClass::Trouble(ClassField field) const
+{
+    return NameTrouble(field, form_, before_, world_.Names);
+}
+
+void frmAddEditClass::GoTo(ClassTab tab, std::string_view control)
+{
+    tab_ = tab;
+    firstFocus_ = control;
+    FocusWanted.Raise(control);
+}
+
+void frmAddEditClass::GoTo(NameCheck refused)
+{
+    if (refused == NameCheck::CollectionNameRefused)
+        return GoTo(ClassTab::Collections, "txtCollectionName");
+    GoTo(ClassTab::Class, refused == NameCheck::TableNameRefused ? "txtTableName" : "txtClassName");
+}
+
+bool frmAddEditClass::cmdOK_Click()
+{
+    bool done = false;
+    try {
+        Guarded(world_.Names.Errors, kClassEditorModule, "cmdOK_Click", [&] { done = Accept(); });
+    } catch (const ReadingCancelled&) { // the dialog stays
+    }
+    return done;
+}
+
+bool frmAddEditClass::Accept()
+{
+    if (awaitsTable_ && (!ReadTable() || awaitsTable_))
+        return false;
+    if (const NameCheck check = CheckNames(form_, before_, world_.Names); check != NameCheck::Accepted) {
+        Changed.Raise();
+        GoTo(check);
+        return false;
+    }
+    StoreForm(form_, *class_);
+    return mode_ == ClassMode::Add ? AddClassToProject(class_, world_.Names) : SwapIn();
+}
+
+// A class that keeps its name keeps its place among the others too, unless it is moved.
+bool frmAddEditClass::SwapIn()
+{
+    if (!ChangeNamesInProject(class_, before_, world_.Names))
+        return false;
+    if (mode_ == ClassMode::Move) {
+        ReplaceClass(class_, world_.Names.Project, world_.Names.Classes);
+        return true;
+    }
+    if (class_->ClassName == before_.ClassName) {
+        *original_ = std::move(*class_);
+        class_ = original_;
+    }
+    TellModifications();
+    return true;
+}
+
+void frmAddEditClass::TellModifications() const
+{
+    std::string lines;
+    for (const std::string& name : world_.ClassesBelow(class_->ClassName))
+        if (const auto subclass = world_.Names.Classes.Item(name))
+            lines += MissingMethodsText(*class_, *subclass);
+    if (!lines.empty())
+        Asking().Tell(
+            "Modifications Are Needed",
+            "There are manual modifications you need to make to ensure that your generated code will compile correctly:\r\n" +
+                lines,
+            MessageIcon::Information);
+}
+
+bool frmAddEditClass::cmdCancel_Click()
+{
+    return !modified_ ||
+           Asking().Ask({.Title = "Discard Changes?",
+                         .Text = "This class has been modified, do you want to discard all changes to this class?",
+                         .Offered = Buttons::YesNo,
+                         .Icon = MessageIcon::Question,
+                         .Default = Answer::No}) == Answer::Yes;
+}
+
+TTCOutputs frmAddEditClass::Preview() const
+{
+    const std::shared_ptr<KZMClass> copy = WorkingCopy(*class_);
+    StoreForm(form_, *copy);
+    CodeGeneration& generation = world_.Generation;
+    const KZMClasses& classes = world_.Names.Classes;
+    TTCOutputs lines(generation.Settings.Colors);
+    try {
+        switch (tab_) {
+        case ClassTab::Class:
+            return generation.WriteClassHeader(*copy, classes);
+        case ClassTab::Collections:
+            return copy->CreateCollection ? generation.WriteCollectionMethods(*copy, classes) : std::move(lines);
+        case ClassTab::Properties:
+            return generation.WriteClassProperties(*copy, classes);
+        case ClassTab::Methods:
+            return generation.WriteClassMethods(*copy, classes);
+        case ClassTab::Events:
+            return generation.WriteClassDeclarations(*copy, classes);
+        case ClassTab::Relationship:
+            generation.GenerateRetrieveRelatedMethod(lines, *copy, classes);
+            break;
+        }
+    } catch (const RuntimeError& error) {
+        lines = TTCOutputs(generation.Settings.Colors);
+        lines.Add(error.Description(), LineClass::Alert);
+    }
+    return lines;
+}
+
+} // namespace veldrane

@@ -1,0 +1,205 @@
+#include "editors/frm_add_edit_class.h"
+
+#include "editors/remove_member.h"
+#include "model/working_copy.h"
+
+#include <algorithm>
+#include <utility>
+
+// What the editor of a class reads from the data source.
+namespace veldrane {
+
+bool frmAddEditClass::Load()
+{
+    const bool opens =
+        Guarded(world_.Names.Errors, kClassEditorModule, "Form_Load", [&] { closes_ = !ReadClass(); }) && !closes_;
+    if (!opens)
+        return false;
+    form_ = FormOf(*class_);
+    DisplayAll();
+    return true;
+}
+
+bool frmAddEditClass::ReadClass()
+{
+    if (mode_ == ClassMode::Add)
+        ReadNewClass();
+    else if (mode_ == ClassMode::Move)
+        ReadMovedClass();
+    else
+        ReadTable();
+    return !closes_;
+}
+
+// Without its table's fields there would be nothing to edit.
+void frmAddEditClass::ReadNewClass()
+{
+    const bool isRead = Read(request_.TableName, [&](ClassEdit& edit) {
+        const BuildOutcome outcome = BuildClass(edit, request_, world_.Names.Classes);
+        isFilled_ = outcome != BuildOutcome::TableRenamed;
+        return Follow(outcome, edit);
+    });
+    closes_ = closes_ || !isRead;
+}
+
+// The place is the person's choice already, so it holds whether the data source can be read or not.
+void frmAddEditClass::ReadMovedClass()
+{
+    class_->TTCRelationships.Clear();
+    class_->IsDomainTable = request_.Place == Placement::Lookup;
+    class_->ParentClassName = request_.ParentClassName == kNotApplicable ? std::string{} : request_.ParentClassName;
+    class_->TableName = request_.TableName;
+    const auto parent = world_.Names.Classes.Item(class_->ParentClassName);
+    Read(class_->TableName, [&](ClassEdit& edit) {
+        const BuildOutcome outcome =
+            edit.Source == nullptr ? BuildOutcome::SourceUnavailable : OutcomeOf(RefreshClass(edit));
+        if (parent != nullptr && (outcome == BuildOutcome::Built || edit.Source == nullptr)) {
+            MoveClassUnder(edit, *parent);
+            edit.Class.IsDomainTable = class_->IsDomainTable;
+        }
+        return Follow(outcome, edit);
+    });
+}
+
+// What the class got from the table before stays where the data source can't be read.
+bool frmAddEditClass::ReadTable()
+{
+    return Read(class_->TableName, [&](ClassEdit& edit) {
+        const BuildOutcome outcome = isFilled_ ? OutcomeOf(RefreshClass(edit)) : FillClass(edit, world_.Names.Classes);
+        isFilled_ = isFilled_ || outcome == BuildOutcome::Built;
+        return Follow(outcome, edit);
+    });
+}
+
+// Works on a copy, so that a reading which ends early leaves nothing behind. A class without a table reads nothing.
+bool frmAddEditClass::Read(const std::string& table, const std::function<bool(ClassEdit& edit)>& read)
+{
+    const ProjectNames& names = world_.Names;
+    std::unique_ptr<Catalog> source;
+    if (!table.empty() &&
+        !Guarded(names.Errors, kClassEditorModule, "OpenCatalog", [&] { source = world_.OpenCatalog(); }))
+        return false;
+    const std::shared_ptr<KZMClass> copy = WorkingCopy(*class_);
+    ClassEdit edit{.Class = *copy,
+                   .Source = source.get(),
+                   .Messages = names.Messages,
+                   .Errors = names.Errors,
+                   .CodePage = names.CodePage,
+                   .KeysFailed = keysFailed_};
+    if (!read(edit))
+        return false;
+    keysFailed_ = edit.KeysFailed;
+    class_ = copy;
+    return true;
+}
+
+// Whether the class goes on with what was read.
+bool frmAddEditClass::Follow(BuildOutcome outcome, ClassEdit& edit)
+{
+    closes_ = outcome == BuildOutcome::TableDeleted || outcome == BuildOutcome::Cancelled ||
+              outcome == BuildOutcome::NameRefused;
+    awaitsTable_ = outcome == BuildOutcome::TableRenamed;
+    tableIsTyped_ = tableIsTyped_ || awaitsTable_;
+    if (awaitsTable_)
+        GoTo(ClassTab::Class, "txtTableName");
+    if (closes_)
+        CloseWanted.Raise();
+    if (outcome == BuildOutcome::Built)
+        ReadJoins(edit);
+    return !closes_;
+}
+
+std::string frmAddEditClass::ParentTable() const
+{
+    const auto parent = world_.Names.Classes.Item(class_->ParentClassName);
+    return parent == nullptr ? std::string{} : parent->TableName;
+}
+
+void frmAddEditClass::ReadJoins(ClassEdit& edit)
+{
+    const auto parent = world_.Names.Classes.Item(edit.Class.ParentClassName);
+    if (parent != nullptr && !parent->TableName.empty() && !edit.Class.TableName.empty())
+        joinFields_ = ReadJoinFields(edit, parent->TableName);
+}
+
+void frmAddEditClass::GetNewFields()
+{
+    if (!ReadTable())
+        return;
+    DisplayAll();
+    Modify();
+}
+
+void frmAddEditClass::GetNewRelationships()
+{
+    const bool isRead = Read(class_->TableName, [&](ClassEdit& edit) {
+        if (!RefreshRelationships(edit, ParentTable()))
+            return false;
+        ReadJoins(edit);
+        return true;
+    });
+    if (!isRead)
+        return;
+    DisplayAll();
+    Modify();
+}
+
+namespace {
+
+constexpr std::string_view kRefreshOne =
+    " will delete this field/property and re-add it to this class using the properties of the corresponding database field. ";
+constexpr std::string_view kRefreshSeveral =
+    " will delete these fields/properties and re-add them to this class using the properties of each corresponding database field. ";
+
+std::string RefreshQuestion(const PropertyItems& properties)
+{
+    std::string names;
+    for (const auto& property : properties)
+        names += (names.empty() ? "" : ", ") + property->PropertyName;
+    return "Refreshing " + names + std::string(properties.size() == 1 ? kRefreshOne : kRefreshSeveral) +
+           "\r\nAny customized settings and/or lookups will be lost and this action cannot be undone.\r\nClick Ok to refesh, or Cancel to abort.";
+}
+
+void RemoveFieldProperty(KZMClass& item, const std::string& fieldName)
+{
+    for (std::size_t position = item.TTCProperties.Count(); position >= 1; --position) {
+        const auto property = item.TTCProperties.Item(position);
+        if (property->FieldName != fieldName)
+            continue;
+        for (const TTCLookupField& lookup : property->TTCLookupFields)
+            RemoveMemberName(item, lookup.PropertyName);
+        RemoveMemberName(item, property->PropertyName);
+        item.TTCProperties.Remove(position);
+    }
+}
+
+bool StandsOn(const KZMClass& item, const std::string& fieldName)
+{
+    return std::any_of(item.TTCProperties.begin(), item.TTCProperties.end(),
+                       [&](const TTCProperty& property) { return property.FieldName == fieldName; });
+}
+
+} // namespace
+
+// A field whose name is in use meanwhile, which was told, would be gone: nothing is refreshed then.
+void frmAddEditClass::RefreshField()
+{
+    const PropertyItems properties = Picked(ClassList::lstProperties, FieldPropertiesOf(*class_));
+    if (!Confirms("Refresh Field", RefreshQuestion(properties)))
+        return;
+    const bool isRead = Read(class_->TableName, [&](ClassEdit& edit) {
+        for (const auto& property : properties)
+            RemoveFieldProperty(edit.Class, property->FieldName);
+        const BuildOutcome outcome = OutcomeOf(RefreshClass(edit));
+        const bool areThere = std::all_of(properties.begin(), properties.end(), [&](const auto& property) {
+            return StandsOn(edit.Class, property->FieldName);
+        });
+        return Follow(outcome, edit) && outcome == BuildOutcome::Built && (areThere || !edit.FieldLeftOut);
+    });
+    if (!isRead)
+        return;
+    DisplayAll();
+    Modify();
+}
+
+} // namespace veldrane

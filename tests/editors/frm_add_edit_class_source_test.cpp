@@ -1,0 +1,255 @@
+#include "editors/frm_add_edit_class.h"
+
+#include "class_editor_fixture.h"
+#include "datasource/table_keys.h"
+
+namespace veldrane {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+// What the editor reads from the data source, and what becomes of it.
+class ClassSource : public testing::ClassEditorTest
+{
+  protected:
+    void Listen(frmAddEditClass& form)
+    {
+        focus_ = form.FocusWanted.Connect([this](std::string_view name) { Focused.emplace_back(name); });
+        close_ = form.CloseWanted.Connect([this] { ++Closed; });
+    }
+
+    std::vector<std::string> Focused;
+    int Closed = 0;
+
+  private:
+    Connection focus_;
+    Connection close_;
+};
+
+TEST_F(ClassSource, AMissingTableWhoseNewNameIsKnownIsReadUnderIt)
+{
+    MadeCustomer();
+    const auto order = MadeOrder();
+    Source.Content.Content["Purchases"] = Table("Orders");
+    Source.Content.Content.erase("Orders");
+    Table("Purchases").Fields.push_back(testing::Field("City", adVarWChar, 30));
+    AnswerWith({Answer::Yes});
+    frmAddEditClass form(World, order);
+    ASSERT_TRUE(form.Load());
+    EXPECT_EQ(form.FirstFocus(), "txtTableName");
+    EXPECT_TRUE(form.IsEnabled("txtTableName"));
+    EXPECT_THAT(Texts(form, ClassList::lstProperties), ElementsAre("OrderID", "Customer", "Note"));
+    form.txtTableName_Change("Purchases");
+    form.actBar_Click("GetNewFields");
+    EXPECT_THAT(Texts(form, ClassList::lstProperties), ElementsAre("OrderID", "Customer", "Note", "City"));
+    ASSERT_TRUE(form.cmdOK_Click());
+    EXPECT_EQ(Classes.Item("Order")->TableName, "Purchases");
+}
+
+TEST_F(ClassSource, OkReadsTheTableThatWasTypedAndStaysWhileItIsMissing)
+{
+    AnswerWith({Answer::Yes, Answer::Yes});
+    frmAddEditClass form(World, {.TableName = "Purchases"});
+    ASSERT_TRUE(form.Load());
+    Listen(form);
+    form.txtTableName_Change("Nothing");
+    EXPECT_FALSE(form.cmdOK_Click());
+    EXPECT_THAT(Titles(), ElementsAre("Table Missing", "Table Missing"));
+    EXPECT_THAT(Focused, ElementsAre("txtTableName"));
+    EXPECT_EQ(form.txtTableName(), "Nothing");
+    form.txtTableName_Change("Orders");
+    EXPECT_TRUE(form.cmdOK_Click());
+    const auto made = Classes.Item("Purchase");
+    ASSERT_TRUE(made);
+    EXPECT_EQ(made->TableName, "Orders");
+    EXPECT_TRUE(made->TTCProperties.Contains("Note"));
+    EXPECT_TRUE(made->TTCMethods.Contains("Retrieve"));
+}
+
+TEST_F(ClassSource, ATableThatIsGoneForGoodClosesTheEditor)
+{
+    MadeCustomer();
+    frmAddEditClass form(World, Classes.Item("Customer"));
+    ASSERT_TRUE(form.Load());
+    Listen(form);
+    Source.Content.Content.erase("Customers");
+    const std::string before = Saved();
+    AnswerWith({Answer::No});
+    form.actBar_Click("GetNewFields");
+    EXPECT_EQ(Closed, 1);
+    EXPECT_EQ(Messages.Asked().back().Text, "To Delete this class, right click on it and select 'Delete Class'");
+    EXPECT_EQ(Saved(), before);
+}
+
+TEST_F(ClassSource, AMissingTableThatIsCancelledOpensNoEditor)
+{
+    MadeCustomer();
+    Source.Content.Content.erase("Customers");
+    AnswerWith({Answer::Cancel});
+    frmAddEditClass form(World, Classes.Item("Customer"));
+    EXPECT_FALSE(form.Load());
+    EXPECT_THAT(Titles(), ElementsAre("Table Missing"));
+}
+
+TEST_F(ClassSource, ATableWhoseNameCanNotBeWrittenOpensNoEditor)
+{
+    frmAddEditClass form(World, {.TableName = "Заказы"});
+    EXPECT_FALSE(form.Load());
+    EXPECT_THAT(Titles(), ElementsAre("Name Not Writable"));
+}
+
+TEST_F(ClassSource, ASourceWithoutKeysIsTold)
+{
+    Source.Content.Failures = {{"Indexes", data_source_error::kNotSupported}};
+    frmAddEditClass form(World, {.TableName = "Orders"});
+    ASSERT_TRUE(form.Load());
+    ASSERT_FALSE(Messages.Asked().empty());
+    EXPECT_EQ(Messages.Asked().at(0).Title, "Unable to display Keys/Indexes");
+    EXPECT_EQ(Messages.Asked().at(0).Text,
+              "Unable to display Key/Index information because the datasource provider does not supply it.\r\n"
+              "You will need to set the Primary Key for this class manually.");
+}
+
+TEST_F(ClassSource, ASourceWithoutRelationshipsIsTold)
+{
+    MadeCustomer();
+    Source.Content.Failures = {{"Keys", data_source_error::kNotSupported}};
+    frmAddEditClass form(World,
+                         {.TableName = "Orders", .ParentClassName = "Customer", .Place = Placement::UnderParent});
+    ASSERT_TRUE(form.Load());
+    ASSERT_FALSE(Messages.Asked().empty());
+    EXPECT_EQ(Messages.Asked().at(0).Title, "Unable to display Relationships");
+    EXPECT_EQ(Messages.Asked().at(0).Text,
+              "Unable to display Relationship information because the datasource provider does not supply it.");
+}
+
+TEST_F(ClassSource, NewFieldsComeAndAClashIsTold)
+{
+    MadeCustomer();
+    frmAddEditClass form(World, Classes.Item("Customer"));
+    ASSERT_TRUE(form.Load());
+    Table("Customers").Fields.push_back(testing::Field("City", adVarWChar, 30));
+    Table("Customers").Fields.push_back(testing::Field("Na_me", adVarWChar, 30));
+    form.actBar_Click("GetNewFields");
+    EXPECT_THAT(Texts(form, ClassList::lstProperties), ElementsAre("ID", "Name", "City"));
+    ExpectTold(
+        "Duplicate Property Name",
+        "The field name 'Na_me' conflicts with an existing property in the Customer class. This field cannot be added as a property at this time.");
+    EXPECT_FALSE(form.cmdCancel_Click());
+}
+
+TEST_F(ClassSource, AFieldIsReadAnewAfterAQuestion)
+{
+    MadeCustomer();
+    const auto name = Classes.Item("Customer")->TTCProperties.Item("Name");
+    name->MaxLength = 7;
+    name->TTCLookupFields.Add("Code", "String", "Code", "Code");
+    Classes.Item("Customer")->TTCMembers.Add("Code", "Code");
+    frmAddEditClass form(World, Classes.Item("Customer"));
+    ASSERT_TRUE(form.Load());
+    Select(form, ClassList::lstProperties, {"Name"});
+    AnswerWith({Answer::Cancel, Answer::Ok});
+    form.actBar_Click("RefreshField");
+    ExpectTold(
+        "Refresh Field",
+        "Refreshing Name will delete this field/property and re-add it to this class using the properties of the corresponding database field. \r\n"
+        "Any customized settings and/or lookups will be lost and this action cannot be undone.\r\n"
+        "Click Ok to refesh, or Cancel to abort.");
+    EXPECT_TRUE(form.cmdCancel_Click());
+    form.actBar_Click("RefreshField");
+    ASSERT_TRUE(form.cmdOK_Click());
+    const auto refreshed = Classes.Item("Customer")->TTCProperties.Item("Name");
+    EXPECT_EQ(refreshed->MaxLength, 50);
+    EXPECT_EQ(refreshed->TTCLookupFields.Count(), 0U);
+    EXPECT_FALSE(Classes.Item("Customer")->TTCMembers.Contains("Code"));
+}
+
+TEST_F(ClassSource, SeveralFieldsAreReadAnewAfterOneQuestion)
+{
+    MadeCustomer();
+    frmAddEditClass form(World, Classes.Item("Customer"));
+    ASSERT_TRUE(form.Load());
+    Select(form, ClassList::lstProperties, {"ID", "Name"});
+    AnswerWith({Answer::Ok});
+    form.actBar_Click("RefreshField");
+    EXPECT_THAT(Titles(), ElementsAre("Refresh Field"));
+    EXPECT_EQ(
+        Messages.Asked().back().Text,
+        "Refreshing ID, Name will delete these fields/properties and re-add them to this class using the properties of each corresponding database field. \r\n"
+        "Any customized settings and/or lookups will be lost and this action cannot be undone.\r\n"
+        "Click Ok to refesh, or Cancel to abort.");
+    EXPECT_THAT(Texts(form, ClassList::lstProperties), ElementsAre("ID", "Name"));
+}
+
+TEST_F(ClassSource, AFieldThatCouldNotComeBackIsKept)
+{
+    MadeCustomer();
+    const auto customer = Classes.Item("Customer");
+    customer->TTCProperties.Item("Name")->PropertyName = "FullName";
+    frmAddEditClass form(World, customer);
+    ASSERT_TRUE(form.Load());
+    Members.Do = [](KZMClass& item) {
+        item.TTCMethods.Add("Name", false, {}, "", "Public", false, "Name");
+        item.TTCMembers.Add("Name", "Name");
+        return true;
+    };
+    form.actBar_Click("NewMethod");
+    Select(form, ClassList::lstProperties, {"FullName"});
+    AnswerWith({Answer::Ok});
+    form.actBar_Click("RefreshField");
+    EXPECT_THAT(Titles(), ElementsAre("Refresh Field", "Duplicate Property Name"));
+    EXPECT_THAT(Texts(form, ClassList::lstProperties), ElementsAre("ID", "FullName"));
+}
+
+TEST_F(ClassSource, WithoutADataSourceAFieldIsKept)
+{
+    MadeCustomer();
+    frmAddEditClass form(World, Classes.Item("Customer"));
+    ASSERT_TRUE(form.Load());
+    IsOpen = false;
+    Select(form, ClassList::lstProperties, {"Name"});
+    AnswerWith({Answer::Ok});
+    form.actBar_Click("RefreshField");
+    EXPECT_EQ(Errors.Reported.size(), 1U);
+    EXPECT_THAT(Texts(form, ClassList::lstProperties), ElementsAre("ID", "Name"));
+    EXPECT_TRUE(form.cmdCancel_Click());
+}
+
+TEST_F(ClassSource, AReadingThatIsCancelledChangesNothing)
+{
+    MadeCustomer();
+    frmAddEditClass form(World, Classes.Item("Customer"));
+    ASSERT_TRUE(form.Load());
+    Table("Customers").Fields.push_back(testing::Field("City", adVarWChar, 30));
+    Source.Content.CancelledCall = "Indexes";
+    form.actBar_Click("GetNewFields");
+    EXPECT_THAT(Texts(form, ClassList::lstProperties), ElementsAre("ID", "Name"));
+    EXPECT_THAT(Errors.Reported, IsEmpty());
+    EXPECT_TRUE(form.cmdCancel_Click());
+}
+
+TEST_F(ClassSource, WhatIsSelectedStaysSoWhenFieldsAreReadAgain)
+{
+    MadeCustomer();
+    frmAddEditClass form(World, Classes.Item("Customer"));
+    ASSERT_TRUE(form.Load());
+    Select(form, ClassList::lstProperties, {"Name"});
+    form.actBar_Click("GetNewFields");
+    EXPECT_THAT(form.Selected(ClassList::lstProperties), ElementsAre(1U));
+}
+
+TEST_F(ClassSource, AClassUnderAParentOfflineReadsNoJoinPage)
+{
+    MadeCustomer();
+    MadeOrder();
+    IsOpen = false;
+    frmAddEditClass form(World, Classes.Item("Order"));
+    ASSERT_TRUE(form.Load());
+    EXPECT_EQ(Errors.Reported.size(), 1U);
+    EXPECT_THAT(form.Rows(ClassList::lstFields), IsEmpty());
+    EXPECT_THAT(Texts(form, ClassList::lstJoins), ElementsAre("Orders.Customer=Customers.ID"));
+}
+
+} // namespace
+} // namespace veldrane

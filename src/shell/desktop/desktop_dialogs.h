@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shell/desktop/accepting_editors.h"
 #include "shell/desktop/qt_look_dialogs.h"
 #include "shell/main_window/main_window_dialogs.h"
 
@@ -23,12 +24,14 @@ class DesktopDialogs : public MainWindowDialogs
     [[nodiscard]] StartupChoice AskAtStartup(frmStartup& startup) override;
     [[nodiscard]] std::optional<std::string> AskForTable(const std::string& before) override;
     [[nodiscard]] LookDialogs& Look() override { return look_; }
+    [[nodiscard]] EditorDialogs& Editors() override { return editors_; }
     void StartLabelEdit() override;
     void CloseMainWindow() override;
 
   private:
     MainWindow* window_ = nullptr;
     QtLookDialogs look_;
+    AcceptingEditors editors_;
 };
 
 } // namespace veldrane

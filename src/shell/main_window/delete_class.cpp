@@ -9,16 +9,6 @@
 namespace veldrane {
 namespace {
 
-// The class nodes among these.
-std::vector<std::string> ClassNames(const ProjectTree& tree, const std::vector<std::size_t>& nodes)
-{
-    std::vector<std::string> names;
-    for (const std::size_t node : nodes)
-        if (tree[node].Id.Kind == NodeKind::Class)
-            names.push_back(tree[node].ClassName);
-    return names;
-}
-
 Question QuestionFor(const std::string& name, const std::vector<std::string>& subclasses)
 {
     std::string list = "?";
@@ -54,7 +44,7 @@ bool DeleteClass(const ClassDeletion& deletion, std::size_t node)
     if (!classNode || item == nullptr || !MayDelete(*item, deletion.Messages))
         return false;
     std::vector<std::size_t> nodes = NodesBelow(tree, *classNode);
-    const std::vector<std::string> subclasses = ClassNames(tree, nodes);
+    const std::vector<std::string> subclasses = ClassesBelow(tree, *classNode);
     nodes.push_back(*classNode);
     deletion.Tree.Mark(nodes);
     if (deletion.Messages.Ask(QuestionFor(item->ClassName, subclasses)) != Answer::Ok) {

@@ -19,7 +19,7 @@ constexpr std::string_view kModule = "frmMain";
 
 frmMain::frmMain(const Application& application, MainWindowDialogs& dialogs, CatalogReading& reading)
     : application_(application), telling_(TellingOfConnections(application)), dialogs_(dialogs), reading_(reading),
-      session_(telling_), editor_(application, session_), recent_(application),
+      session_(telling_), recent_(application),
       warning_(application.UserSettings, application.Errors, [&dialogs](frmWarning& warning) { dialogs.Show(warning); })
 {
     status_.Follow(session_.FileManagement());

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "editors/class_editor.h"
 #include "generator/code_generation.h"
 #include "shell/application.h"
 #include "shell/command_line.h"
 #include "shell/main_window/autosave.h"
 #include "shell/main_window/catalog_reading.h"
-#include "shell/main_window/class_editor.h"
 #include "shell/main_window/data_source_pane.h"
 #include "shell/main_window/drop_rules.h"
 #include "shell/main_window/frm_warning.h"
@@ -20,6 +20,7 @@
 #include "shell/no_conflicts.h"
 #include "shell/project_session.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -173,13 +174,18 @@ class frmMain : private OptionsOwner
     [[nodiscard]] bool HasOtherPlace();
     [[nodiscard]] Drop EffectOf(const Dragged& dragged, std::size_t target);
     void PerformDrop(const Drop& drop);
-    [[nodiscard]] bool PerformReading(const Drop& drop);
+    [[nodiscard]] bool WithEditor(const std::function<bool(ClassEditor& editor)>& use);
+    [[nodiscard]] ClassEditorWorld WorldOfEditor();
+    [[nodiscard]] std::unique_ptr<Catalog> OpenWatchedCatalog();
+    void Watch(const std::function<void()>& read);
     [[nodiscard]] DataSourceConnection* OpenConnection();
 
     // The tools.
     void New();
     void Save(SaveKind kind);
     void ShowStartup();
+    void AddNewClass();
+    void EditSelectedClass();
     void DeleteSelectedClass();
     void EditDataSource();
     void OpenDatasource();
@@ -201,7 +207,7 @@ class frmMain : private OptionsOwner
     CatalogReading& reading_;
     ProjectSession session_;
     NoConflicts conflicts_;
-    AcceptingClassEditor editor_;
+    MemberDialogs members_;
     std::unique_ptr<CodeGeneration> ttc_;
     TreeState tree_;
     DataSourcePane datasource_;

@@ -116,14 +116,9 @@ std::optional<Dragged> frmMain::DraggedFromRow(std::size_t row) const
 // A name that was wrong is shown again, to be mended; the next table begins with none.
 void frmMain::AttachByHand()
 {
-    const auto watched = [this](const std::function<void()>& lookUp) {
-        const CatalogReading::Session session(reading_);
-        const PointerWhile hourglass(application_.Windows.Pointer, PointerShape::Hourglass);
-        const StatusWhile reading(status_, kReadingStatus);
-        lookUp();
-    };
-    const NameSource source{
-        .Connection = session_.ActiveConnection(), .Messages = application_.Asking, .Watched = watched};
+    const NameSource source{.Connection = session_.ActiveConnection(),
+                            .Messages = application_.Asking,
+                            .Watched = [this](const std::function<void()>& lookUp) { Watch(lookUp); }};
     std::string before;
     const auto ask = [&] {
         std::optional<std::string> name = dialogs_.AskForTable(before);

@@ -44,6 +44,8 @@ const std::vector<frmMain::NamedCommand>& frmMain::Commands()
          }},
         {"Exit", [](frmMain& form) { form.dialogs_.CloseMainWindow(); }},
         {"ProjectRename", [](frmMain& form) { form.dialogs_.StartLabelEdit(); }},
+        {"NewClass", &frmMain::AddNewClass},
+        {"EditClass", &frmMain::EditSelectedClass},
         {"DeleteClass", &frmMain::DeleteSelectedClass},
         {"EditDataSource", &frmMain::EditDataSource},
         {"OpenDatasource", &frmMain::OpenDatasource},

@@ -150,29 +150,19 @@ void frmMain::DropOn(const Dragged& dragged, std::size_t target)
 // The tree follows what has changed before a failure too, and once.
 void frmMain::PerformDrop(const Drop& drop)
 {
-    const PointerWhile hourglass(application_.Windows.Pointer, PointerShape::Hourglass);
     bool changed = true;
     std::string added;
     newClassAdded_ = Classes().NewClassAdded.Connect([&](const std::string& className) { added = className; });
-    Guarded(application_.Errors, "frmMain", "treMain_DragDrop", [&] { changed = PerformReading(drop); });
+    Guarded(application_.Errors, "frmMain", "treMain_DragDrop", [&] {
+        changed = WithEditor([&](ClassEditor& editor) {
+            return Perform(drop, {.Project = Project(), .Classes = Classes(), .Editor = editor});
+        });
+    });
     ListenToNewClasses();
     if (!added.empty())
         Classes_NewClassAdded(added);
     else if (changed)
         DisplayClasses();
-}
-
-// A class is read to its end before it enters the project, so that nothing has changed where the person cancels.
-bool frmMain::PerformReading(const Drop& drop)
-{
-    const CatalogReading::Session session(reading_);
-    try {
-        const StatusWhile reading(status_, kReadingStatus);
-        return Perform(drop, {.Project = Project(), .Classes = Classes(), .Editor = editor_});
-    } catch (const ReadingCancelled&) {
-        status_.SetStatus(kCancelledStatus);
-        return false;
-    }
 }
 
 void frmMain::cmbNavigate_Click(std::size_t entry)

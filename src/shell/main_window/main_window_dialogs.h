@@ -1,6 +1,7 @@
 #pragma once
 
 #include "datasource/logon/frm_odbc_logon.h"
+#include "editors/editor_dialogs.h"
 #include "model/classes.h"
 #include "model/project.h"
 #include "shell/application.h"
@@ -35,6 +36,9 @@ class MainWindowDialogs
 
     // The standard dialogs for a colour and a font.
     [[nodiscard]] virtual LookDialogs& Look() = 0;
+
+    // The dialogs in which classes are made and changed.
+    [[nodiscard]] virtual EditorDialogs& Editors() = 0;
 
     // Lets the person type over the label of the selected node.
     virtual void StartLabelEdit() = 0;

@@ -60,8 +60,7 @@ constexpr auto kTools = std::to_array<Tool>({
 });
 
 // Off until they have a window to open.
-constexpr auto kToolsWithoutWindow =
-    std::to_array<std::string_view>({"EditClass", "NewClass", "ProjectProperties", "ReportABug"});
+constexpr auto kToolsWithoutWindow = std::to_array<std::string_view>({"ProjectProperties", "ReportABug"});
 
 enum class ToolNeeds
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/main_window/class_editor.h"
+#include "editors/class_editor.h"
 #include "shell/main_window/drop_rules.h"
 
 namespace veldrane {

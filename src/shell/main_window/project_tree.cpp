@@ -258,6 +258,15 @@ std::vector<std::size_t> NodesBelow(const ProjectTree& tree, std::size_t index)
     return below;
 }
 
+std::vector<std::string> ClassesBelow(const ProjectTree& tree, std::size_t index)
+{
+    std::vector<std::string> names;
+    for (const std::size_t node : NodesBelow(tree, index))
+        if (tree[node].Id.Kind == NodeKind::Class)
+            names.push_back(tree[node].ClassName);
+    return names;
+}
+
 std::string RootCaption(const TTCProject& project)
 {
     return project.ProjectName().empty() ? "New Project" : project.ProjectName();

@@ -63,6 +63,9 @@ using ProjectTree = std::vector<TreeNode>;
 // The indices of all nodes below the node, parents before their children.
 [[nodiscard]] std::vector<std::size_t> NodesBelow(const ProjectTree& tree, std::size_t index);
 
+// The names of the classes below the node, in the order of their nodes.
+[[nodiscard]] std::vector<std::string> ClassesBelow(const ProjectTree& tree, std::size_t index);
+
 // What `Root` shows of a project's name.
 [[nodiscard]] std::string RootCaption(const TTCProject& project);
 

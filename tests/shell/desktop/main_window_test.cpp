@@ -24,8 +24,9 @@ TEST_F(MainWindowTest, StartsWithANewProjectAndNoDataSource)
     EXPECT_TRUE(Tree().isExpanded(Tree().currentIndex()));
     EXPECT_EQ(Tables().model()->index(0, 0).data().toString(), u"<no datasource defined>"_s);
     EXPECT_TRUE(Tool("OpenDatasource").isEnabled());
-    for (const char* tool : {"AddClassTo", "RefreshTables", "DeleteClass", "MoveClassTo", "NewClass"})
+    for (const char* tool : {"AddClassTo", "RefreshTables", "DeleteClass", "MoveClassTo", "EditClass"})
         EXPECT_FALSE(Tool(tool).isEnabled()) << tool;
+    EXPECT_TRUE(Tool("NewClass").isEnabled());
     Photograph(*window_, "frmMain-no-data-source");
 }
 

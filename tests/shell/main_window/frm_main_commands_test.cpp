@@ -14,7 +14,7 @@ class FrmMainCommands : public testing::FrmMainTest
 TEST_F(FrmMainCommands, ToolsWithoutAWindowAndUnknownOnesDoNothing)
 {
     StartOnShop();
-    for (const char* tool : {"EditClass", "NewClass", "ProjectProperties", "ReportABug", "MRU99", "Nonsense", ""})
+    for (const char* tool : {"ProjectProperties", "ReportABug", "MRU99", "Nonsense", ""})
         Form.actbar_Click(tool);
     EXPECT_THAT(Windows.Opened, IsEmpty());
     EXPECT_THAT(World.Messages.Asked(), IsEmpty());

@@ -88,13 +88,15 @@ TEST(ToolStates, FollowTheSelection)
         EXPECT_EQ(EnabledIn(tool), "12345678") << tool;
     EXPECT_EQ(EnabledIn("ProjectRename"), "12");
     EXPECT_EQ(EnabledIn("DeleteClass"), "357");
+    EXPECT_EQ(EnabledIn("EditClass"), "357");
+    EXPECT_EQ(EnabledIn("NewClass"), "1234578");
     EXPECT_EQ(EnabledIn("MoveClassTo"), "357");
     EXPECT_EQ(EnabledIn("NoSuchTool"), "");
 }
 
 TEST(ToolStates, ToolsWithoutAWindowAreOff)
 {
-    for (const char* tool : {"EditClass", "NewClass", "ProjectProperties", "ReportABug"})
+    for (const char* tool : {"ProjectProperties", "ReportABug"})
         EXPECT_EQ(EnabledIn(tool), "") << tool;
 }
 
@@ -199,7 +201,8 @@ TEST_F(MenusOf, OnACollectionNoClassIsDeletedFromTheContextMenu)
     EXPECT_TRUE(states.IsEnabledOn(Node(NodeKind::Class, "Customer"), "DeleteClass"));
     EXPECT_FALSE(states.IsEnabledOn(Node(NodeKind::Collection, "Customers"), "DeleteClass"));
     EXPECT_TRUE(states.IsEnabledOn(Node(NodeKind::Collection, "Customers"), "MoveClassTo"));
-    EXPECT_FALSE(states.IsEnabledOn(Node(NodeKind::Class, "Customer"), "EditClass"));
+    EXPECT_TRUE(states.IsEnabledOn(Node(NodeKind::Class, "Customer"), "EditClass"));
+    EXPECT_FALSE(states.IsEnabledOn(Node(NodeKind::Collection, "Customers"), "EditClass"));
 }
 
 } // namespace

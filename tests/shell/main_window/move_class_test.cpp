@@ -20,6 +20,12 @@ class RecordedEditor : public ClassEditor
         return Accepts;
     }
 
+    bool Edit(const std::shared_ptr<KZMClass>& item) override
+    {
+        Calls.push_back("edit " + item->ClassName);
+        return Accepts;
+    }
+
     bool Move(const std::shared_ptr<KZMClass>& item, const std::string& newParent) override
     {
         Calls.push_back("move " + item->ClassName + " under " + newParent);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editors/frm_add_edit_class.h"
 #include "scripted_look_dialogs.h"
 #include "shell/main_window/main_window_dialogs.h"
 
@@ -9,6 +10,20 @@
 #include <vector>
 
 namespace veldrane::testing {
+
+// A person in front of the editors of definitions: does what the test says in each, and else accepts what it proposes.
+class ScriptedEditors : public EditorDialogs
+{
+  public:
+    bool Show(frmAddEditClass& form) override
+    {
+        Opened.push_back(form.Caption());
+        return InClass ? InClass(form) : form.cmdOK_Click();
+    }
+
+    std::function<bool(frmAddEditClass&)> InClass;
+    std::vector<std::string> Opened; // by their captions
+};
 
 // A person in front of the main window's dialogs: does what the test says in each, and else leaves it at once. Keeps
 // which were opened, by their names.
@@ -67,6 +82,8 @@ class ScriptedWindows : public MainWindowDialogs
 
     [[nodiscard]] LookDialogs& Look() override { return LooksChosen; }
 
+    [[nodiscard]] EditorDialogs& Editors() override { return ClassEditors; }
+
     void StartLabelEdit() override { Opened.emplace_back("label edit"); }
     void CloseMainWindow() override { Opened.emplace_back("end"); }
 
@@ -77,6 +94,7 @@ class ScriptedWindows : public MainWindowDialogs
     std::function<void(TTCProject&, KZMClasses&)> InGenCode;
     std::deque<std::string> TablesNamed;
     ScriptedLookDialogs LooksChosen;
+    ScriptedEditors ClassEditors;
 
     std::vector<std::string> Opened;
     std::vector<std::string> Warned;     // by frmWarning

@@ -24,7 +24,7 @@ struct NameTexts
     NameCheck Refusal;
     std::string_view InvalidTitle;
     std::string_view Invalid;
-    std::string_view Kind;
+    std::string_view BeforeName; // in the first sentence of what is too long
     std::string_view TooLong;
     std::string_view IsProject;
     std::string_view Exists;
@@ -34,7 +34,7 @@ constexpr NameTexts kClassTexts{
     .Refusal = NameCheck::ClassNameRefused,
     .InvalidTitle = "Invalid Class Name",
     .Invalid = "Invalid Class Name. Please remove special characters and spaces from the name.",
-    .Kind = "class",
+    .BeforeName = ") and the class name (",
     .TooLong =
         "The maximum length of the combined names cannot exceed 39 characters. Your COM Object will not compile successfully. Please make the class name shorter.",
     .IsProject =
@@ -47,7 +47,7 @@ constexpr NameTexts kCollectionTexts{
     .Refusal = NameCheck::CollectionNameRefused,
     .InvalidTitle = "Invalid Collection Name",
     .Invalid = "Invalid Collection Name. Please remove special characters and spaces from the name.",
-    .Kind = "collection",
+    .BeforeName = ") and the collection name (",
     .TooLong =
         "The maximum length of the combined names cannot exceed 39 characters. Your COM Object will not compile successfully. Please make the collection name shorter.",
     .IsProject =
@@ -98,8 +98,8 @@ std::optional<Refusal> UnlessShortEnough(const CheckedName& checked, const Proje
     if (text::Length(project) + text::Length(checked.Name) <= kMostIdentifierCharacters)
         return std::nullopt;
     return Refusal{checked.Texts.Refusal, "Programmatic ID Too Long",
-                   "Warning: The combined length of the project name (" + project + ") and the " +
-                       std::string(checked.Texts.Kind) + " name (" + checked.Name + ") exceeds 39 characters.\r\n" +
+                   "Warning: The combined length of the project name (" + project +
+                       std::string(checked.Texts.BeforeName) + checked.Name + ") exceeds 39 characters.\r\n" +
                        std::string(checked.Texts.TooLong)};
 }
 

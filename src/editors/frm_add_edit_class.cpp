@@ -119,7 +119,7 @@ bool frmAddEditClass::cmdOK_Click()
 
 bool frmAddEditClass::Accept()
 {
-    if (awaitsTable_ && (!ReadTable() || awaitsTable_))
+    if (AwaitsTable() && (!ReadTable() || AwaitsTable()))
         return false;
     if (const NameCheck check = CheckNames(form_, before_, world_.Names); check != NameCheck::Accepted) {
         Changed.Raise();

@@ -156,11 +156,12 @@ class frmAddEditClass
 
     // The way of the class in and out.
     [[nodiscard]] bool ReadClass();
-    void ReadNewClass();
+    [[nodiscard]] bool ReadNewClass();
     void ReadMovedClass();
     bool ReadTable();
     bool Read(const std::string& table, const std::function<bool(ClassEdit& edit)>& read);
     [[nodiscard]] bool Follow(BuildOutcome outcome, ClassEdit& edit);
+    [[nodiscard]] bool AwaitsTable() const { return outcome_ == BuildOutcome::TableRenamed; }
     [[nodiscard]] std::string ParentTable() const;
     void ReadJoins(ClassEdit& edit);
     void GoTo(ClassTab tab, std::string_view control);
@@ -224,10 +225,9 @@ class frmAddEditClass
     std::string_view firstFocus_;
     bool modified_ = false;
     bool keysFailed_ = false;
-    bool tableIsTyped_ = false; // the table is missing, and the person knows its new name
-    bool awaitsTable_ = false;  // that name was not read yet
-    bool isFilled_ = true;      // the class has the members that its table gives it
-    bool closes_ = false;
+    bool tableIsTyped_ = false;                  // the table is missing, and the person knows its new name
+    bool isFilled_ = true;                       // the class has the members that its table gives it
+    BuildOutcome outcome_ = BuildOutcome::Built; // of the latest reading of the table
 };
 
 } // namespace veldrane

@@ -110,7 +110,6 @@ void frmAddEditClass::EditEvent()
     Modify();
 }
 
-// Another method may have been the default one before, and so may a property.
 void frmAddEditClass::EditMethod()
 {
     const std::shared_ptr<TTCMethod> method = Picked(ClassList::lstMethods, MethodsOf(*class_)).front();

@@ -9,10 +9,20 @@
 // What the editor of a class reads from the data source.
 namespace veldrane {
 
+namespace {
+
+bool EndsEditing(BuildOutcome outcome)
+{
+    return outcome == BuildOutcome::TableDeleted || outcome == BuildOutcome::Cancelled ||
+           outcome == BuildOutcome::NameRefused;
+}
+
+} // namespace
+
 bool frmAddEditClass::Load()
 {
-    const bool opens =
-        Guarded(world_.Names.Errors, kClassEditorModule, "Form_Load", [&] { closes_ = !ReadClass(); }) && !closes_;
+    bool opens = false;
+    Guarded(world_.Names.Errors, kClassEditorModule, "Form_Load", [&] { opens = ReadClass(); });
     if (!opens)
         return false;
     form_ = FormOf(*class_);
@@ -23,23 +33,22 @@ bool frmAddEditClass::Load()
 bool frmAddEditClass::ReadClass()
 {
     if (mode_ == ClassMode::Add)
-        ReadNewClass();
-    else if (mode_ == ClassMode::Move)
+        return ReadNewClass();
+    if (mode_ == ClassMode::Move)
         ReadMovedClass();
     else
         ReadTable();
-    return !closes_;
+    return !EndsEditing(outcome_);
 }
 
-// Without its table's fields there would be nothing to edit.
-void frmAddEditClass::ReadNewClass()
+// Where the data source can't be reached there would be nothing to edit.
+bool frmAddEditClass::ReadNewClass()
 {
-    const bool isRead = Read(request_.TableName, [&](ClassEdit& edit) {
+    return Read(request_.TableName, [&](ClassEdit& edit) {
         const BuildOutcome outcome = BuildClass(edit, request_, world_.Names.Classes);
         isFilled_ = outcome != BuildOutcome::TableRenamed;
         return Follow(outcome, edit);
     });
-    closes_ = closes_ || !isRead;
 }
 
 // The place is the person's choice already, so it holds whether the data source can be read or not.
@@ -96,17 +105,15 @@ bool frmAddEditClass::Read(const std::string& table, const std::function<bool(Cl
 // Whether the class goes on with what was read.
 bool frmAddEditClass::Follow(BuildOutcome outcome, ClassEdit& edit)
 {
-    closes_ = outcome == BuildOutcome::TableDeleted || outcome == BuildOutcome::Cancelled ||
-              outcome == BuildOutcome::NameRefused;
-    awaitsTable_ = outcome == BuildOutcome::TableRenamed;
-    tableIsTyped_ = tableIsTyped_ || awaitsTable_;
-    if (awaitsTable_)
+    outcome_ = outcome;
+    tableIsTyped_ = tableIsTyped_ || AwaitsTable();
+    if (AwaitsTable())
         GoTo(ClassTab::Class, "txtTableName");
-    if (closes_)
+    if (EndsEditing(outcome))
         CloseWanted.Raise();
     if (outcome == BuildOutcome::Built)
         ReadJoins(edit);
-    return !closes_;
+    return !EndsEditing(outcome);
 }
 
 std::string frmAddEditClass::ParentTable() const
@@ -124,7 +131,7 @@ void frmAddEditClass::ReadJoins(ClassEdit& edit)
 
 void frmAddEditClass::GetNewFields()
 {
-    if (!ReadTable())
+    if (!ReadTable() || outcome_ != BuildOutcome::Built)
         return;
     DisplayAll();
     Modify();

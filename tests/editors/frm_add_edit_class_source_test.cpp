@@ -216,6 +216,18 @@ TEST_F(ClassSource, WithoutADataSourceAFieldIsKept)
     EXPECT_TRUE(form.cmdCancel_Click());
 }
 
+TEST_F(ClassSource, AFailedReadingIsNoChange)
+{
+    MadeCustomer();
+    frmAddEditClass form(World, Classes.Item("Customer"));
+    ASSERT_TRUE(form.Load());
+    Source.Content.Failures = {{"Fields", data_source_error::kFailed}};
+    form.actBar_Click("GetNewFields");
+    EXPECT_EQ(Errors.Reported.size(), 1U);
+    EXPECT_TRUE(form.cmdCancel_Click());
+    EXPECT_THAT(Messages.Asked(), IsEmpty());
+}
+
 TEST_F(ClassSource, AReadingThatIsCancelledChangesNothing)
 {
     MadeCustomer();

@@ -175,7 +175,7 @@ class frmMain : private OptionsOwner
     [[nodiscard]] Drop EffectOf(const Dragged& dragged, std::size_t target);
     void PerformDrop(const Drop& drop);
     [[nodiscard]] bool WithEditor(const std::function<bool(ClassEditor& editor)>& use);
-    [[nodiscard]] ClassEditorWorld WorldOfEditor();
+    [[nodiscard]] ClassEditorWorld WorldOfEditor(CodeGeneration& previews);
     [[nodiscard]] std::unique_ptr<Catalog> OpenWatchedCatalog();
     void Watch(const std::function<void()>& read);
     [[nodiscard]] DataSourceConnection* OpenConnection();

@@ -5,11 +5,30 @@
 
 // The main window and the editor of classes.
 namespace veldrane {
+namespace {
+
+// A preview that follows each key that is pressed asks nobody.
+class NobodyAsked : public Messages
+{
+  public:
+    Answer Ask(const Question& question) override { return question.Default; }
+};
+
+} // namespace
 
 // A class is read to its end before it enters the project, so that nothing has changed where the person cancels.
 bool frmMain::WithEditor(const std::function<bool(ClassEditor& editor)>& use)
 {
-    ShownClassEditor editor(WorldOfEditor(), dialogs_.Editors());
+    NobodyAsked nobody;
+    CodeGeneration previews(Project(),
+                            {.Asking = nobody,
+                             .Errors = application_.Errors,
+                             .Files = application_.Files,
+                             .Time = application_.Time,
+                             .Programs = application_.Programs,
+                             .Conflicts = conflicts_},
+                            ttc_->Settings);
+    ShownClassEditor editor(WorldOfEditor(previews), dialogs_.Editors());
     try {
         return use(editor);
     } catch (const ReadingCancelled&) {
@@ -18,14 +37,14 @@ bool frmMain::WithEditor(const std::function<bool(ClassEditor& editor)>& use)
     }
 }
 
-ClassEditorWorld frmMain::WorldOfEditor()
+ClassEditorWorld frmMain::WorldOfEditor(CodeGeneration& previews)
 {
     return {.Names = {.Project = Project(),
                       .Classes = Classes(),
                       .Messages = application_.Asking,
                       .Errors = application_.Errors,
                       .CodePage = application_.State.Generation.CodePage},
-            .Generation = *ttc_,
+            .Generation = previews,
             .Members = members_,
             .OpenCatalog = [this] { return OpenWatchedCatalog(); },
             .ClassesBelow =

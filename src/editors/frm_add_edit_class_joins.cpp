@@ -10,6 +10,7 @@ namespace {
 std::vector<MemberRow> FieldRows(const std::vector<JoinField>& fields)
 {
     std::vector<MemberRow> rows;
+    rows.reserve(fields.size());
     for (const JoinField& field : fields)
         rows.push_back({.Key = field.ColumnName, .Text = field.ColumnName, .Second = field.DataType, .Icon = "Field"});
     return rows;

@@ -37,6 +37,7 @@ template <class Items>
 void frmAddEditClass::ShowMembers(ClassList list, const Items& items)
 {
     std::vector<MemberRow> rows;
+    rows.reserve(items.size());
     for (const auto& item : items)
         rows.push_back(RowOf(*item, *class_));
     Show(list, std::move(rows));

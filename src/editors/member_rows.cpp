@@ -44,6 +44,12 @@ std::string_view IconOf(const TTCMethod& method)
     return method.ReturnDataType.empty() ? "Sub" : "Function";
 }
 
+const std::string& SecondOf(const TTCMethod& method)
+{
+    const SP* const procedure = method.MethodIsSP ? method.StoredProcedure.get() : nullptr;
+    return procedure == nullptr ? method.ReturnDataType : procedure->SPName;
+}
+
 } // namespace
 
 PropertyItems FieldPropertiesOf(const KZMClass& item)
@@ -76,10 +82,9 @@ MemberRow RowOf(const TTCProperty& property, const KZMClass& item)
 
 MemberRow RowOf(const TTCMethod& method, const KZMClass& /*item*/)
 {
-    const bool callsProcedure = method.MethodIsSP && method.StoredProcedure != nullptr;
     return {.Key = method.MethodName,
             .Text = method.MethodName,
-            .Second = callsProcedure ? method.StoredProcedure->SPName : method.ReturnDataType,
+            .Second = SecondOf(method),
             .Icon = std::string(IconOf(method))};
 }
 

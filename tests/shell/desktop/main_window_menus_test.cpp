@@ -45,19 +45,18 @@ class MainWindowMenus : public MainWindowTest
     }
 };
 
-const auto kClassMenu =
-    ElementsAre("(Edit Class...)", "Delete Class", "(New Class...)", "Move Class To", "Zoom Preview");
+const auto kClassMenu = ElementsAre("Edit Class...", "Delete Class", "New Class...", "Move Class To", "Zoom Preview");
 const auto kRowMenu = ElementsAre("Add Class To", "Refresh Tables");
 
 TEST_F(MainWindowMenus, NodesAndRowsHaveMenus)
 {
     StartWithClasses();
     EXPECT_THAT(MenuAt(Tree(), u"New Project"_s),
-                ElementsAre("(Properties...)", "Rename", "(New Class...)", "Edit DataSource...", "Generate Code...",
+                ElementsAre("(Properties...)", "Rename", "New Class...", "Edit DataSource...", "Generate Code...",
                             "Expand Tree", "Collapse Tree"));
     EXPECT_THAT(MenuAt(Tree(), u"Customer"_s), kClassMenu);
     EXPECT_THAT(MenuAt(Tree(), u"Orders"_s),
-                ElementsAre("(Edit Class...)", "(Delete Class)", "(New Class...)", "Move Class To", "Zoom Preview"));
+                ElementsAre("(Edit Class...)", "(Delete Class)", "New Class...", "Move Class To", "Zoom Preview"));
     EXPECT_THAT(MenuAt(Tree(), kParents), IsEmpty());
     EXPECT_THAT(MenuAt(Tables(), u"Customers"_s), kRowMenu);
     EXPECT_THAT(MenuAt(Tables(), Tables().model()->index(0, 0).data().toString()), IsEmpty());

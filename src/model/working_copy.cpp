@@ -10,6 +10,13 @@ std::shared_ptr<Item> PlainCopy(const Item& item)
     return std::make_shared<Item>(item);
 }
 
+// Of one that has a working copy of its own.
+template <class Item>
+std::shared_ptr<Item> CopyOfItem(const Item& item)
+{
+    return WorkingCopy(item);
+}
+
 template <class Collection, class Copy>
 Collection CopyOf(const Collection& items, const Copy& copy)
 {
@@ -23,15 +30,6 @@ std::shared_ptr<TTCEnum> CopyOfEnumeration(const TTCEnum& item)
     auto copy = std::make_shared<TTCEnum>();
     copy->EnumValues = CopyOf(item.EnumValues, PlainCopy<TTCEnumValue>);
     copy->EnumName = item.EnumName;
-    return copy;
-}
-
-std::shared_ptr<ttcEvent> CopyOfEvent(const ttcEvent& item)
-{
-    auto copy = std::make_shared<ttcEvent>();
-    copy->EventName = item.EventName;
-    copy->PlusEvent = item.PlusEvent;
-    copy->TTCEventParameters = CopyOf(item.TTCEventParameters, PlainCopy<TTCParameter>);
     return copy;
 }
 
@@ -70,31 +68,6 @@ std::shared_ptr<TTCProperty> CopyOfProperty(const TTCProperty& item)
     return copy;
 }
 
-std::shared_ptr<SP> CopyOfProcedure(const SP& item)
-{
-    auto copy = std::make_shared<SP>();
-    copy->SPName = item.SPName;
-    copy->SPMethodName = item.SPMethodName;
-    copy->SPParameters = CopyOf(item.SPParameters, PlainCopy<SPParameter>);
-    return copy;
-}
-
-std::shared_ptr<TTCMethod> CopyOfMethod(const TTCMethod& item)
-{
-    auto copy = std::make_shared<TTCMethod>();
-    copy->MethodName = item.MethodName;
-    copy->ReturnDataType = item.ReturnDataType;
-    copy->Scope = item.Scope;
-    copy->DefaultMethod = item.DefaultMethod;
-    copy->PlusMethod = item.PlusMethod;
-    copy->Arguments = CopyOf(item.Arguments, PlainCopy<TTCParameter>);
-    copy->MethodIsSP = item.MethodIsSP;
-    copy->SPReturnValuesOnly = item.SPReturnValuesOnly;
-    if (item.StoredProcedure)
-        copy->StoredProcedure = CopyOfProcedure(*item.StoredProcedure);
-    return copy;
-}
-
 std::shared_ptr<TTCRelationship> CopyOfRelationship(const TTCRelationship& item)
 {
     auto copy = std::make_shared<TTCRelationship>();
@@ -114,6 +87,40 @@ std::shared_ptr<TTCKey> CopyOfKey(const TTCKey& item)
 
 } // namespace
 
+std::shared_ptr<ttcEvent> WorkingCopy(const ttcEvent& item)
+{
+    auto copy = std::make_shared<ttcEvent>();
+    copy->EventName = item.EventName;
+    copy->PlusEvent = item.PlusEvent;
+    copy->TTCEventParameters = CopyOf(item.TTCEventParameters, PlainCopy<TTCParameter>);
+    return copy;
+}
+
+std::shared_ptr<SP> WorkingCopy(const SP& item)
+{
+    auto copy = std::make_shared<SP>();
+    copy->SPName = item.SPName;
+    copy->SPMethodName = item.SPMethodName;
+    copy->SPParameters = CopyOf(item.SPParameters, PlainCopy<SPParameter>);
+    return copy;
+}
+
+std::shared_ptr<TTCMethod> WorkingCopy(const TTCMethod& item)
+{
+    auto copy = std::make_shared<TTCMethod>();
+    copy->MethodName = item.MethodName;
+    copy->ReturnDataType = item.ReturnDataType;
+    copy->Scope = item.Scope;
+    copy->DefaultMethod = item.DefaultMethod;
+    copy->PlusMethod = item.PlusMethod;
+    copy->Arguments = CopyOf(item.Arguments, PlainCopy<TTCParameter>);
+    copy->MethodIsSP = item.MethodIsSP;
+    copy->SPReturnValuesOnly = item.SPReturnValuesOnly;
+    if (item.StoredProcedure)
+        copy->StoredProcedure = WorkingCopy(*item.StoredProcedure);
+    return copy;
+}
+
 std::shared_ptr<KZMClass> WorkingCopy(const KZMClass& item)
 {
     auto copy = std::make_shared<KZMClass>();
@@ -122,9 +129,9 @@ std::shared_ptr<KZMClass> WorkingCopy(const KZMClass& item)
     copy->ParentClassName = item.ParentClassName;
     copy->IsDomainTable = item.IsDomainTable;
     copy->Enumerations = CopyOf(item.Enumerations, CopyOfEnumeration);
-    copy->TTCEvents = CopyOf(item.TTCEvents, CopyOfEvent);
+    copy->TTCEvents = CopyOf(item.TTCEvents, CopyOfItem<ttcEvent>);
     copy->TTCProperties = CopyOf(item.TTCProperties, CopyOfProperty);
-    copy->TTCMethods = CopyOf(item.TTCMethods, CopyOfMethod);
+    copy->TTCMethods = CopyOf(item.TTCMethods, CopyOfItem<TTCMethod>);
     copy->TTCRelationships = CopyOf(item.TTCRelationships, CopyOfRelationship);
     copy->CreateCollection = item.CreateCollection;
     copy->CollectionName = item.CollectionName;

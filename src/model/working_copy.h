@@ -11,4 +11,9 @@ namespace veldrane {
 // has in the class. Objects held as values of enumerations are shared.
 [[nodiscard]] std::shared_ptr<KZMClass> WorkingCopy(const KZMClass& item);
 
+// The same of what a class owns: unlike by its `Clone`, nothing is shared.
+[[nodiscard]] std::shared_ptr<TTCMethod> WorkingCopy(const TTCMethod& item);
+[[nodiscard]] std::shared_ptr<ttcEvent> WorkingCopy(const ttcEvent& item);
+[[nodiscard]] std::shared_ptr<SP> WorkingCopy(const SP& item);
+
 } // namespace veldrane

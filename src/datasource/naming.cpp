@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace veldrane {
 namespace {
@@ -65,17 +66,21 @@ std::string MakeValidName(std::string_view name)
     return valid;
 }
 
+std::string InvalidNameText(std::string_view name)
+{
+    const std::string valid = MakeValidName(name);
+    if (valid == name)
+        return {};
+    return "The name: '" + std::string(name) +
+           "' is invalid because it is either a reserved word or contains invalid characters. It has been changed to '" +
+           valid + "'";
+}
+
 std::string MakeValidName(std::string_view name, Messages& messages)
 {
-    std::string valid = MakeValidName(name);
-    if (valid != name)
-        messages.Tell(
-            "Invalid Name Detected",
-            "The name: '" + std::string(name) +
-                "' is invalid because it is either a reserved word or contains invalid characters. It has been changed to '" +
-                valid + "'",
-            MessageIcon::Information);
-    return valid;
+    if (std::string text = InvalidNameText(name); !text.empty())
+        messages.Tell("Invalid Name Detected", std::move(text), MessageIcon::Information);
+    return MakeValidName(name);
 }
 
 std::string MakeMemberName(std::string_view name, Messages& messages)

@@ -19,7 +19,10 @@ inline constexpr std::string_view kTableNameDelimiters = "~`!@#$%^&*()-=+\\|]}[{
 // a reserved word.
 [[nodiscard]] std::string MakeValidName(std::string_view name);
 
-// The same, telling the person when the name had to be changed.
+// What MakeValidName tells of a name that is none; "" for a valid one.
+[[nodiscard]] std::string InvalidNameText(std::string_view name);
+
+// A legal name, telling the person when the given one had to be changed.
 [[nodiscard]] std::string MakeValidName(std::string_view name, Messages& messages);
 
 // The valid name without its underscores, telling the person as MakeValidName does. "InvalidName" if nothing is left.

@@ -161,5 +161,27 @@ TEST(FitsProject, KeepsOutNamesThatWouldBreakTheLinesOfAFile)
     }
 }
 
+TEST(InvalidNameText, IsWhatMakeValidNameTells)
+{
+    for (const char* name : {"", "Order Date", "2004", "Print", "a`b\"c"}) {
+        testing::ScriptedMessages messages;
+        (void)MakeValidName(name, messages);
+        ASSERT_EQ(messages.Asked().size(), 1U) << name;
+        EXPECT_EQ(InvalidNameText(name), messages.Asked().front().Text);
+    }
+    EXPECT_EQ(InvalidNameText("OrderDate"), "");
+}
+
+TEST(NotWritableText, IsWhatFitsProjectTells)
+{
+    const text::CodePage codePage;
+    for (const char* name : {"Заказы", "a\tb"}) {
+        testing::ScriptedMessages messages;
+        EXPECT_FALSE(FitsProject(name, codePage, messages));
+        EXPECT_EQ(NotWritableText(name, codePage), messages.Asked().front().Text);
+    }
+    EXPECT_EQ(NotWritableText("Größe", codePage), "");
+}
+
 } // namespace
 } // namespace veldrane

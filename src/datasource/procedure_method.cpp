@@ -1,6 +1,7 @@
 #include "datasource/procedure_method.h"
 
 #include "datasource/naming.h"
+#include "model/working_copy.h"
 #include "text/case_folding.h"
 
 #include <unordered_set>
@@ -8,6 +9,8 @@
 
 namespace veldrane {
 namespace {
+
+constexpr std::string_view kNameControl = "txtMethodName";
 
 // The first parameter whose name another one has already, without regard to case; nothing if there is none.
 const SPParameter* SecondOfAName(const SPParameters& parameters)
@@ -75,7 +78,43 @@ std::vector<ParameterRow> frmAddEditSP::lstParameters() const
     return rows;
 }
 
-ProcedureNaming frmAddEditSP::cmdOK_Click()
+TypedName frmAddEditSP::NameRules() const
+{
+    return {.IsTaken = [this](std::string_view name) { return IsTaken(name); },
+            .Taken = kMethodNameTaken,
+            .CodePage = edit_.CodePage};
+}
+
+bool frmAddEditSP::IsTaken(std::string_view name) const
+{
+    return IsTakenMember(edit_.Class.TTCMembers, edit_.Key, name);
+}
+
+std::string frmAddEditSP::Trouble(std::string_view control) const
+{
+    return control == kNameControl ? NameTrouble(txtMethodName, NameRules()) : std::string();
+}
+
+std::shared_ptr<SP> frmAddEditSP::Edited() const
+{
+    std::shared_ptr<SP> procedure = WorkingCopy(*edit_.Procedure);
+    procedure->SPMethodName = MakeValidName(txtMethodName);
+    return procedure;
+}
+
+bool frmAddEditSP::cmdOK_Click()
+{
+    ProcedureNaming naming = ProcedureNaming::NotWritable;
+    Guarded(edit_.Errors, "frmAddEditSP", "cmdOK_Click", [&] { naming = NameMethod(); });
+    if (naming == ProcedureNaming::NameTaken)
+        edit_.Messages.Tell(std::string(kMethodNameTaken.Title), std::string(kMethodNameTaken.Text),
+                            MessageIcon::Warning);
+    if (naming != ProcedureNaming::Done)
+        FocusWanted.Raise(kNameControl);
+    return naming == ProcedureNaming::Done;
+}
+
+ProcedureNaming frmAddEditSP::NameMethod()
 {
     txtMethodName = MakeValidName(txtMethodName, edit_.Messages);
     if (!FitsProject(txtMethodName, edit_.CodePage, edit_.Messages) ||
@@ -102,8 +141,7 @@ ProcedureNaming frmAddEditSP::RenameMethod()
     if (txtMethodName == before)
         return ProcedureNaming::Done;
     KZMClass& item = edit_.Class;
-    // The method's own name is in nobody's way, in whatever letter case.
-    if (!text::EqualFolded(txtMethodName, before) && item.TTCMembers.Contains(txtMethodName))
+    if (IsTaken(txtMethodName))
         return ProcedureNaming::NameTaken;
     const std::shared_ptr<TTCMethod> renamed = item.TTCMethods.Item(before)->Clone();
     renamed->MethodName = txtMethodName;

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "datasource/typed_name.h"
 #include "model/class.h"
+#include "model/signal.h"
 #include "model/stored_procedures.h"
+#include "ports/error_report.h"
 #include "ports/messages.h"
 #include "text/code_page.h"
 
@@ -28,6 +31,7 @@ struct ProcedureEdit
     KZMClass& Class;
     std::string Key; // of the method in the class, when it is edited
     veldrane::Messages& Messages;
+    ErrorReport& Errors;
     const text::CodePage& CodePage;
 };
 
@@ -62,13 +66,28 @@ class frmAddEditSP
     [[nodiscard]] std::string Caption() const;
     [[nodiscard]] std::vector<ParameterRow> lstParameters() const;
 
-    // OK: cleans the name, telling the person if it had to be changed, and adds or renames the method; a renamed one is
-    // the last of its class. The dialog stays unless the answer is Done: the class is as it was then.
-    [[nodiscard]] ProcedureNaming cmdOK_Click();
-
     std::string txtMethodName; // as the person types it
 
+    // What is wrong with the text of the control, in the words of the box that OK would show; "" if nothing.
+    [[nodiscard]] std::string Trouble(std::string_view control) const;
+
+    // The procedure as OK would leave it, and the class that calls it.
+    [[nodiscard]] std::shared_ptr<SP> Edited() const;
+    [[nodiscard]] const KZMClass& Owner() const { return edit_.Class; }
+
+    // Cleans the name, telling the person if it had to be changed, and adds or renames the method; a renamed one is
+    // the last of its class. The class is as it was unless the answer is Done.
+    [[nodiscard]] ProcedureNaming NameMethod();
+
+    // The same, and tells of a name that is taken. False if the dialog stays. A failure is reported.
+    [[nodiscard]] bool cmdOK_Click();
+    [[nodiscard]] static bool cmdCancel_Click() { return true; }
+
+    Signal<std::string_view> FocusWanted; // by the control of this name
+
   private:
+    [[nodiscard]] TypedName NameRules() const;
+    [[nodiscard]] bool IsTaken(std::string_view name) const;
     [[nodiscard]] ProcedureNaming AddMethod();
     [[nodiscard]] ProcedureNaming RenameMethod();
 

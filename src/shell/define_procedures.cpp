@@ -166,8 +166,9 @@ class Definition
                            .Class = item,
                            .Key = {},
                            .Messages = run_.Names.Messages,
+                           .Errors = run_.Names.Errors,
                            .CodePage = run_.Names.CodePage});
-        switch (form.cmdOK_Click()) {
+        switch (form.NameMethod()) {
         case ProcedureNaming::NameTaken:
             return LeaveOut(procedure,
                             "the class " + item.ClassName + " has a member named " + form.txtMethodName + " already",

@@ -5,6 +5,8 @@
 namespace veldrane {
 namespace {
 
+using testing::Texts;
+
 class NameProcedureMethod : public testing::ClassFixture
 {
   protected:
@@ -28,6 +30,7 @@ class NameProcedureMethod : public testing::ClassFixture
                              .Class = item,
                              .Key = key,
                              .Messages = messages,
+                             .Errors = errors,
                              .CodePage = codePage});
     }
 
@@ -35,7 +38,7 @@ class NameProcedureMethod : public testing::ClassFixture
     std::shared_ptr<SP> Bind(const std::string& name)
     {
         std::shared_ptr<SP> procedure = Procedure(name);
-        EXPECT_EQ(Form(ProcedureMode::Add, procedure).cmdOK_Click(), ProcedureNaming::Done);
+        EXPECT_TRUE(Form(ProcedureMode::Add, procedure).cmdOK_Click());
         return procedure;
     }
 
@@ -85,7 +88,7 @@ TEST_F(NameProcedureMethod, ATypedNameBecomesThatOfTheFunctionToo)
     const auto procedure = Procedure("GetOrders;1");
     frmAddEditSP form = Form(ProcedureMode::Add, procedure);
     form.txtMethodName = "Fetch";
-    EXPECT_EQ(form.cmdOK_Click(), ProcedureNaming::Done);
+    EXPECT_TRUE(form.cmdOK_Click());
     EXPECT_EQ(procedure->SPMethodName, "Fetch");
 }
 
@@ -108,11 +111,11 @@ TEST_F(NameProcedureMethod, TheDialogStaysWhileAMemberHasTheName)
     item.TTCMembers.Add("GetOrders", "GetOrders");
     const auto procedure = Procedure("getorders");
     frmAddEditSP form = Form(ProcedureMode::Add, procedure);
-    EXPECT_EQ(form.cmdOK_Click(), ProcedureNaming::NameTaken);
+    EXPECT_EQ(form.NameMethod(), ProcedureNaming::NameTaken);
     EXPECT_EQ(item.TTCMethods.Count(), 0U);
     EXPECT_EQ(item.TTCMembers.Count(), 1U);
     form.txtMethodName = "FetchOrders";
-    EXPECT_EQ(form.cmdOK_Click(), ProcedureNaming::Done);
+    EXPECT_TRUE(form.cmdOK_Click());
     EXPECT_EQ(MethodNames(), std::vector<std::string>{"FetchOrders"});
 }
 
@@ -124,7 +127,7 @@ TEST_F(NameProcedureMethod, ARenamedMethodIsACloneUnderTheNewNameAndTheProcedure
     before->Scope = "Friend";
     frmAddEditSP form = Form(ProcedureMode::Edit, procedure, "GetOrders");
     form.txtMethodName = "Fetch Orders";
-    EXPECT_EQ(form.cmdOK_Click(), ProcedureNaming::Done);
+    EXPECT_TRUE(form.cmdOK_Click());
     EXPECT_EQ(MethodNames(), (std::vector<std::string>{"Other", "Fetch_Orders"}));
     const auto after = item.TTCMethods.Item("Fetch_Orders");
     EXPECT_NE(after, before);
@@ -142,7 +145,7 @@ TEST_F(NameProcedureMethod, ANameThatStaysNeedsNoPlaceAmongTheMembers)
 {
     const auto procedure = Bind("GetOrders");
     const auto before = item.TTCMethods.Item("GetOrders");
-    EXPECT_EQ(Form(ProcedureMode::Edit, procedure, "GetOrders").cmdOK_Click(), ProcedureNaming::Done);
+    EXPECT_TRUE(Form(ProcedureMode::Edit, procedure, "GetOrders").cmdOK_Click());
     EXPECT_EQ(item.TTCMethods.Item("GetOrders"), before);
 }
 
@@ -151,7 +154,7 @@ TEST_F(NameProcedureMethod, TheLettersOfANameCanChangeTheirCase)
     const auto procedure = Bind("getorders");
     frmAddEditSP form = Form(ProcedureMode::Edit, procedure, "getorders");
     form.txtMethodName = "GetOrders";
-    EXPECT_EQ(form.cmdOK_Click(), ProcedureNaming::Done);
+    EXPECT_TRUE(form.cmdOK_Click());
     EXPECT_EQ(MethodNames(), std::vector<std::string>{"GetOrders"});
     EXPECT_EQ(item.TTCMembers.Item("getorders")->MemberName, "GetOrders");
     EXPECT_EQ(procedure->SPMethodName, "GetOrders");
@@ -163,7 +166,7 @@ TEST_F(NameProcedureMethod, ARenameToATakenNameChangesNothing)
     Bind("Other");
     frmAddEditSP form = Form(ProcedureMode::Edit, procedure, "GetOrders");
     form.txtMethodName = "OTHER";
-    EXPECT_EQ(form.cmdOK_Click(), ProcedureNaming::NameTaken);
+    EXPECT_EQ(form.NameMethod(), ProcedureNaming::NameTaken);
     EXPECT_EQ(MethodNames(), (std::vector<std::string>{"GetOrders", "Other"}));
     EXPECT_EQ(procedure->SPMethodName, "GetOrders");
     EXPECT_TRUE(item.TTCMembers.Contains("GetOrders"));
@@ -171,17 +174,17 @@ TEST_F(NameProcedureMethod, ARenameToATakenNameChangesNothing)
 
 TEST_F(NameProcedureMethod, NamesThatTheFileCannotHoldAreRefused)
 {
-    EXPECT_EQ(Form(ProcedureMode::Add, Procedure("łódź")).cmdOK_Click(), ProcedureNaming::NotWritable);
+    EXPECT_EQ(Form(ProcedureMode::Add, Procedure("łódź")).NameMethod(), ProcedureNaming::NotWritable);
     const auto procedure = Procedure("łódź");
     frmAddEditSP renamed = Form(ProcedureMode::Add, procedure);
     renamed.txtMethodName = "Lodz";
-    EXPECT_EQ(renamed.cmdOK_Click(), ProcedureNaming::NotWritable) << "the name that is called is written too";
+    EXPECT_EQ(renamed.NameMethod(), ProcedureNaming::NotWritable) << "the name that is called is written too";
     frmAddEditSP typed = Form(ProcedureMode::Add, Procedure("p"));
     typed.txtMethodName = "łódź";
-    EXPECT_EQ(typed.cmdOK_Click(), ProcedureNaming::NotWritable) << "and so is the name of the method";
+    EXPECT_EQ(typed.NameMethod(), ProcedureNaming::NotWritable) << "and so is the name of the method";
     const auto withParameter = Procedure("p");
     AddParameter(*withParameter, "ł", parameter_direction::kInput);
-    EXPECT_EQ(Form(ProcedureMode::Add, withParameter).cmdOK_Click(), ProcedureNaming::NotWritable);
+    EXPECT_EQ(Form(ProcedureMode::Add, withParameter).NameMethod(), ProcedureNaming::NotWritable);
     for (const Question& question : messages.Asked())
         EXPECT_EQ(question.Title, "Name Not Writable");
     EXPECT_EQ(messages.Asked().size(), 4U);
@@ -193,12 +196,72 @@ TEST_F(NameProcedureMethod, TwoParametersOfOneNameAreRefused)
     const auto procedure = Procedure("Sum");
     AddParameter(*procedure, "n", parameter_direction::kInput);
     procedure->SPParameters.Add("N", "int", 3, "");
-    EXPECT_EQ(Form(ProcedureMode::Add, procedure).cmdOK_Click(), ProcedureNaming::NotWritable);
+    EXPECT_EQ(Form(ProcedureMode::Add, procedure).NameMethod(), ProcedureNaming::NotWritable);
     ASSERT_EQ(messages.Asked().size(), 1U);
     EXPECT_EQ(
         messages.Asked().front().Text,
         "The stored procedure 'Sum' has two parameters named 'N', letter case aside, so it can't enter the project. Rename one of them.");
     EXPECT_EQ(item.TTCMembers.Count(), 0U);
+}
+
+TEST_F(NameProcedureMethod, OkTellsOfATakenNameAndKeepsIt)
+{
+    item.TTCMembers.Add("GetOrders", "GetOrders");
+    const auto procedure = Procedure("getorders");
+    frmAddEditSP form = Form(ProcedureMode::Add, procedure);
+    std::vector<std::string> focus;
+    const Connection listening =
+        form.FocusWanted.Connect([&](std::string_view control) { focus.emplace_back(control); });
+    EXPECT_FALSE(form.cmdOK_Click());
+    ASSERT_EQ(Titles(), Texts{"Duplicate Method Name"});
+    EXPECT_EQ(messages.Asked().front().Text,
+              "The Method Name already exists in this class. Please change the Method Name then click OK.");
+    EXPECT_EQ(form.txtMethodName, "getorders");
+    EXPECT_EQ(focus, Texts{"txtMethodName"});
+    EXPECT_EQ(item.TTCMethods.Count(), 0U);
+    EXPECT_EQ(item.TTCMembers.Count(), 1U);
+}
+
+TEST_F(NameProcedureMethod, OkStaysWithoutAWordOfItsOwnWhereTheRefusalWasTold)
+{
+    frmAddEditSP form = Form(ProcedureMode::Add, Procedure("łódź"));
+    EXPECT_FALSE(form.cmdOK_Click());
+    EXPECT_EQ(Titles(), Texts{"Name Not Writable"});
+}
+
+TEST_F(NameProcedureMethod, CancelClosesWithoutAQuestion)
+{
+    frmAddEditSP form = Form(ProcedureMode::Add, Procedure("GetOrders"));
+    form.txtMethodName = "Fetch";
+    EXPECT_TRUE(form.cmdCancel_Click());
+    EXPECT_TRUE(messages.Asked().empty());
+    EXPECT_EQ(item.TTCMethods.Count() + item.TTCMembers.Count(), 0U);
+}
+
+TEST_F(NameProcedureMethod, TheTroubleOfANameIsToldWhileItIsTyped)
+{
+    Bind("Other");
+    frmAddEditSP form = Form(ProcedureMode::Edit, Bind("GetOrders"), "GetOrders");
+    EXPECT_EQ(form.Trouble("txtMethodName"), "");
+    form.txtMethodName = "getORDERS";
+    EXPECT_EQ(form.Trouble("txtMethodName"), "") << "its own name";
+    form.txtMethodName = "OTHER";
+    EXPECT_EQ(form.Trouble("txtMethodName"),
+              "The Method Name already exists in this class. Please change the Method Name then click OK.");
+    EXPECT_EQ(form.Trouble("lstParameters"), "");
+    EXPECT_TRUE(messages.Asked().empty());
+}
+
+TEST_F(NameProcedureMethod, TheEditedProcedureIsACopyUnderTheTypedName)
+{
+    const auto procedure = Bind("GetOrders");
+    AddParameter(*procedure, "@CustomerID", parameter_direction::kInput);
+    frmAddEditSP form = Form(ProcedureMode::Edit, procedure, "GetOrders");
+    form.txtMethodName = "Fetch Orders";
+    const auto edited = form.Edited();
+    EXPECT_EQ(edited->SPMethodName, "Fetch_Orders");
+    EXPECT_EQ(edited->SPParameters.Count(), 1U);
+    EXPECT_EQ(procedure->SPMethodName, "GetOrders");
 }
 
 } // namespace

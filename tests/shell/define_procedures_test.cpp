@@ -260,9 +260,10 @@ TEST_F(DefineProceduresTest, RunAgainItReadsTheParametersAnewAndKeepsTheMethodsN
                        .Class = *item,
                        .Key = "GetOrders",
                        .Messages = messages,
+                       .Errors = errors,
                        .CodePage = codePage});
     form.txtMethodName = "Fetch";
-    ASSERT_EQ(form.cmdOK_Click(), ProcedureNaming::Done);
+    ASSERT_TRUE(form.cmdOK_Click());
     catalog.Parameters.clear();
     catalog.ProcedureNames.clear();
     AddProcedure("GetOrders;1", {"@Since", "@Until"});

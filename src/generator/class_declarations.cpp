@@ -19,15 +19,6 @@ inline constexpr auto Vocabulary<EventScope> = std::to_array<Placeholder<EventSc
 
 namespace {
 
-void WriteEvents(const ClassEmitter& emit)
-{
-    for (const ttcEvent& event : emit.Scope().Class.TTCEvents) {
-        const EventScope scope{emit.Scope(), event};
-        const LineClass lineClass = event.PlusEvent ? LineClass::MarkPlusEvent : LineClass::MarkEvent;
-        emit.About(scope)("Public Event {EventName}({Arguments})", lineClass, Quotes::Convert);
-    }
-}
-
 void WritePropertyVariables(const PropertyEmitter& property)
 {
     const PropertyScope& scope = property.Scope();
@@ -41,11 +32,19 @@ void WritePropertyVariables(const PropertyEmitter& property)
 
 } // namespace
 
+void WriteEvent(const ClassEmitter& emit, const ttcEvent& event)
+{
+    const EventScope scope{emit.Scope(), event};
+    const LineClass lineClass = event.PlusEvent ? LineClass::MarkPlusEvent : LineClass::MarkEvent;
+    emit.About(scope)("Public Event {EventName}({Arguments})", lineClass, Quotes::Convert);
+}
+
 TTCOutputs WriteClassDeclarations(const ClassScope& scope)
 {
     TTCOutputs lines(scope.Settings.Colors);
     const ClassEmitter emit(lines, scope);
-    WriteEvents(emit);
+    for (const ttcEvent& event : scope.Class.TTCEvents)
+        WriteEvent(emit, event);
     ForEachProperty(emit, WritePropertyVariables);
     if (scope.Class.ParentClassName.empty() && scope.Class.CreateCollection)
         emit("Private {m:Object}{CollectionName} as {CollectionName}");

@@ -119,6 +119,8 @@ void WriteStub(const MethodEmitter& emit)
         emit("End Function", LineClass::Head);
 }
 
+} // namespace
+
 void WriteMethod(const ClassEmitter& emit, const TTCMethod& method)
 {
     if (!method.PlusMethod && method.MethodIsSP) {
@@ -133,8 +135,6 @@ void WriteMethod(const ClassEmitter& emit, const TTCMethod& method)
     else
         WriteStub(emit.About(scope));
 }
-
-} // namespace
 
 TTCOutputs WriteClassMethods(const ClassScope& scope)
 {

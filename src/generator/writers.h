@@ -34,6 +34,10 @@ namespace veldrane {
 inline constexpr std::array<SectionWriter, 4> kClassSections{WriteClassHeader, WriteClassDeclarations, WriteClassProperties, WriteClassMethods};
 inline constexpr std::array<SectionWriter, 4> kCollectionSections{WriteCollectionHeader, WriteCollectionDeclarations, WriteCollectionProperties, WriteCollectionMethods};
 
+// What the sections have for a single method or event.
+void WriteMethod(const ClassEmitter& emit, const TTCMethod& method);
+void WriteEvent(const ClassEmitter& emit, const ttcEvent& event);
+
 // The text of built-in methods.
 void WriteAddMethod(const MethodEmitter& emit);
 void WriteUpdateMethod(const ClassEmitter& emit);

@@ -39,16 +39,6 @@ std::string CutLast(std::string_view text, std::size_t count)
     return std::string(text.substr(0, text.size() - count));
 }
 
-// A project file ends a name at a line break or a separator, and no name of the generated language holds any of them.
-bool HasControlCharacter(std::string_view name)
-{
-    constexpr unsigned char kDelete = 0x7F;
-    return std::ranges::any_of(name, [](char c) {
-        const auto byte = static_cast<unsigned char>(c);
-        return byte < ' ' || byte == kDelete;
-    });
-}
-
 } // namespace
 
 std::string MakeValidName(std::string_view name)
@@ -124,6 +114,15 @@ std::string ArgumentName(std::string_view columnName)
 {
     const std::string cleaned = MakeValidName(columnName);
     return (text::StartsWithVowel(cleaned) ? "an" : "a") + cleaned;
+}
+
+bool HasControlCharacter(std::string_view text)
+{
+    constexpr unsigned char kDelete = 0x7F;
+    return std::ranges::any_of(text, [](char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return byte < ' ' || byte == kDelete;
+    });
 }
 
 std::string NotWritableText(std::string_view name, const text::CodePage& codePage)

@@ -40,6 +40,9 @@ inline constexpr std::string_view kTableNameDelimiters = "~`!@#$%^&*()-=+\\|]}[{
 // The name of an argument that stands for a column: "anOrderID", "aCustomerID".
 [[nodiscard]] std::string ArgumentName(std::string_view columnName);
 
+// Whether a text has a control character in it: a project file ends a value at a line break or a separator.
+[[nodiscard]] bool HasControlCharacter(std::string_view text);
+
 // Why no project can hold the name, in words; "" if one can. The title is that of the box that says so.
 inline constexpr std::string_view kNotWritableTitle = "Name Not Writable";
 [[nodiscard]] std::string NotWritableText(std::string_view name, const text::CodePage& codePage);

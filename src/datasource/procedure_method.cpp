@@ -40,6 +40,16 @@ std::string_view DirectionText(std::int32_t direction)
     }
 }
 
+std::vector<ParameterRow> ParameterRows(const SP& procedure)
+{
+    std::vector<ParameterRow> rows;
+    for (const SPParameter& parameter : procedure.SPParameters)
+        rows.push_back({.Name = parameter.ParameterName,
+                        .Direction = std::string(DirectionText(parameter.Direction)),
+                        .DataType = parameter.DataType});
+    return rows;
+}
+
 // A project file holds no two parameters of one name: the second would be gone when it is opened again.
 bool ProcedureFitsProject(const SP& procedure, const text::CodePage& codePage, Messages& messages)
 {
@@ -68,26 +78,9 @@ std::string frmAddEditSP::Caption() const
                                             : "Edit " + edit_.Key;
 }
 
-std::vector<ParameterRow> frmAddEditSP::lstParameters() const
-{
-    std::vector<ParameterRow> rows;
-    for (const SPParameter& parameter : edit_.Procedure->SPParameters)
-        rows.push_back({.Name = parameter.ParameterName,
-                        .Direction = std::string(DirectionText(parameter.Direction)),
-                        .DataType = parameter.DataType});
-    return rows;
-}
-
 TypedName frmAddEditSP::NameRules() const
 {
-    return {.IsTaken = [this](std::string_view name) { return IsTaken(name); },
-            .Taken = kMethodNameTaken,
-            .CodePage = edit_.CodePage};
-}
-
-bool frmAddEditSP::IsTaken(std::string_view name) const
-{
-    return IsTakenMember(edit_.Class.TTCMembers, edit_.Key, name);
+    return MethodNameRules(edit_.Class, edit_.Key, edit_.CodePage);
 }
 
 std::string frmAddEditSP::Trouble(std::string_view control) const
@@ -107,8 +100,7 @@ bool frmAddEditSP::cmdOK_Click()
     ProcedureNaming naming = ProcedureNaming::NotWritable;
     Guarded(edit_.Errors, "frmAddEditSP", "cmdOK_Click", [&] { naming = NameMethod(); });
     if (naming == ProcedureNaming::NameTaken)
-        edit_.Messages.Tell(std::string(kMethodNameTaken.Title), std::string(kMethodNameTaken.Text),
-                            MessageIcon::Warning);
+        TellTaken(txtMethodName, NameRules(), edit_.Messages);
     if (naming != ProcedureNaming::Done)
         FocusWanted.Raise(kNameControl);
     return naming == ProcedureNaming::Done;
@@ -126,8 +118,9 @@ ProcedureNaming frmAddEditSP::NameMethod()
 ProcedureNaming frmAddEditSP::AddMethod()
 {
     KZMClass& item = edit_.Class;
-    if (!item.TTCMembers.Add(txtMethodName, txtMethodName))
+    if (NameRules().IsTaken(txtMethodName))
         return ProcedureNaming::NameTaken;
+    item.TTCMembers.Add(txtMethodName, txtMethodName);
     const auto method = item.TTCMethods.Add(txtMethodName, false, KZMArguments{}, "", "Public", false, txtMethodName);
     method->MethodIsSP = true;
     method->StoredProcedure = edit_.Procedure;
@@ -141,7 +134,7 @@ ProcedureNaming frmAddEditSP::RenameMethod()
     if (txtMethodName == before)
         return ProcedureNaming::Done;
     KZMClass& item = edit_.Class;
-    if (IsTaken(txtMethodName))
+    if (NameRules().IsTaken(txtMethodName))
         return ProcedureNaming::NameTaken;
     const std::shared_ptr<TTCMethod> renamed = item.TTCMethods.Item(before)->Clone();
     renamed->MethodName = txtMethodName;

@@ -46,6 +46,9 @@ struct ParameterRow
 // "Input", "In/Out", "Output" or "Return"; "" for a number that is no direction.
 [[nodiscard]] std::string_view DirectionText(std::int32_t direction);
 
+// The rows for the parameters of a procedure.
+[[nodiscard]] std::vector<ParameterRow> ParameterRows(const SP& procedure);
+
 // Whether a project can hold the procedure: its name and those of its parameters have a place in the code page, and no
 // two parameters have one name. If not, the person is told.
 [[nodiscard]] bool ProcedureFitsProject(const SP& procedure, const text::CodePage& codePage, Messages& messages);
@@ -64,7 +67,7 @@ class frmAddEditSP
     explicit frmAddEditSP(ProcedureEdit edit);
 
     [[nodiscard]] std::string Caption() const;
-    [[nodiscard]] std::vector<ParameterRow> lstParameters() const;
+    [[nodiscard]] std::vector<ParameterRow> lstParameters() const { return ParameterRows(*edit_.Procedure); }
 
     std::string txtMethodName; // as the person types it
 
@@ -87,7 +90,6 @@ class frmAddEditSP
 
   private:
     [[nodiscard]] TypedName NameRules() const;
-    [[nodiscard]] bool IsTaken(std::string_view name) const;
     [[nodiscard]] ProcedureNaming AddMethod();
     [[nodiscard]] ProcedureNaming RenameMethod();
 

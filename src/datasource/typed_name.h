@@ -10,30 +10,26 @@
 // A name that a person types in a dialog.
 namespace veldrane {
 
-class TTCMembers;
-
-// What is told of a name that something else has already.
-struct TakenNotice
-{
-    std::string_view Title;
-    std::string_view Text;
-};
-
-inline constexpr TakenNotice kMethodNameTaken{
-    "Duplicate Method Name",
-    "The Method Name already exists in this class. Please change the Method Name then click OK."};
+struct KZMClass;
 
 // The rules for one name.
 struct TypedName
 {
-    std::function<bool(std::string_view name)> IsTaken; // by something else; asked about a valid name
-    TakenNotice Taken;
+    std::string_view Kind;                              // of what it names: "method"
+    std::string_view TakenTitle;                        // of the box that tells of a name that is taken
+    std::string Rival;                                  // what may have the name already: "member of the Order class"
+    std::function<bool(std::string_view name)> IsTaken; // asked about a valid name
     const text::CodePage& CodePage;
 };
 
-// Whether another member of the class has the name. The member's name from before, "" for a new one, is in nobody's
-// way, in whatever letter case.
-[[nodiscard]] bool IsTakenMember(const TTCMembers& members, std::string_view before, std::string_view name);
+// The rules for the name of a method of the class. Its name from before is "" for a new one.
+[[nodiscard]] TypedName MethodNameRules(const KZMClass& item, std::string before, const text::CodePage& codePage);
+
+// The same for an event.
+[[nodiscard]] TypedName EventNameRules(const KZMClass& item, std::string before, const text::CodePage& codePage);
+
+// Tells that the name is taken.
+void TellTaken(std::string_view name, const TypedName& rules, Messages& messages);
 
 // What is wrong with the name as it is typed, in the words of the first box that AcceptName would show; "" if nothing.
 [[nodiscard]] std::string NameTrouble(std::string_view typed, const TypedName& rules);

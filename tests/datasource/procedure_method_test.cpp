@@ -206,6 +206,7 @@ TEST_F(NameProcedureMethod, TwoParametersOfOneNameAreRefused)
 
 TEST_F(NameProcedureMethod, OkTellsOfATakenNameAndKeepsIt)
 {
+    item.ClassName = "Order";
     item.TTCMembers.Add("GetOrders", "GetOrders");
     const auto procedure = Procedure("getorders");
     frmAddEditSP form = Form(ProcedureMode::Add, procedure);
@@ -214,8 +215,9 @@ TEST_F(NameProcedureMethod, OkTellsOfATakenNameAndKeepsIt)
         form.FocusWanted.Connect([&](std::string_view control) { focus.emplace_back(control); });
     EXPECT_FALSE(form.cmdOK_Click());
     ASSERT_EQ(Titles(), Texts{"Duplicate Method Name"});
-    EXPECT_EQ(messages.Asked().front().Text,
-              "The Method Name already exists in this class. Please change the Method Name then click OK.");
+    EXPECT_EQ(
+        messages.Asked().front().Text,
+        "The method name 'getorders' conflicts with an existing member of the Order class. Please enter another name.");
     EXPECT_EQ(form.txtMethodName, "getorders");
     EXPECT_EQ(focus, Texts{"txtMethodName"});
     EXPECT_EQ(item.TTCMethods.Count(), 0U);
@@ -240,14 +242,16 @@ TEST_F(NameProcedureMethod, CancelClosesWithoutAQuestion)
 
 TEST_F(NameProcedureMethod, TheTroubleOfANameIsToldWhileItIsTyped)
 {
+    item.ClassName = "Order";
     Bind("Other");
     frmAddEditSP form = Form(ProcedureMode::Edit, Bind("GetOrders"), "GetOrders");
     EXPECT_EQ(form.Trouble("txtMethodName"), "");
     form.txtMethodName = "getORDERS";
     EXPECT_EQ(form.Trouble("txtMethodName"), "") << "its own name";
     form.txtMethodName = "OTHER";
-    EXPECT_EQ(form.Trouble("txtMethodName"),
-              "The Method Name already exists in this class. Please change the Method Name then click OK.");
+    EXPECT_EQ(
+        form.Trouble("txtMethodName"),
+        "The method name 'OTHER' conflicts with an existing member of the Order class. Please enter another name.");
     EXPECT_EQ(form.Trouble("lstParameters"), "");
     EXPECT_TRUE(messages.Asked().empty());
 }

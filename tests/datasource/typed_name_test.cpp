@@ -1,6 +1,6 @@
 #include "datasource/typed_name.h"
 
-#include "model/members.h"
+#include "model/class.h"
 #include "support/scripted_messages.h"
 
 #include <gtest/gtest.h>
@@ -8,18 +8,18 @@
 namespace veldrane {
 namespace {
 
-constexpr TakenNotice kTaken{"Duplicate Colour", "There is such a colour."};
-
 class TypedNameTest : public ::testing::Test
 {
   protected:
-    TypedNameTest() { members.Add("Red", "Red"); }
+    TypedNameTest()
+    {
+        item.ClassName = "Order";
+        item.TTCMembers.Add("Red", "Red");
+    }
 
     [[nodiscard]] TypedName Rules(const std::string& before = "") const
     {
-        return {.IsTaken = [this, before](std::string_view name) { return IsTakenMember(members, before, name); },
-                .Taken = kTaken,
-                .CodePage = codePage};
+        return MethodNameRules(item, before, codePage);
     }
 
     // Accepts the name; the titles of what was told.
@@ -33,7 +33,7 @@ class TypedNameTest : public ::testing::Test
         return titles;
     }
 
-    TTCMembers members;
+    KZMClass item;
     text::CodePage codePage;
     testing::ScriptedMessages messages;
 };
@@ -46,14 +46,24 @@ TEST_F(TypedNameTest, AValidFreeNameIsTakenAsItIs)
 
 TEST_F(TypedNameTest, ANameIsMadeValidBeforeItIsLookedFor)
 {
-    members.Add("Light_Red", "Light_Red");
-    EXPECT_EQ(Told("Light Red", false), (std::vector<std::string>{"Invalid Name Detected", "Duplicate Colour"}));
+    item.TTCMembers.Add("Light_Red", "Light_Red");
+    EXPECT_EQ(Told("Light Red", false), (std::vector<std::string>{"Invalid Name Detected", "Duplicate Method Name"}));
 }
 
 TEST_F(TypedNameTest, TheOwnNameIsInNobodysWay)
 {
     EXPECT_EQ(NameTrouble("RED", Rules("Red")), "");
-    EXPECT_EQ(NameTrouble("RED", Rules()), "There is such a colour.");
+    EXPECT_EQ(NameTrouble("RED", Rules()),
+              "The method name 'RED' conflicts with an existing member of the Order class. Please enter another name.");
+}
+
+TEST_F(TypedNameTest, AnEventIsCalledOne)
+{
+    EXPECT_EQ(NameTrouble("Red", EventNameRules(item, "", codePage)),
+              "The event name 'Red' conflicts with an existing member of the Order class. Please enter another name.");
+    std::string typed = "Red";
+    EXPECT_FALSE(AcceptName(typed, EventNameRules(item, "", codePage), messages));
+    EXPECT_EQ(messages.Asked().front().Title, "Duplicate Event Name");
 }
 
 TEST_F(TypedNameTest, TheTroubleIsTheFirstBox)
@@ -65,7 +75,7 @@ TEST_F(TypedNameTest, TheTroubleIsTheFirstBox)
         ASSERT_FALSE(messages.Asked().empty()) << typed;
         EXPECT_EQ(NameTrouble(typed, Rules()), messages.Asked().front().Text);
     }
-    EXPECT_EQ(members.Count(), 1U);
+    EXPECT_EQ(item.TTCMembers.Count(), 1U);
 }
 
 } // namespace

@@ -39,12 +39,12 @@ std::optional<RowMethod> RowMethodOf(std::string_view name)
     return std::nullopt;
 }
 
-void AddMethod(ClassEdit& edit, std::string_view name)
+void AddMethod(ClassEdit& edit, std::string_view name, Occasion occasion)
 {
     KZMClass& item = edit.Class;
     if (item.TTCMembers.Contains(name))
         return;
-    if (const auto rowMethod = RowMethodOf(name); rowMethod && !ChooseRowIdentifier(edit, *rowMethod))
+    if (const auto rowMethod = RowMethodOf(name); rowMethod && !ChooseRowIdentifier(edit, *rowMethod, occasion))
         return;
     item.TTCMembers.Add(name, name);
     item.TTCMethods.AddExisting(MakeBuiltInMethod(name, item), name);
@@ -92,11 +92,11 @@ void AcceptBuiltInProperties(ClassEdit& edit, const std::vector<std::string>& na
             Guarded(edit.Errors, "frmBuiltInProperties", "cmdOK_Click", [&] { AddProperty(edit.Class, row.Name); });
 }
 
-void AcceptBuiltInMethods(ClassEdit& edit, const std::vector<std::string>& names)
+void AcceptBuiltInMethods(ClassEdit& edit, const std::vector<std::string>& names, Occasion occasion)
 {
     for (const BuiltInMethod& row : BuiltInMethods())
         if (IsNamed(names, row.Name) && IsAvailable(row, edit.Class))
-            Guarded(edit.Errors, "frmBuiltInMethods", "cmdOK_Click", [&] { AddMethod(edit, row.Name); });
+            Guarded(edit.Errors, "frmBuiltInMethods", "cmdOK_Click", [&] { AddMethod(edit, row.Name, occasion); });
 }
 
 void AcceptBuiltInEvents(ClassEdit& edit, const std::vector<std::string>& names)

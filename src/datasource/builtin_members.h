@@ -1,6 +1,7 @@
 #pragma once
 
 #include "datasource/class_edit.h"
+#include "datasource/row_identifier.h"
 
 #include <memory>
 #include <span>
@@ -76,7 +77,8 @@ struct BuiltInEvent
 // name is in use in it, is passed over. Methods may ask for the row identifier or be refused, which is told. A failure
 // on one row is reported, and the others go on.
 void AcceptBuiltInProperties(ClassEdit& edit, const std::vector<std::string>& names);
-void AcceptBuiltInMethods(ClassEdit& edit, const std::vector<std::string>& names);
+void AcceptBuiltInMethods(ClassEdit& edit, const std::vector<std::string>& names,
+                          Occasion occasion = Occasion::NewClass);
 void AcceptBuiltInEvents(ClassEdit& edit, const std::vector<std::string>& names);
 
 // Adds what a new class has: the rows that are ticked at first, and every event on the list.

@@ -45,6 +45,17 @@ void TellNoIdentifier(Messages& messages, RowMethod method)
         MessageIcon::Warning);
 }
 
+// The question about the two keys says the same and more.
+void TellOfDelete(Messages& messages, bool byIdentity)
+{
+    messages.Tell(
+        "Add Delete Method to Class",
+        byIdentity
+            ? "A Delete Method will be added to this class (NO RECORDS WILL EVER BE AFFECTED BY THIS APPLICATION).\r\nThe delete method in this class will delete rows based on the Identity Column value."
+            : "A Delete Method will be added to this class (NO RECORDS WILL EVER BE AFFECTED BY THIS APPLICATION).\r\nThe delete method in this class will delete rows based on the Primary Key value(s).",
+        MessageIcon::Information);
+}
+
 ColumnArgument ArgumentFor(const std::string& columnName, const std::string& dataType)
 {
     return {.VariableName = ArgumentName(columnName), .DataType = dataType, .ColumnName = columnName};
@@ -52,7 +63,7 @@ ColumnArgument ArgumentFor(const std::string& columnName, const std::string& dat
 
 } // namespace
 
-bool ChooseRowIdentifier(ClassEdit& edit, RowMethod method)
+bool ChooseRowIdentifier(ClassEdit& edit, RowMethod method, Occasion occasion)
 {
     const Flags flags = FlagsOf(edit.Class, method);
     flags.ByIdentity = FirstKey(edit.Class, key_type::kIdentityColumn) != nullptr;
@@ -64,6 +75,8 @@ bool ChooseRowIdentifier(ClassEdit& edit, RowMethod method)
     if (flags.ByIdentity && flags.ByPrimaryKey) {
         flags.ByIdentity = edit.Messages.Ask(ChoiceQuestion(method)) == Answer::Yes;
         flags.ByPrimaryKey = !flags.ByIdentity;
+    } else if (method == RowMethod::Delete && occasion == Occasion::Ticked) {
+        TellOfDelete(edit.Messages, flags.ByIdentity);
     }
     return true;
 }

@@ -14,9 +14,17 @@ enum class RowMethod
     Delete,
 };
 
+// Why a class gets built-in methods.
+enum class Occasion
+{
+    NewClass, // it is part of what a new class has
+    Ticked,   // the person has ticked it
+};
+
 // Sets the two flags of the method (RetrieveByIdentityCol and RetrieveByPrimaryKey, or DeleteByIdentityColumn and
 // DeleteByPrimaryKey) from the keys of the class, asking when it has both. False, which is told, if it has neither.
-[[nodiscard]] bool ChooseRowIdentifier(ClassEdit& edit, RowMethod method);
+// Of a Delete that the person has ticked it is told what it does.
+[[nodiscard]] bool ChooseRowIdentifier(ClassEdit& edit, RowMethod method, Occasion occasion = Occasion::NewClass);
 
 // An argument that stands for a column.
 struct ColumnArgument

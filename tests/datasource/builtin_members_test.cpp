@@ -283,6 +283,49 @@ TEST_F(BuiltInMembersTest, WithBothKeysDeleteAsks)
     EXPECT_EQ(Signature(item.TTCMethods.Item("Delete")->Arguments), (Texts{"aCustomer_ID:String", "aYear:Integer"}));
 }
 
+TEST_F(BuiltInMembersTest, ADeleteThatThePersonTicksIsExplained)
+{
+    AddPrimaryKey();
+    AcceptBuiltInMethods(edit, {"Delete", "Retrieve"}, Occasion::Ticked);
+    item.TTCKeys.Clear();
+    item.TTCMembers.Remove("Delete");
+    item.TTCMethods.Remove("Delete");
+    AddIdentity();
+    AcceptBuiltInMethods(edit, {"Delete"}, Occasion::Ticked);
+    ASSERT_EQ(Titles(), (Texts{"Add Delete Method to Class", "Add Delete Method to Class"}));
+    EXPECT_EQ(
+        messages.Asked().at(0).Text,
+        "A Delete Method will be added to this class (NO RECORDS WILL EVER BE AFFECTED BY THIS APPLICATION).\r\nThe delete method in this class will delete rows based on the Primary Key value(s).");
+    EXPECT_EQ(
+        messages.Asked().at(1).Text,
+        "A Delete Method will be added to this class (NO RECORDS WILL EVER BE AFFECTED BY THIS APPLICATION).\r\nThe delete method in this class will delete rows based on the Identity Column value.");
+    EXPECT_EQ(messages.Asked().at(0).Offered, Buttons::Ok);
+    EXPECT_EQ(messages.Asked().at(0).Icon, MessageIcon::Information);
+}
+
+TEST_F(BuiltInMembersTest, ADeleteWithBothKeysIsExplainedByTheQuestionAlone)
+{
+    AddIdentity();
+    AddPrimaryKey();
+    AcceptBuiltInMethods(edit, {"Delete"}, Occasion::Ticked);
+    ASSERT_EQ(messages.Asked().size(), 1U);
+    EXPECT_EQ(messages.Asked().front().Offered, Buttons::YesNo);
+}
+
+TEST_F(BuiltInMembersTest, TheDeleteOfANewClassComesWithoutAWord)
+{
+    AddPrimaryKey();
+    AcceptDefaultMembers(edit);
+    EXPECT_TRUE(item.TTCMethods.Contains("Delete"));
+    EXPECT_TRUE(messages.Asked().empty());
+}
+
+TEST_F(BuiltInMembersTest, ADeleteThatIsRefusedIsNotExplained)
+{
+    AcceptBuiltInMethods(edit, {"Delete"}, Occasion::Ticked);
+    EXPECT_EQ(Titles(), Texts{"No Row Identifier Found"});
+}
+
 TEST_F(BuiltInMembersTest, WithoutAKeyRetrieveAndDeleteAreRefused)
 {
     item.RetrieveByPrimaryKey = true;

@@ -6,15 +6,16 @@
 namespace veldrane {
 namespace {
 
-// A connection that is gone is no limitation of the provider.
-void ReadParametersIfGiven(const ProcedurePicker& picker, const TTCMethods& methods, SPs& selected)
+// Whether the provider gave them. A connection that is gone is no limitation of the provider.
+bool ReadParametersIfGiven(const ProcedurePicker& picker, const TTCMethods& methods, SPs& selected)
 {
     try {
         ReadParameters(OpenSource(picker.Source), methods, selected);
+        return true;
     } catch (const DataSourceError& error) {
         if (error.Number == data_source_error::kNoOpenConnection)
             throw;
-        TellParametersMissing(picker.Messages);
+        return false;
     }
 }
 
@@ -90,8 +91,13 @@ void PickStoredProcedures(const ProcedurePicker& picker, const TTCMethods& metho
                           const TickProcedures& tick)
 {
     Guarded(picker.Errors, "frmPickSP", "PickStoredProcedures", [&] {
-        ReadProcedures(OpenSource(picker.Source), selected);
-        ReadParametersIfGiven(picker, methods, selected);
+        bool hasParameters = true;
+        picker.Watched([&] {
+            ReadProcedures(OpenSource(picker.Source), selected);
+            hasParameters = ReadParametersIfGiven(picker, methods, selected);
+        });
+        if (!hasParameters)
+            TellParametersMissing(picker.Messages);
         const std::optional<std::vector<std::string>> ticked = tick(RowsOf(selected));
         if (!ticked)
             return;

@@ -44,6 +44,10 @@ struct ProcedurePicker
     Catalog* Source = nullptr; // nothing when no data source is open
     veldrane::Messages& Messages;
     ErrorReport& Errors;
+
+    // Runs the reading, under the signs of it that a person is to see. It ends by ReadingCancelled where the person
+    // ends it.
+    std::function<void(const std::function<void()>& reading)> Watched = [](const auto& reading) { reading(); };
 };
 
 // Fills `selected` with all procedures of the data source; the list shows those that stand under their names. Those

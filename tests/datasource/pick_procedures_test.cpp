@@ -238,5 +238,29 @@ TEST_F(PickStoredProceduresTest, AnyOtherFailureIsReportedAndNothingIsShown)
     EXPECT_TRUE(messages.Asked().empty());
 }
 
+TEST_F(PickStoredProceduresTest, WhoeverWatchesTheReadingDoesNotWatchThePersonTick)
+{
+    catalog.ProcedureNames = {"Ping"};
+    catalog.Failures["ProcedureParameters"] = data_source_error::kNotSupported;
+    bool isWatched = false;
+    bool isRead = false;
+    const ProcedurePicker watched{.Source = &catalog,
+                                  .Messages = messages,
+                                  .Errors = errors,
+                                  .Watched = [&](const std::function<void()>& reading) {
+                                      isWatched = true;
+                                      reading();
+                                      isRead = !catalog.Calls.empty() && messages.Asked().empty();
+                                      isWatched = false;
+                                  }};
+    PickStoredProcedures(watched, methods, selected, [&](const std::vector<ListRow>& rows) {
+        EXPECT_FALSE(isWatched);
+        EXPECT_EQ(rows.size(), 1U);
+        return std::nullopt;
+    });
+    EXPECT_TRUE(isRead) << "the box about the parameters stands outside of it";
+    EXPECT_EQ(messages.Asked().size(), 1U);
+}
+
 } // namespace
 } // namespace veldrane

@@ -23,6 +23,8 @@ struct TTCParameter
     bool IsArray = false;
     std::int16_t Index = 0; // 1-based position in the argument list
     std::string ColumnName; // the database column that the argument stands for, where a built-in method binds it
+
+    friend bool operator==(const TTCParameter&, const TTCParameter&) = default;
 };
 
 // The arguments of a method.

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "editors/editor_dialogs.h"
 #include "editors/frm_add_edit_class.h"
 #include "projectfile/class_writer.h"
+#include "scripted_editor_dialogs.h"
 #include "shell/no_conflicts.h"
 #include "support/fake_connection.h"
 #include "support/memory_application.h"
@@ -74,15 +74,6 @@ class ScriptedMembers : public MemberDialogs
         Opened.push_back(std::move(name));
         return Do && Do(item);
     }
-};
-
-// A person in front of the editor: does what the test says, and else accepts what it proposes.
-class ScriptedEditorDialogs : public EditorDialogs
-{
-  public:
-    bool Show(frmAddEditClass& form) override { return InClass ? InClass(form) : form.cmdOK_Click(); }
-
-    std::function<bool(frmAddEditClass&)> InClass;
 };
 
 // A project on a data source with customers, their orders and shippers, and what an editor of its classes works with.

@@ -96,7 +96,7 @@ TEST_F(ShownEditor, WithoutADataSourceAClassIsOfferedWithoutFields)
 {
     IsOpen = false;
     bool shown = false;
-    Dialogs.InClass = [&](frmAddEditClass& form) {
+    Dialogs.Class = [&](frmAddEditClass& form) {
         shown = true;
         EXPECT_EQ(form.txtClassName(), "Order");
         EXPECT_THAT(form.Rows(ClassList::lstProperties), IsEmpty());
@@ -138,7 +138,7 @@ TEST_F(ShownEditor, MovesAClassWithAllThatItHas)
 TEST_F(MoveWithoutAnswer, IsToldAndGivenUpByThePerson)
 {
     IsOpen = false;
-    Dialogs.InClass = [](frmAddEditClass& form) { return !form.cmdCancel_Click(); };
+    Dialogs.Class = [](frmAddEditClass& form) { return !form.cmdCancel_Click(); };
     const std::string before = Saved();
     EXPECT_FALSE(Editor.Move(order, "Shipper"));
     ASSERT_EQ(Errors.Reported.size(), 1U);
@@ -161,7 +161,7 @@ TEST_F(MoveWithoutAnswer, KeepsTheKeysAndPropertiesOfTheClass)
 TEST_F(MoveWithoutAnswer, FromADataSourceThatFailsIsToldAndTheClassCanBeLeftInItsPlace)
 {
     Source.Content.Failures = {{"Keys", data_source_error::kFailed}};
-    Dialogs.InClass = [](frmAddEditClass& form) { return !form.cmdCancel_Click(); };
+    Dialogs.Class = [](frmAddEditClass& form) { return !form.cmdCancel_Click(); };
     EXPECT_FALSE(Editor.Move(order, "Shipper"));
     EXPECT_THAT(Titles(), ElementsAre("Unable to display Relationships"));
     EXPECT_EQ(Messages.Asked()[0].Text,

@@ -14,7 +14,7 @@ class FrmMainClasses : public testing::FrmMainTest
   protected:
     FrmMainClasses()
     {
-        Windows.ClassEditors.InClass = [this](frmAddEditClass& form) {
+        Windows.ClassEditors.Class = [this](frmAddEditClass& form) {
             shape_ = World.Pointer.Current;
             status_ = Form.Status().Status();
             return inEditor_ ? inEditor_(form) : form.cmdOK_Click();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editors/frm_add_edit_class.h"
+#include "editors/scripted_editor_dialogs.h"
 #include "scripted_look_dialogs.h"
 #include "shell/main_window/main_window_dialogs.h"
 
@@ -10,20 +10,6 @@
 #include <vector>
 
 namespace veldrane::testing {
-
-// A person in front of the editors of definitions: does what the test says in each, and else accepts what it proposes.
-class ScriptedEditors : public EditorDialogs
-{
-  public:
-    bool Show(frmAddEditClass& form) override
-    {
-        Opened.push_back(form.Caption());
-        return InClass ? InClass(form) : form.cmdOK_Click();
-    }
-
-    std::function<bool(frmAddEditClass&)> InClass;
-    std::vector<std::string> Opened; // by their captions
-};
 
 // A person in front of the main window's dialogs: does what the test says in each, and else leaves it at once. Keeps
 // which were opened, by their names.
@@ -94,7 +80,7 @@ class ScriptedWindows : public MainWindowDialogs
     std::function<void(TTCProject&, KZMClasses&)> InGenCode;
     std::deque<std::string> TablesNamed;
     ScriptedLookDialogs LooksChosen;
-    ScriptedEditors ClassEditors;
+    ScriptedEditorDialogs ClassEditors;
 
     std::vector<std::string> Opened;
     std::vector<std::string> Warned;     // by frmWarning

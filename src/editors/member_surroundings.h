@@ -1,0 +1,17 @@
+#pragma once
+
+#include "datasource/class_edit.h"
+#include "editors/editor_dialogs.h"
+#include "preview/preview.h"
+
+namespace veldrane {
+
+// What the dialogs of a method or an event work with. All must outlive them.
+struct MemberSurroundings
+{
+    ClassEdit& Edit; // the class that the member is of, as its editor holds it
+    const PreviewSource& Generated;
+    EditorDialogs& Dialogs;
+};
+
+} // namespace veldrane

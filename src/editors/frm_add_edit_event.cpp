@@ -1,0 +1,97 @@
+#include "editors/frm_add_edit_event.h"
+
+#include "datasource/naming.h"
+#include "editors/discard_changes.h"
+#include "editors/member_preview.h"
+#include "editors/put_member.h"
+#include "model/working_copy.h"
+
+#include <utility>
+
+namespace veldrane {
+namespace {
+
+constexpr std::string_view kFormName = "frmAddEditEvent";
+constexpr std::string_view kNameControl = "txtEventName";
+
+std::shared_ptr<const ttcEvent> PresentEvent(const KZMClass& item, const std::string& key)
+{
+    const std::shared_ptr<ttcEvent> present = item.TTCEvents.Item(key);
+    return present ? WorkingCopy(*present) : std::make_shared<ttcEvent>();
+}
+
+} // namespace
+
+frmAddEditEvent::frmAddEditEvent(const MemberSurroundings& surroundings, std::string key)
+    : surroundings_(surroundings), key_(std::move(key)), present_(PresentEvent(surroundings.Edit.Class, key_)),
+      arguments_(surroundings, kFormName, ArgumentsOf(present_->TTCEventParameters),
+                 [this](const Arguments& list) { return PreviewWith(list); })
+{
+    txtEventName = present_->EventName;
+}
+
+std::string frmAddEditEvent::Caption() const
+{
+    // "Method", for an event too.
+    return key_.empty() ? "Add New Event" : "Edit " + present_->EventName + " Method";
+}
+
+TypedName frmAddEditEvent::NameRules() const
+{
+    return EventNameRules(surroundings_.Edit.Class, present_->EventName, surroundings_.Edit.CodePage);
+}
+
+std::string frmAddEditEvent::Trouble(std::string_view control) const
+{
+    return control == kNameControl && txtEventName_Enabled() ? NameTrouble(txtEventName, NameRules()) : std::string();
+}
+
+std::shared_ptr<ttcEvent> frmAddEditEvent::Edited(const Arguments& arguments) const
+{
+    std::shared_ptr<ttcEvent> event = WorkingCopy(*present_);
+    if (txtEventName_Enabled())
+        event->EventName = MakeValidName(txtEventName);
+    if (arguments != ArgumentsOf(event->TTCEventParameters)) // what was not touched stays as it is
+        StoreArguments(arguments, event->TTCEventParameters);
+    return event;
+}
+
+std::shared_ptr<ttcEvent> frmAddEditEvent::PutInto(KZMClass& item, const Arguments& arguments) const
+{
+    return PutMember(item.TTCEvents, item.TTCMembers, key_, Edited(arguments), &ttcEvent::EventName);
+}
+
+TTCOutputs frmAddEditEvent::PreviewWith(const Arguments& arguments) const
+{
+    const std::shared_ptr<KZMClass> copy = WorkingCopy(surroundings_.Edit.Class);
+    const std::shared_ptr<ttcEvent> event = PutInto(*copy, arguments);
+    return EventPreview(surroundings_.Generated, *copy, *event);
+}
+
+bool frmAddEditEvent::IsModified() const
+{
+    return txtEventName != present_->EventName || arguments_.IsModified();
+}
+
+bool frmAddEditEvent::cmdOK_Click()
+{
+    ClassEdit& edit = surroundings_.Edit;
+    bool accepted = false;
+    Guarded(edit.Errors, kFormName, "cmdOK_Click", [&] {
+        accepted = !txtEventName_Enabled() || AcceptName(txtEventName, NameRules(), edit.Messages);
+        if (accepted)
+            PutInto(edit.Class, arguments_.Items());
+        else
+            FocusWanted.Raise(kNameControl);
+    });
+    return accepted;
+}
+
+bool frmAddEditEvent::cmdCancel_Click()
+{
+    return !IsModified() ||
+           ConfirmDiscard(surroundings_.Edit.Messages,
+                          "This event has been modified, do you want to discard all changes to this event?");
+}
+
+} // namespace veldrane

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "datasource/typed_name.h"
+#include "editors/argument_list.h"
+#include "editors/member_surroundings.h"
+#include "editors/type_list.h"
+#include "model/signal.h"
+
+#include <array>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace veldrane {
+
+// The items of the scope box of a method.
+inline constexpr std::array<std::string_view, 3> kMethodScopes{"Public", "Private", "Friend"};
+
+// The dialog of a method of the user's, or of what a person may change of a built-in one. OK alone changes the class.
+class frmAddEditMethod
+{
+  public:
+    // A new method, or the one under `key` in the class. `surroundings` must outlive the dialog.
+    explicit frmAddEditMethod(const MemberSurroundings& surroundings, std::string key = "");
+    frmAddEditMethod(const frmAddEditMethod&) = delete;
+    frmAddEditMethod& operator=(const frmAddEditMethod&) = delete;
+
+    [[nodiscard]] std::string Caption() const;
+
+    // The name of a built-in method, and of one that calls a procedure, stays: the generator knows it by that.
+    std::string txtMethodName;
+    [[nodiscard]] bool txtMethodName_Enabled() const;
+
+    std::string cmbReturnType; // the key of the item selected
+    [[nodiscard]] std::vector<TypeItem> ReturnTypes() const;
+
+    std::string cmbScope; // one of kMethodScopes
+
+    // Ticking it asks if another member is the default of the class.
+    [[nodiscard]] bool chkDefault() const { return isDefault_; }
+    void chkDefault_Click(bool on);
+
+    [[nodiscard]] ArgumentList& lstArguments() { return arguments_; }
+
+    // What is wrong with the text of the control, in the words of the first box that OK would show; "" if nothing.
+    [[nodiscard]] std::string Trouble(std::string_view control) const;
+
+    // The lines that are generated for the method as the dialog has it.
+    [[nodiscard]] TTCOutputs Preview() const { return PreviewWith(arguments_.Items()); }
+
+    // False if the dialog stays. Cancel asks before it gives up changes.
+    [[nodiscard]] bool cmdOK_Click();
+    [[nodiscard]] bool cmdCancel_Click();
+
+    Signal<> Changed;
+    Signal<std::string_view> FocusWanted; // by the control of this name
+
+  private:
+    [[nodiscard]] TypedName NameRules() const;
+    [[nodiscard]] bool IsModified() const;
+    [[nodiscard]] std::shared_ptr<TTCMethod> Edited(const Arguments& arguments) const;
+    std::shared_ptr<TTCMethod> PutInto(KZMClass& item, const Arguments& arguments) const;
+    [[nodiscard]] TTCOutputs PreviewWith(const Arguments& arguments) const;
+
+    const MemberSurroundings& surroundings_;
+    std::string key_;                          // "" for a new method
+    std::shared_ptr<const TTCMethod> present_; // as it was when the dialog came up
+    bool isDefault_ = false;
+    ArgumentList arguments_;
+};
+
+} // namespace veldrane

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "editors/built_in_rows.h"
+#include "editors/member_surroundings.h"
+#include "generator/outputs.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace veldrane {
+
+// The dialog that offers the events that the generator knows how to write, as far as the class can have them.
+class frmBuiltInEvents
+{
+  public:
+    // Those that the class has stand ticked at first. `surroundings` must outlive the dialog.
+    explicit frmBuiltInEvents(const MemberSurroundings& surroundings);
+
+    [[nodiscard]] const std::vector<BuiltInRow>& lstEvents() const { return rows_.Rows(); }
+
+    // Ticks or unticks the rows at these positions, from 0; one that the class has stays ticked.
+    void lstEvents_ItemCheck(const std::vector<std::size_t>& positions, bool on) { rows_.Tick(positions, on); }
+
+    // The lines that are generated for the event of the row.
+    [[nodiscard]] TTCOutputs Preview(std::size_t row) const;
+
+    // Gives the class the ticked events.
+    [[nodiscard]] bool cmdOK_Click();
+    [[nodiscard]] static bool cmdCancel_Click() { return true; }
+
+  private:
+    const MemberSurroundings& surroundings_;
+    BuiltInRows rows_;
+};
+
+} // namespace veldrane

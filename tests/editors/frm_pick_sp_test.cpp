@@ -1,0 +1,111 @@
+#include "editors/frm_pick_sp.h"
+
+#include "member_fixture.h"
+
+namespace veldrane {
+namespace {
+
+using testing::Texts;
+
+class PickSPTest : public testing::MemberTest
+{
+  protected:
+    PickSPTest()
+    {
+        catalog.ProcedureNames = {"GetOrders;1", "Ping"};
+        CatalogParameter row{.ProcedureName = "GetOrders;1", .Parameter = {}};
+        row.Parameter.ParameterName = "@CustomerID";
+        row.Parameter.DataType = "int";
+        row.Parameter.Direction = parameter_direction::kInput;
+        catalog.Parameters = {row};
+    }
+
+    [[nodiscard]] Texts MethodNamesOfSelected() const { return NamesOf(selected, &SP::SPMethodName); }
+
+    SPs selected;
+};
+
+TEST_F(PickSPTest, ListsTheProceduresAndNamesTheTickedOnes)
+{
+    dialogs.PickSP = [](frmPickSP& form) {
+        EXPECT_EQ(form.lstSPs().size(), 2U);
+        EXPECT_EQ(form.lstSPs().at(0).Row.Text, "GetOrders;1");
+        EXPECT_EQ(form.lstSPs().at(0).Row.Icon, "SP");
+        EXPECT_FALSE(form.lstSPs().at(0).Ticked);
+        form.lstSPs_ItemCheck({0, 1}, true);
+        form.lstSPs_ItemCheck({1}, false);
+        return form.cmdOK_Click();
+    };
+    EXPECT_TRUE(frmPickSP(surroundings).PickStoredProcedures(item.TTCMethods, selected));
+    EXPECT_EQ(MethodNamesOfSelected(), (Texts{"GetOrders", ""}));
+}
+
+TEST_F(PickSPTest, CancelNamesNone)
+{
+    dialogs.PickSP = [](frmPickSP& form) {
+        form.lstSPs_ItemCheck({0, 1}, true);
+        return !form.cmdCancel_Click();
+    };
+    EXPECT_FALSE(frmPickSP(surroundings).PickStoredProcedures(item.TTCMethods, selected));
+    EXPECT_EQ(MethodNamesOfSelected(), (Texts{"", ""}));
+}
+
+TEST_F(PickSPTest, ARowShowsItsParametersAndItsFunction)
+{
+    dialogs.PickSP = [](frmPickSP& form) {
+        EXPECT_EQ(form.lstParameters(0).size(), 1U);
+        EXPECT_EQ(form.lstParameters(0).front().Direction, "Input");
+        EXPECT_TRUE(form.lstParameters(1).empty());
+        const TTCOutputs lines = form.Preview(0);
+        EXPECT_TRUE(lines.Item(1).LineText.starts_with("Public Function GetOrders(ByVal CustomerID as Long, "))
+            << lines.Item(1).LineText;
+        return false;
+    };
+    EXPECT_FALSE(frmPickSP(surroundings).PickStoredProcedures(item.TTCMethods, selected));
+    EXPECT_EQ(MethodNamesOfSelected(), (Texts{"", ""})) << "a preview names nothing";
+}
+
+TEST_F(PickSPTest, AnUnreachableDatabaseIsReportedAndNothingIsShown)
+{
+    catalog.Failures["Procedures"] = data_source_error::kNoOpenConnection;
+    EXPECT_FALSE(frmPickSP(surroundings).PickStoredProcedures(item.TTCMethods, selected));
+    edit.Source = nullptr;
+    EXPECT_FALSE(frmPickSP(surroundings).PickStoredProcedures(item.TTCMethods, selected));
+    ASSERT_EQ(errors.Reported.size(), 2U);
+    for (const testing::RecordedError& reported : errors.Reported) {
+        EXPECT_EQ(reported.Place.ModuleName, "frmPickSP");
+        EXPECT_EQ(reported.Place.RoutineName, "PickStoredProcedures");
+        EXPECT_EQ(reported.Error.Number, data_source_error::kNoOpenConnection);
+    }
+}
+
+TEST_F(PickSPTest, MissingParametersAreToldAndTheDialogComesUp)
+{
+    catalog.Failures["ProcedureParameters"] = data_source_error::kNotSupported;
+    dialogs.PickSP = [](frmPickSP&) { return false; };
+    EXPECT_FALSE(frmPickSP(surroundings).PickStoredProcedures(item.TTCMethods, selected));
+    EXPECT_EQ(Titles(), Texts{"OLE DB Provider Limitation"});
+    EXPECT_EQ(
+        Told(),
+        Texts{
+            "Parameters are not supported by the OLE DB Provider you are currently using.  NO Parameters will be included in the Stored Procedure Definition."});
+}
+
+TEST_F(PickSPTest, TheReadingAloneIsWatched)
+{
+    bool isWatched = false;
+    dialogs.PickSP = [&](frmPickSP&) {
+        EXPECT_FALSE(isWatched);
+        return false;
+    };
+    catalog.Answering = [&](const std::string& /*call*/) { EXPECT_TRUE(isWatched); };
+    frmPickSP(surroundings, [&](const std::function<void()>& reading) {
+        isWatched = true;
+        reading();
+        isWatched = false;
+    }).PickStoredProcedures(item.TTCMethods, selected);
+    EXPECT_EQ(catalog.Calls, (Texts{"Procedures", "ProcedureParameters"}));
+}
+
+} // namespace
+} // namespace veldrane

@@ -29,7 +29,7 @@ std::shared_ptr<Member> PutMember(Members& members, TTCMembers& names, const std
                                   std::shared_ptr<Member> member, std::string Member::*name)
 {
     const std::string after = (*member).*name;
-    const std::shared_ptr<Member> present = members.Item(key);
+    std::shared_ptr<Member> present = members.Item(key);
     if (!present) {
         names.Add(after, after);
         members.AddExisting(member, after);

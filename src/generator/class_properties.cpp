@@ -52,20 +52,23 @@ void WriteKeySetter(const PropertyEmitter& emit)
 
 } // namespace
 
+void WriteProperty(const PropertyEmitter& emit, DefaultMark& mark)
+{
+    if (emit.Scope().Property.PlusProperty) {
+        WriteBuiltInProperty(emit);
+        return;
+    }
+    if (emit.Scope().Property.AddToClass)
+        WritePropertyRoutines(emit, mark);
+    ForEachLookupField(emit, WriteLookupField);
+}
+
 TTCOutputs WriteClassProperties(const ClassScope& scope)
 {
     TTCOutputs lines(scope.Settings.Colors);
     const ClassEmitter emit(lines, scope);
     DefaultMark mark;
-    ForEachProperty(emit, [&](const PropertyEmitter& property) {
-        if (property.Scope().Property.PlusProperty) {
-            WriteBuiltInProperty(property);
-            return;
-        }
-        if (property.Scope().Property.AddToClass)
-            WritePropertyRoutines(property, mark);
-        ForEachLookupField(property, WriteLookupField);
-    });
+    ForEachProperty(emit, [&](const PropertyEmitter& property) { WriteProperty(property, mark); });
     ForEachChild(emit, WriteChildCollection);
     if (scope.Class.RetrieveByPrimaryKey)
         ForEachPrimaryKeyProperty(emit, WriteKeySetter);

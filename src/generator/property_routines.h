@@ -22,4 +22,7 @@ void WriteBuiltInProperty(const PropertyEmitter& emit);
 // The Get and the Let or Set of any other property, as far as it has them.
 void WritePropertyRoutines(const PropertyEmitter& emit, DefaultMark& mark);
 
+// All that the section has for a property of either kind: its routines, and those of its lookup fields.
+void WriteProperty(const PropertyEmitter& emit, DefaultMark& mark);
+
 } // namespace veldrane

@@ -8,6 +8,7 @@
 #include "text/strings.h"
 
 #include <cstdint>
+#include <optional>
 #include <unordered_set>
 #include <utility>
 
@@ -115,20 +116,38 @@ void AddAttachedTables(RowList& rows, const DataSourceView& view, std::string_vi
     }
 }
 
+// The icons of the rows that a list has.
+struct RowIcons
+{
+    std::string_view Table;
+    std::optional<std::string_view> View{}; // none where views are not listed
+};
+
+// None for a table-like object that is not listed.
+std::optional<std::string_view> IconOf(const CatalogTable& table, const RowIcons& icons, bool showsSystemTables)
+{
+    if (table.Type == "TABLE" || (showsSystemTables && table.Type == "SYSTEM TABLE"))
+        return icons.Table;
+    if (table.Type == "VIEW" || (showsSystemTables && table.Type == "SYSTEM VIEW"))
+        return icons.View;
+    return std::nullopt;
+}
+
 // Calls `shown` for the rows that were added, with the table of each.
 template <class Shown>
-void AddCatalogTables(RowList& rows, const DataSourceView& view, std::string_view icon, std::int32_t limit,
+void AddCatalogTables(RowList& rows, const DataSourceView& view, const RowIcons& icons, std::int32_t limit,
                       Shown&& shown)
 {
-    const std::string_view systemWord = ShowsSystemTables(view) ? "SYSTEM TABLE" : "";
+    const bool showsSystemTables = ShowsSystemTables(view);
     std::int32_t next = 1;
     for (const CatalogTable& table : view.Source->Tables()) {
         if (limit >= 1 && next > limit)
             return;
-        if (table.Type != "TABLE" && (systemWord.empty() || table.Type != systemWord))
+        const auto icon = IconOf(table, icons, showsSystemTables);
+        if (!icon)
             continue;
         ListRow row = Row(table.Name, table.Name);
-        row.Icon = icon;
+        row.Icon = *icon;
         row.Tag = table.Name;
         if (!rows.Add(std::move(row)))
             continue;
@@ -149,7 +168,7 @@ void AddTableRows(RowList& rows, const DataSourceView& view, std::string_view ic
         AddAttachedTables(rows, view, icon);
     }
     if (limit != kManualMode)
-        PassingOverUnsupported([&] { AddCatalogTables(rows, view, icon, limit, shown); });
+        PassingOverUnsupported([&] { AddCatalogTables(rows, view, {.Table = icon}, limit, shown); });
 }
 
 // Overloaded procedures share a name and a row.
@@ -217,6 +236,21 @@ std::vector<ListRow> DisplayDataSourceTablesInComboBox(const DataSourceView& vie
         UntilCancelled(
             [&] { AddTableRows(rows, view, icon, limit, RowColour::Default, [](ListRow&, const CatalogTable&) {}); });
     });
+    return std::move(rows.Rows());
+}
+
+std::vector<ListRow> LookupTables(const DataSourceView& view, std::string_view routine)
+{
+    RequireSource(view);
+    RowList rows;
+    const std::int32_t limit = ReadLimit(view, "MaxTablesToDisplay", routine);
+    if (limit != kAllTables)
+        AddAttachedTables(rows, view, "Table");
+    if (limit != kManualMode)
+        PassingOverUnsupported([&] {
+            AddCatalogTables(rows, view, {.Table = "Table", .View = "View"}, limit,
+                             [](ListRow&, const CatalogTable&) {});
+        });
     return std::move(rows.Rows());
 }
 

@@ -69,4 +69,9 @@ struct DataSourceView
 // The tables alone, as a combo box offers them: nothing is marked or warned of.
 [[nodiscard]] std::vector<ListRow> DisplayDataSourceTablesInComboBox(const DataSourceView& view, std::string_view icon);
 
+// The tables and the views that a lookup may join, with the icons "Table" and "View"; where the person names the tables
+// by hand, those alone. A setting that can't be written is reported as met in the routine. Throws DataSourceError and
+// ReadingCancelled.
+[[nodiscard]] std::vector<ListRow> LookupTables(const DataSourceView& view, std::string_view routine);
+
 } // namespace veldrane

@@ -419,5 +419,58 @@ TEST_F(TableListsTest, AComboBoxReportsUnderItsOwnName)
     EXPECT_EQ(errors.Reported.size(), 1U);
 }
 
+class LookupTablesTest : public TableListsTest
+{
+  protected:
+    LookupTablesTest()
+    {
+        AddTables({"Orders", "Customers"});
+        catalog.Add("Totals", "VIEW");
+        catalog.Add("sysTables", "SYSTEM TABLE");
+        catalog.Add("sysViews", "SYSTEM VIEW");
+        catalog.Add("Alias", "SYNONYM");
+        project.AttachedTables.Add("Attached", "Attached");
+    }
+
+    // "icon:key" of each.
+    Texts Rows()
+    {
+        Texts texts;
+        for (const ListRow& row : LookupTables(view, "DisplayTables"))
+            texts.push_back(row.Icon + ":" + row.Key);
+        return texts;
+    }
+};
+
+TEST_F(LookupTablesTest, AreTablesAndViewsWithTheirIcons)
+{
+    EXPECT_EQ(Rows(), (Texts{"Table:Attached", "Table:Orders", "Table:Customers", "View:Totals"}));
+    EXPECT_EQ(Option("MaxTablesToDisplay"), "3000");
+}
+
+TEST_F(LookupTablesTest, FollowTheSettings)
+{
+    Option("MaxTablesToDisplay", "0");
+    EXPECT_EQ(Rows(), (Texts{"Table:Orders", "Table:Customers", "View:Totals"}));
+    Option("ShowSystemTables", "1");
+    EXPECT_EQ(Rows(), (Texts{"Table:Orders", "Table:Customers", "View:Totals", "Table:sysTables", "View:sysViews"}));
+    Option("MaxTablesToDisplay", "1");
+    EXPECT_EQ(Rows(), (Texts{"Table:Attached", "Table:Orders"}));
+    catalog.Calls.clear();
+    Option("MaxTablesToDisplay", "-1");
+    EXPECT_EQ(Rows(), Texts{"Table:Attached"});
+    EXPECT_TRUE(catalog.Calls.empty());
+}
+
+TEST_F(LookupTablesTest, AreAsManyAsTheDataSourceSupports)
+{
+    catalog.Failures["Tables"] = data_source_error::kNotSupported;
+    EXPECT_EQ(Rows(), Texts{"Table:Attached"});
+    catalog.Failures["Tables"] = data_source_error::kFailed;
+    EXPECT_THROW(Rows(), DataSourceError);
+    view.Source = nullptr;
+    EXPECT_THROW(Rows(), DataSourceError);
+}
+
 } // namespace
 } // namespace veldrane

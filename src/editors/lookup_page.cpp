@@ -1,0 +1,285 @@
+#include "editors/lookup_page.h"
+
+#include "datasource/field_statement.h"
+#include "datasource/naming.h"
+#include "datasource/type_table.h"
+#include "editors/property_name.h"
+#include "editors/told_text.h"
+#include "text/case_folding.h"
+#include "text/strings.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace veldrane {
+namespace {
+
+constexpr std::string_view kForm = "frmFieldProperties";
+
+ListRow Row(std::string_view text, std::string_view icon)
+{
+    ListRow row;
+    row.Key = text;
+    row.Text = text;
+    row.Icon = icon;
+    return row;
+}
+
+// The row of a text, without regard to case; behind the last if there is none.
+std::size_t RowOf(const std::vector<ListRow>& rows, std::string_view text)
+{
+    const auto row =
+        std::find_if(rows.begin(), rows.end(), [&](const ListRow& each) { return text::EqualFolded(each.Text, text); });
+    return static_cast<std::size_t>(row - rows.begin());
+}
+
+// Selects the text, which is added if it isn't there.
+std::size_t Select(std::vector<ListRow>& rows, std::string_view text, std::string_view icon)
+{
+    const std::size_t row = RowOf(rows, text);
+    if (row == rows.size())
+        rows.push_back(Row(text, icon));
+    return row;
+}
+
+} // namespace
+
+LookupPage::LookupPage(const PropertySurroundings& surroundings, std::shared_ptr<const TTCProperty> property)
+    : chkUseOuterJoin(property->LookupUseOuterJoin), surroundings_(surroundings), property_(std::move(property))
+{
+    ShowTables({});
+    ShowFields({});
+}
+
+void LookupPage::Load()
+{
+    if (std::exchange(loaded_, true))
+        return;
+    std::vector<ListRow> tables;
+    if (!Read("DisplayTables", [&] { tables = LookupTables(View(), "DisplayTables"); }))
+        return;
+    ShowTables(std::move(tables));
+    if (table_ != 0)
+        ReadFields("DisplayFields");
+}
+
+DataSourceView LookupPage::View() const
+{
+    return {.ConnectionString = {},
+            .Source = surroundings_.Edit.Source,
+            .Project = surroundings_.Generated.Project,
+            .Settings = surroundings_.UserSettings,
+            .Messages = surroundings_.Edit.Messages,
+            .Errors = surroundings_.Edit.Errors};
+}
+
+// False where it failed, which was reported, or the person has ended it.
+bool LookupPage::Read(std::string_view routine, const std::function<void()>& reading) const
+{
+    bool isRead = false;
+    Guarded(surroundings_.Edit.Errors, kForm, routine, [&] { isRead = ReadFromOpenSource(reading); });
+    return isRead;
+}
+
+bool LookupPage::ReadFromOpenSource(const std::function<void()>& reading) const
+{
+    try {
+        surroundings_.Watched(reading);
+        return true;
+    } catch (const ReadingCancelled&) {
+    } catch (const DataSourceError& error) {
+        if (error.Number != data_source_error::kNoOpenConnection)
+            throw;
+        surroundings_.Edit.Errors.ReportError(
+            error,
+            {.Mode = 4,
+             .Hint =
+                 "The DataSource is currently unavailable. Unable to read the tables and fields of a lookup at this time. \r\nYou may continue, but some functionality will be unavailable."});
+    }
+    return false;
+}
+
+void LookupPage::ShowTables(std::vector<ListRow> tables)
+{
+    tables.insert(tables.begin(), Row(kNoLookup, ""));
+    tables_ = std::move(tables);
+    table_ = property_->LookupTable.empty() ? 0 : Select(tables_, property_->LookupTable, "Table");
+}
+
+void LookupPage::cmbTable_Click(std::size_t row)
+{
+    if (row >= tables_.size() || (row == table_ && fieldsRead_))
+        return;
+    table_ = row;
+    ShowFields({});
+    if (table_ != 0)
+        ReadFields("cmbTable_Click");
+}
+
+void LookupPage::ReadFields(std::string_view routine)
+{
+    std::vector<CatalogField> fields;
+    fieldsRead_ = Read(routine, [&] { fields = FieldsOf(TableName()); });
+    if (fieldsRead_)
+        ShowFields(fields);
+}
+
+// Not every data source knows brackets.
+std::vector<CatalogField> LookupPage::FieldsOf(const std::string& table) const
+{
+    Catalog& source = OpenSource(surroundings_.Edit.Source);
+    try {
+        return source.Fields(FieldStatementOf("[" + table + "]"));
+    } catch (const DataSourceError&) {
+        return source.Fields(FieldStatementOf(table));
+    }
+}
+
+void LookupPage::ShowFields(const std::vector<CatalogField>& fields)
+{
+    ShowJoins(fields);
+    rows_.clear();
+    for (const CatalogField& field : fields)
+        if (!field.IsAutoIncrement)
+            rows_.push_back({.FieldName = field.Name,
+                             .PropertyName = text::Without(MakeValidName(field.Name), "_"),
+                             .DataType = std::string(VBTypeOfADOType(field.Type))});
+    if (IsPresentTable())
+        AddPresentFields();
+}
+
+void LookupPage::ShowJoins(const std::vector<CatalogField>& fields)
+{
+    joins_ = {Row(kNoLookup, "")};
+    for (const CatalogField& field : fields)
+        if (field.IsAutoIncrement)
+            joins_.push_back(Row(field.Name, "IdentityCol"));
+    join_ = joins_.size() > 1 ? 1 : 0;
+    if (IsPresentTable() && !property_->LookupJoinField.empty())
+        join_ = Select(joins_, property_->LookupJoinField, "Field");
+}
+
+bool LookupPage::IsPresentTable() const
+{
+    return table_ != 0 && text::EqualFolded(TableName(), property_->LookupTable);
+}
+
+// Alias and type are what they were made when the field was chosen. A field that the table does not give, or gives once
+// and the lookup twice, stands behind the others.
+void LookupPage::AddPresentFields()
+{
+    for (const TTCLookupField& field : property_->TTCLookupFields) {
+        const LookupFieldRow present{.FieldName = field.FieldName,
+                                     .PropertyName = field.PropertyName,
+                                     .DataType = field.FieldDataType,
+                                     .Ticked = true};
+        const auto row = std::find_if(rows_.begin(), rows_.end(), [&](const LookupFieldRow& each) {
+            return !each.Ticked && each.FieldName == field.FieldName;
+        });
+        if (row == rows_.end())
+            rows_.push_back(present);
+        else
+            *row = present;
+    }
+}
+
+void LookupPage::cmbField_Click(std::size_t row)
+{
+    if (row < joins_.size())
+        join_ = row;
+}
+
+void LookupPage::lstFields_ItemCheck(const std::vector<std::size_t>& rows, bool ticked)
+{
+    for (const std::size_t row : rows)
+        if (row < rows_.size())
+            rows_[row].Ticked = ticked;
+}
+
+void LookupPage::lstFields_AfterLabelEdit(std::size_t row, const std::string& alias)
+{
+    if (row >= rows_.size())
+        return;
+    ClassEdit& edit = surroundings_.Edit;
+    rows_[row].PropertyName = SpellingRefusal(alias, edit.CodePage) ? alias : MakeValidName(alias, edit.Messages);
+}
+
+bool LookupPage::MakesLookup() const
+{
+    return table_ != 0 && join_ != 0;
+}
+
+// Free are the aliases that the property has now, and the name that it gives up: unless another member goes by them.
+bool LookupPage::IsAliasTaken(std::size_t row, std::string_view propertyName) const
+{
+    const KZMClass& item = surroundings_.Edit.Class;
+    const std::string& alias = rows_[row].PropertyName;
+    if (text::EqualFolded(alias, propertyName))
+        return true;
+    for (std::size_t other = 0; other < rows_.size(); ++other)
+        if (other != row && rows_[other].Ticked && text::EqualFolded(rows_[other].PropertyName, alias))
+            return true;
+    return item.TTCMembers.Contains(alias) && !IsOwnName(item, *property_, alias);
+}
+
+std::optional<Question> LookupPage::AliasRefusal(std::size_t row, std::string_view propertyName) const
+{
+    if (!MakesLookup() || row >= rows_.size() || !rows_[row].Ticked)
+        return std::nullopt;
+    const ClassEdit& edit = surroundings_.Edit;
+    if (auto refusal = SpellingRefusal(rows_[row].PropertyName, edit.CodePage))
+        return refusal;
+    if (IsAliasTaken(row, propertyName))
+        return NameTaken(edit.Class, rows_[row].PropertyName);
+    return WhatIsTold(
+        [&](Messages& messages) { static_cast<void>(FitsProject(rows_[row].FieldName, edit.CodePage, messages)); });
+}
+
+std::string LookupPage::Trouble(std::size_t row, std::string_view propertyName) const
+{
+    const auto refusal = AliasRefusal(row, propertyName);
+    return refusal ? refusal->Text : std::string();
+}
+
+std::string LookupPage::JoinTrouble() const
+{
+    if (table_ == 0 || join_ != 0)
+        return {};
+    return "No identity field of '" + TableName() + "' is chosen to join it by: the lookup stays as it was.";
+}
+
+std::optional<Question> LookupPage::Refusal(std::string_view propertyName) const
+{
+    if (!MakesLookup())
+        return std::nullopt;
+    const text::CodePage& codePage = surroundings_.Edit.CodePage;
+    auto refusal = WhatIsTold([&](Messages& messages) {
+        static_cast<void>(FitsProject(TableName(), codePage, messages) && FitsProject(JoinField(), codePage, messages));
+    });
+    for (std::size_t row = 0; row < rows_.size() && !refusal; ++row)
+        refusal = AliasRefusal(row, propertyName);
+    return refusal;
+}
+
+void LookupPage::Store(KZMClass& item, TTCProperty& property) const
+{
+    const bool goes = table_ == 0 && !property.LookupTable.empty();
+    if (!goes && !MakesLookup())
+        return;
+    property.LookupTable = goes ? "" : TableName();
+    property.LookupJoinField = goes ? "" : JoinField();
+    property.LookupUseOuterJoin = !goes && chkUseOuterJoin;
+    std::vector<std::string> before;
+    for (const TTCLookupField& field : property.TTCLookupFields)
+        before.push_back(field.PropertyName);
+    property.TTCLookupFields.Clear();
+    for (const std::string& alias : before)
+        ReleaseName(item, alias);
+    if (goes)
+        return;
+    for (const LookupFieldRow& row : rows_)
+        if (row.Ticked && item.TTCMembers.Add(row.PropertyName, row.PropertyName))
+            property.TTCLookupFields.Add(row.FieldName, row.DataType, row.PropertyName, row.PropertyName);
+}
+
+} // namespace veldrane

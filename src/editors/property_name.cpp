@@ -1,0 +1,121 @@
+#include "editors/property_name.h"
+
+#include "datasource/naming.h"
+#include "editors/put_member.h"
+#include "editors/told_text.h"
+#include "text/case_folding.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace veldrane {
+namespace {
+
+// Whether the property or one of its lookup fields is called by the name.
+bool Bears(const TTCProperty& property, std::string_view name)
+{
+    return text::EqualFolded(property.PropertyName, name) ||
+           std::any_of(property.TTCLookupFields.begin(), property.TTCLookupFields.end(),
+                       [&](const TTCLookupField& field) { return text::EqualFolded(field.PropertyName, name); });
+}
+
+// Whether a member other than the property is called by the name; the register is not asked.
+bool IsBorne(const KZMClass& item, const TTCProperty* except, std::string_view name)
+{
+    const auto isNamed = [&](const std::string& each) { return text::EqualFolded(each, name); };
+    return std::any_of(item.TTCProperties.begin(), item.TTCProperties.end(),
+                       [&](const TTCProperty& each) { return &each != except && Bears(each, name); }) ||
+           std::any_of(item.TTCMethods.begin(), item.TTCMethods.end(),
+                       [&](const TTCMethod& each) { return isNamed(each.MethodName); }) ||
+           std::any_of(item.TTCEvents.begin(), item.TTCEvents.end(),
+                       [&](const ttcEvent& each) { return isNamed(each.EventName); });
+}
+
+bool Accept(std::string& typed, const TypedPropertyName& rules, Messages& messages)
+{
+    if (const auto refusal = SpellingRefusal(typed, rules.Edit.CodePage)) {
+        messages.Ask(*refusal);
+        return false;
+    }
+    typed = MakeValidName(typed, messages);
+    if (!IsTaken(typed, rules))
+        return true;
+    messages.Ask(NameTaken(rules.Edit.Class, typed));
+    return false;
+}
+
+} // namespace
+
+std::optional<Question> SpellingRefusal(std::string_view name, const text::CodePage& codePage)
+{
+    if (name.find_first_of(kNameDelimiters) != std::string_view::npos)
+        return Question{.Title = "Invalid Property Name",
+                        .Text = "Invalid Property Name. Please enter a valid name.",
+                        .Icon = MessageIcon::Warning};
+    return WhatIsTold([&](Messages& messages) { static_cast<void>(FitsProject(name, codePage, messages)); });
+}
+
+Question NameTaken(const KZMClass& item, std::string_view name)
+{
+    return {.Title = "Duplicate Property Name",
+            .Text = "The property name '" + std::string(name) + "' conflicts with an existing member of the " +
+                    item.ClassName + " class. Please enter another name.",
+            .Icon = MessageIcon::Warning};
+}
+
+bool IsTaken(std::string_view name, const TypedPropertyName& rules)
+{
+    return (rules.Present.empty() || !text::EqualFolded(name, rules.Present)) &&
+           rules.Edit.Class.TTCMembers.Contains(name);
+}
+
+std::string NameTrouble(std::string_view typed, const TypedPropertyName& rules)
+{
+    const auto told = WhatIsTold([&](Messages& messages) {
+        std::string name(typed);
+        static_cast<void>(Accept(name, rules, messages));
+    });
+    return told ? told->Text : std::string();
+}
+
+bool AcceptName(std::string& typed, const TypedPropertyName& rules)
+{
+    return Accept(typed, rules, rules.Edit.Messages);
+}
+
+bool IsOwnName(const KZMClass& item, const TTCProperty& property, std::string_view name)
+{
+    return Bears(property, name) && !IsBorne(item, &property, name);
+}
+
+void ReleaseName(KZMClass& item, std::string_view name)
+{
+    if (item.TTCMembers.Contains(name) && !IsBorne(item, nullptr, name))
+        item.TTCMembers.Remove(name);
+}
+
+std::shared_ptr<TTCProperty> AddProperty(KZMClass& item, const std::string& name)
+{
+    auto property = std::make_shared<TTCProperty>();
+    property->PropertyName = name;
+    property->AddToClass = true;
+    item.TTCMembers.Add(name, name);
+    item.TTCProperties.AddExisting(property, "");
+    KeyByName(item.TTCProperties, &TTCProperty::PropertyName);
+    return property;
+}
+
+void RenameProperty(KZMClass& item, TTCProperty& property, const std::string& name)
+{
+    const std::string before = std::exchange(property.PropertyName, name);
+    if (text::EqualFolded(before, name)) {
+        if (item.TTCMembers.Contains(before))
+            item.TTCMembers.Remove(before);
+    } else {
+        ReleaseName(item, before);
+    }
+    item.TTCMembers.Add(name, name);
+    KeyByName(item.TTCProperties, &TTCProperty::PropertyName);
+}
+
+} // namespace veldrane

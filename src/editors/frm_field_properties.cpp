@@ -1,0 +1,146 @@
+#include "editors/frm_field_properties.h"
+
+#include "datasource/naming.h"
+#include "editors/default_member.h"
+#include "editors/property_preview.h"
+#include "editors/sample_format.h"
+#include "model/working_copy.h"
+#include "text/conversion.h"
+#include "text/runtime_error.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace veldrane {
+namespace {
+
+constexpr std::string_view kForm = "frmFieldProperties";
+
+// None for a text that is no length.
+std::optional<std::int32_t> LengthOf(const std::string& text)
+{
+    try {
+        const std::int32_t length = text::ToLong(text);
+        return length >= 0 ? std::optional(length) : std::nullopt;
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+frmFieldProperties::frmFieldProperties(const PropertySurroundings& surroundings, std::shared_ptr<TTCProperty> property)
+    : txtPropertyName(property->PropertyName), chkAddFieldToClass(property->AddToClass),
+      chkPropertyGet(property->PropertyGet), Data(*property), Formatting(*property), Lookup(surroundings, property),
+      surroundings_(surroundings), property_(std::move(property)), default_(property_->DefaultProperty)
+{}
+
+void frmFieldProperties::chkDefaultProperty_Click(bool on)
+{
+    const WantedDefault wanted{
+        .Kind = MemberKind::Property, .Present = property_->PropertyName, .Name = txtPropertyName};
+    Guarded(surroundings_.Edit.Errors, kForm, "chkDefaultProperty_Click", [&] {
+        default_ = on && ConfirmDefaultMember(surroundings_.Edit.Class, wanted, surroundings_.Edit.Messages);
+    });
+}
+
+std::span<const std::string_view> frmFieldProperties::Formats() const
+{
+    return SampleFormats(Data.DataType());
+}
+
+void frmFieldProperties::tabMain_Click(FieldTab tab)
+{
+    if (tab == FieldTab::Lookup)
+        Lookup.Load();
+}
+
+// A length that can't be typed now is nobody's fault.
+std::optional<Question> frmFieldProperties::LengthRefusal() const
+{
+    if (!Data.Enabled().txtMaxLength || LengthOf(Data.txtMaxLength))
+        return std::nullopt;
+    return Question{.Title = "Invalid Maximum Length",
+                    .Text = "Invalid Maximum Length. Please enter a whole number from 0 to 2147483647.",
+                    .Icon = MessageIcon::Warning};
+}
+
+std::string frmFieldProperties::Trouble(std::string_view control) const
+{
+    if (control == "txtPropertyName")
+        return NameTrouble(txtPropertyName, NameRules());
+    if (control == "txtMaxLength")
+        return LengthRefusal().value_or(Question{}).Text;
+    return control == "cmbField" ? Lookup.JoinTrouble() : std::string();
+}
+
+std::string frmFieldProperties::Trouble(std::size_t lookupRow) const
+{
+    return Lookup.Trouble(lookupRow, MakeValidName(txtPropertyName));
+}
+
+TTCOutputs frmFieldProperties::Preview() const
+{
+    const KZMClass& item = surroundings_.Edit.Class;
+    const auto copy = WorkingCopy(item);
+    const std::size_t position = PositionOf(item, *property_);
+    if (const auto target = copy->TTCProperties.Item(position))
+        Store(*copy, *target);
+    return PropertyPreview(surroundings_.Generated, *copy, position);
+}
+
+bool frmFieldProperties::Refused(const std::optional<Question>& refusal, std::string_view control)
+{
+    if (!refusal)
+        return false;
+    surroundings_.Edit.Messages.Ask(*refusal);
+    FocusWanted.Raise(control);
+    return true;
+}
+
+// All that may refuse stands before the first change.
+bool frmFieldProperties::MayStore()
+{
+    if (!AcceptName(txtPropertyName, NameRules())) {
+        FocusWanted.Raise("txtPropertyName");
+        return false;
+    }
+    return !Refused(LengthRefusal(), "txtMaxLength") && !Refused(Lookup.Refusal(txtPropertyName), "lstFields");
+}
+
+bool frmFieldProperties::cmdOK_Click()
+{
+    bool closes = false;
+    const bool whole = Guarded(surroundings_.Edit.Errors, kForm, "cmdOK_Click", [&] {
+        closes = MayStore();
+        if (closes)
+            Store(surroundings_.Edit.Class, *property_);
+    });
+    return whole && closes;
+}
+
+void frmFieldProperties::Store(KZMClass& item, TTCProperty& target) const
+{
+    const std::string name = MakeValidName(txtPropertyName);
+    if (name != target.PropertyName && !IsTaken(name, NameRules()))
+        RenameProperty(item, target, name);
+    target.AddToClass = chkAddFieldToClass;
+    target.DataType = Data.DataType();
+    target.PropertyGet = chkPropertyGet;
+    target.PropertyLetSet = Data.chkPropertyLetSet();
+    target.EnforceMaxLength = Data.chkEnforceMaxLength();
+    target.MaxLength = LengthOf(Data.txtMaxLength).value_or(target.MaxLength);
+    target.Scope = "Public";
+    target.FormatOnGet = Data.chkFormatOnGet;
+    target.FormatStringOnGet = Formatting.cmbFormatGet();
+    target.FormatOnLet = Data.chkFormatOnLet;
+    target.FormatStringOnLet = Formatting.cmbFormatLet();
+    target.AllowPropertyToBeNull = Data.chkIsNullable();
+    if (default_)
+        ClearDefaultMembers(item);
+    target.DefaultProperty = default_;
+    target.DisplayTruncationMessage = Data.chkDisplayTruncationMessage;
+    Lookup.Store(item, target);
+}
+
+} // namespace veldrane

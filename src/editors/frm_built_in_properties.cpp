@@ -1,0 +1,54 @@
+#include "editors/frm_built_in_properties.h"
+
+#include "datasource/builtin_members.h"
+#include "editors/property_preview.h"
+#include "editors/told_text.h"
+#include "model/working_copy.h"
+
+namespace veldrane {
+
+frmBuiltInProperties::frmBuiltInProperties(const PropertySurroundings& surroundings) : surroundings_(surroundings)
+{
+    const KZMClass& item = surroundings_.Edit.Class;
+    for (const BuiltInProperty& property : BuiltInProperties())
+        rows_.push_back({.Name = std::string(property.Name),
+                         .Description = std::string(property.Description),
+                         .Ticked = item.TTCProperties.Contains(property.Name),
+                         .Enabled = !item.TTCMembers.Contains(property.Name)});
+}
+
+void frmBuiltInProperties::lstProperties_ItemCheck(const std::vector<std::size_t>& rows, bool ticked)
+{
+    for (const std::size_t row : rows)
+        if (row < rows_.size() && rows_[row].Enabled)
+            rows_[row].Ticked = ticked;
+}
+
+TTCOutputs frmBuiltInProperties::Preview(std::size_t row) const
+{
+    const PreviewSource& source = surroundings_.Generated;
+    if (row >= rows_.size())
+        return TTCOutputs(source.Generation.Settings.Colors);
+    const std::string& name = rows_[row].Name;
+    const auto copy = WorkingCopy(surroundings_.Edit.Class);
+    HeardMessages asking;
+    ClassEdit edit{.Class = *copy,
+                   .Messages = asking,
+                   .Errors = surroundings_.Edit.Errors,
+                   .CodePage = surroundings_.Edit.CodePage};
+    AcceptBuiltInProperties(edit, {name});
+    const auto property = copy->TTCProperties.Item(name);
+    return PropertyPreview(source, *copy, property ? PositionOf(*copy, *property) : 0);
+}
+
+bool frmBuiltInProperties::cmdOK_Click()
+{
+    std::vector<std::string> names;
+    for (const BuiltInPropertyRow& row : rows_)
+        if (row.Ticked && row.Enabled)
+            names.push_back(row.Name);
+    AcceptBuiltInProperties(surroundings_.Edit, names);
+    return true;
+}
+
+} // namespace veldrane

@@ -27,9 +27,12 @@ class ScriptedEditorDialogs : public EditorDialogs
     }
     bool Show(frmAddEditEvent& form) override { return Unexpected(form); }
     bool Show(frmAddEditMethod& form) override { return Unexpected(form); }
+    bool Show(frmAddEditProperty& form) override { return Unexpected(form); }
     bool Show(frmAddEditSP& form) override { return Unexpected(form); }
     bool Show(frmBuiltInEvents& form) override { return Unexpected(form); }
     bool Show(frmBuiltInMethods& form) override { return Unexpected(form); }
+    bool Show(frmBuiltInProperties& form) override { return Unexpected(form); }
+    bool Show(frmFieldProperties& form) override { return Unexpected(form); }
     bool Show(frmPickSP& form) override { return PickSP(form); }
 
     Shown<frmAddEditArgument> Argument = Unexpected<frmAddEditArgument>;

@@ -13,9 +13,12 @@ class AcceptingEditors : public EditorDialogs
     bool Show(frmAddEditClass& form) override { return form.cmdOK_Click(); }
     bool Show(frmAddEditEvent& /*form*/) override { return false; }
     bool Show(frmAddEditMethod& /*form*/) override { return false; }
+    bool Show(frmAddEditProperty& /*form*/) override { return false; }
     bool Show(frmAddEditSP& /*form*/) override { return false; }
     bool Show(frmBuiltInEvents& /*form*/) override { return false; }
     bool Show(frmBuiltInMethods& /*form*/) override { return false; }
+    bool Show(frmBuiltInProperties& /*form*/) override { return false; }
+    bool Show(frmFieldProperties& /*form*/) override { return false; }
     bool Show(frmPickSP& /*form*/) override { return false; }
 };
 

@@ -28,6 +28,8 @@ void Run(QDialog&& dialog)
 
 } // namespace
 
+DesktopDialogs::DesktopDialogs() : editors_([this] { return window_->Look(); }) {}
+
 void DesktopDialogs::ShowOver(MainWindow& window)
 {
     window_ = &window;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/desktop/accepting_editors.h"
+#include "shell/desktop/editors/qt_editor_dialogs.h"
 #include "shell/desktop/qt_look_dialogs.h"
 #include "shell/main_window/main_window_dialogs.h"
 
@@ -12,6 +12,8 @@ class MainWindow;
 class DesktopDialogs : public MainWindowDialogs
 {
   public:
+    DesktopDialogs();
+
     // The window over which the dialogs are shown from now on; it must outlive them.
     void ShowOver(MainWindow& window);
 
@@ -31,7 +33,7 @@ class DesktopDialogs : public MainWindowDialogs
   private:
     MainWindow* window_ = nullptr;
     QtLookDialogs look_;
-    AcceptingEditors editors_;
+    QtEditorDialogs editors_;
 };
 
 } // namespace veldrane

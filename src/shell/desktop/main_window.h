@@ -39,6 +39,9 @@ class MainWindow : public QMainWindow
 
     [[nodiscard]] const QListView& PreviewList() const;
 
+    // How the preview looks.
+    [[nodiscard]] const PreviewLook& Look() const { return rules_.Look(); }
+
     // Lets the person type over the label of the tree's selected node.
     void StartLabelEdit();
 

@@ -69,6 +69,11 @@ bool IsDark(const QPalette& palette)
     return palette.color(QPalette::Base).lightness() < kHalfLight;
 }
 
+QColor TroubleColor(const QPalette& palette)
+{
+    return {IsDark(palette) ? QRgb(0xFFFF7B72) : QRgb(0xFFFF0000)};
+}
+
 Color ColorFromQt(const QColor& color)
 {
     return ColorOf({.Red = static_cast<std::uint8_t>(color.red()),

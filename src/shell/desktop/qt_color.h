@@ -14,6 +14,9 @@ namespace veldrane {
 // Whether what is read stands on a dark background.
 [[nodiscard]] bool IsDark(const QPalette& palette);
 
+// What warns: a red that can be read on the palette's background, dark or light.
+[[nodiscard]] QColor TroubleColor(const QPalette& palette);
+
 // The value that stands for the colour.
 [[nodiscard]] Color ColorFromQt(const QColor& color);
 

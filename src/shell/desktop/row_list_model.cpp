@@ -17,12 +17,11 @@ constexpr int kPictureSize = 16;
 // Red and blue that can be read on the palette's background, dark or light. Black stands for the palette's text.
 QVariant Foreground(RowColour colour)
 {
-    const bool dark = IsDark(QApplication::palette());
     switch (colour) {
     case RowColour::Red:
-        return QColor(dark ? QRgb(0xFFFF7B72) : QRgb(0xFFFF0000));
+        return TroubleColor(QApplication::palette());
     case RowColour::Blue:
-        return QColor(dark ? QRgb(0xFF79B8FF) : QRgb(0xFF0000FF));
+        return QColor(IsDark(QApplication::palette()) ? QRgb(0xFF79B8FF) : QRgb(0xFF0000FF));
     case RowColour::Black:
     case RowColour::Default:
         break;

@@ -1,0 +1,55 @@
+#include "shell/desktop/editors/code_sample.h"
+
+#include "shell/desktop/qt_color.h"
+#include "shell/desktop/qt_font.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QScrollBar>
+
+#include <utility>
+
+namespace veldrane {
+
+CodeSample::CodeSample(QWidget* parent) : QListView(parent), model_(pane_)
+{
+    setModel(&model_);
+    setUniformItemSizes(true);
+    setSelectionMode(ContiguousSelection);
+    Dress();
+}
+
+void CodeSample::SetLook(const PreviewLook& look)
+{
+    look_ = look;
+    Dress();
+}
+
+void CodeSample::ShowLines(TTCOutputs lines)
+{
+    const int row = verticalScrollBar()->value();
+    const int column = horizontalScrollBar()->value();
+    PreviewText text;
+    text.Blocks.push_back(std::move(lines));
+    pane_.Show(std::move(text), "Preview");
+    verticalScrollBar()->setValue(row);
+    horizontalScrollBar()->setValue(column);
+}
+
+void CodeSample::changeEvent(QEvent* event)
+{
+    QListView::changeEvent(event);
+    const QColor ground = ColorToQt(look_.Background, QGuiApplication::palette());
+    if (event->type() == QEvent::PaletteChange && palette().color(QPalette::Base) != ground)
+        Dress();
+}
+
+void CodeSample::Dress()
+{
+    QPalette ground; // the rest stays that of the application
+    ground.setColor(QPalette::Base, ColorToQt(look_.Background, ground));
+    setPalette(ground);
+    setFont(FontToQt(look_.Font));
+}
+
+} // namespace veldrane

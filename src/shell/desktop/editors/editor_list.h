@@ -1,0 +1,65 @@
+#pragma once
+
+#include "shell/desktop/icons.h"
+
+#include <QTreeWidget>
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+class QLineEdit;
+
+namespace veldrane {
+
+// A row of an EditorList.
+struct EditorRow
+{
+    std::vector<std::string> Columns;
+    std::string Icon;
+    std::optional<bool> Ticked; // nothing for a row without a box
+    bool Enabled = true;
+    bool Bold = false;
+    std::string Trouble; // what is wrong with it; "" for nothing. Shown as its tip, in the colour of troubles
+};
+
+// A list in a dialog of an editor. Its rows are known by their number in the list that is shown, whatever is filtered
+// out. Ticking one of several selected rows, by mouse or by the space bar, ticks them all.
+class EditorList : public QTreeWidget
+{
+    Q_OBJECT
+
+  public:
+    explicit EditorList(QWidget* parent = nullptr);
+
+    // What is typed there hides the rows that have it in no column, letter case apart. Escape there empties it, and the
+    // arrow down goes to the list.
+    void FilterBy(QLineEdit& filter);
+
+    // Replaces the rows; the list keeps its place and its current row. None of the signals is raised.
+    void Show(const std::vector<EditorRow>& rows, const std::vector<std::size_t>& selected = {});
+
+    // In their order. Rows that are filtered out are not among them.
+    [[nodiscard]] std::vector<std::size_t> SelectedRows() const;
+
+  Q_SIGNALS:
+    void RowsSelected(const std::vector<std::size_t>& rows);
+    void RowsTicked(const std::vector<std::size_t>& rows, bool ticked);
+    void RowOpened(std::size_t row); // by a double click or Return
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void Fill(QTreeWidgetItem& item, const EditorRow& row);
+    void Filter();
+    void Tick(QTreeWidgetItem& item);
+    [[nodiscard]] std::size_t RowOf(QTreeWidgetItem& item) const;
+
+    IconSet icons_;
+    QLineEdit* filter_ = nullptr;
+};
+
+} // namespace veldrane

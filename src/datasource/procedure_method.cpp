@@ -22,6 +22,15 @@ const SPParameter* SecondOfAName(const SPParameters& parameters)
     return nullptr;
 }
 
+// The 1-based position of the method that calls the procedure; 0 if there is none. Another one may have its name.
+std::size_t PositionOf(const SP& procedure, const TTCMethods& methods)
+{
+    for (std::size_t position = methods.Count(); position > 0; --position)
+        if (methods.Item(position)->StoredProcedure.get() == &procedure)
+            return position;
+    return 0;
+}
+
 } // namespace
 
 std::string_view DirectionText(std::int32_t direction)
@@ -100,7 +109,7 @@ bool frmAddEditSP::cmdOK_Click()
     ProcedureNaming naming = ProcedureNaming::NotWritable;
     Guarded(edit_.Errors, "frmAddEditSP", "cmdOK_Click", [&] { naming = NameMethod(); });
     if (naming == ProcedureNaming::NameTaken)
-        TellTaken(txtMethodName, NameRules(), edit_.Messages);
+        edit_.Messages.Ask(NameTaken(txtMethodName, NameRules()));
     if (naming != ProcedureNaming::Done)
         FocusWanted.Raise(kNameControl);
     return naming == ProcedureNaming::Done;
@@ -136,11 +145,13 @@ ProcedureNaming frmAddEditSP::RenameMethod()
     KZMClass& item = edit_.Class;
     if (NameRules().IsTaken(txtMethodName))
         return ProcedureNaming::NameTaken;
-    const std::shared_ptr<TTCMethod> renamed = item.TTCMethods.Item(before)->Clone();
+    const std::size_t position = PositionOf(*edit_.Procedure, item.TTCMethods);
+    const std::shared_ptr<TTCMethod> renamed = item.TTCMethods.Item(position)->Clone();
     renamed->MethodName = txtMethodName;
-    item.TTCMembers.Remove(before);
+    if (item.TTCMembers.Contains(before))
+        item.TTCMembers.Remove(before);
     item.TTCMembers.Add(txtMethodName, txtMethodName);
-    item.TTCMethods.Remove(before);
+    item.TTCMethods.Remove(position);
     item.TTCMethods.AddExisting(renamed, txtMethodName);
     edit_.Procedure->SPMethodName = txtMethodName;
     edit_.Key = txtMethodName;

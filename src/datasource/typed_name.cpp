@@ -25,10 +25,9 @@ TypedName MemberNameRules(const KZMClass& item, std::string before, const text::
             .CodePage = codePage};
 }
 
-std::string TakenText(std::string_view name, const TypedName& rules)
+std::optional<Question> RefusalOf(std::string_view typed, const TypedName& rules)
 {
-    return "The " + std::string(rules.Kind) + " name '" + std::string(name) + "' conflicts with an existing " +
-           rules.Rival + ". Please enter another name.";
+    return rules.Refuses ? rules.Refuses(typed) : std::nullopt;
 }
 
 } // namespace
@@ -49,27 +48,44 @@ TypedName EventNameRules(const KZMClass& item, std::string before, const text::C
     return rules;
 }
 
+TypedName PropertyNameRules(const KZMClass& item, std::string before, const text::CodePage& codePage)
+{
+    TypedName rules = MemberNameRules(item, std::move(before), codePage);
+    rules.Kind = "property";
+    rules.TakenTitle = "Duplicate Property Name";
+    return rules;
+}
+
+Question NameTaken(std::string_view name, const TypedName& rules)
+{
+    return {.Title = std::string(rules.TakenTitle),
+            .Text = "The " + std::string(rules.Kind) + " name '" + std::string(name) + "' conflicts with an existing " +
+                    rules.Rival + ". Please enter another name.",
+            .Icon = MessageIcon::Warning};
+}
+
 std::string NameTrouble(std::string_view typed, const TypedName& rules)
 {
+    if (const auto refusal = RefusalOf(typed, rules))
+        return refusal->Text;
     const std::string valid = MakeValidName(typed);
     for (std::string trouble : {InvalidNameText(typed), NotWritableText(valid, rules.CodePage)})
         if (!trouble.empty())
             return trouble;
-    return rules.IsTaken(valid) ? TakenText(valid, rules) : std::string();
-}
-
-void TellTaken(std::string_view name, const TypedName& rules, Messages& messages)
-{
-    messages.Tell(std::string(rules.TakenTitle), TakenText(name, rules), MessageIcon::Warning);
+    return rules.IsTaken(valid) ? NameTaken(valid, rules).Text : std::string();
 }
 
 bool AcceptName(std::string& typed, const TypedName& rules, Messages& messages)
 {
+    if (const auto refusal = RefusalOf(typed, rules)) {
+        messages.Ask(*refusal);
+        return false;
+    }
     typed = MakeValidName(typed, messages);
     if (!FitsProject(typed, rules.CodePage, messages))
         return false;
     if (rules.IsTaken(typed))
-        TellTaken(typed, rules, messages);
+        messages.Ask(NameTaken(typed, rules));
     return !rules.IsTaken(typed);
 }
 

@@ -14,16 +14,11 @@ namespace {
 constexpr std::string_view kFormName = "frmAddEditEvent";
 constexpr std::string_view kNameControl = "txtEventName";
 
-std::shared_ptr<const ttcEvent> PresentEvent(const KZMClass& item, const std::string& key)
-{
-    const std::shared_ptr<ttcEvent> present = item.TTCEvents.Item(key);
-    return present ? WorkingCopy(*present) : std::make_shared<ttcEvent>();
-}
-
 } // namespace
 
-frmAddEditEvent::frmAddEditEvent(const MemberSurroundings& surroundings, std::string key)
-    : surroundings_(surroundings), key_(std::move(key)), present_(PresentEvent(surroundings.Edit.Class, key_)),
+frmAddEditEvent::frmAddEditEvent(const MemberSurroundings& surroundings, const std::shared_ptr<ttcEvent>& present)
+    : surroundings_(surroundings), position_(PositionOf(surroundings.Edit.Class.TTCEvents, present.get())),
+      present_(present ? WorkingCopy(*present) : std::make_shared<ttcEvent>()),
       arguments_(surroundings, kFormName, ArgumentsOf(present_->TTCEventParameters),
                  [this](const Arguments& list) { return PreviewWith(list); })
 {
@@ -33,7 +28,7 @@ frmAddEditEvent::frmAddEditEvent(const MemberSurroundings& surroundings, std::st
 std::string frmAddEditEvent::Caption() const
 {
     // "Method", for an event too.
-    return key_.empty() ? "Add New Event" : "Edit " + present_->EventName + " Method";
+    return position_ == 0 ? "Add New Event" : "Edit " + present_->EventName + " Method";
 }
 
 TypedName frmAddEditEvent::NameRules() const
@@ -58,7 +53,7 @@ std::shared_ptr<ttcEvent> frmAddEditEvent::Edited(const Arguments& arguments) co
 
 std::shared_ptr<ttcEvent> frmAddEditEvent::PutInto(KZMClass& item, const Arguments& arguments) const
 {
-    return PutMember(item.TTCEvents, item.TTCMembers, key_, Edited(arguments), &ttcEvent::EventName);
+    return PutMember(item.TTCEvents, item.TTCMembers, position_, Edited(arguments), &ttcEvent::EventName);
 }
 
 TTCOutputs frmAddEditEvent::PreviewWith(const Arguments& arguments) const

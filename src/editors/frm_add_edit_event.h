@@ -5,6 +5,7 @@
 #include "editors/member_surroundings.h"
 #include "model/signal.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,8 +16,9 @@ namespace veldrane {
 class frmAddEditEvent
 {
   public:
-    // A new event, or the one under `key` in the class. `surroundings` must outlive the dialog.
-    explicit frmAddEditEvent(const MemberSurroundings& surroundings, std::string key = "");
+    // A new event, or the one of the class that is given. `surroundings` must outlive the dialog.
+    explicit frmAddEditEvent(const MemberSurroundings& surroundings,
+                             const std::shared_ptr<ttcEvent>& present = nullptr);
     frmAddEditEvent(const frmAddEditEvent&) = delete;
     frmAddEditEvent& operator=(const frmAddEditEvent&) = delete;
 
@@ -48,7 +50,7 @@ class frmAddEditEvent
     [[nodiscard]] TTCOutputs PreviewWith(const Arguments& arguments) const;
 
     const MemberSurroundings& surroundings_;
-    std::string key_;                         // "" for a new event
+    std::size_t position_;                    // in the class; 0 for a new event
     std::shared_ptr<const ttcEvent> present_; // as it was when the dialog came up
     ArgumentList arguments_;
 };

@@ -15,12 +15,6 @@ namespace {
 constexpr std::string_view kFormName = "frmAddEditMethod";
 constexpr std::string_view kNameControl = "txtMethodName";
 
-std::shared_ptr<const TTCMethod> PresentMethod(const KZMClass& item, const std::string& key)
-{
-    const std::shared_ptr<TTCMethod> present = item.TTCMethods.Item(key);
-    return present ? WorkingCopy(*present) : std::make_shared<TTCMethod>();
-}
-
 std::string ScopeOf(const TTCMethod& method)
 {
     return method.Scope.empty() ? std::string(kMethodScopes.front()) : method.Scope;
@@ -28,10 +22,11 @@ std::string ScopeOf(const TTCMethod& method)
 
 } // namespace
 
-frmAddEditMethod::frmAddEditMethod(const MemberSurroundings& surroundings, std::string key)
-    : surroundings_(surroundings), key_(std::move(key)), present_(PresentMethod(surroundings.Edit.Class, key_)),
-      isDefault_(present_->DefaultMethod), arguments_(surroundings, kFormName, ArgumentsOf(present_->Arguments),
-                                                      [this](const Arguments& list) { return PreviewWith(list); })
+frmAddEditMethod::frmAddEditMethod(const MemberSurroundings& surroundings, const std::shared_ptr<TTCMethod>& present)
+    : surroundings_(surroundings), position_(PositionOf(surroundings.Edit.Class.TTCMethods, present.get())),
+      present_(present ? WorkingCopy(*present) : std::make_shared<TTCMethod>()), isDefault_(present_->DefaultMethod),
+      arguments_(surroundings, kFormName, ArgumentsOf(present_->Arguments),
+                 [this](const Arguments& list) { return PreviewWith(list); })
 {
     txtMethodName = present_->MethodName;
     cmbReturnType = TypeKey(present_->ReturnDataType);
@@ -40,7 +35,7 @@ frmAddEditMethod::frmAddEditMethod(const MemberSurroundings& surroundings, std::
 
 std::string frmAddEditMethod::Caption() const
 {
-    return key_.empty() ? "Add New Method" : "Edit " + present_->MethodName + " Method";
+    return position_ == 0 ? "Add New Method" : "Edit " + present_->MethodName + " Method";
 }
 
 bool frmAddEditMethod::txtMethodName_Enabled() const
@@ -87,7 +82,7 @@ std::shared_ptr<TTCMethod> frmAddEditMethod::PutInto(KZMClass& item, const Argum
 {
     if (isDefault_)
         ClearDefaultMembers(item);
-    return PutMember(item.TTCMethods, item.TTCMembers, key_, Edited(arguments), &TTCMethod::MethodName);
+    return PutMember(item.TTCMethods, item.TTCMembers, position_, Edited(arguments), &TTCMethod::MethodName);
 }
 
 TTCOutputs frmAddEditMethod::PreviewWith(const Arguments& arguments) const

@@ -7,6 +7,7 @@
 #include "model/signal.h"
 
 #include <array>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -21,8 +22,9 @@ inline constexpr std::array<std::string_view, 3> kMethodScopes{"Public", "Privat
 class frmAddEditMethod
 {
   public:
-    // A new method, or the one under `key` in the class. `surroundings` must outlive the dialog.
-    explicit frmAddEditMethod(const MemberSurroundings& surroundings, std::string key = "");
+    // A new method, or the one of the class that is given. `surroundings` must outlive the dialog.
+    explicit frmAddEditMethod(const MemberSurroundings& surroundings,
+                              const std::shared_ptr<TTCMethod>& present = nullptr);
     frmAddEditMethod(const frmAddEditMethod&) = delete;
     frmAddEditMethod& operator=(const frmAddEditMethod&) = delete;
 
@@ -64,7 +66,7 @@ class frmAddEditMethod
     [[nodiscard]] TTCOutputs PreviewWith(const Arguments& arguments) const;
 
     const MemberSurroundings& surroundings_;
-    std::string key_;                          // "" for a new method
+    std::size_t position_;                     // in the class; 0 for a new method
     std::shared_ptr<const TTCMethod> present_; // as it was when the dialog came up
     bool isDefault_ = false;
     ArgumentList arguments_;

@@ -3,8 +3,8 @@
 #include "datasource/naming.h"
 #include "datasource/type_table.h"
 #include "editors/default_member.h"
-#include "editors/property_name.h"
-#include "editors/property_preview.h"
+#include "editors/member_preview.h"
+#include "editors/put_member.h"
 #include "model/working_copy.h"
 
 #include <utility>
@@ -16,12 +16,12 @@ constexpr std::string_view kForm = "frmAddEditProperty";
 
 } // namespace
 
-frmAddEditProperty::frmAddEditProperty(const PropertySurroundings& surroundings)
+frmAddEditProperty::frmAddEditProperty(const MemberSurroundings& surroundings)
     : cmbScope(kScopes.front()), surroundings_(surroundings), types_(PropertyTypes(VBTypeName(vb_type::kString))),
       type_(RowOfType(types_, VBTypeName(vb_type::kString)))
 {}
 
-frmAddEditProperty::frmAddEditProperty(const PropertySurroundings& surroundings, std::shared_ptr<TTCProperty> property)
+frmAddEditProperty::frmAddEditProperty(const MemberSurroundings& surroundings, std::shared_ptr<TTCProperty> property)
     : txtPropertyName(property->PropertyName), cmbScope(property->Scope), chkPropertyGet(property->PropertyGet),
       chkPropertyLetSet(property->PropertyLetSet), surroundings_(surroundings), property_(std::move(property)),
       types_(PropertyTypes(property_->DataType)), type_(RowOfType(types_, property_->DataType)),
@@ -59,9 +59,8 @@ std::optional<Question> frmAddEditProperty::RoutinesRefusal() const
 
 std::string frmAddEditProperty::Trouble(std::string_view control) const
 {
-    const std::string present = PresentName();
     if (control == "txtPropertyName")
-        return NameTrouble(txtPropertyName, {.Edit = surroundings_.Edit, .Present = present});
+        return NameTrouble(txtPropertyName, NameRules());
     return control == "chkPropertyGet" ? RoutinesRefusal().value_or(Question{}).Text : std::string();
 }
 
@@ -69,15 +68,15 @@ TTCOutputs frmAddEditProperty::Preview() const
 {
     const KZMClass& item = surroundings_.Edit.Class;
     const auto copy = WorkingCopy(item);
-    const std::size_t position = property_ ? PositionOf(item, *property_) : item.TTCProperties.Count() + 1;
+    const std::size_t position =
+        property_ ? PositionOf(item.TTCProperties, property_.get()) : item.TTCProperties.Count() + 1;
     Store(*copy, copy->TTCProperties.Item(position));
-    return PropertyPreview(surroundings_.Generated, *copy, position);
+    return PropertyPreview(surroundings_.Generated, *copy, *copy->TTCProperties.Item(position));
 }
 
 bool frmAddEditProperty::MayStore()
 {
-    const std::string present = PresentName();
-    if (!AcceptName(txtPropertyName, {.Edit = surroundings_.Edit, .Present = present})) {
+    if (!AcceptName(txtPropertyName, NameRules(), surroundings_.Edit.Messages)) {
         FocusWanted.Raise("txtPropertyName");
         return false;
     }
@@ -105,8 +104,7 @@ void frmAddEditProperty::Store(KZMClass& item, std::shared_ptr<TTCProperty> targ
     const std::string name = MakeValidName(txtPropertyName);
     if (!target)
         target = AddProperty(item, name);
-    else if (name != target->PropertyName &&
-             !IsTaken(name, {.Edit = surroundings_.Edit, .Present = target->PropertyName}))
+    else if (name != target->PropertyName && !NameRules().IsTaken(name))
         RenameProperty(item, *target, name);
     target->DataType = types_.at(type_).Type;
     target->Scope = cmbScope.empty() ? kScopes.front() : std::string_view(cmbScope);

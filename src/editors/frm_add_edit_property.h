@@ -1,6 +1,7 @@
 #pragma once
 
-#include "editors/property_surroundings.h"
+#include "editors/member_surroundings.h"
+#include "editors/property_name.h"
 #include "editors/property_types.h"
 #include "generator/outputs.h"
 #include "model/signal.h"
@@ -20,10 +21,10 @@ class frmAddEditProperty
 {
   public:
     // Makes a new property of the class.
-    explicit frmAddEditProperty(const PropertySurroundings& surroundings);
+    explicit frmAddEditProperty(const MemberSurroundings& surroundings);
 
     // Changes one of the class's. What no control shows of it stays as it is.
-    frmAddEditProperty(const PropertySurroundings& surroundings, std::shared_ptr<TTCProperty> property);
+    frmAddEditProperty(const MemberSurroundings& surroundings, std::shared_ptr<TTCProperty> property);
 
     Signal<std::string_view> FocusWanted; // the control that OK was refused for
 
@@ -58,11 +59,12 @@ class frmAddEditProperty
 
   private:
     [[nodiscard]] std::string PresentName() const { return property_ ? property_->PropertyName : std::string(); }
+    [[nodiscard]] TypedName NameRules() const { return PropertyNameRules(surroundings_.Edit, PresentName()); }
     bool MayStore();
     [[nodiscard]] std::optional<Question> RoutinesRefusal() const;
     void Store(KZMClass& item, std::shared_ptr<TTCProperty> target) const;
 
-    PropertySurroundings surroundings_;
+    MemberSurroundings surroundings_;
     std::shared_ptr<TTCProperty> property_; // as the class has it; nothing for a new one
     std::vector<TypeItem> types_;
     std::size_t type_;

@@ -1,13 +1,11 @@
 #include "editors/frm_built_in_properties.h"
 
 #include "datasource/builtin_members.h"
-#include "editors/property_preview.h"
-#include "editors/told_text.h"
-#include "model/working_copy.h"
+#include "editors/member_preview.h"
 
 namespace veldrane {
 
-frmBuiltInProperties::frmBuiltInProperties(const PropertySurroundings& surroundings) : surroundings_(surroundings)
+frmBuiltInProperties::frmBuiltInProperties(const MemberSurroundings& surroundings) : surroundings_(surroundings)
 {
     const KZMClass& item = surroundings_.Edit.Class;
     for (const BuiltInProperty& property : BuiltInProperties())
@@ -29,16 +27,7 @@ TTCOutputs frmBuiltInProperties::Preview(std::size_t row) const
     const PreviewSource& source = surroundings_.Generated;
     if (row >= rows_.size())
         return TTCOutputs(source.Generation.Settings.Colors);
-    const std::string& name = rows_[row].Name;
-    const auto copy = WorkingCopy(surroundings_.Edit.Class);
-    HeardMessages asking;
-    ClassEdit edit{.Class = *copy,
-                   .Messages = asking,
-                   .Errors = surroundings_.Edit.Errors,
-                   .CodePage = surroundings_.Edit.CodePage};
-    AcceptBuiltInProperties(edit, {name});
-    const auto property = copy->TTCProperties.Item(name);
-    return PropertyPreview(source, *copy, property ? PositionOf(*copy, *property) : 0);
+    return BuiltInPropertyPreview(source, surroundings_.Edit.Class, rows_[row].Name);
 }
 
 bool frmBuiltInProperties::cmdOK_Click()

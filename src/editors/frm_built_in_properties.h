@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editors/property_surroundings.h"
+#include "editors/member_surroundings.h"
 #include "generator/outputs.h"
 
 #include <cstddef>
@@ -24,7 +24,7 @@ class frmBuiltInProperties
 {
   public:
     // Those that the class has stand ticked.
-    explicit frmBuiltInProperties(const PropertySurroundings& surroundings);
+    explicit frmBuiltInProperties(const MemberSurroundings& surroundings);
 
     [[nodiscard]] const std::vector<BuiltInPropertyRow>& lstProperties() const { return rows_; }
 
@@ -39,7 +39,7 @@ class frmBuiltInProperties
     [[nodiscard]] static bool cmdCancel_Click() { return true; }
 
   private:
-    PropertySurroundings surroundings_;
+    MemberSurroundings surroundings_;
     std::vector<BuiltInPropertyRow> rows_;
 };
 

@@ -2,7 +2,8 @@
 
 #include "datasource/naming.h"
 #include "editors/default_member.h"
-#include "editors/property_preview.h"
+#include "editors/member_preview.h"
+#include "editors/put_member.h"
 #include "editors/sample_format.h"
 #include "model/working_copy.h"
 #include "text/conversion.h"
@@ -29,7 +30,7 @@ std::optional<std::int32_t> LengthOf(const std::string& text)
 
 } // namespace
 
-frmFieldProperties::frmFieldProperties(const PropertySurroundings& surroundings, std::shared_ptr<TTCProperty> property)
+frmFieldProperties::frmFieldProperties(const MemberSurroundings& surroundings, std::shared_ptr<TTCProperty> property)
     : txtPropertyName(property->PropertyName), chkAddFieldToClass(property->AddToClass),
       chkPropertyGet(property->PropertyGet), Data(*property), Formatting(*property), Lookup(surroundings, property),
       surroundings_(surroundings), property_(std::move(property)), default_(property_->DefaultProperty)
@@ -83,10 +84,10 @@ TTCOutputs frmFieldProperties::Preview() const
 {
     const KZMClass& item = surroundings_.Edit.Class;
     const auto copy = WorkingCopy(item);
-    const std::size_t position = PositionOf(item, *property_);
+    const std::size_t position = PositionOf(item.TTCProperties, property_.get());
     if (const auto target = copy->TTCProperties.Item(position))
         Store(*copy, *target);
-    return PropertyPreview(surroundings_.Generated, *copy, position);
+    return PropertyPreview(surroundings_.Generated, *copy, *copy->TTCProperties.Item(position));
 }
 
 bool frmFieldProperties::Refused(const std::optional<Question>& refusal, std::string_view control)
@@ -101,7 +102,7 @@ bool frmFieldProperties::Refused(const std::optional<Question>& refusal, std::st
 // All that may refuse stands before the first change.
 bool frmFieldProperties::MayStore()
 {
-    if (!AcceptName(txtPropertyName, NameRules())) {
+    if (!AcceptName(txtPropertyName, NameRules(), surroundings_.Edit.Messages)) {
         FocusWanted.Raise("txtPropertyName");
         return false;
     }
@@ -122,7 +123,7 @@ bool frmFieldProperties::cmdOK_Click()
 void frmFieldProperties::Store(KZMClass& item, TTCProperty& target) const
 {
     const std::string name = MakeValidName(txtPropertyName);
-    if (name != target.PropertyName && !IsTaken(name, NameRules()))
+    if (name != target.PropertyName && !NameRules().IsTaken(name))
         RenameProperty(item, target, name);
     target.AddToClass = chkAddFieldToClass;
     target.DataType = Data.DataType();

@@ -3,8 +3,8 @@
 #include "editors/field_controls.h"
 #include "editors/formatting_page.h"
 #include "editors/lookup_page.h"
+#include "editors/member_surroundings.h"
 #include "editors/property_name.h"
-#include "editors/property_surroundings.h"
 #include "generator/outputs.h"
 #include "model/signal.h"
 
@@ -29,7 +29,7 @@ class frmFieldProperties
 {
   public:
     // The property is one of the class's.
-    frmFieldProperties(const PropertySurroundings& surroundings, std::shared_ptr<TTCProperty> property);
+    frmFieldProperties(const MemberSurroundings& surroundings, std::shared_ptr<TTCProperty> property);
 
     Signal<std::string_view> FocusWanted; // the control that OK was refused for
 
@@ -73,14 +73,11 @@ class frmFieldProperties
   private:
     bool Refused(const std::optional<Question>& refusal, std::string_view control);
     bool MayStore();
-    [[nodiscard]] TypedPropertyName NameRules() const
-    {
-        return {.Edit = surroundings_.Edit, .Present = property_->PropertyName};
-    }
+    [[nodiscard]] TypedName NameRules() const { return PropertyNameRules(surroundings_.Edit, property_->PropertyName); }
     [[nodiscard]] std::optional<Question> LengthRefusal() const;
     void Store(KZMClass& item, TTCProperty& target) const;
 
-    PropertySurroundings surroundings_;
+    MemberSurroundings surroundings_;
     std::shared_ptr<TTCProperty> property_; // as the class has it
     bool default_;
 };

@@ -3,22 +3,15 @@
 #include "editors/member_preview.h"
 #include "model/working_copy.h"
 
-#include <utility>
-
 namespace veldrane {
-
-frmPickSP::frmPickSP(const MemberSurroundings& surroundings, WatchedReading watched)
-    : surroundings_(surroundings), watched_(std::move(watched))
-{}
 
 bool frmPickSP::PickStoredProcedures(const TTCMethods& methods, SPs& selected)
 {
     const ClassEdit& edit = surroundings_.Edit;
     procedures_ = &selected;
     isAccepted_ = false;
-    veldrane::PickStoredProcedures(
-        {.Source = edit.Source, .Messages = edit.Messages, .Errors = edit.Errors, .Watched = watched_}, methods,
-        selected, [this](const std::vector<ListRow>& rows) { return Show(rows); });
+    veldrane::PickStoredProcedures({.Source = edit.Source, .Messages = edit.Messages, .Errors = edit.Errors}, methods,
+                                   selected, [this](const std::vector<ListRow>& rows) { return Show(rows); });
     return isAccepted_;
 }
 

@@ -6,17 +6,12 @@
 #include "generator/outputs.h"
 
 #include <cstddef>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace veldrane {
-
-// Runs a reading of the data source, under the signs of it that a person is to see. It ends by ReadingCancelled where
-// the person ends it.
-using WatchedReading = std::function<void(const std::function<void()>& reading)>;
 
 // A row of the list of stored procedures.
 struct ProcedureTick
@@ -30,8 +25,7 @@ class frmPickSP
 {
   public:
     // `surroundings` must outlive the dialog.
-    explicit frmPickSP(
-        const MemberSurroundings& surroundings, WatchedReading watched = [](const auto& reading) { reading(); });
+    explicit frmPickSP(const MemberSurroundings& surroundings) : surroundings_(surroundings) {}
 
     // Reads the procedures of the data source into `selected` and shows the dialog: true if it was left by OK. Those
     // that were ticked then, and no others, have a `SPMethodName` afterwards. A failure is reported; the dialog is not
@@ -57,7 +51,6 @@ class frmPickSP
     [[nodiscard]] std::shared_ptr<SP> ProcedureOf(std::size_t row) const;
 
     const MemberSurroundings& surroundings_;
-    WatchedReading watched_;
     const SPs* procedures_ = nullptr;
     bool isAccepted_ = false;
     std::vector<ProcedureTick> rows_;

@@ -44,7 +44,7 @@ std::size_t Select(std::vector<ListRow>& rows, std::string_view text, std::strin
 
 } // namespace
 
-LookupPage::LookupPage(const PropertySurroundings& surroundings, std::shared_ptr<const TTCProperty> property)
+LookupPage::LookupPage(const MemberSurroundings& surroundings, std::shared_ptr<const TTCProperty> property)
     : chkUseOuterJoin(property->LookupUseOuterJoin), surroundings_(surroundings), property_(std::move(property))
 {
     ShowTables({});
@@ -84,7 +84,7 @@ bool LookupPage::Read(std::string_view routine, const std::function<void()>& rea
 bool LookupPage::ReadFromOpenSource(const std::function<void()>& reading) const
 {
     try {
-        surroundings_.Watched(reading);
+        reading();
         return true;
     } catch (const ReadingCancelled&) {
     } catch (const DataSourceError& error) {
@@ -230,7 +230,7 @@ std::optional<Question> LookupPage::AliasRefusal(std::size_t row, std::string_vi
     if (auto refusal = SpellingRefusal(rows_[row].PropertyName, edit.CodePage))
         return refusal;
     if (IsAliasTaken(row, propertyName))
-        return NameTaken(edit.Class, rows_[row].PropertyName);
+        return NameTaken(rows_[row].PropertyName, PropertyNameRules(edit, ""));
     return WhatIsTold(
         [&](Messages& messages) { static_cast<void>(FitsProject(rows_[row].FieldName, edit.CodePage, messages)); });
 }

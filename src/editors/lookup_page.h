@@ -1,7 +1,7 @@
 #pragma once
 
 #include "datasource/table_lists.h"
-#include "editors/property_surroundings.h"
+#include "editors/member_surroundings.h"
 #include "model/properties.h"
 
 #include <cstddef>
@@ -31,7 +31,7 @@ struct LookupFieldRow
 class LookupPage
 {
   public:
-    LookupPage(const PropertySurroundings& surroundings, std::shared_ptr<const TTCProperty> property);
+    LookupPage(const MemberSurroundings& surroundings, std::shared_ptr<const TTCProperty> property);
 
     // The tab has come to the front: the first time, reads the tables and, of the lookup that there is, the fields.
     // What can't be read is reported, and the lists show what the property has.
@@ -91,7 +91,7 @@ class LookupPage
     [[nodiscard]] bool IsAliasTaken(std::size_t row, std::string_view propertyName) const;
     [[nodiscard]] std::optional<Question> AliasRefusal(std::size_t row, std::string_view propertyName) const;
 
-    PropertySurroundings surroundings_;
+    MemberSurroundings surroundings_;
     std::shared_ptr<const TTCProperty> property_;
     std::vector<ListRow> tables_;
     std::size_t table_ = 0;

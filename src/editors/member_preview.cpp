@@ -2,6 +2,7 @@
 
 #include "datasource/builtin_members.h"
 #include "editors/told_text.h"
+#include "generator/property_routines.h"
 #include "generator/writers.h"
 #include "model/working_copy.h"
 
@@ -18,7 +19,7 @@ class UnheardErrors : public ErrorReport
     void ReportError(const RuntimeError& /*error*/, const ErrorPlace& /*place*/) override {}
 };
 
-// Calls `write` with an emitter about the class.
+// Calls `write` with the lines to write into, and the class that they are about.
 template <class Write>
 TTCOutputs Written(const PreviewSource& source, KZMClass& owner, Write&& write)
 {
@@ -30,7 +31,7 @@ TTCOutputs Written(const PreviewSource& source, KZMClass& owner, Write&& write)
     const ChildIndex children(source.Classes);
     const GenerationContext context{{source.Project, settings}, source.Classes, children, asking, errorText};
     const ClassScope scope{context, owner};
-    Guarded(errors, "Preview", "DisplayPreview", [&] { write(ClassEmitter(lines, scope)); });
+    Guarded(errors, "Preview", "DisplayPreview", [&] { write(lines, scope); });
     return lines;
 }
 
@@ -50,18 +51,40 @@ std::shared_ptr<KZMClass> CopyWith(const KZMClass& owner, const text::CodePage& 
 
 TTCOutputs MethodPreview(const PreviewSource& source, KZMClass& owner, const TTCMethod& method)
 {
-    return Written(source, owner, [&](const ClassEmitter& emit) { WriteMethod(emit, method); });
+    return Written(source, owner, [&](TTCOutputs& lines, const ClassScope& scope) {
+        WriteMethod(ClassEmitter(lines, scope), method);
+    });
 }
 
 TTCOutputs EventPreview(const PreviewSource& source, KZMClass& owner, const ttcEvent& event)
 {
-    return Written(source, owner, [&](const ClassEmitter& emit) { WriteEvent(emit, event); });
+    return Written(source, owner,
+                   [&](TTCOutputs& lines, const ClassScope& scope) { WriteEvent(ClassEmitter(lines, scope), event); });
 }
 
 TTCOutputs ProcedurePreview(const PreviewSource& source, const KZMClass& owner, const SP& procedure)
 {
     const auto copy = WorkingCopy(owner);
-    return Written(source, *copy, [&](const ClassEmitter& emit) { VBSourceCode(emit, procedure); });
+    return Written(source, *copy, [&](TTCOutputs& lines, const ClassScope& scope) {
+        VBSourceCode(ClassEmitter(lines, scope), procedure);
+    });
+}
+
+TTCOutputs PropertyPreview(const PreviewSource& source, KZMClass& owner, TTCProperty& property)
+{
+    return Written(source, owner, [&](TTCOutputs& lines, const ClassScope& classScope) {
+        const PropertyScope scope{classScope, property};
+        DefaultMark mark;
+        WriteProperty(PropertyEmitter(lines, scope), mark);
+    });
+}
+
+TTCOutputs BuiltInPropertyPreview(const PreviewSource& source, const KZMClass& owner, std::string_view name)
+{
+    const auto copy = CopyWith(owner, source.Generation.Settings.CodePage,
+                               [&](ClassEdit& edit) { AcceptBuiltInProperties(edit, {std::string(name)}); });
+    const auto property = copy->TTCProperties.Item(name);
+    return property ? PropertyPreview(source, *copy, *property) : TTCOutputs(source.Generation.Settings.Colors);
 }
 
 TTCOutputs BuiltInMethodPreview(const PreviewSource& source, const KZMClass& owner, std::string_view name)

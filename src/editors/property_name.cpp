@@ -31,19 +31,6 @@ bool IsBorne(const KZMClass& item, const TTCProperty* except, std::string_view n
                        [&](const ttcEvent& each) { return isNamed(each.EventName); });
 }
 
-bool Accept(std::string& typed, const TypedPropertyName& rules, Messages& messages)
-{
-    if (const auto refusal = SpellingRefusal(typed, rules.Edit.CodePage)) {
-        messages.Ask(*refusal);
-        return false;
-    }
-    typed = MakeValidName(typed, messages);
-    if (!IsTaken(typed, rules))
-        return true;
-    messages.Ask(NameTaken(rules.Edit.Class, typed));
-    return false;
-}
-
 } // namespace
 
 std::optional<Question> SpellingRefusal(std::string_view name, const text::CodePage& codePage)
@@ -55,32 +42,11 @@ std::optional<Question> SpellingRefusal(std::string_view name, const text::CodeP
     return WhatIsTold([&](Messages& messages) { static_cast<void>(FitsProject(name, codePage, messages)); });
 }
 
-Question NameTaken(const KZMClass& item, std::string_view name)
+TypedName PropertyNameRules(const ClassEdit& edit, std::string before)
 {
-    return {.Title = "Duplicate Property Name",
-            .Text = "The property name '" + std::string(name) + "' conflicts with an existing member of the " +
-                    item.ClassName + " class. Please enter another name.",
-            .Icon = MessageIcon::Warning};
-}
-
-bool IsTaken(std::string_view name, const TypedPropertyName& rules)
-{
-    return (rules.Present.empty() || !text::EqualFolded(name, rules.Present)) &&
-           rules.Edit.Class.TTCMembers.Contains(name);
-}
-
-std::string NameTrouble(std::string_view typed, const TypedPropertyName& rules)
-{
-    const auto told = WhatIsTold([&](Messages& messages) {
-        std::string name(typed);
-        static_cast<void>(Accept(name, rules, messages));
-    });
-    return told ? told->Text : std::string();
-}
-
-bool AcceptName(std::string& typed, const TypedPropertyName& rules)
-{
-    return Accept(typed, rules, rules.Edit.Messages);
+    TypedName rules = PropertyNameRules(edit.Class, std::move(before), edit.CodePage);
+    rules.Refuses = [&edit](std::string_view typed) { return SpellingRefusal(typed, edit.CodePage); };
+    return rules;
 }
 
 bool IsOwnName(const KZMClass& item, const TTCProperty& property, std::string_view name)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "datasource/class_edit.h"
+#include "datasource/typed_name.h"
 #include "ports/messages.h"
 #include "text/code_page.h"
 
@@ -16,25 +17,8 @@ namespace veldrane {
 // the project's files can't. None if there is nothing of the kind; cleaning may still change the name.
 [[nodiscard]] std::optional<Question> SpellingRefusal(std::string_view name, const text::CodePage& codePage);
 
-// The box that refuses a name that another member of the class has.
-[[nodiscard]] Question NameTaken(const KZMClass& item, std::string_view name);
-
-// The name that a person types for a property, which is called `present` in the class, or "" if it is a new one. It may
-// keep that name, in whatever letter case.
-struct TypedPropertyName
-{
-    const ClassEdit& Edit;
-    std::string_view Present;
-};
-
-[[nodiscard]] bool IsTaken(std::string_view name, const TypedPropertyName& rules);
-
-// What is wrong with the name as it is typed, in the words of the first box that AcceptName shows; "" if nothing.
-[[nodiscard]] std::string NameTrouble(std::string_view typed, const TypedPropertyName& rules);
-
-// Makes what was typed a valid name, telling the person if it had to be changed. False, which is told, if it can't be
-// made one or if it is taken then.
-[[nodiscard]] bool AcceptName(std::string& typed, const TypedPropertyName& rules);
+// The rules for the name of a property of the class, called `before` in it, or "" if it is a new one.
+[[nodiscard]] TypedName PropertyNameRules(const ClassEdit& edit, std::string before);
 
 // Whether a name of the property or of its lookup fields, entered in the register, can be given away: it is, unless
 // another member of the class is called by it, too.

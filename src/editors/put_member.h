@@ -22,19 +22,29 @@ void KeyByName(Members& members, std::string Member::*name)
     members = std::move(keyed);
 }
 
-// Puts a method or an event into the collection of its class: in place of the one under `key`, or at the end if that
-// is "". The register follows its name, which is free. Returns the item in the collection.
+// The 1-based position of an item in its collection; 0 if it is none of its, or nothing.
 template <class Members, class Member>
-std::shared_ptr<Member> PutMember(Members& members, TTCMembers& names, const std::string& key,
+[[nodiscard]] std::size_t PositionOf(const Members& members, const Member* item)
+{
+    for (std::size_t position = members.Count(); position > 0; --position)
+        if (members.Item(position).get() == item)
+            return position;
+    return 0;
+}
+
+// Puts a method or an event into the collection of its class: in place of the one at the 1-based position, or at the
+// end if that is 0. The register follows its name, which is free. Returns the item in the collection.
+template <class Members, class Member>
+std::shared_ptr<Member> PutMember(Members& members, TTCMembers& names, std::size_t position,
                                   std::shared_ptr<Member> member, std::string Member::*name)
 {
     const std::string after = (*member).*name;
-    std::shared_ptr<Member> present = members.Item(key);
-    if (!present) {
+    if (position == 0) {
         names.Add(after, after);
         members.AddExisting(member, after);
         return member;
     }
+    std::shared_ptr<Member> present = members.Item(position);
     const std::string before = (*present).*name;
     *present = std::move(*member);
     if (before == after)

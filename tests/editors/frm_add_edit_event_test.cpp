@@ -21,7 +21,7 @@ class AddEditEventTest : public testing::MemberTest
 TEST_F(AddEditEventTest, TheTitleSaysMethodForAnEventToo)
 {
     EXPECT_EQ(frmAddEditEvent(surroundings).Caption(), "Add New Event");
-    EXPECT_EQ(frmAddEditEvent(surroundings, "Refused").Caption(), "Edit Refused Method");
+    EXPECT_EQ(frmAddEditEvent(surroundings, item.TTCEvents.Item("Refused")).Caption(), "Edit Refused Method");
 }
 
 TEST_F(AddEditEventTest, OkAddsAnEventOfThePersons)
@@ -44,7 +44,7 @@ TEST_F(AddEditEventTest, OkAddsAnEventOfThePersons)
 
 TEST_F(AddEditEventTest, ARenamedEventKeepsItsPlaceAndItsArguments)
 {
-    frmAddEditEvent form(surroundings, "Refused");
+    frmAddEditEvent form(surroundings, item.TTCEvents.Item("Refused"));
     EXPECT_EQ(form.txtEventName, "Refused");
     form.txtEventName = "Turned Down";
     ASSERT_TRUE(form.cmdOK_Click());
@@ -76,9 +76,9 @@ TEST_F(AddEditEventTest, TheDialogStaysWhileAMemberHasTheName)
 TEST_F(AddEditEventTest, ABuiltInEventKeepsItsName)
 {
     item.TTCEvents.Item("Refused")->PlusEvent = true;
-    frmAddEditEvent form(surroundings, "Refused");
+    frmAddEditEvent form(surroundings, item.TTCEvents.Item("Refused"));
     EXPECT_FALSE(form.txtEventName_Enabled());
-    EXPECT_TRUE(frmAddEditEvent(surroundings, "Last").txtEventName_Enabled());
+    EXPECT_TRUE(frmAddEditEvent(surroundings, item.TTCEvents.Item("Last")).txtEventName_Enabled());
     form.txtEventName = "Other";
     EXPECT_TRUE(form.cmdOK_Click());
     EXPECT_EQ(EventNames(), (Texts{"Refused", "Last"}));
@@ -88,7 +88,7 @@ TEST_F(AddEditEventTest, ABuiltInEventKeepsItsName)
 TEST_F(AddEditEventTest, CancelOfAChangedEventAsks)
 {
     const std::string before = Saved();
-    frmAddEditEvent form(surroundings, "Refused");
+    frmAddEditEvent form(surroundings, item.TTCEvents.Item("Refused"));
     EXPECT_TRUE(form.cmdCancel_Click());
     form.txtEventName = "Paid";
     EXPECT_FALSE(form.cmdCancel_Click());
@@ -102,7 +102,7 @@ TEST_F(AddEditEventTest, CancelOfAChangedEventAsks)
 TEST_F(AddEditEventTest, ChangedArgumentsAreAChange)
 {
     AnswerWith({Answer::Ok});
-    frmAddEditEvent form(surroundings, "Refused");
+    frmAddEditEvent form(surroundings, item.TTCEvents.Item("Refused"));
     form.lstArguments().Select({0});
     form.lstArguments().Delete();
     EXPECT_FALSE(form.cmdCancel_Click());
@@ -112,7 +112,7 @@ TEST_F(AddEditEventTest, ChangedArgumentsAreAChange)
 
 TEST_F(AddEditEventTest, ThePreviewIsItsDeclaration)
 {
-    frmAddEditEvent form(surroundings, "Refused");
+    frmAddEditEvent form(surroundings, item.TTCEvents.Item("Refused"));
     form.txtEventName = "Denied";
     EXPECT_EQ(OutputsToText(form.Preview()), "Public Event Denied(ByRef aReason as String)\r\n");
     EXPECT_EQ(EventNames(), (Texts{"Refused", "Last"}));
@@ -122,7 +122,7 @@ TEST_F(AddEditEventTest, AnUntouchedEventStaysByteForByte)
 {
     item.TTCEvents.Item("Refused")->TTCEventParameters.Item("aReason")->Index = 0;
     const std::string before = Saved();
-    EXPECT_TRUE(frmAddEditEvent(surroundings, "Refused").cmdOK_Click());
+    EXPECT_TRUE(frmAddEditEvent(surroundings, item.TTCEvents.Item("Refused")).cmdOK_Click());
     EXPECT_EQ(Saved(), before);
 }
 

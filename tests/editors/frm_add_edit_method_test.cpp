@@ -36,7 +36,7 @@ TEST_F(AddEditMethodTest, TheTitleNamesTheMethod)
 {
     AddPayMethod();
     EXPECT_EQ(frmAddEditMethod(surroundings).Caption(), "Add New Method");
-    frmAddEditMethod form(surroundings, "Pay");
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
     form.txtMethodName = "Other";
     EXPECT_EQ(form.Caption(), "Edit Pay Method");
 }
@@ -44,7 +44,7 @@ TEST_F(AddEditMethodTest, TheTitleNamesTheMethod)
 TEST_F(AddEditMethodTest, TheControlsShowTheMethod)
 {
     AddPayMethod().DefaultMethod = true;
-    frmAddEditMethod form(surroundings, "Pay");
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
     EXPECT_EQ(form.txtMethodName, "Pay");
     EXPECT_EQ(form.cmbReturnType, ":4");
     EXPECT_EQ(form.cmbScope, "Friend");
@@ -76,7 +76,7 @@ TEST_F(AddEditMethodTest, ANewMethodIsAPublicSub)
 TEST_F(AddEditMethodTest, OkChangesTheMethodWhereItStands)
 {
     AddPayMethod();
-    frmAddEditMethod form(surroundings, "pay");
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("pay"));
     form.cmbReturnType = ":9";
     form.cmbScope = "Private";
     AnswerArgument("aRemark");
@@ -94,7 +94,7 @@ TEST_F(AddEditMethodTest, OkChangesTheMethodWhereItStands)
 TEST_F(AddEditMethodTest, ARenamedMethodKeepsItsPlaceAndFreesItsName)
 {
     AddPayMethod();
-    frmAddEditMethod form(surroundings, "Pay");
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
     form.txtMethodName = "Settle";
     ASSERT_TRUE(form.cmdOK_Click());
     EXPECT_EQ(MethodNames(), (Texts{"First", "Settle", "Last"}));
@@ -107,7 +107,7 @@ TEST_F(AddEditMethodTest, ARenamedMethodKeepsItsPlaceAndFreesItsName)
 TEST_F(AddEditMethodTest, TheLettersOfANameCanChangeTheirCase)
 {
     AddPayMethod();
-    frmAddEditMethod form(surroundings, "Pay");
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
     form.txtMethodName = "PAY";
     EXPECT_EQ(form.Trouble("txtMethodName"), "");
     ASSERT_TRUE(form.cmdOK_Click());
@@ -138,7 +138,7 @@ TEST_F(AddEditMethodTest, TheDialogStaysWhileAMemberHasTheName)
     const std::string told =
         "The method name 'PAID' conflicts with an existing member of the Order class. Please enter another name.";
     const std::string before = Saved();
-    frmAddEditMethod form(surroundings, "Pay");
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
     Texts focus;
     const Connection listening =
         form.FocusWanted.Connect([&](std::string_view control) { focus.emplace_back(control); });
@@ -171,7 +171,7 @@ TEST_F(AddEditMethodTest, AnUntouchedMethodStaysByteForByte)
     method.Arguments.Item("aNote")->Index = 7;
     method.Arguments.Item("aNote")->ColumnName = "Note";
     const std::string before = Saved();
-    EXPECT_TRUE(frmAddEditMethod(surroundings, "Pay").cmdOK_Click());
+    EXPECT_TRUE(frmAddEditMethod(surroundings, item.TTCMethods.Item("Pay")).cmdOK_Click());
     EXPECT_EQ(Saved(), before);
 }
 
@@ -182,7 +182,7 @@ TEST_F(AddEditMethodTest, ABuiltInMethodStaysOneAndKeepsItsName)
     TTCParameter bound = Argument("anID", "Long");
     bound.ColumnName = "ID";
     StoreArguments({bound}, method.Arguments);
-    frmAddEditMethod form(surroundings, "Retrieve");
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Retrieve"));
     EXPECT_FALSE(form.txtMethodName_Enabled());
     form.txtMethodName = "Fetch";
     EXPECT_EQ(form.Trouble("txtMethodName"), "");
@@ -202,7 +202,7 @@ TEST_F(AddEditMethodTest, AMethodThatCallsAProcedureKeepsIt)
     method.SPReturnValuesOnly = true;
     method.StoredProcedure = std::make_shared<SP>();
     method.StoredProcedure->SPName = "GetOrders;1";
-    frmAddEditMethod form(surroundings, "GetOrders");
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("GetOrders"));
     EXPECT_FALSE(form.txtMethodName_Enabled());
     form.cmbScope = "Friend";
     ASSERT_TRUE(form.cmdOK_Click());
@@ -217,7 +217,7 @@ TEST_F(AddEditMethodTest, ChangingTheDefaultMethodIsAskedFor)
     AddPayMethod();
     item.TTCMethods.Item("First")->DefaultMethod = true;
     AnswerWith({Answer::No, Answer::Yes});
-    frmAddEditMethod form(surroundings, "Pay");
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
     form.txtMethodName = "Settle";
     form.chkDefault_Click(true);
     EXPECT_FALSE(form.chkDefault());
@@ -238,7 +238,7 @@ TEST_F(AddEditMethodTest, ADefaultPropertyGivesWayToAMethod)
     AddPayMethod();
     AddProperty(item, "Total", "Currency").DefaultProperty = true;
     AnswerWith({Answer::Yes});
-    frmAddEditMethod form(surroundings, "Pay");
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
     form.chkDefault_Click(true);
     EXPECT_EQ(
         Told(),
@@ -253,13 +253,13 @@ TEST_F(AddEditMethodTest, ADefaultPropertyGivesWayToAMethod)
 TEST_F(AddEditMethodTest, TheDefaultIsNotAskedForWhereThereIsNone)
 {
     AddPayMethod();
-    frmAddEditMethod form(surroundings, "Pay");
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
     form.chkDefault_Click(true);
     EXPECT_TRUE(form.chkDefault());
     form.chkDefault_Click(false);
     form.chkDefault_Click(true);
     ASSERT_TRUE(form.cmdOK_Click());
-    frmAddEditMethod again(surroundings, "Pay");
+    frmAddEditMethod again(surroundings, item.TTCMethods.Item("Pay"));
     again.chkDefault_Click(false);
     ASSERT_TRUE(again.cmdOK_Click());
     EXPECT_FALSE(item.TTCMethods.Item("Pay")->DefaultMethod);
@@ -270,7 +270,7 @@ TEST_F(AddEditMethodTest, CancelOfAChangedMethodAsks)
 {
     AddPayMethod();
     const std::string before = Saved();
-    frmAddEditMethod form(surroundings, "Pay");
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
     EXPECT_TRUE(form.cmdCancel_Click());
     EXPECT_TRUE(messages.Asked().empty()) << "nothing is changed";
     AnswerArgument("other");
@@ -299,7 +299,7 @@ TEST_F(AddEditMethodTest, EachControlCountsAsAChange)
             form.lstArguments().KeyDown(ArgumentKey::Delete);
         }};
     for (const auto& change : changes) {
-        frmAddEditMethod form(surroundings, "Pay");
+        frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
         AnswerWith({});
         messages.Add(Answer::Ok); // of the deletion, else of nothing
         change(form);
@@ -313,7 +313,7 @@ TEST_F(AddEditMethodTest, ThePreviewIsWhatIsGeneratedForTheMethod)
 {
     AddPayMethod();
     const std::string before = Saved();
-    frmAddEditMethod form(surroundings, "Pay");
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
     form.txtMethodName = "Pay All";
     form.lstArguments().Select({1});
     form.chkDefault_Click(true);
@@ -332,7 +332,7 @@ TEST_F(AddEditMethodTest, ThePreviewIsWhatIsGeneratedForTheMethod)
 TEST_F(AddEditMethodTest, ThePreviewOfAnArgumentIsThatOfItsMethod)
 {
     AddPayMethod();
-    frmAddEditMethod form(surroundings, "Pay");
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
     std::string shown;
     dialogs.Argument = [&](frmAddEditArgument& argument) {
         argument.txtArgumentName = "aPrice";
@@ -351,7 +351,7 @@ TEST_F(AddEditMethodTest, ThePreviewOfABuiltInMethodLeavesTheClassAlone)
     item.TableName = "Orders";
     AddMethod(item, "Retrieve", true);
     const std::string before = Saved();
-    frmAddEditMethod form(surroundings, "Retrieve");
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Retrieve"));
     EXPECT_GT(form.Preview().Count(), 10U);
     EXPECT_EQ(Saved(), before) << "a Clear that it needs is added to a copy";
 }

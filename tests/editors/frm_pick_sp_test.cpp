@@ -91,21 +91,5 @@ TEST_F(PickSPTest, MissingParametersAreToldAndTheDialogComesUp)
             "Parameters are not supported by the OLE DB Provider you are currently using.  NO Parameters will be included in the Stored Procedure Definition."});
 }
 
-TEST_F(PickSPTest, TheReadingAloneIsWatched)
-{
-    bool isWatched = false;
-    dialogs.PickSP = [&](frmPickSP&) {
-        EXPECT_FALSE(isWatched);
-        return false;
-    };
-    catalog.Answering = [&](const std::string& /*call*/) { EXPECT_TRUE(isWatched); };
-    frmPickSP(surroundings, [&](const std::function<void()>& reading) {
-        isWatched = true;
-        reading();
-        isWatched = false;
-    }).PickStoredProcedures(item.TTCMethods, selected);
-    EXPECT_EQ(catalog.Calls, (Texts{"Procedures", "ProcedureParameters"}));
-}
-
 } // namespace
 } // namespace veldrane

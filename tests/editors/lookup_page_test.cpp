@@ -214,19 +214,6 @@ TEST_F(LookupPageTest, AReadingThatIsCancelledIsNoFailure)
     EXPECT_THAT(errors.Reported, IsEmpty());
 }
 
-TEST_F(LookupPageTest, ReadingsAreWatched)
-{
-    int watched = 0;
-    surroundings.Watched = [&](const std::function<void()>& reading) {
-        ++watched;
-        reading();
-    };
-    LookupPage page = LoadedPage();
-    EXPECT_EQ(watched, 1);
-    Choose(page, "Customers");
-    EXPECT_EQ(watched, 2);
-}
-
 TEST_F(LookupPageTest, ChoosingTheTableAgainKeepsWhatWasTicked)
 {
     LookupPage page = LoadedPage();

@@ -6,6 +6,7 @@
 #include "projectfile/class_writer.h"
 #include "scripted_editor_dialogs.h"
 #include "support/fake_catalog.h"
+#include "support/memory_settings.h"
 
 #include <string>
 #include <vector>
@@ -89,9 +90,10 @@ class MemberTest : public GenerationTest
     FakeCatalog catalog;
     KZMClass& item = AddClass("Order");
     ScriptedEditorDialogs dialogs;
+    MemorySettings settings;
     ClassEdit edit{.Class = item, .Messages = messages, .Errors = errors, .CodePage = generation.Settings.CodePage};
     PreviewSource generated{project, classes, generation, errors};
-    MemberSurroundings surroundings{.Edit = edit, .Generated = generated, .Dialogs = dialogs};
+    MemberSurroundings surroundings{.Edit = edit, .Generated = generated, .Dialogs = dialogs, .UserSettings = settings};
 };
 
 } // namespace veldrane::testing

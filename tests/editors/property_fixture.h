@@ -1,7 +1,8 @@
 #pragma once
 
-#include "editors/property_surroundings.h"
+#include "editors/member_surroundings.h"
 #include "projectfile/class_writer.h"
+#include "scripted_editor_dialogs.h"
 #include "shell/no_conflicts.h"
 #include "support/failing_file_system.h"
 #include "support/fake_catalog.h"
@@ -140,7 +141,8 @@ class PropertyFixture : public ::testing::Test
                                .Conflicts = conflicts}};
     PreviewSource generated{project, classes, generation, errors};
     ClassEdit edit{.Class = *item, .Source = &catalog, .Messages = messages, .Errors = errors, .CodePage = codePage};
-    PropertySurroundings surroundings{.Edit = edit, .Generated = generated, .UserSettings = settings};
+    ScriptedEditorDialogs dialogs;
+    MemberSurroundings surroundings{.Edit = edit, .Generated = generated, .Dialogs = dialogs, .UserSettings = settings};
 };
 
 } // namespace veldrane::testing

@@ -25,18 +25,26 @@ class ScriptedEditorDialogs : public EditorDialogs
         Opened.push_back(form.Caption());
         return Class(form);
     }
-    bool Show(frmAddEditEvent& form) override { return Unexpected(form); }
-    bool Show(frmAddEditMethod& form) override { return Unexpected(form); }
-    bool Show(frmAddEditProperty& form) override { return Unexpected(form); }
-    bool Show(frmAddEditSP& form) override { return Unexpected(form); }
-    bool Show(frmBuiltInEvents& form) override { return Unexpected(form); }
-    bool Show(frmBuiltInMethods& form) override { return Unexpected(form); }
-    bool Show(frmBuiltInProperties& form) override { return Unexpected(form); }
-    bool Show(frmFieldProperties& form) override { return Unexpected(form); }
+    bool Show(frmAddEditEvent& form) override { return Event(form); }
+    bool Show(frmAddEditMethod& form) override { return Method(form); }
+    bool Show(frmAddEditProperty& form) override { return Property(form); }
+    bool Show(frmAddEditSP& form) override { return Procedure(form); }
+    bool Show(frmBuiltInEvents& form) override { return BuiltInEvents(form); }
+    bool Show(frmBuiltInMethods& form) override { return BuiltInMethods(form); }
+    bool Show(frmBuiltInProperties& form) override { return BuiltInProperties(form); }
+    bool Show(frmFieldProperties& form) override { return FieldProperties(form); }
     bool Show(frmPickSP& form) override { return PickSP(form); }
 
-    Shown<frmAddEditArgument> Argument = Unexpected<frmAddEditArgument>;
     Shown<frmAddEditClass> Class = [](frmAddEditClass& form) { return form.cmdOK_Click(); };
+    Shown<frmAddEditArgument> Argument = Unexpected<frmAddEditArgument>;
+    Shown<frmAddEditEvent> Event = Unexpected<frmAddEditEvent>;
+    Shown<frmAddEditMethod> Method = Unexpected<frmAddEditMethod>;
+    Shown<frmAddEditProperty> Property = Unexpected<frmAddEditProperty>;
+    Shown<frmAddEditSP> Procedure = Unexpected<frmAddEditSP>;
+    Shown<frmBuiltInEvents> BuiltInEvents = Unexpected<frmBuiltInEvents>;
+    Shown<frmBuiltInMethods> BuiltInMethods = Unexpected<frmBuiltInMethods>;
+    Shown<frmBuiltInProperties> BuiltInProperties = Unexpected<frmBuiltInProperties>;
+    Shown<frmFieldProperties> FieldProperties = Unexpected<frmFieldProperties>;
     Shown<frmPickSP> PickSP = Unexpected<frmPickSP>;
     std::vector<std::string> Opened; // the editors of classes, by their captions
 

@@ -17,6 +17,7 @@
 #include "shell/main_window/recent_menu.h"
 #include "shell/main_window/status_bar.h"
 #include "shell/main_window/tree_state.h"
+#include "shell/main_window/watched_catalog.h"
 #include "shell/no_conflicts.h"
 #include "shell/project_session.h"
 
@@ -175,8 +176,10 @@ class frmMain : private OptionsOwner
     [[nodiscard]] Drop EffectOf(const Dragged& dragged, std::size_t target);
     void PerformDrop(const Drop& drop);
     [[nodiscard]] bool WithEditor(const std::function<bool(ClassEditor& editor)>& use);
-    [[nodiscard]] ClassEditorWorld WorldOfEditor(CodeGeneration& previews);
-    [[nodiscard]] std::unique_ptr<Catalog> OpenWatchedCatalog();
+    [[nodiscard]] ProjectNames NamesOfProject();
+    [[nodiscard]] ClassEditorWorld WorldOfEditor(CodeGeneration& previews, MemberDialogs& members);
+    [[nodiscard]] std::unique_ptr<WatchedCatalog> MakeCatalog();
+    [[nodiscard]] std::unique_ptr<Catalog> OpenCatalog();
     void Watch(const std::function<void()>& read);
     [[nodiscard]] DataSourceConnection* OpenConnection();
 
@@ -207,7 +210,6 @@ class frmMain : private OptionsOwner
     CatalogReading& reading_;
     ProjectSession session_;
     NoConflicts conflicts_;
-    MemberDialogs members_;
     std::unique_ptr<CodeGeneration> ttc_;
     TreeState tree_;
     DataSourcePane datasource_;

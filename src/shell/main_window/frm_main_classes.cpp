@@ -1,7 +1,8 @@
 #include "shell/main_window/frm_main.h"
+
+#include "editors/shown_member_dialogs.h"
 #include "shell/main_window/new_class_parent.h"
 #include "shell/main_window/required_class.h"
-#include "shell/main_window/watched_catalog.h"
 
 // The main window and the editor of classes.
 namespace veldrane {
@@ -28,7 +29,12 @@ bool frmMain::WithEditor(const std::function<bool(ClassEditor& editor)>& use)
                              .Programs = application_.Programs,
                              .Conflicts = conflicts_},
                             ttc_->Settings);
-    ShownClassEditor editor(WorldOfEditor(previews), dialogs_.Editors());
+    ShownMemberDialogs members({.Dialogs = dialogs_.Editors(),
+                                .Names = NamesOfProject(),
+                                .Generated = {Project(), Classes(), previews, application_.Errors},
+                                .UserSettings = application_.UserSettings,
+                                .Source = [this] { return MakeCatalog(); }});
+    ShownClassEditor editor(WorldOfEditor(previews, members), dialogs_.Editors());
     try {
         return use(editor);
     } catch (const ReadingCancelled&) {
@@ -37,16 +43,21 @@ bool frmMain::WithEditor(const std::function<bool(ClassEditor& editor)>& use)
     }
 }
 
-ClassEditorWorld frmMain::WorldOfEditor(CodeGeneration& previews)
+ProjectNames frmMain::NamesOfProject()
 {
-    return {.Names = {.Project = Project(),
-                      .Classes = Classes(),
-                      .Messages = application_.Asking,
-                      .Errors = application_.Errors,
-                      .CodePage = application_.State.Generation.CodePage},
+    return {.Project = Project(),
+            .Classes = Classes(),
+            .Messages = application_.Asking,
+            .Errors = application_.Errors,
+            .CodePage = application_.State.Generation.CodePage};
+}
+
+ClassEditorWorld frmMain::WorldOfEditor(CodeGeneration& previews, MemberDialogs& members)
+{
+    return {.Names = NamesOfProject(),
             .Generation = previews,
-            .Members = members_,
-            .OpenCatalog = [this] { return OpenWatchedCatalog(); },
+            .Members = members,
+            .OpenCatalog = [this] { return OpenCatalog(); },
             .ClassesBelow =
                 [this](const std::string& className) {
                     const auto node = IndexOf(tree_.Nodes(), {.Kind = NodeKind::Class, .Key = className});
@@ -56,15 +67,21 @@ ClassEditorWorld frmMain::WorldOfEditor(CodeGeneration& previews)
 
 // Nothing while no data source is open; a connection that was lost meanwhile shows itself in what is asked of the
 // catalog.
-std::unique_ptr<Catalog> frmMain::OpenWatchedCatalog()
+std::unique_ptr<WatchedCatalog> frmMain::MakeCatalog()
 {
     DataSourceConnection* const connection = OpenConnection();
     if (connection == nullptr)
         return nullptr;
-    std::unique_ptr<Catalog> catalog;
-    Watch([&] { catalog = connection->OpenCatalog(); });
-    return std::make_unique<WatchedCatalog>(std::move(catalog),
+    return std::make_unique<WatchedCatalog>([connection] { return connection->OpenCatalog(); },
                                             [this](const std::function<void()>& read) { Watch(read); });
+}
+
+std::unique_ptr<Catalog> frmMain::OpenCatalog()
+{
+    std::unique_ptr<WatchedCatalog> catalog = MakeCatalog();
+    if (catalog)
+        catalog->Open();
+    return catalog;
 }
 
 // What the person sees of a reading is gone when it is over, whoever stays open.

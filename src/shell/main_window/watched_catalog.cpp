@@ -4,9 +4,16 @@
 
 namespace veldrane {
 
+void WatchedCatalog::Open()
+{
+    if (!catalog_)
+        watch_([&] { catalog_ = open_(); });
+}
+
 template <class Question>
 auto WatchedCatalog::Watched(const Question& question)
 {
+    Open();
     std::invoke_result_t<Question> answer{};
     watch_([&] { answer = question(); });
     return answer;
@@ -50,6 +57,12 @@ std::vector<std::string> WatchedCatalog::Procedures()
 std::vector<CatalogParameter> WatchedCatalog::ProcedureParameters()
 {
     return Watched([&] { return catalog_->ProcedureParameters(); });
+}
+
+void WatchedCatalog::ExpectManyTables()
+{
+    Open();
+    catalog_->ExpectManyTables();
 }
 
 } // namespace veldrane

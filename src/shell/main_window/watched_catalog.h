@@ -14,13 +14,16 @@ namespace veldrane {
 using WatchReading = std::function<void(const std::function<void()>& read)>;
 
 // A catalog for a dialog that stays open between its questions: each of them is a reading of its own, so that nothing
-// is shown as being read while the person thinks or answers.
+// is shown as being read while the person thinks or answers. The first of them opens what it is asked of.
 class WatchedCatalog : public Catalog
 {
   public:
-    WatchedCatalog(std::unique_ptr<Catalog> catalog, WatchReading watch)
-        : catalog_(std::move(catalog)), watch_(std::move(watch))
+    WatchedCatalog(std::function<std::unique_ptr<Catalog>()> open, WatchReading watch)
+        : open_(std::move(open)), watch_(std::move(watch))
     {}
+
+    // Opens it before any question. Throws what opening throws.
+    void Open();
 
     [[nodiscard]] const std::vector<CatalogTable>& Tables() override;
     [[nodiscard]] std::vector<CatalogField> Fields(const std::string& statement) override;
@@ -30,12 +33,13 @@ class WatchedCatalog : public Catalog
     [[nodiscard]] std::vector<std::string> HiddenTables() override;
     [[nodiscard]] std::vector<std::string> Procedures() override;
     [[nodiscard]] std::vector<CatalogParameter> ProcedureParameters() override;
-    void ExpectManyTables() override { catalog_->ExpectManyTables(); }
+    void ExpectManyTables() override;
 
   private:
     template <class Question>
     auto Watched(const Question& question);
 
+    std::function<std::unique_ptr<Catalog>()> open_;
     std::unique_ptr<Catalog> catalog_;
     WatchReading watch_;
 };

@@ -26,13 +26,20 @@ class WatchedCatalogTest : public ::testing::Test
         source->ProcedureNames = {"GetTotals"};
         source->Hidden = {"Secrets"};
         source->Parameters = {{.ProcedureName = "GetTotals"}};
-        catalog_ = std::make_unique<WatchedCatalog>(std::move(source), [this](const std::function<void()>& read) {
-            heard_.emplace_back("begin");
-            read();
-            heard_.emplace_back("end");
-        });
+        behind_ = std::move(source);
+        catalog_ = std::make_unique<WatchedCatalog>(
+            [this]() -> std::unique_ptr<Catalog> {
+                heard_.emplace_back("  open");
+                return std::move(behind_);
+            },
+            [this](const std::function<void()>& read) {
+                heard_.emplace_back("begin");
+                read();
+                heard_.emplace_back("end");
+            });
     }
 
+    std::unique_ptr<testing::FakeCatalog> behind_; // until it is opened
     testing::FakeCatalog* source_ = nullptr;
     std::vector<std::string> heard_;
     std::unique_ptr<WatchedCatalog> catalog_;
@@ -42,7 +49,7 @@ TEST_F(WatchedCatalogTest, EachQuestionIsAReadingOfItsOwn)
 {
     static_cast<void>(catalog_->Fields("SELECT * FROM Orders WHERE 1=0"));
     static_cast<void>(catalog_->Indexes("Orders"));
-    EXPECT_THAT(heard_, ElementsAre("begin", "  Fields", "end", "begin", "  Indexes", "end"));
+    EXPECT_THAT(heard_, ElementsAre("begin", "  open", "end", "begin", "  Fields", "end", "begin", "  Indexes", "end"));
 }
 
 TEST_F(WatchedCatalogTest, AnswersAsTheCatalogBehindItDoes)
@@ -55,6 +62,15 @@ TEST_F(WatchedCatalogTest, AnswersAsTheCatalogBehindItDoes)
     EXPECT_THAT(catalog_->HiddenTables(), ElementsAre("Secrets"));
     EXPECT_THAT(catalog_->Procedures(), ElementsAre("GetTotals"));
     EXPECT_THAT(catalog_->ProcedureParameters(), SizeIs(1));
+}
+
+TEST_F(WatchedCatalogTest, IsOpenedOnceAndNotBeforeItIsAsked)
+{
+    EXPECT_THAT(heard_, ElementsAre());
+    catalog_->Open();
+    EXPECT_THAT(heard_, ElementsAre("begin", "  open", "end"));
+    static_cast<void>(catalog_->Procedures());
+    EXPECT_THAT(heard_, ElementsAre("begin", "  open", "end", "begin", "  Procedures", "end"));
 }
 
 TEST_F(WatchedCatalogTest, AFailureGoesOnToWhoeverAsked)

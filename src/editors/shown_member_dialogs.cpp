@@ -1,0 +1,116 @@
+#include "editors/shown_member_dialogs.h"
+
+#include "datasource/procedure_method.h"
+#include "editors/frm_add_edit_event.h"
+#include "editors/frm_add_edit_method.h"
+#include "editors/frm_add_edit_property.h"
+#include "editors/frm_built_in_events.h"
+#include "editors/frm_built_in_methods.h"
+#include "editors/frm_built_in_properties.h"
+#include "editors/frm_field_properties.h"
+#include "editors/frm_pick_sp.h"
+
+namespace veldrane {
+
+bool ShownMemberDialogs::Use(KZMClass& item, const std::function<bool(const MemberSurroundings&)>& use)
+{
+    const std::unique_ptr<Catalog> source = ports_.Source();
+    ClassEdit edit{.Class = item,
+                   .Source = source.get(),
+                   .Messages = ports_.Names.Messages,
+                   .Errors = ports_.Names.Errors,
+                   .CodePage = ports_.Names.CodePage};
+    return use(
+        {.Edit = edit, .Generated = ports_.Generated, .Dialogs = ports_.Dialogs, .UserSettings = ports_.UserSettings});
+}
+
+template <class Form, class... Member>
+bool ShownMemberDialogs::ShowForm(KZMClass& item, const Member&... member)
+{
+    return Use(item, [&](const MemberSurroundings& surroundings) {
+        Form form(surroundings, member...);
+        return ports_.Dialogs.Show(form);
+    });
+}
+
+bool ShownMemberDialogs::AddMethod(KZMClass& item)
+{
+    return ShowForm<frmAddEditMethod>(item);
+}
+
+bool ShownMemberDialogs::EditMethod(KZMClass& item, const std::shared_ptr<TTCMethod>& method)
+{
+    return ShowForm<frmAddEditMethod>(item, method);
+}
+
+bool ShownMemberDialogs::AddBuiltInMethods(KZMClass& item)
+{
+    return ShowForm<frmBuiltInMethods>(item);
+}
+
+bool ShownMemberDialogs::PickProcedures(KZMClass& item, SPs& picked)
+{
+    return Use(item, [&](const MemberSurroundings& surroundings) {
+        return frmPickSP(surroundings).PickStoredProcedures(item.TTCMethods, picked);
+    });
+}
+
+bool ShownMemberDialogs::AddProcedure(KZMClass& item, const std::shared_ptr<SP>& procedure)
+{
+    frmAddEditSP form({.Mode = ProcedureMode::Add,
+                       .Procedure = procedure,
+                       .Class = item,
+                       .Messages = ports_.Names.Messages,
+                       .Errors = ports_.Names.Errors,
+                       .CodePage = ports_.Names.CodePage});
+    return ports_.Dialogs.Show(form);
+}
+
+bool ShownMemberDialogs::EditProcedure(KZMClass& item, const std::shared_ptr<TTCMethod>& method)
+{
+    frmAddEditSP form({.Mode = ProcedureMode::Edit,
+                       .Procedure = method->StoredProcedure,
+                       .Class = item,
+                       .Key = method->MethodName,
+                       .Messages = ports_.Names.Messages,
+                       .Errors = ports_.Names.Errors,
+                       .CodePage = ports_.Names.CodePage});
+    return ports_.Dialogs.Show(form);
+}
+
+bool ShownMemberDialogs::AddEvent(KZMClass& item)
+{
+    return ShowForm<frmAddEditEvent>(item);
+}
+
+bool ShownMemberDialogs::EditEvent(KZMClass& item, const std::shared_ptr<ttcEvent>& event)
+{
+    return ShowForm<frmAddEditEvent>(item, event);
+}
+
+bool ShownMemberDialogs::AddBuiltInEvents(KZMClass& item)
+{
+    return ShowForm<frmBuiltInEvents>(item);
+}
+
+bool ShownMemberDialogs::FieldProperties(KZMClass& item, const std::shared_ptr<TTCProperty>& property)
+{
+    return ShowForm<frmFieldProperties>(item, property);
+}
+
+bool ShownMemberDialogs::AddProperty(KZMClass& item)
+{
+    return ShowForm<frmAddEditProperty>(item);
+}
+
+bool ShownMemberDialogs::EditProperty(KZMClass& item, const std::shared_ptr<TTCProperty>& property)
+{
+    return ShowForm<frmAddEditProperty>(item, property);
+}
+
+bool ShownMemberDialogs::AddBuiltInProperties(KZMClass& item)
+{
+    return ShowForm<frmBuiltInProperties>(item);
+}
+
+} // namespace veldrane

@@ -10,6 +10,8 @@
 #include "editors/frm_field_properties.h"
 #include "editors/frm_pick_sp.h"
 
+#include <string>
+
 namespace veldrane {
 
 bool ShownMemberDialogs::Use(KZMClass& item, const std::function<bool(const MemberSurroundings&)>& use)
@@ -95,7 +97,12 @@ bool ShownMemberDialogs::AddBuiltInEvents(KZMClass& item)
 
 bool ShownMemberDialogs::FieldProperties(KZMClass& item, const std::shared_ptr<TTCProperty>& property)
 {
-    return ShowForm<frmFieldProperties>(item, property);
+    const std::string before = property->DataType;
+    if (!ShowForm<frmFieldProperties>(item, property))
+        return false;
+    if (property->DataType != before)
+        ports_.DataTypeChanged();
+    return true;
 }
 
 bool ShownMemberDialogs::AddProperty(KZMClass& item)

@@ -26,6 +26,9 @@ struct MemberDialogPorts
 
     // The catalog as it is when it is asked first; nothing while no data source is open.
     std::function<std::unique_ptr<Catalog>()> Source;
+
+    // A property on a field of the table has got another data type.
+    std::function<void()> DataTypeChanged;
 };
 
 // Shows the dialogs of members.

@@ -37,15 +37,18 @@ class ShownMemberDialogsTest : public testing::MemberTest
     }
 
     bool hasSource = true;
+    int dataTypesChanged = 0;
     ProjectNames names{.Project = project,
                        .Classes = classes,
                        .Messages = messages,
                        .Errors = errors,
                        .CodePage = generation.Settings.CodePage};
-    ShownMemberDialogs shown{
-        {.Dialogs = dialogs, .Names = names, .Generated = generated, .UserSettings = settings, .Source = [this] {
-             return Source();
-         }}};
+    ShownMemberDialogs shown{{.Dialogs = dialogs,
+                              .Names = names,
+                              .Generated = generated,
+                              .UserSettings = settings,
+                              .Source = [this] { return Source(); },
+                              .DataTypeChanged = [this] { ++dataTypesChanged; }}};
 };
 
 TEST_F(ShownMemberDialogsTest, MethodsAreAddedAndEdited)
@@ -188,6 +191,32 @@ TEST_F(ShownMemberDialogsTest, TheMethodOfAProcedureIsRenamed)
     EXPECT_THAT(MethodNames(), ElementsAre("Totals", "AllSums"));
     EXPECT_EQ(item.TTCMethods.Item("AllSums")->StoredProcedure->SPName, "sp_Sums");
     EXPECT_FALSE(item.TTCMembers.Contains("Sums"));
+}
+
+TEST_F(ShownMemberDialogsTest, AnotherDataTypeOfAFieldIsTold)
+{
+    item.TTCMembers.Add("Name", "Name");
+    const auto property = item.TTCProperties.Add(
+        {.AddToClass = true, .FieldName = "Name", .PropertyName = "Name", .DataType = "String", .PropertyGet = true},
+        "Name");
+    dialogs.FieldProperties = [](frmFieldProperties& form) { return form.cmdOK_Click(); };
+    EXPECT_TRUE(shown.FieldProperties(item, property));
+    EXPECT_EQ(dataTypesChanged, 0);
+    const auto choose = [](frmFieldProperties& form) {
+        form.Data.cmbDataType_Click(form.Data.cmbDataType() == 0 ? 1 : 0);
+    };
+    dialogs.FieldProperties = [&](frmFieldProperties& form) {
+        choose(form);
+        return false;
+    };
+    EXPECT_FALSE(shown.FieldProperties(item, property));
+    EXPECT_EQ(dataTypesChanged, 0);
+    dialogs.FieldProperties = [&](frmFieldProperties& form) {
+        choose(form);
+        return form.cmdOK_Click();
+    };
+    EXPECT_TRUE(shown.FieldProperties(item, property));
+    EXPECT_EQ(dataTypesChanged, 1);
 }
 
 // Nobody waits for a data source that the dialog may never ask.

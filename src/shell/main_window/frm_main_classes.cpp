@@ -1,12 +1,19 @@
 #include "shell/main_window/frm_main.h"
 
 #include "editors/shown_member_dialogs.h"
+#include "shell/main_window/help_messages.h"
 #include "shell/main_window/new_class_parent.h"
 #include "shell/main_window/required_class.h"
 
 // The main window and the editor of classes.
 namespace veldrane {
 namespace {
+
+constexpr const char* kDataTypeChanged =
+    "The data type of a property regulates how its value is declared, read from its field and written back.\r\n\r\n"
+    "The field keeps the type that it has in the table: if the two do not agree, the generated code converts the value "
+    "each time, and a value that can't be converted is an error at run time. Change the data type only where you know "
+    "that every value of the field fits.";
 
 // A preview that follows each key that is pressed asks nobody.
 class NobodyAsked : public Messages
@@ -29,11 +36,13 @@ bool frmMain::WithEditor(const std::function<bool(ClassEditor& editor)>& use)
                              .Programs = application_.Programs,
                              .Conflicts = conflicts_},
                             ttc_->Settings);
-    ShownMemberDialogs members({.Dialogs = dialogs_.Editors(),
-                                .Names = NamesOfProject(),
-                                .Generated = {Project(), Classes(), previews, application_.Errors},
-                                .UserSettings = application_.UserSettings,
-                                .Source = [this] { return MakeCatalog(); }});
+    ShownMemberDialogs members(
+        {.Dialogs = dialogs_.Editors(),
+         .Names = NamesOfProject(),
+         .Generated = {Project(), Classes(), previews, application_.Errors},
+         .UserSettings = application_.UserSettings,
+         .Source = [this] { return MakeCatalog(); },
+         .DataTypeChanged = [this] { warning_.DisplayWarning(kDataTypeChanged, warning_id::kDataTypeRegulation); }});
     ShownClassEditor editor(WorldOfEditor(previews, members), dialogs_.Editors());
     try {
         return use(editor);

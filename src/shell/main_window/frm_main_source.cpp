@@ -9,9 +9,8 @@ namespace {
 constexpr const char* kProcedureOpened =
     "A stored procedure is called by a method of a class: the method takes the parameters of the procedure and returns "
     "its rows.\r\n\r\n"
-    "Such a method cannot be added from this list. Save your project, and use the command 'veldrane define' with "
-    "'--procedure' to add it; then open your project again. Click a procedure to mark the classes that already have a "
-    "method for it.";
+    "To add such a method, open a class by a double click on it in the tree, and use 'Add Stored Procedure' on its tab "
+    "'Methods'. Click a procedure to mark the classes that already have a method for it.";
 
 } // namespace
 

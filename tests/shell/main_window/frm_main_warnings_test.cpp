@@ -1,6 +1,7 @@
 #include "frm_main_fixture.h"
 
 #include "datasource/logon/frm_odbc_logon.h"
+#include "editors/frm_field_properties.h"
 
 namespace veldrane {
 namespace {
@@ -20,12 +21,16 @@ constexpr const char* kDataSourceChanged =
     "The code that you generate will connect to the new data source. Please make sure that it has the same structure as "
     "the former one.";
 
+constexpr const char* kDataTypeChanged =
+    "The data type of a property regulates how its value is declared, read from its field and written back.\r\n\r\n"
+    "The field keeps the type that it has in the table: if the two do not agree, the generated code converts the value "
+    "each time, and a value that can't be converted is an error at run time. Change the data type only where you know "
+    "that every value of the field fits.";
 constexpr const char* kProcedureOpened =
     "A stored procedure is called by a method of a class: the method takes the parameters of the procedure and returns "
     "its rows.\r\n\r\n"
-    "Such a method cannot be added from this list. Save your project, and use the command 'veldrane define' with "
-    "'--procedure' to add it; then open your project again. Click a procedure to mark the classes that already have a "
-    "method for it.";
+    "To add such a method, open a class by a double click on it in the tree, and use 'Add Stored Procedure' on its tab "
+    "'Methods'. Click a procedure to mark the classes that already have a method for it.";
 
 class FrmMainWarnings : public testing::FrmMainTest
 {
@@ -145,6 +150,22 @@ TEST_F(FrmMainWarnings, AProcedureThatIsOpenedIsExplained)
     Form.Project().SetConnectionString("");
     Form.lst_DblClick(Row("NONE"));
     EXPECT_EQ(Windows.Warned.size(), 1U);
+}
+
+TEST_F(FrmMainWarnings, AnotherDataTypeOfAFieldIsExplained)
+{
+    StartWithCustomer();
+    Windows.ClassEditors.FieldProperties = [](frmFieldProperties& form) {
+        form.Data.cmbDataType_Click(form.Data.cmbDataType() == 0 ? 1 : 0);
+        return form.cmdOK_Click();
+    };
+    Windows.ClassEditors.Class = [](frmAddEditClass& form) {
+        form.Select(ClassList::lstProperties, {0});
+        form.actBar_Click("FieldProperties");
+        return form.cmdOK_Click();
+    };
+    Form.treMain_DblClick(Node(OfClass("Customer")));
+    EXPECT_THAT(Windows.Warned, ElementsAre(kDataTypeChanged));
 }
 
 TEST_F(FrmMainWarnings, EachComesNoMoreOnceItsBoxWasTicked)

@@ -2,17 +2,24 @@
 
 #include "datasource/builtin_members.h"
 #include "editors/member_preview.h"
+#include "editors/property_name.h"
 
 namespace veldrane {
 
 frmBuiltInProperties::frmBuiltInProperties(const MemberSurroundings& surroundings) : surroundings_(surroundings)
 {
     const KZMClass& item = surroundings_.Edit.Class;
-    for (const BuiltInProperty& property : BuiltInProperties())
+    for (const BuiltInProperty& property : BuiltInProperties()) {
+        const bool isProperty = item.TTCProperties.Contains(property.Name);
+        const bool isFree = !item.TTCMembers.Contains(property.Name);
         rows_.push_back({.Name = std::string(property.Name),
                          .Description = std::string(property.Description),
-                         .Ticked = item.TTCProperties.Contains(property.Name),
-                         .Enabled = !item.TTCMembers.Contains(property.Name)});
+                         .Ticked = isProperty,
+                         .Enabled = isFree,
+                         .Trouble = isFree || isProperty
+                                        ? ""
+                                        : NameTaken(property.Name, PropertyNameRules(surroundings_.Edit, "")).Text});
+    }
 }
 
 void frmBuiltInProperties::lstProperties_ItemCheck(const std::vector<std::size_t>& rows, bool ticked)

@@ -16,7 +16,8 @@ struct BuiltInPropertyRow
     std::string Description; // the second column
     std::string Icon = "PropertyPlus";
     bool Ticked = false;
-    bool Enabled = true; // false where the class has a member of the name: nothing is to be added
+    bool Enabled = true;   // false where the class has a member of the name: nothing is to be added
+    std::string Trouble{}; // says so where that member is no property, "" otherwise
 };
 
 // The dialog that offers the properties which the generator knows how to write. Only OK changes the class.

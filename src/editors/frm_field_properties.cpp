@@ -72,6 +72,8 @@ std::string frmFieldProperties::Trouble(std::string_view control) const
         return NameTrouble(txtPropertyName, NameRules());
     if (control == "txtMaxLength")
         return LengthRefusal().value_or(Question{}).Text;
+    if (control == "cmbTable")
+        return Lookup.TableRefusal().value_or(Question{}).Text;
     return control == "cmbField" ? Lookup.JoinTrouble() : std::string();
 }
 
@@ -106,7 +108,8 @@ bool frmFieldProperties::MayStore()
         FocusWanted.Raise("txtPropertyName");
         return false;
     }
-    return !Refused(LengthRefusal(), "txtMaxLength") && !Refused(Lookup.Refusal(txtPropertyName), "lstFields");
+    return !Refused(LengthRefusal(), "txtMaxLength") && !Refused(Lookup.TableRefusal(), "cmbTable") &&
+           !Refused(Lookup.Refusal(txtPropertyName), "lstFields");
 }
 
 bool frmFieldProperties::cmdOK_Click()

@@ -56,7 +56,8 @@ class frmFieldProperties
     void tabMain_Click(FieldTab tab);
 
     // What is wrong with what a control holds, in the words that OK tells; "" if nothing. `control` is
-    // "txtPropertyName", "txtMaxLength" or "cmbField"; the last is told here alone and keeps nobody from OK.
+    // "txtPropertyName", "txtMaxLength", "cmbTable" or "cmbField"; the last is told here alone and keeps nobody from
+    // OK.
     [[nodiscard]] std::string Trouble(std::string_view control) const;
 
     // The same for a row of `lstFields`.

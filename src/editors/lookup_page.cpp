@@ -104,16 +104,34 @@ void LookupPage::ShowTables(std::vector<ListRow> tables)
     tables.insert(tables.begin(), Row(kNoLookup, ""));
     tables_ = std::move(tables);
     table_ = property_->LookupTable.empty() ? 0 : Select(tables_, property_->LookupTable, "Table");
+    typedTable_ = TableName();
 }
 
 void LookupPage::cmbTable_Click(std::size_t row)
 {
-    if (row >= tables_.size() || (row == table_ && fieldsRead_))
+    if (row >= tables_.size())
+        return;
+    typedTable_ = tables_[row].Text;
+    if (row == table_ && fieldsRead_)
         return;
     table_ = row;
     ShowFields({});
     if (table_ != 0)
         ReadFields("cmbTable_Click");
+}
+
+void LookupPage::cmbTable_Change(std::string typed)
+{
+    typedTable_ = std::move(typed);
+}
+
+std::optional<Question> LookupPage::TableRefusal() const
+{
+    if (RowOf(tables_, typedTable_) < tables_.size())
+        return std::nullopt;
+    return Question{.Title = "Invalid Lookup Table",
+                    .Text = "No table or view of this name is listed. Please choose one from the list.",
+                    .Icon = MessageIcon::Warning};
 }
 
 void LookupPage::ReadFields(std::string_view routine)

@@ -46,6 +46,11 @@ class LookupPage
     // that the property has of it. The table that is chosen is read again only if that failed before.
     void cmbTable_Click(std::size_t row);
 
+    // What is typed into the box. It chooses nothing; where it is the name of no row, OK is refused.
+    void cmbTable_Change(std::string typed);
+    [[nodiscard]] const std::string& cmbTable_Text() const { return typedTable_; }
+    [[nodiscard]] std::optional<Question> TableRefusal() const;
+
     // The identity fields of the table behind "<none>", and the row that is chosen.
     [[nodiscard]] const std::vector<ListRow>& JoinFields() const { return joins_; }
     [[nodiscard]] std::size_t cmbField() const { return join_; }
@@ -95,6 +100,7 @@ class LookupPage
     std::shared_ptr<const TTCProperty> property_;
     std::vector<ListRow> tables_;
     std::size_t table_ = 0;
+    std::string typedTable_;
     std::vector<ListRow> joins_;
     std::size_t join_ = 0;
     std::vector<LookupFieldRow> rows_;

@@ -42,6 +42,10 @@ TEST_F(BuiltInPropertiesTest, WhatTheClassHasIsTickedForGood)
     AddMethod("deleted");
     frmBuiltInProperties form(surroundings);
     EXPECT_THAT(Rows(form), ElementsAre("+-Modified", "-Deleted", "FormatProperties"));
+    EXPECT_EQ(form.lstProperties()[0].Trouble, "");
+    EXPECT_EQ(form.lstProperties()[1].Trouble,
+              "The property name 'Deleted' conflicts with an existing member of the Order class. Please enter another "
+              "name.");
     form.lstProperties_ItemCheck({0}, false);
     form.lstProperties_ItemCheck({1, 2, 99}, true);
     EXPECT_THAT(Rows(form), ElementsAre("+-Modified", "-Deleted", "+FormatProperties"));

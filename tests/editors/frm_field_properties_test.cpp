@@ -374,6 +374,19 @@ TEST_F(FieldPropertiesTest, TheNameThatIsGivenUpMayBeAnAlias)
     EXPECT_THAT(Members(), ElementsAre("Name", "CityNumber", "City"));
 }
 
+TEST_F(FieldPropertiesTest, ATableThatIsNotListedIsRefused)
+{
+    const std::string before = Saved();
+    form.tabMain_Click(FieldTab::Lookup);
+    form.Lookup.cmbTable_Change("Custom");
+    const std::string text = "No table or view of this name is listed. Please choose one from the list.";
+    EXPECT_EQ(form.Trouble("cmbTable"), text);
+    EXPECT_FALSE(form.cmdOK_Click());
+    EXPECT_THAT(Boxes(), ElementsAre("Invalid Lookup Table|" + text));
+    EXPECT_THAT(focused, ElementsAre("cmbTable"));
+    EXPECT_EQ(Saved(), before);
+}
+
 TEST_F(FieldPropertiesTest, ATableThatCantBeJoinedIsToldBesideItsBox)
 {
     catalog.Add("Codes").Fields = {Field("Code", adVarWChar, 5)};

@@ -214,6 +214,28 @@ TEST_F(LookupPageTest, AReadingThatIsCancelledIsNoFailure)
     EXPECT_THAT(errors.Reported, IsEmpty());
 }
 
+TEST_F(LookupPageTest, WhatIsTypedHasToBeTheNameOfATable)
+{
+    LookupPage page = LoadedPage();
+    EXPECT_EQ(page.cmbTable_Text(), "<none>");
+    for (const char* typed : {"Custom", ""}) {
+        page.cmbTable_Change(typed);
+        EXPECT_EQ(page.cmbTable_Text(), typed);
+        EXPECT_EQ(page.TableName(), "<none>");
+        ASSERT_TRUE(page.TableRefusal().has_value());
+        EXPECT_EQ(page.TableRefusal()->Title, "Invalid Lookup Table");
+        EXPECT_EQ(page.TableRefusal()->Text,
+                  "No table or view of this name is listed. Please choose one from the list.");
+    }
+    page.cmbTable_Change("customers");
+    EXPECT_FALSE(page.TableRefusal().has_value());
+    Choose(page, "Customers");
+    page.cmbTable_Change("Custom");
+    Choose(page, "Customers");
+    EXPECT_EQ(page.cmbTable_Text(), "Customers");
+    EXPECT_FALSE(page.TableRefusal().has_value());
+}
+
 TEST_F(LookupPageTest, ChoosingTheTableAgainKeepsWhatWasTicked)
 {
     LookupPage page = LoadedPage();

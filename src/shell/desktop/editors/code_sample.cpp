@@ -7,9 +7,17 @@
 #include <QGuiApplication>
 #include <QScrollBar>
 
+#include <algorithm>
 #include <utility>
 
 namespace veldrane {
+namespace {
+
+// What is seen of the code without scrolling.
+constexpr int kCharacters = 64;
+constexpr int kLines = 14;
+
+} // namespace
 
 CodeSample::CodeSample(QWidget* parent) : QListView(parent), model_(pane_)
 {
@@ -34,6 +42,12 @@ void CodeSample::ShowLines(TTCOutputs lines)
     pane_.Show(std::move(text), "Preview");
     verticalScrollBar()->setValue(row);
     horizontalScrollBar()->setValue(column);
+}
+
+QSize CodeSample::sizeHint() const
+{
+    const int rowHeight = std::max(fontMetrics().height(), iconSize().height());
+    return {kCharacters * fontMetrics().averageCharWidth(), kLines * rowHeight + 2 * frameWidth()};
 }
 
 void CodeSample::changeEvent(QEvent* event)

@@ -22,6 +22,9 @@ class CodeSample : public QListView
 
     void ShowLines(TTCOutputs lines);
 
+    // Room for a dozen lines of the usual length.
+    [[nodiscard]] QSize sizeHint() const override;
+
   protected:
     void changeEvent(QEvent* event) override;
 

@@ -1,5 +1,6 @@
 #include "shell/desktop/editors/editor_list.h"
 
+#include "shell/desktop/plain_tool_tip.h"
 #include "shell/desktop/qt_color.h"
 #include "shell/desktop/qt_text.h"
 
@@ -8,6 +9,7 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 
@@ -21,6 +23,21 @@ bool HasText(const QTreeWidgetItem& item, const QString& text)
             return true;
     return false;
 }
+
+// Has an editor in one column alone; the flags of an item are those of all its columns.
+class OneColumnEdited : public QStyledItemDelegate
+{
+  public:
+    OneColumnEdited(int column, QObject* parent) : QStyledItemDelegate(parent), column_(column) {}
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return index.column() == column_ ? QStyledItemDelegate::createEditor(parent, option, index) : nullptr;
+    }
+
+  private:
+    int column_;
+};
 
 Qt::CheckState StateOf(bool ticked)
 {
@@ -36,10 +53,8 @@ EditorList::EditorList(QWidget* parent) : QTreeWidget(parent)
     setAllColumnsShowFocus(true);
     setSelectionMode(ExtendedSelection);
     connect(this, &QTreeWidget::itemSelectionChanged, this, [this] { Q_EMIT RowsSelected(SelectedRows()); });
-    connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item, int column) {
-        if (column == 0)
-            Tick(*item);
-    });
+    connect(this, &QTreeWidget::itemChanged, this,
+            [this](QTreeWidgetItem* item, int column) { TakeChange(*item, column); });
     connect(this, &QTreeWidget::itemDoubleClicked, this,
             [this](QTreeWidgetItem* item) { Q_EMIT RowOpened(RowOf(*item)); });
 }
@@ -55,19 +70,41 @@ void EditorList::FilterBy(QLineEdit& filter)
     });
 }
 
+void EditorList::LetEdit(int column)
+{
+    edited_ = column;
+    setItemDelegate(new OneColumnEdited(column, this));
+}
+
+std::optional<std::size_t> EditorList::CurrentRow() const
+{
+    QTreeWidgetItem* const current = currentItem();
+    return current == nullptr || current->isHidden() ? std::nullopt : std::optional(RowOf(*current));
+}
+
+void EditorList::SelectRow(std::size_t row)
+{
+    QTreeWidgetItem* const item = topLevelItem(static_cast<int>(row));
+    if (item == nullptr)
+        return;
+    setCurrentItem(item, std::max(edited_, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollToItem(item);
+}
+
 void EditorList::Show(const std::vector<EditorRow>& rows, const std::vector<std::size_t>& selected)
 {
     const QSignalBlocker silence(this);
     const int place = verticalScrollBar()->value();
     QTreeWidgetItem* const current = currentItem();
     const int row = current == nullptr ? 0 : indexOfTopLevelItem(current);
+    const int column = std::max(currentColumn(), 0);
     while (topLevelItemCount() > static_cast<int>(rows.size()))
         delete takeTopLevelItem(topLevelItemCount() - 1);
     while (topLevelItemCount() < static_cast<int>(rows.size()))
         addTopLevelItem(new QTreeWidgetItem);
     for (std::size_t each = 0; each < rows.size(); ++each)
         Fill(*topLevelItem(static_cast<int>(each)), rows[each]);
-    setCurrentItem(topLevelItem(std::min(row, topLevelItemCount() - 1)), 0, QItemSelectionModel::NoUpdate);
+    setCurrentItem(topLevelItem(std::min(row, topLevelItemCount() - 1)), column, QItemSelectionModel::NoUpdate);
     clearSelection();
     for (const std::size_t each : selected)
         if (each < rows.size())
@@ -89,10 +126,36 @@ std::vector<std::size_t> EditorList::SelectedRows() const
 void EditorList::keyPressEvent(QKeyEvent* event)
 {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && event->modifiers() == Qt::NoModifier && currentItem() != nullptr && currentItem()->isSelected())
-        Q_EMIT RowOpened(RowOf(*currentItem()));
-    else
+    const bool isBare = event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier;
+    const bool isOnRow = currentItem() != nullptr && currentItem()->isSelected() && state() != EditingState;
+    if (!isReturn || !isBare || !isOnRow)
         QTreeWidget::keyPressEvent(event);
+    else if (edited_ >= 0)
+        edit(currentIndex(), EditKeyPressed, event);
+    else
+        Q_EMIT RowOpened(RowOf(*currentItem()));
+}
+
+void EditorList::changeEvent(QEvent* event)
+{
+    QTreeWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange)
+        return;
+    const QSignalBlocker silence(this);
+    for (int row = 0; row < topLevelItemCount(); ++row)
+        for (int column = 0; column < columnCount(); ++column)
+            if (topLevelItem(row)->foreground(column).style() != Qt::NoBrush)
+                topLevelItem(row)->setForeground(column, TroubleColor(QGuiApplication::palette()));
+}
+
+// A key means the row, whichever of its columns was clicked last.
+bool EditorList::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
+{
+    if (trigger == EditKeyPressed)
+        return QTreeWidget::edit(index.siblingAtColumn(edited_), trigger, event);
+    if (trigger == AnyKeyPressed)
+        return QTreeWidget::edit(index.siblingAtColumn(0), trigger, event);
+    return QTreeWidget::edit(index, trigger, event);
 }
 
 bool EditorList::eventFilter(QObject* watched, QEvent* event)
@@ -117,15 +180,19 @@ void EditorList::Fill(QTreeWidgetItem& item, const EditorRow& row)
     Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
     flags.setFlag(Qt::ItemIsEnabled, row.Enabled);
     flags.setFlag(Qt::ItemIsUserCheckable, row.Ticked.has_value());
+    flags.setFlag(Qt::ItemIsEditable, edited_ >= 0);
     item.setFlags(flags);
     item.setData(0, Qt::CheckStateRole, row.Ticked ? QVariant(StateOf(*row.Ticked)) : QVariant());
     QFont font = this->font();
     font.setBold(row.Bold);
     item.setFont(0, font);
     const QString trouble = ToQt(row.Trouble);
-    item.setData(0, Qt::ForegroundRole,
-                 trouble.isEmpty() ? QVariant() : QVariant(TroubleColor(QGuiApplication::palette())));
-    item.setToolTip(0, trouble);
+    const QString tip = trouble.isEmpty() ? QString() : PlainToolTip(trouble);
+    const QBrush color = trouble.isEmpty() ? QBrush() : TroubleColor(QGuiApplication::palette());
+    for (int column = 0; column < static_cast<int>(row.Columns.size()); ++column) {
+        item.setForeground(column, color);
+        item.setToolTip(column, tip);
+    }
     item.setData(0, Qt::AccessibleDescriptionRole, trouble);
 }
 
@@ -134,6 +201,14 @@ void EditorList::Filter()
     const QString text = filter_ == nullptr ? QString() : filter_->text();
     for (int row = 0; row < topLevelItemCount(); ++row)
         topLevelItem(row)->setHidden(!HasText(*topLevelItem(row), text));
+}
+
+void EditorList::TakeChange(QTreeWidgetItem& item, int column)
+{
+    if (column == edited_)
+        Q_EMIT RowEdited(RowOf(item), item.text(column));
+    else if (column == 0)
+        Tick(item);
 }
 
 void EditorList::Tick(QTreeWidgetItem& item)

@@ -37,6 +37,15 @@ class EditorList : public QTreeWidget
     // arrow down goes to the list.
     void FilterBy(QLineEdit& filter);
 
+    // Lets the texts of one column be edited in place: by F2 and Return in any column, and by a double click there.
+    void LetEdit(int column);
+
+    // The row that has the focus when the list has it; nothing in an empty list and where it is filtered out.
+    [[nodiscard]] std::optional<std::size_t> CurrentRow() const;
+
+    // Makes a row the current one, which alone is selected then, and brings it into sight.
+    void SelectRow(std::size_t row);
+
     // Replaces the rows; the list keeps its place and its current row. None of the signals is raised.
     void Show(const std::vector<EditorRow>& rows, const std::vector<std::size_t>& selected = {});
 
@@ -47,12 +56,16 @@ class EditorList : public QTreeWidget
     void RowsSelected(const std::vector<std::size_t>& rows);
     void RowsTicked(const std::vector<std::size_t>& rows, bool ticked);
     void RowOpened(std::size_t row); // by a double click or Return
+    void RowEdited(std::size_t row, const QString& text);
 
   protected:
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
 
   private:
+    void TakeChange(QTreeWidgetItem& item, int column);
     void Fill(QTreeWidgetItem& item, const EditorRow& row);
     void Filter();
     void Tick(QTreeWidgetItem& item);
@@ -60,6 +73,7 @@ class EditorList : public QTreeWidget
 
     IconSet icons_;
     QLineEdit* filter_ = nullptr;
+    int edited_ = -1; // the column; -1 for none
 };
 
 } // namespace veldrane

@@ -18,10 +18,13 @@ TroubleLabel::TroubleLabel(QWidget* parent) : QLabel(parent)
 
 void TroubleLabel::ShowTrouble(std::string_view words)
 {
-    setText(ToQt(words));
+    QString text = ToQt(words);
     setVisible(!words.empty());
-    if (QWidget* field = buddy())
-        field->setAccessibleDescription(text());
+    if (QWidget* field = buddy()) {
+        field->setAccessibleDescription(text);
+        text.replace(u'&', QStringLiteral("&&")); // what was typed has no access keys
+    }
+    setText(text);
 }
 
 void TroubleLabel::changeEvent(QEvent* event)

@@ -1,8 +1,23 @@
 #include "shell/desktop/editors/qt_editor_dialogs.h"
 
 #include "editors/frm_add_edit_class.h"
+#include "shell/desktop/editors/built_in_properties_dialog.h"
+#include "shell/desktop/editors/field_properties_dialog.h"
+#include "shell/desktop/editors/property_dialog.h"
+#include "shell/desktop/room_for_dialog.h"
 
 namespace veldrane {
+namespace {
+
+template <class Dialog, class Form>
+bool Run(Form& form, const PreviewLook& look)
+{
+    const RoomForDialog room;
+    Dialog dialog(form, look, WindowInFront());
+    return dialog.exec() == QDialog::Accepted;
+}
+
+} // namespace
 
 bool QtEditorDialogs::Show(frmAddEditArgument& /*form*/)
 {
@@ -24,9 +39,9 @@ bool QtEditorDialogs::Show(frmAddEditMethod& /*form*/)
     return false;
 }
 
-bool QtEditorDialogs::Show(frmAddEditProperty& /*form*/)
+bool QtEditorDialogs::Show(frmAddEditProperty& form)
 {
-    return false;
+    return Run<PropertyDialog>(form, look_());
 }
 
 bool QtEditorDialogs::Show(frmAddEditSP& /*form*/)
@@ -44,14 +59,14 @@ bool QtEditorDialogs::Show(frmBuiltInMethods& /*form*/)
     return false;
 }
 
-bool QtEditorDialogs::Show(frmBuiltInProperties& /*form*/)
+bool QtEditorDialogs::Show(frmBuiltInProperties& form)
 {
-    return false;
+    return Run<BuiltInPropertiesDialog>(form, look_());
 }
 
-bool QtEditorDialogs::Show(frmFieldProperties& /*form*/)
+bool QtEditorDialogs::Show(frmFieldProperties& form)
 {
-    return false;
+    return Run<FieldPropertiesDialog>(form, look_());
 }
 
 bool QtEditorDialogs::Show(frmPickSP& /*form*/)

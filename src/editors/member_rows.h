@@ -15,6 +15,8 @@ struct MemberRow
     std::string Text;
     std::string Second; // the second column
     std::string Icon;
+
+    friend bool operator==(const MemberRow&, const MemberRow&) = default;
 };
 
 using PropertyItems = std::vector<std::shared_ptr<TTCProperty>>;

@@ -30,12 +30,12 @@ std::set<std::string> Drawn()
 
 // The names that the tree, the lists, the preview and the connection dialog give.
 const std::set<std::string> kNames{
-    "Access",       "Class",      "ClosedFolder", "Collection",  "DSN",        "DragTable", "DragTableNoDrop",
-    "Driver",       "Event",      "EventPlus",    "Field",       "FieldAuto",  "FieldKey",  "File",
-    "Form",         "Function",   "Globe",        "IdentityCol", "Lookup",     "MTS",       "MethodPlus",
-    "Module",       "OpenFolder", "ParentChild",  "PlusEvent",   "PlusMethod", "Project",   "Property",
-    "PropertyPlus", "Root",       "SP",           "Save",        "Server",     "Sub",       "Table",
-    "TableClass",   "Variables",  "View",
+    "Access",     "Class",        "ClosedFolder", "Collection",  "DSN",         "DragTable",  "DragTableNoDrop",
+    "Driver",     "Edit",         "Event",        "EventPlus",   "Field",       "FieldAuto",  "FieldKey",
+    "File",       "Form",         "Function",     "Globe",       "IdentityCol", "Lookup",     "MTS",
+    "MethodPlus", "Module",       "OpenFolder",   "ParentChild", "PlusEvent",   "PlusMethod", "Project",
+    "Property",   "PropertyPlus", "Root",         "SP",          "Save",        "Server",     "Sub",
+    "Table",      "TableClass",   "Variables",    "View",
 };
 
 double Coverage(const QImage& picture)

@@ -1,7 +1,7 @@
 #include "shell/desktop/editors/qt_editor_dialogs.h"
 
-#include "editors/frm_add_edit_class.h"
 #include "shell/desktop/editors/built_in_properties_dialog.h"
+#include "shell/desktop/editors/class_dialog.h"
 #include "shell/desktop/editors/field_properties_dialog.h"
 #include "shell/desktop/editors/property_dialog.h"
 #include "shell/desktop/room_for_dialog.h"
@@ -26,7 +26,7 @@ bool QtEditorDialogs::Show(frmAddEditArgument& /*form*/)
 
 bool QtEditorDialogs::Show(frmAddEditClass& form)
 {
-    return form.cmdOK_Click();
+    return Run<ClassDialog>(form, look_());
 }
 
 bool QtEditorDialogs::Show(frmAddEditEvent& /*form*/)

@@ -1,0 +1,198 @@
+#include "shell/desktop/editors/class_dialog.h"
+
+#include "shell/desktop/editors/class_tools.h"
+#include "shell/desktop/qt_text.h"
+#include "ui_frm_add_edit_class.h"
+
+#include <QHeaderView>
+#include <QSignalBlocker>
+
+#include <chrono>
+
+namespace veldrane {
+namespace {
+
+constexpr std::chrono::milliseconds kUntilSample{100};
+
+// What is being typed there already is left alone, with its cursor.
+void ShowText(QLineEdit& field, const std::string& text)
+{
+    const QString shown = NameToQt(text);
+    if (field.text() == shown)
+        return;
+    const QSignalBlocker silence(field);
+    field.setText(shown);
+}
+
+void ShowCaption(QLabel& label, std::string_view caption)
+{
+    if (!caption.empty())
+        label.setText(NameToQt(caption));
+}
+
+std::vector<EditorRow> ToEditorRows(const std::vector<MemberRow>& members)
+{
+    std::vector<EditorRow> rows;
+    rows.reserve(members.size());
+    for (const MemberRow& member : members)
+        rows.push_back({.Columns = {member.Text, member.Second}, .Icon = member.Icon});
+    return rows;
+}
+
+} // namespace
+
+ClassDialog::ClassDialog(frmAddEditClass& form, const PreviewLook& look, QWidget* parent)
+    : EditorDialog(parent), form_(form), ui_(std::make_unique<Ui::frmAddEditClass>())
+{
+    ui_->setupUi(this);
+    ui_->lstSample->SetLook(look);
+    lists_ = {{{ui_->lstProperties, ui_->txtFilterProperties, ui_->actBarProperties, {}},
+               {ui_->lstPlusProperties, ui_->txtFilterPlusProperties, ui_->actBarPlusProperties, {}},
+               {ui_->lstMethods, ui_->txtFilterMethods, ui_->actBarMethods, {}},
+               {ui_->lstEvents, ui_->txtFilterEvents, ui_->actBarEvents, {}},
+               {ui_->lstParentFields, ui_->txtFilterParentFields, nullptr, {}},
+               {ui_->lstFields, ui_->txtFilterFields, nullptr, {}},
+               {ui_->lstJoins, ui_->txtFilterJoins, ui_->actBarJoins, {}}}};
+    AddTools();
+    ShowState();
+    ShowSample();
+    ConnectRules();
+    ConnectLists();
+    FocusOn(form_.FirstFocus());
+}
+
+ClassDialog::~ClassDialog() = default;
+
+void ClassDialog::ConnectRules()
+{
+    Follow(form_.Changed);
+    Follow(form_.FocusWanted);
+    closeWanted_ = form_.CloseWanted.Connect([this] { QDialog::reject(); });
+    ConnectButtons(*ui_->cmdOK, *ui_->cmdCancel);
+    ConnectName(*ui_->txtClassName, &frmAddEditClass::txtClassName_Change);
+    ConnectName(*ui_->txtTableName, &frmAddEditClass::txtTableName_Change);
+    ConnectName(*ui_->txtCollectionName, &frmAddEditClass::txtCollectionName_Change);
+    ConnectBox(*ui_->chkGenerateCollection, &frmAddEditClass::chkGenerateCollection_Click);
+    ConnectBox(*ui_->chkIncludeAddExisting, &frmAddEditClass::chkIncludeAddExisting_Click);
+    ConnectBox(*ui_->chkNewKey, &frmAddEditClass::chkNewKey_Click);
+    connect(ui_->cmdAddRelationship, &QPushButton::clicked, this, [this] { form_.cmdAddRelationship_Click(); });
+    connect(ui_->tabMain, &QTabWidget::currentChanged, this, [this](int tab) {
+        form_.SelectTab(static_cast<ClassTab>(tab));
+        ShowSample();
+    });
+    tmrSample_.setSingleShot(true);
+    tmrSample_.setInterval(kUntilSample);
+    connect(&tmrSample_, &QTimer::timeout, this, &ClassDialog::ShowSample);
+}
+
+void ClassDialog::ConnectName(QLineEdit& field, void (frmAddEditClass::*change)(const std::string& text))
+{
+    connect(&field, &QLineEdit::textChanged, this,
+            [this, change](const QString& text) { (form_.*change)(FromQt(text)); });
+}
+
+void ClassDialog::ConnectBox(QCheckBox& box, void (frmAddEditClass::*click)())
+{
+    connect(&box, &QCheckBox::clicked, this, [this, click] { (form_.*click)(); });
+}
+
+void ClassDialog::ConnectLists()
+{
+    for (std::size_t index = 0; index < kClassLists; ++index) {
+        const auto list = static_cast<ClassList>(index);
+        EditorList& control = *lists_[index].List;
+        control.FilterBy(*lists_[index].Filter);
+        control.header()->setStretchLastSection(false);
+        control.header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        control.header()->setSectionResizeMode(0, QHeaderView::Stretch);
+        connect(&control, &EditorList::RowsSelected, this,
+                [this, list](const std::vector<std::size_t>& rows) { form_.Select(list, rows); });
+        connect(&control, &EditorList::RowOpened, this, [this, list](std::size_t row) { Open(list, row); });
+    }
+}
+
+void ClassDialog::AddTools()
+{
+    for (const ClassTool& tool : ClassTools()) {
+        QAction* action = MakeAction(tool, this);
+        const ListControls& controls = lists_[static_cast<std::size_t>(tool.List)];
+        controls.Bar->addAction(action);
+        controls.List->addAction(action);
+        connect(action, &QAction::triggered, this, [this, name = tool.Name] { form_.actBar_Click(name); });
+        tools_.push_back(action);
+    }
+}
+
+void ClassDialog::Open(ClassList list, std::size_t row)
+{
+    form_.Select(list, {row});
+    if (list == ClassList::lstParentFields || list == ClassList::lstFields)
+        form_.cmdAddRelationship_Click();
+    else
+        form_.actBar_Click(OpeningTool(list));
+}
+
+void ClassDialog::ShowState()
+{
+    setWindowTitle(NameToQt(form_.Caption()));
+    ui_->tabMain->setCurrentIndex(static_cast<int>(form_.Tab()));
+    ShowNames();
+    ShowWords();
+    for (std::size_t list = 0; list < kClassLists; ++list)
+        ShowList(static_cast<ClassList>(list));
+    ShowStates();
+    tmrSample_.start();
+}
+
+void ClassDialog::ShowNames()
+{
+    ShowText(*ui_->txtClassName, form_.txtClassName());
+    ShowText(*ui_->txtTableName, form_.txtTableName());
+    ShowText(*ui_->txtParentClassName, form_.txtParentClassName());
+    ShowText(*ui_->txtCollectionName, form_.txtCollectionName());
+    ui_->lblClassNameTrouble->ShowTrouble(form_.Trouble(ClassField::ClassName));
+    ui_->lblTableNameTrouble->ShowTrouble(form_.Trouble(ClassField::TableName));
+    ui_->lblCollectionNameTrouble->ShowTrouble(form_.Trouble(ClassField::CollectionName));
+}
+
+void ClassDialog::ShowWords()
+{
+    ui_->lblReadOnly->setText(ToQt(form_.lblReadOnly()));
+    ui_->lblCollectionHelp->setText(ToQt(form_.CollectionHelp()));
+    ui_->lblCollectionHelp->setVisible(!form_.CollectionHelp().empty());
+    ShowCaption(*ui_->lblParentFields, form_.lblParentFields());
+    ShowCaption(*ui_->lblFields, form_.lblFields());
+    ui_->chkGenerateCollection->setChecked(form_.chkGenerateCollection());
+    ui_->chkIncludeAddExisting->setChecked(form_.chkIncludeAddExisting());
+    ui_->chkNewKey->setChecked(form_.chkNewKey());
+}
+
+void ClassDialog::ShowList(ClassList list)
+{
+    ListControls& controls = lists_[static_cast<std::size_t>(list)];
+    const std::vector<MemberRow>& rows = form_.Rows(list);
+    const std::vector<std::size_t>& selected = form_.Selected(list);
+    if (controls.Rows == rows && controls.List->SelectedRows() == selected)
+        return;
+    controls.Rows = rows;
+    controls.List->Show(ToEditorRows(rows), selected);
+}
+
+void ClassDialog::ShowStates()
+{
+    for (QWidget* control :
+         {static_cast<QWidget*>(ui_->txtTableName), static_cast<QWidget*>(ui_->txtParentClassName),
+          static_cast<QWidget*>(ui_->txtCollectionName), static_cast<QWidget*>(ui_->chkNewKey),
+          static_cast<QWidget*>(ui_->chkIncludeAddExisting), static_cast<QWidget*>(ui_->cmdAddRelationship)})
+        control->setEnabled(form_.IsEnabled(FromQt(control->objectName())));
+    for (QAction* tool : tools_)
+        tool->setEnabled(form_.IsEnabled(FromQt(tool->objectName())));
+}
+
+void ClassDialog::ShowSample()
+{
+    tmrSample_.stop();
+    ui_->lstSample->ShowLines(form_.Preview());
+}
+
+} // namespace veldrane

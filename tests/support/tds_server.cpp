@@ -35,6 +35,7 @@ constexpr std::uint8_t kGreeting = 0x12;
 constexpr std::string_view kGreeting("\x00\x00\x0B\x00\x06\x01\x00\x11\x00\x01\xFF\x0A\x00\x00\x00\x00\x00\x02", 18);
 
 constexpr const char* kEndlessWord = "endless";
+constexpr std::size_t kLongestWords = 500;
 const std::vector<TdsColumn> kEndlessRow(5, {.Name = "x", .Type = "sysname"});
 
 // The end of the connection; the thread that serves it ends too.
@@ -71,12 +72,13 @@ class Messages
         return header[0];
     }
 
-    void Send(std::string_view body) const
+    // The last packet has the status.
+    void Send(std::string_view body, std::uint8_t status = kLast) const
     {
         do {
             const std::string_view packet = body.substr(0, kPacketSize - kHeaderSize);
             body.remove_prefix(packet.size());
-            SendPacket(packet, body.empty() ? kLast : 0);
+            SendPacket(packet, body.empty() ? status : 0);
         } while (!body.empty());
     }
 
@@ -211,7 +213,7 @@ class Caller
     [[nodiscard]] TdsEndless WithoutEnd() const
     {
         const bool isConnecting = manners_.From == TdsMoment::Greeting || manners_.From == TdsMoment::Login;
-        return isConnecting ? TdsEndless::Changes : manners_.Endless;
+        return isConnecting && manners_.Endless == TdsEndless::Rows ? TdsEndless::Changes : manners_.Endless;
     }
 
     void BeginWithoutEnd(TdsAnswer& answer) const
@@ -233,6 +235,8 @@ class Caller
             return answer.ChangeDatabase(kEndlessWord);
         case TdsEndless::Messages:
             return answer.Complain({.Number = 50000, .Words = kEndlessWord, .Severity = 10});
+        case TdsEndless::LongMessages:
+            return answer.Complain({.Number = 50000, .Words = std::string(kLongestWords, 'x'), .Severity = 10});
         case TdsEndless::Value:
             return answer.Piece(kEndlessWord);
         }
@@ -250,7 +254,7 @@ class Caller
         messages_.SendPacket(beginning.Bytes(), 0);
         for (;;) {
             std::this_thread::sleep_for(manners_.Pause);
-            messages_.SendPacket(more.Bytes(), 0);
+            messages_.Send(more.Bytes(), 0);
         }
     }
 

@@ -34,15 +34,16 @@ enum class TdsEndless
     Rows,
     Changes, // of the database that is in use
     Messages,
-    Value, // of one column; from version 7.2 of the protocol on
+    LongMessages, // as long as the driver manager has room for: few of them are many bytes
+    Value,        // of one column; from version 7.2 of the protocol on
 };
 
 struct TdsManners
 {
     TdsTemper Temper = TdsTemper::Willing;
     TdsMoment From = TdsMoment::Question;
-    TdsEndless Endless = TdsEndless::Rows;
-    std::chrono::milliseconds Pause{0}; // before each row, change, message, piece of a value or byte
+    TdsEndless Endless = TdsEndless::Rows; // nobody is sent rows before the login: changes in their place
+    std::chrono::milliseconds Pause{0};    // before each row, change, message, piece of a value or byte
 };
 
 // A stand-in for SQL Server on a port of its own of 127.0.0.1: it speaks the protocol's versions 7.1 to 7.4 as far as

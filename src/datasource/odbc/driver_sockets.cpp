@@ -1,10 +1,13 @@
 #include "datasource/odbc/driver_sockets.h"
 
+#include <algorithm>
 #include <charconv>
 #include <csignal>
 #include <filesystem>
-#include <optional>
+#include <linux/tcp.h>
+#include <netinet/in.h>
 #include <string>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <utility>
@@ -18,6 +21,23 @@ std::optional<ino_t> SocketBehind(int number)
     if (fstat(number, &status) != 0 || !S_ISSOCK(status.st_mode))
         return std::nullopt;
     return status.st_ino;
+}
+
+// Shut down, a socket still gives what has come before.
+void DropUnread(int number)
+{
+    constexpr std::size_t kAtOnce = 1 << 30;
+    while (recv(number, nullptr, kAtOnce, MSG_TRUNC | MSG_DONTWAIT) > 0) {
+    }
+}
+
+std::optional<std::uint64_t> BytesReceivedBy(int number)
+{
+    tcp_info info = {};
+    socklen_t size = sizeof(info);
+    if (getsockopt(number, IPPROTO_TCP, TCP_INFO, &info, &size) != 0)
+        return std::nullopt;
+    return info.tcpi_bytes_received;
 }
 
 } // namespace
@@ -50,8 +70,21 @@ OpenSockets SocketsSince(const OpenSockets& before)
 void CutSockets(const OpenSockets& sockets)
 {
     for (const auto& [number, socket] : sockets)
-        if (SocketBehind(number) == socket)
+        if (SocketBehind(number) == socket) {
             shutdown(number, SHUT_RDWR);
+            DropUnread(number);
+        }
+}
+
+std::optional<BytesRead> BytesReadFrom(int number)
+{
+    const auto before = BytesReceivedBy(number);
+    int unread = 0;
+    if (!before || ioctl(number, FIONREAD, &unread) != 0)
+        return std::nullopt;
+    const std::uint64_t after = BytesReceivedBy(number).value_or(*before);
+    const auto waiting = static_cast<std::uint64_t>(unread);
+    return BytesRead{.AtLeast = *before - std::min(*before, waiting), .AtMost = after - std::min(after, waiting)};
 }
 
 SocketWatch::Limit::Limit(SocketWatch& watch, std::chrono::seconds length)
@@ -63,7 +96,9 @@ SocketWatch::Limit::~Limit()
     watch_.Remove(end_);
 }
 
-SocketWatch::SocketWatch(std::function<OpenSockets()> find) : find_(std::move(find)) {}
+SocketWatch::SocketWatch(std::function<OpenSockets()> find, std::uint64_t mostBytes)
+    : find_(std::move(find)), mostBytes_(mostBytes)
+{}
 
 SocketWatch::~SocketWatch()
 {
@@ -92,6 +127,50 @@ void SocketWatch::Remove(std::list<Clock::time_point>::iterator end)
     ends_.erase(end);
 }
 
+void SocketWatch::BeginCall(std::uint64_t mostBytes)
+{
+    mostBytes_ = mostBytes;
+    ++call_; // behind its bound: the watch asks in the other order
+}
+
+bool SocketWatch::HasReadTooMuch()
+{
+    const std::uint64_t call = call_;
+    const std::uint64_t most = mostBytes_;
+    if (most == kUnbounded)
+        return false;
+    const bool isNew = std::exchange(seenCall_, call) != call;
+    if (isNew)
+        readBeforeCall_.clear();
+    std::uint64_t longest = 0;
+    for (const auto& [number, socket] : find_()) {
+        const auto read = BytesReadFrom(number);
+        if (!read)
+            continue;
+        if (isNew)
+            readBeforeCall_[number] = read->AtMost;
+        const std::uint64_t before = readBeforeCall_[number];
+        longest = std::max(longest, read->AtLeast - std::min(read->AtLeast, before));
+    }
+    return longest > most;
+}
+
+SocketCut SocketWatch::ReasonToCut()
+{
+    if (Clock::now() >= ends_.front())
+        return SocketCut::Time;
+    return HasReadTooMuch() ? SocketCut::Bytes : SocketCut::None;
+}
+
+SocketWatch::Clock::time_point SocketWatch::NextLook() const
+{
+    // A driver takes some thousand messages in it.
+    constexpr std::chrono::milliseconds kBetweenLooks(1);
+    if (mostBytes_ == kUnbounded)
+        return ends_.front();
+    return std::min<Clock::time_point>(ends_.front(), Clock::now() + kBetweenLooks);
+}
+
 void SocketWatch::Watch()
 {
     constexpr std::chrono::seconds kBetweenCuts(1);
@@ -103,10 +182,11 @@ void SocketWatch::Watch()
         isIdle_ = ends_.empty();
         if (isIdle_)
             changed_.wait(lock);
-        else if (const Clock::time_point next = ends_.front(); Clock::now() < next)
-            changed_.wait_until(lock, next);
+        else if (const SocketCut reason = ReasonToCut(); reason == SocketCut::None)
+            changed_.wait_until(lock, NextLook());
         else {
-            hasCut_ = true;
+            if (cut_ == SocketCut::None)
+                cut_ = reason;
             CutSockets(find_());
             changed_.wait_for(lock, kBetweenCuts);
         }

@@ -99,6 +99,12 @@ std::string Stranger(const FailureScene& scene)
            ", and that the driver suits the server.";
 }
 
+std::string Flooding(const FailureScene& scene)
+{
+    return "Check " + ServerAndPort(scene) +
+           ", and that no procedure or trigger of the server prints messages without end.";
+}
+
 std::string Port(const FailureScene& /*scene*/)
 {
     return "Check the port of the connection string (\"Port\"): it is a number from 1 to 65535.";
@@ -151,6 +157,7 @@ std::string Slow(const FailureScene& scene)
 
 // The first that fits counts.
 constexpr std::array kOnConnecting{
+    HintRow{"HY000", 0, "sends without end", Flooding},
     HintRow{"", 0, "timeout expired", Silent},
     HintRow{"HYT00", 0, "", Silent},
     HintRow{"HYT01", 0, "", Silent},
@@ -188,6 +195,7 @@ constexpr std::array kOnConnecting{
 };
 
 constexpr std::array kOnStatement{
+    HintRow{"HY000", 0, "sends without end", Flooding},
     HintRow{"HY000", 26, "not a database", NoDatabase},
     HintRow{"HY000", 5, "locked", Locked},
     HintRow{"57014", 0, "statement timeout", Slow},

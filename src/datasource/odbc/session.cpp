@@ -11,6 +11,21 @@ namespace veldrane {
 namespace {
 
 constexpr const char* kTimeout = "HYT00"; // the state by which hints know a limit that was met
+constexpr const char* kGeneralError = "HY000";
+
+// Bytes that a call of an SQL Server's driver reads at most. Connecting takes a few thousand, with certificates some
+// ten; a description of columns 300 thousand; and what is on its way fills the buffers of both sides.
+constexpr std::uint64_t kKilobyte = 1024;
+constexpr std::uint64_t kMostOfLogin = 64 * kKilobyte;
+constexpr std::uint64_t kMostOfCall = 512 * kKilobyte;
+constexpr std::uint64_t kMostOfFreeing = 64 * kKilobyte * kKilobyte;
+
+// By these words hints know it.
+std::string SendsWithoutEnd(std::uint64_t bytes)
+{
+    return "The server sends without end: more than " + std::to_string(bytes / kKilobyte) +
+           " KB came in place of an answer.";
+}
 
 // Attributes are numbers in the place of a pointer.
 SQLPOINTER AsPointer(std::uintptr_t number)
@@ -54,7 +69,8 @@ OdbcSession::OdbcSession(const OdbcLogon& logon, const SessionOptions& options, 
     const OpenSockets before = FindSockets();
     {
         constexpr int kWaits = 3;
-        SocketWatch watch([&before] { return SocketsSince(before); });
+        SocketWatch watch([&before] { return SocketsSince(before); },
+                          ReadsByCalls() ? kMostOfLogin : SocketWatch::kUnbounded);
         const SocketWatch::Limit limit(watch, kWaits * options.ConnectTimeout);
         Connect(watch);
     }
@@ -81,8 +97,10 @@ void OdbcSession::Connect(const SocketWatch& watch)
         result = SQLDriverConnect(connection_.Get(), nullptr, reinterpret_cast<SQLCHAR*>(narrow.data()), SQL_NTS,
                                   nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
     }
-    if (!SQL_SUCCEEDED(result) && watch.HasCut())
+    if (!SQL_SUCCEEDED(result) && watch.WhyCut() == SocketCut::Time)
         Fail("Timeout expired.", kTimeout);
+    if (!SQL_SUCCEEDED(result) && watch.WhyCut() == SocketCut::Bytes)
+        Fail(SendsWithoutEnd(kMostOfLogin), kGeneralError);
     Check(result, connection_);
     open_ = true;
     SQLUINTEGER extensions = 0;
@@ -123,10 +141,24 @@ std::unique_ptr<SocketWatch::Limit> OdbcSession::LimitStatement() const
     return watch_ ? std::make_unique<SocketWatch::Limit>(*watch_, StatementTimeout() + kMargin) : nullptr;
 }
 
+void OdbcSession::BeginCall() const
+{
+    if (watch_ && ReadsByCalls())
+        watch_->BeginCall(kMostOfCall);
+}
+
+void OdbcSession::BeginFreeing() const
+{
+    if (watch_ && ReadsByCalls())
+        watch_->BeginCall(kMostOfFreeing);
+}
+
 void OdbcSession::Check(SQLRETURN result, const OdbcHandle& handle) const
 {
-    if (watch_ && watch_->HasCut())
+    if (watch_ && watch_->WhyCut() == SocketCut::Time)
         Fail("The answer did not come to its end.", kTimeout);
+    if (watch_ && watch_->WhyCut() == SocketCut::Bytes)
+        Fail(SendsWithoutEnd(kMostOfCall), kGeneralError);
     if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA)
         return;
     *errors_ = ReadDiagnostics(handle.Type(), handle.Get(), Profile().Width);
@@ -148,7 +180,7 @@ void OdbcSession::Fail(const std::string& reason, const std::string& state) cons
 void OdbcSession::GiveUp(const std::string& reason) const
 {
     CutSockets(sockets_);
-    Fail(reason, "HY000");
+    Fail(reason, kGeneralError);
 }
 
 } // namespace veldrane

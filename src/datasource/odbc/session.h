@@ -55,7 +55,8 @@ class OdbcSession
 {
   public:
     // Connects. A server that keeps the driver busy is cut off after three times the limit, for drivers that heed it
-    // heed it with each wait: for the network, the greeting and the login. Throws DataSourceError kFailed with the
+    // heed it with each wait: for the network, the greeting and the login; an SQL Server that sends more than a login
+    // takes, at once. Throws DataSourceError kFailed with the
     // driver's words, kNoOpenConnection in words of its own if the server was cut off. What drivers say about failures,
     // now and later, is kept in `errors`.
     OdbcSession(const OdbcLogon& logon, const SessionOptions& options, std::shared_ptr<OdbcErrors> errors);
@@ -90,8 +91,17 @@ class OdbcSession
     // driver's own, the connection is cut under the driver. None for a driver without connections.
     [[nodiscard]] std::unique_ptr<SocketWatch::Limit> LimitStatement() const;
 
+    // Begins a call of the statement that has the limit, which may read an answer's description or a row: half a
+    // megabyte, which 1024 columns with the longest names stay below. A server that sends more, messages without end
+    // for example, is cut off: the driver manager goes through all messages once more for each of them. Holds for SQL
+    // Server's drivers; others read whole answers in a call.
+    void BeginCall() const;
+
+    // The same for what the driver drops when the statement is freed: all that is on its way, which is more.
+    void BeginFreeing() const;
+
     // Throws what the driver says about the handle, and what can be done, unless the call went well. Once a statement
-    // has been cut off, throws kNoOpenConnection in words that say so.
+    // has been cut off, throws kNoOpenConnection in words that say why.
     void Check(SQLRETURN result, const OdbcHandle& handle) const;
 
     // Forgets what drivers said: of a failure that was expected.
@@ -104,6 +114,7 @@ class OdbcSession
   private:
     void Connect(const SocketWatch& watch);
     [[nodiscard]] DataSourceError ErrorWithHint() const;
+    [[nodiscard]] bool ReadsByCalls() const { return Profile().Family == DriverFamily::Tds; }
     [[noreturn]] void Fail(const std::string& reason, const std::string& state) const;
 
     FailureScene scene_;

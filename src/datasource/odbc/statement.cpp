@@ -75,6 +75,7 @@ template <class Narrow, class Wide, class... Names>
 void OdbcStatement::Call(Narrow narrow, Wide wide, const Names&... names)
 {
     limit_ = session_.LimitStatement();
+    session_.BeginCall();
     session_.Check(session_.IsWide() ? Apply<WideArgument>(wide, handle_.Get(), names...)
                                      : Apply<NarrowArgument>(narrow, handle_.Get(), names...),
                    handle_);
@@ -93,6 +94,11 @@ OdbcStatement::OdbcStatement(const OdbcSession& session) : session_(session)
     SQLSetStmtAttr(handle_.Get(), SQL_ATTR_QUERY_TIMEOUT,
                    reinterpret_cast<SQLPOINTER>(seconds), // NOLINT(performance-no-int-to-ptr)
                    0);
+}
+
+OdbcStatement::~OdbcStatement()
+{
+    session_.BeginFreeing();
 }
 
 void OdbcStatement::Execute(const std::string& statement)
@@ -131,6 +137,7 @@ bool OdbcStatement::Fetch()
 {
     if (!std::exchange(fetched_, true) && session_.ReadsBoundValuesAgain())
         Bind();
+    session_.BeginCall();
     const SQLRETURN result = SQLFetch(handle_.Get());
     session_.Check(result, handle_);
     if (result == SQL_NO_DATA)

@@ -34,6 +34,9 @@ class OdbcStatement
   public:
     // Throws kNoOpenConnection if the connection is closed or gives no statement.
     explicit OdbcStatement(const OdbcSession& session);
+    OdbcStatement(const OdbcStatement&) = delete;
+    OdbcStatement& operator=(const OdbcStatement&) = delete;
+    ~OdbcStatement();
 
     void Execute(const std::string& statement);
 

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <arpa/inet.h>
 #include <array>
 #include <chrono>
 #include <cstddef>
@@ -10,6 +11,7 @@
 #include <filesystem>
 #include <iterator>
 #include <memory>
+#include <string>
 #include <sys/socket.h>
 #include <thread>
 #include <unistd.h>
@@ -75,9 +77,9 @@ void AwaitThreads(std::ptrdiff_t number)
 
 void AwaitCutOf(const SocketWatch& watch)
 {
-    for (int tries = 0; !watch.HasCut() && tries < 500; ++tries)
+    for (int tries = 0; watch.WhyCut() == SocketCut::None && tries < 500; ++tries)
         std::this_thread::sleep_for(10ms);
-    EXPECT_TRUE(watch.HasCut());
+    EXPECT_EQ(watch.WhyCut(), SocketCut::Time);
 }
 
 TEST(DriverSockets, AreThoseThatHaveComeUpSince)
@@ -127,6 +129,76 @@ TEST(DriverSockets, AreCutThoughTheirNumbersStay)
     EXPECT_TRUE(SocketsSince(before).contains(line.Near()));
 }
 
+// Both ends of a TCP connection within this process.
+class TcpLine
+{
+  public:
+    TcpLine()
+    {
+        sockaddr_in address{.sin_family = AF_INET, .sin_port = 0, .sin_addr = {htonl(INADDR_LOOPBACK)}, .sin_zero = {}};
+        socklen_t size = sizeof(address);
+        auto* general = reinterpret_cast<sockaddr*>(&address);
+        const int listening = socket(AF_INET, SOCK_STREAM, 0);
+        EXPECT_EQ(bind(listening, general, size), 0);
+        EXPECT_EQ(listen(listening, 1), 0);
+        EXPECT_EQ(getsockname(listening, general, &size), 0);
+        EXPECT_EQ(connect(Near, general, size), 0);
+        Far = accept(listening, nullptr, nullptr);
+        close(listening);
+    }
+    TcpLine(const TcpLine&) = delete;
+    TcpLine& operator=(const TcpLine&) = delete;
+    ~TcpLine()
+    {
+        close(Near);
+        close(Far);
+    }
+
+    void Send(std::size_t size) const
+    {
+        const std::string bytes(size, 'x');
+        EXPECT_EQ(send(Far, bytes.data(), size, MSG_NOSIGNAL), static_cast<ssize_t>(size));
+    }
+
+    // Bytes that came, 0 behind the end.
+    [[nodiscard]] ssize_t Read(std::size_t size) const
+    {
+        std::string bytes(size, '\0');
+        return recv(Near, bytes.data(), size, MSG_WAITALL);
+    }
+
+    int Near = socket(AF_INET, SOCK_STREAM, 0);
+    int Far = -1;
+};
+
+TEST(DriverSockets, TellHowMuchWasReadOfThemAndNotWhatWaits)
+{
+    const TcpLine line;
+    line.Send(1000);
+    ASSERT_EQ(line.Read(300), 300);
+    const auto read = BytesReadFrom(line.Near);
+    ASSERT_TRUE(read.has_value());
+    EXPECT_EQ(read->AtLeast, 300U);
+    EXPECT_EQ(read->AtMost, 300U);
+}
+
+TEST(DriverSockets, WithoutTcpDoNotTellHowMuchWasRead)
+{
+    const Line line;
+    EXPECT_FALSE(BytesReadFrom(line.Near()).has_value());
+    EXPECT_FALSE(BytesReadFrom(-1).has_value());
+}
+
+TEST(DriverSockets, LoseWhatWaitsWhenTheyAreCut)
+{
+    const OpenSockets before = FindSockets();
+    const TcpLine line;
+    line.Send(1000);
+    ASSERT_EQ(line.Read(1), 1);
+    CutSockets(SocketsSince(before));
+    EXPECT_LE(line.Read(999), 0);
+}
+
 // A watch that cuts whatever has come up since it was made.
 class SocketWatching : public ::testing::Test
 {
@@ -138,10 +210,10 @@ class SocketWatching : public ::testing::Test
 TEST_F(SocketWatching, CutsWhatItFindsOnceALimitIsOver)
 {
     const Line line;
-    EXPECT_FALSE(Watch.HasCut());
+    EXPECT_EQ(Watch.WhyCut(), SocketCut::None);
     const SocketWatch::Limit limit(Watch, 0s);
     line.AwaitCut();
-    EXPECT_TRUE(Watch.HasCut());
+    EXPECT_EQ(Watch.WhyCut(), SocketCut::Time);
 }
 
 TEST_F(SocketWatching, CutsAgainWhatComesUpWhileTheLimitIsThere)
@@ -168,7 +240,7 @@ TEST_F(SocketWatching, CutsNothingWhereEachLimitIsCalledOff)
     const Line line;
     for (int statement = 0; statement < 10'000; ++statement)
         const SocketWatch::Limit limit(Watch, 1h);
-    EXPECT_FALSE(Watch.HasCut());
+    EXPECT_EQ(Watch.WhyCut(), SocketCut::None);
     EXPECT_FALSE(line.IsCut());
 }
 
@@ -191,6 +263,45 @@ TEST_F(SocketWatching, HeedsALimitAfterAPauseWithoutAny)
     cutOne();
     std::this_thread::sleep_for(1200ms); // until it waits for nothing
     cutOne();
+}
+
+TEST_F(SocketWatching, CutsACallThatReadsTooMuch)
+{
+    const TcpLine line;
+    line.Send(5000);
+    ASSERT_EQ(line.Read(5000), 5000);
+    Watch.BeginCall(1000);
+    const SocketWatch::Limit limit(Watch, 1h);
+    std::this_thread::sleep_for(100ms); // until it has looked
+    EXPECT_EQ(Watch.WhyCut(), SocketCut::None);
+    line.Send(1001);
+    ASSERT_EQ(line.Read(1001), 1001);
+    EXPECT_EQ(line.Read(1), 0);
+    EXPECT_EQ(Watch.WhyCut(), SocketCut::Bytes);
+}
+
+TEST_F(SocketWatching, CountsFromTheBeginningOfASocketInItsFirstCall)
+{
+    SocketWatch watch([this] { return SocketsSince(Before); }, 1000);
+    const TcpLine line;
+    line.Send(1001);
+    ASSERT_EQ(line.Read(1001), 1001);
+    const SocketWatch::Limit limit(watch, 1h);
+    EXPECT_EQ(line.Read(1), 0);
+    EXPECT_EQ(watch.WhyCut(), SocketCut::Bytes);
+}
+
+TEST_F(SocketWatching, LetsManyCallsReadWhatOneMayNot)
+{
+    const TcpLine line;
+    const SocketWatch::Limit limit(Watch, 1h);
+    for (int call = 0; call < 100; ++call) {
+        Watch.BeginCall(1000);
+        line.Send(900);
+        ASSERT_EQ(line.Read(900), 900);
+        std::this_thread::sleep_for(3ms);
+    }
+    EXPECT_EQ(Watch.WhyCut(), SocketCut::None);
 }
 
 TEST_F(SocketWatching, HasNothingToCutWhereThereAreNoSockets)

@@ -29,7 +29,7 @@ constexpr const char* kDataTypeChanged =
 constexpr const char* kProcedureOpened =
     "A stored procedure is called by a method of a class: the method takes the parameters of the procedure and returns "
     "its rows.\r\n\r\n"
-    "To add such a method, open a class by a double click on it in the tree, and use 'Add Stored Procedure' on its tab "
+    "To add such a method, open a class by a double click on it in the tree, and use 'Stored Procedures' on its tab "
     "'Methods'. Click a procedure to mark the classes that already have a method for it.";
 
 class FrmMainWarnings : public testing::FrmMainTest

@@ -37,7 +37,7 @@ TEST_F(MainWindowOnDisk, ATableThatAnotherProgramHasDroppedIsToldAndNothingIsLos
     MakeDatabase();
     StartProgram();
     DropDatabase();
-    ASSERT_TRUE(DropRow("Customers", kParents));
+    ASSERT_TRUE(AddTable(u"Customers"_s, kParents));
     rules_->Project().SetModified(false);
     world_.Messages.Forget();
     Sql("DROP TABLE Orders;");
@@ -77,7 +77,7 @@ TEST_F(MainWindowOnDisk, ADatabaseThatIsBackIsReachedByTheSameString)
     EXPECT_TRUE(Tool("RefreshTables").isEnabled());
     ClickTable(u"Orders"_s);
     EXPECT_TRUE(Tool("AddClassTo").isEnabled());
-    EXPECT_TRUE(DropRow("Orders", kParents));
+    EXPECT_TRUE(AddTable(u"Orders"_s, kParents));
     EXPECT_TRUE(HasNode(u"Order"_s));
 }
 

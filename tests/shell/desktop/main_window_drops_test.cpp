@@ -43,7 +43,7 @@ class MainWindowDrops : public MainWindowTest
     void SaveShop()
     {
         StartInShop();
-        ASSERT_TRUE(DropRow("Customers", kParents));
+        ASSERT_TRUE(AddTable(u"Customers"_s, kParents));
         world_.Dialogs.Add("/Shop.kzm");
         Tool("SaveAs").trigger();
         world_.Messages.Forget();

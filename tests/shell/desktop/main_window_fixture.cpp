@@ -70,6 +70,12 @@ std::vector<std::string> ContextMenuBy(const std::function<void()>& opening)
     return rows;
 }
 
+void AcceptClass(QWidget& editor)
+{
+    EXPECT_EQ(editor.objectName(), u"frmAddEditClass"_s);
+    Click(editor, "cmdOK");
+}
+
 MainWindowTest::MainWindowTest()
 {
     world_.Connect = [this](const std::string& text, StringOrigin /*origin*/) { return ConnectToShop(text); };
@@ -107,9 +113,9 @@ void MainWindowTest::StartInShop()
 void MainWindowTest::StartWithClasses()
 {
     StartInShop();
-    EXPECT_TRUE(DropRow("Customers", kParents));
-    EXPECT_TRUE(DropRow("Orders", u"Customer"_s));
-    EXPECT_TRUE(DropRow("Countries", kLookups));
+    EXPECT_TRUE(AddTable(u"Customers"_s, kParents));
+    EXPECT_TRUE(AddTable(u"Orders"_s, u"Customer"_s));
+    EXPECT_TRUE(AddTable(u"Countries"_s, kLookups));
 }
 
 bool MainWindowTest::HasNode(const QString& text)
@@ -145,6 +151,15 @@ bool MainWindowTest::DropRow(const QString& table, const QString& target)
 {
     const auto dragged = rules_->DraggedFromRow(static_cast<std::size_t>(Entry(Tables(), table).row()));
     return dragged && Drop(*dragged, target);
+}
+
+bool MainWindowTest::AddTable(const QString& table, const QString& target)
+{
+    bool isTaken = false;
+    WithDialogs([&] { isTaken = DropRow(table, target); }, {AcceptClass});
+    window_->activateWindow();
+    QApplication::processEvents();
+    return isTaken;
 }
 
 bool MainWindowTest::DropNode(const QString& node, const QString& target)

@@ -39,6 +39,9 @@ bool LetGo(QWidget& over, const QMimeData& data, QPoint where);
 // them, none if no menu came.
 [[nodiscard]] std::vector<std::string> ContextMenuBy(const std::function<void()>& opening);
 
+// Leaves the editor of a class by OK.
+void AcceptClass(QWidget& editor);
+
 // The main window as a person has it in front of them, on a world in memory with a shop as data source.
 class MainWindowTest : public StartedWindow
 {
@@ -70,6 +73,8 @@ class MainWindowTest : public StartedWindow
     bool Drop(const Dragged& dragged, const QString& target);
     bool DropRow(const QString& table, const QString& target);
     bool DropRow(const char* table, const QString& target) { return DropRow(QString::fromLatin1(table), target); }
+    // The same, and the class is taken as its editor shows it.
+    bool AddTable(const QString& table, const QString& target);
     bool DropNode(const QString& node, const QString& target);
 
     // What the submenu of the tool offers.

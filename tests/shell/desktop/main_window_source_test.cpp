@@ -51,7 +51,7 @@ TEST_F(MainWindowTest, AProjectWhoseDatabaseIsGoneIsLookedAtAndSaved)
 TEST_F(MainWindowTest, ATableThatIsGoneMeanwhileIsToldAndNothingIsLost)
 {
     StartInShop();
-    ASSERT_TRUE(DropRow("Customers", kParents));
+    ASSERT_TRUE(AddTable(u"Customers"_s, kParents));
     rules_->Project().SetModified(false);
     const std::vector<std::string> rows = TableRows();
     Database().Content.erase("Orders"); // behind its row
@@ -70,7 +70,7 @@ TEST_F(MainWindowTest, ATableThatIsGoneMeanwhileIsToldAndNothingIsLost)
     EXPECT_TRUE(HasNode(u"Customer"_s));
     EXPECT_FALSE(rules_->Project().Modified());
     EXPECT_EQ(TableRows(), rows);
-    EXPECT_TRUE(DropRow("Countries", kLookups));
+    EXPECT_TRUE(AddTable(u"Countries"_s, kLookups));
     EXPECT_TRUE(HasNode(u"Country"_s));
 }
 

@@ -29,9 +29,9 @@ TEST_F(MainWindowTest, TheTreeIsWalkedByTheKeys)
 TEST_F(MainWindowTest, ATableDroppedOnANodeBecomesAClassThere)
 {
     StartInShop();
-    EXPECT_TRUE(DropRow("Customers", kParents));
-    EXPECT_TRUE(DropRow("Orders", u"Customer"_s));
-    EXPECT_TRUE(DropRow("Countries", kLookups));
+    EXPECT_TRUE(AddTable(u"Customers"_s, kParents));
+    EXPECT_TRUE(AddTable(u"Orders"_s, u"Customer"_s));
+    EXPECT_TRUE(AddTable(u"Countries"_s, kLookups));
     EXPECT_EQ(Above(u"Customer"_s), kParents);
     EXPECT_EQ(Above(u"Orders"_s), u"Customer"_s);
     EXPECT_EQ(rules_->Classes().Item("Order")->ParentClassName, "Customer");
@@ -44,7 +44,7 @@ TEST_F(MainWindowTest, ANameThatIsBeingTypedIsTakenBeforeAPlaceIsChosen)
     StartInShop();
     ClickTable(u"Customers"_s);
     TypeName(u"Shop"_s);
-    Choose(Choices("AddClassTo"), kParents);
+    WithDialogs([&] { Choose(Choices("AddClassTo"), kParents); }, {AcceptClass});
     EXPECT_TRUE(HasNode(u"Customer"_s));
     EXPECT_EQ(rules_->Project().ProjectName(), "Shop");
     EXPECT_TRUE(HasNode(u"Shop"_s));
@@ -91,10 +91,10 @@ TEST_F(MainWindowTest, AClassIsAddedByTheMenuAlone)
     StartInShop();
     EXPECT_THAT(Rows(Choices("AddClassTo")), ElementsAre("((nothing to choose))"));
     ClickTable(u"Customers"_s);
-    Choose(Choices("AddClassTo"), kParents);
+    WithDialogs([&] { Choose(Choices("AddClassTo"), kParents); }, {AcceptClass});
     EXPECT_EQ(Above(u"Customer"_s), kParents);
     ClickTable(u"Orders"_s);
-    Choose(Choices("AddClassTo"), u"Customer"_s);
+    WithDialogs([&] { Choose(Choices("AddClassTo"), u"Customer"_s); }, {AcceptClass});
     EXPECT_EQ(rules_->Classes().Item("Order")->ParentClassName, "Customer");
 }
 

@@ -6,6 +6,7 @@
 
 #include <QHeaderView>
 #include <QSignalBlocker>
+#include <QToolButton>
 
 #include <chrono>
 
@@ -45,6 +46,7 @@ ClassDialog::ClassDialog(frmAddEditClass& form, const PreviewLook& look, QWidget
     : EditorDialog(parent), form_(form), ui_(std::make_unique<Ui::frmAddEditClass>())
 {
     ui_->setupUi(this);
+    ui_->splPreview->setStretchFactor(1, 1); // code is wider than what it is made of
     ui_->lstSample->SetLook(look);
     lists_ = {{{ui_->lstProperties, ui_->txtFilterProperties, ui_->actBarProperties, {}},
                {ui_->lstPlusProperties, ui_->txtFilterPlusProperties, ui_->actBarPlusProperties, {}},
@@ -115,12 +117,24 @@ void ClassDialog::AddTools()
 {
     for (const ClassTool& tool : ClassTools()) {
         QAction* action = MakeAction(tool, this);
-        const ListControls& controls = lists_[static_cast<std::size_t>(tool.List)];
-        controls.Bar->addAction(action);
-        controls.List->addAction(action);
+        AddTool(*action, lists_[static_cast<std::size_t>(tool.List)]);
         connect(action, &QAction::triggered, this, [this, name = tool.Name] { form_.actBar_Click(name); });
-        tools_.push_back(action);
     }
+}
+
+// A button for the mouse, and the list's menu for the keys: Return on a button would be that of the dialog.
+void ClassDialog::AddTool(QAction& action, ListControls& controls)
+{
+    auto* button = new QToolButton(this);
+    button->setObjectName(action.objectName());
+    button->setDefaultAction(&action);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    controls.Bar->addWidget(button);
+    controls.List->addAction(&action);
+    tools_.push_back(&action);
 }
 
 void ClassDialog::Open(ClassList list, std::size_t row)

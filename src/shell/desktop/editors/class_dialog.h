@@ -13,7 +13,7 @@
 class QAction;
 class QCheckBox;
 class QLineEdit;
-class QToolBar;
+class QVBoxLayout;
 
 namespace Ui {
 class frmAddEditClass;
@@ -45,7 +45,7 @@ class ClassDialog : public EditorDialog
     {
         EditorList* List;
         QLineEdit* Filter;
-        QToolBar* Bar; // nullptr for a list without tools
+        QVBoxLayout* Bar; // nullptr for a list without tools
         std::vector<MemberRow> Rows;
     };
 
@@ -54,6 +54,7 @@ class ClassDialog : public EditorDialog
     void ConnectBox(QCheckBox& box, void (frmAddEditClass::*click)());
     void ConnectLists();
     void AddTools();
+    void AddTool(QAction& action, ListControls& controls);
     void Open(ClassList list, std::size_t row);
     void ShowNames();
     void ShowWords();

@@ -19,8 +19,10 @@ constexpr int kLines = 14;
 
 } // namespace
 
-CodeSample::CodeSample(QWidget* parent) : QListView(parent), model_(pane_)
+CodeSample::CodeSample(QWidget* parent) : QListView(parent), model_(pane_), delegate_(pane_, find_, nullptr)
 {
+    setItemDelegate(&delegate_);
+    setHorizontalScrollMode(ScrollPerPixel);
     setModel(&model_);
     setUniformItemSizes(true);
     setSelectionMode(ContiguousSelection);
@@ -40,6 +42,7 @@ void CodeSample::ShowLines(TTCOutputs lines)
     PreviewText text;
     text.Blocks.push_back(std::move(lines));
     pane_.Show(std::move(text), "Preview");
+    delegate_.Measure(font());
     verticalScrollBar()->setValue(row);
     horizontalScrollBar()->setValue(column);
 }
@@ -64,6 +67,7 @@ void CodeSample::Dress()
     ground.setColor(QPalette::Base, ColorToQt(look_.Background, ground));
     setPalette(ground);
     setFont(FontToQt(look_.Font));
+    delegate_.Measure(font());
 }
 
 } // namespace veldrane

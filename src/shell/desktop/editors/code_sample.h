@@ -1,6 +1,7 @@
 #pragma once
 
 #include "generator/outputs.h"
+#include "shell/desktop/preview_delegate.h"
 #include "shell/desktop/preview_model.h"
 #include "shell/main_window/preview_look.h"
 
@@ -32,7 +33,9 @@ class CodeSample : public QListView
     void Dress();
 
     PreviewPane pane_;
+    PreviewFind find_{pane_}; // finds nothing
     PreviewModel model_;
+    PreviewDelegate delegate_;
     PreviewLook look_;
 };
 

@@ -15,7 +15,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
-#include <QToolBar>
+#include <QToolButton>
 
 namespace veldrane::testing {
 namespace {
@@ -80,18 +80,6 @@ class TheClassDialog : public ClassEditorTest
         List(list).scrollToItem(found.front());
         QTest::mouseClick(List(list).viewport(), Qt::LeftButton, keys,
                           List(list).visualItemRect(found.front()).center());
-    }
-
-    // Presses the tool's button.
-    void Press(const std::string& tool)
-    {
-        for (QToolBar* bar : window_->findChildren<QToolBar*>())
-            if (QWidget* button = bar->widgetForAction(&Tool(tool))) {
-                EXPECT_TRUE(button->isVisible()) << tool;
-                QTest::mouseClick(button, Qt::LeftButton);
-                return;
-            }
-        ADD_FAILURE() << "no button for " << tool;
     }
 
     std::string Sample()

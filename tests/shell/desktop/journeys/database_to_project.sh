@@ -14,6 +14,7 @@ readonly main
 readonly logon='Open DataSource'
 readonly file='Select DataSource File'
 readonly questions=('Add Delete Method to Class' 'Choose Retrieval Method')
+readonly editor='Add Customers'
 
 connect_by_mouse() {
     click Start 60 83 2 # New
@@ -55,6 +56,7 @@ add_class_by_mouse() {
     drag_customers
     click "${questions[0]}" -52 -23 # No
     click "${questions[1]}" -52 -23
+    click "$editor" -137 -22 # OK
 }
 
 select_class_by_mouse() { click "$main" 360 104; }
@@ -73,6 +75,7 @@ add_class_by_keys() {
     menu "$main" alt+p a Return
     keys "${questions[0]}" alt+n
     keys "${questions[1]}" alt+n
+    keys "$editor" Return
 }
 
 select_class_by_keys() { keys "$main" Home Down Down; }

@@ -59,6 +59,7 @@ ClassDialog::ClassDialog(frmAddEditClass& form, const PreviewLook& look, QWidget
     ShowState();
     ShowSample();
     ConnectRules();
+    ConnectControls();
     ConnectLists();
     FocusOn(form_.FirstFocus());
 }
@@ -71,31 +72,27 @@ void ClassDialog::ConnectRules()
     Follow(form_.FocusWanted);
     closeWanted_ = form_.CloseWanted.Connect([this] { QDialog::reject(); });
     ConnectButtons(*ui_->cmdOK, *ui_->cmdCancel);
-    ConnectName(*ui_->txtClassName, &frmAddEditClass::txtClassName_Change);
-    ConnectName(*ui_->txtTableName, &frmAddEditClass::txtTableName_Change);
-    ConnectName(*ui_->txtCollectionName, &frmAddEditClass::txtCollectionName_Change);
-    ConnectBox(*ui_->chkGenerateCollection, &frmAddEditClass::chkGenerateCollection_Click);
-    ConnectBox(*ui_->chkIncludeAddExisting, &frmAddEditClass::chkIncludeAddExisting_Click);
-    ConnectBox(*ui_->chkNewKey, &frmAddEditClass::chkNewKey_Click);
-    connect(ui_->cmdAddRelationship, &QPushButton::clicked, this, [this] { form_.cmdAddRelationship_Click(); });
-    connect(ui_->tabMain, &QTabWidget::currentChanged, this, [this](int tab) {
-        form_.SelectTab(static_cast<ClassTab>(tab));
-        ShowSample();
-    });
     tmrSample_.setSingleShot(true);
     tmrSample_.setInterval(kUntilSample);
     connect(&tmrSample_, &QTimer::timeout, this, &ClassDialog::ShowSample);
 }
 
-void ClassDialog::ConnectName(QLineEdit& field, void (frmAddEditClass::*change)(const std::string& text))
+void ClassDialog::ConnectControls()
 {
-    connect(&field, &QLineEdit::textChanged, this,
-            [this, change](const QString& text) { (form_.*change)(FromQt(text)); });
-}
-
-void ClassDialog::ConnectBox(QCheckBox& box, void (frmAddEditClass::*click)())
-{
-    connect(&box, &QCheckBox::clicked, this, [this, click] { (form_.*click)(); });
+    const auto onText = [this](QLineEdit* field, const auto& change) {
+        connect(field, &QLineEdit::textChanged, this, [change](const QString& text) { change(FromQt(text)); });
+    };
+    onText(ui_->txtClassName, [this](const std::string& text) { form_.txtClassName_Change(text); });
+    onText(ui_->txtTableName, [this](const std::string& text) { form_.txtTableName_Change(text); });
+    onText(ui_->txtCollectionName, [this](const std::string& text) { form_.txtCollectionName_Change(text); });
+    connect(ui_->chkGenerateCollection, &QCheckBox::clicked, this, [this] { form_.chkGenerateCollection_Click(); });
+    connect(ui_->chkIncludeAddExisting, &QCheckBox::clicked, this, [this] { form_.chkIncludeAddExisting_Click(); });
+    connect(ui_->chkNewKey, &QCheckBox::clicked, this, [this] { form_.chkNewKey_Click(); });
+    connect(ui_->cmdAddRelationship, &QPushButton::clicked, this, [this] { form_.cmdAddRelationship_Click(); });
+    connect(ui_->tabMain, &QTabWidget::currentChanged, this, [this](int tab) {
+        form_.SelectTab(static_cast<ClassTab>(tab));
+        ShowSample();
+    });
 }
 
 void ClassDialog::ConnectLists()

@@ -11,7 +11,6 @@
 #include <vector>
 
 class QAction;
-class QCheckBox;
 class QLineEdit;
 class QVBoxLayout;
 
@@ -22,7 +21,6 @@ class frmAddEditClass;
 namespace veldrane {
 
 class EditorList;
-class TroubleLabel;
 
 // `frmAddEditClass` as a window: a tab for each part of the class, and beside them the code that is written for it.
 class ClassDialog : public EditorDialog
@@ -50,8 +48,7 @@ class ClassDialog : public EditorDialog
     };
 
     void ConnectRules();
-    void ConnectName(QLineEdit& field, void (frmAddEditClass::*change)(const std::string& text));
-    void ConnectBox(QCheckBox& box, void (frmAddEditClass::*click)());
+    void ConnectControls();
     void ConnectLists();
     void AddTools();
     void AddTool(QAction& action, ListControls& controls);

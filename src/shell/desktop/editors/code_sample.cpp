@@ -14,16 +14,16 @@ namespace veldrane {
 namespace {
 
 // What is seen of the code without scrolling.
-constexpr int kCharacters = 64;
+constexpr int kCharacters = 72;
 constexpr int kLines = 14;
 
 } // namespace
 
 CodeSample::CodeSample(QWidget* parent) : QListView(parent), model_(pane_), delegate_(pane_, find_, nullptr)
 {
+    setModel(&model_);
     setItemDelegate(&delegate_);
     setHorizontalScrollMode(ScrollPerPixel);
-    setModel(&model_);
     setUniformItemSizes(true);
     setSelectionMode(ContiguousSelection);
     Dress();
@@ -42,7 +42,7 @@ void CodeSample::ShowLines(TTCOutputs lines)
     PreviewText text;
     text.Blocks.push_back(std::move(lines));
     pane_.Show(std::move(text), "Preview");
-    delegate_.Measure(font());
+    Measure();
     verticalScrollBar()->setValue(row);
     horizontalScrollBar()->setValue(column);
 }
@@ -67,7 +67,13 @@ void CodeSample::Dress()
     ground.setColor(QPalette::Base, ColorToQt(look_.Background, ground));
     setPalette(ground);
     setFont(FontToQt(look_.Font));
+    Measure();
+}
+
+void CodeSample::Measure()
+{
     delegate_.Measure(font());
+    doItemsLayout(); // at once: the scroll bars go back to where they were
 }
 
 } // namespace veldrane

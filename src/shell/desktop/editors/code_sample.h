@@ -31,9 +31,10 @@ class CodeSample : public QListView
 
   private:
     void Dress();
+    void Measure();
 
     PreviewPane pane_;
-    PreviewFind find_{pane_}; // finds nothing
+    PreviewFind find_{pane_}; // of nothing: the delegate wants one
     PreviewModel model_;
     PreviewDelegate delegate_;
     PreviewLook look_;

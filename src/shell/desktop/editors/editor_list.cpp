@@ -164,12 +164,19 @@ bool EditorList::eventFilter(QObject* watched, QEvent* event)
         return QTreeWidget::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent*>(event)->key(); // NOLINT(*-static-cast-downcast): the type says so
     if (key == Qt::Key_Down)
-        setFocus(Qt::OtherFocusReason);
+        GoToRows();
     else if (key == Qt::Key_Escape && !filter_->text().isEmpty())
         filter_->clear();
     else
         return false;
     return true;
+}
+
+void EditorList::GoToRows()
+{
+    setFocus(Qt::OtherFocusReason);
+    if (currentItem() != nullptr && SelectedRows().empty())
+        currentItem()->setSelected(true);
 }
 
 void EditorList::Fill(QTreeWidgetItem& item, const EditorRow& row)
@@ -201,6 +208,19 @@ void EditorList::Filter()
     const QString text = filter_ == nullptr ? QString() : filter_->text();
     for (int row = 0; row < topLevelItemCount(); ++row)
         topLevelItem(row)->setHidden(!HasText(*topLevelItem(row), text));
+    LeaveHiddenRow();
+}
+
+// A key would be for a row that nobody sees.
+void EditorList::LeaveHiddenRow()
+{
+    if (currentItem() == nullptr || !currentItem()->isHidden())
+        return;
+    QTreeWidgetItem* seen = nullptr;
+    for (int row = topLevelItemCount() - 1; row >= 0; --row)
+        if (!topLevelItem(row)->isHidden())
+            seen = topLevelItem(row);
+    setCurrentItem(seen, std::max(currentColumn(), 0), QItemSelectionModel::NoUpdate);
 }
 
 void EditorList::TakeChange(QTreeWidgetItem& item, int column)

@@ -68,6 +68,8 @@ class EditorList : public QTreeWidget
     void TakeChange(QTreeWidgetItem& item, int column);
     void Fill(QTreeWidgetItem& item, const EditorRow& row);
     void Filter();
+    void LeaveHiddenRow();
+    void GoToRows();
     void Tick(QTreeWidgetItem& item);
     [[nodiscard]] std::size_t RowOf(QTreeWidgetItem& item) const;
 

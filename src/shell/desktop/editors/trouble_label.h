@@ -20,9 +20,11 @@ class TroubleLabel : public QLabel
 
   protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void Dress();
+    void KeepWhole();
 };
 
 } // namespace veldrane

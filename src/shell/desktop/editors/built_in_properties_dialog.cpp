@@ -35,7 +35,9 @@ BuiltInPropertiesDialog::BuiltInPropertiesDialog(frmBuiltInProperties& form, con
     });
     connect(&list, &EditorList::RowsSelected, this, &BuiltInPropertiesDialog::ShowPreview);
     ShowState();
-    list.resizeColumnToContents(0);
+    for (int column = 0; column < list.columnCount(); ++column)
+        list.resizeColumnToContents(column);
+    resize(sizeHint()); // Qt alone gives a dialog two thirds of the screen at most
     SelectFirstThatCanBeAdded();
     list.setFocus();
 }

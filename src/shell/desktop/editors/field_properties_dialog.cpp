@@ -1,14 +1,18 @@
 #include "shell/desktop/editors/field_properties_dialog.h"
 
 #include "shell/desktop/editors/fill_control.h"
+#include "shell/desktop/plain_tool_tip.h"
 #include "shell/desktop/qt_text.h"
 #include "ui_frm_field_properties.h"
+
+#include <QHeaderView>
 
 namespace veldrane {
 namespace {
 
 using namespace Qt::StringLiterals;
 
+constexpr int kTypeColumn = 1;
 constexpr int kAliasColumn = 2;
 
 std::vector<BoxRow> Rows(const std::vector<ListRow>& rows)
@@ -32,6 +36,7 @@ FieldPropertiesDialog::FieldPropertiesDialog(frmFieldProperties& form, const Pre
     ui_->setupUi(this);
     setWindowTitle(NameToQt(form_.Caption()));
     ui_->lblFieldName->setText(NameToQt(form_.FieldName()));
+    ui_->lblFieldName->setToolTip(PlainToolTip(NameToQt(form_.FieldName())));
     ui_->lblFieldDataType->setText(NameToQt(form_.FieldDataType()));
     ui_->lstPreview->SetLook(look);
     for (const TypeItem& type : form_.Data.Types())
@@ -47,6 +52,7 @@ FieldPropertiesDialog::FieldPropertiesDialog(frmFieldProperties& form, const Pre
             GoToFieldInTrouble();
     });
     ShowState();
+    resize(sizeHint()); // Qt alone gives a dialog two thirds of the screen at most
     FocusOn("txtPropertyName");
 }
 
@@ -94,7 +100,7 @@ void FieldPropertiesDialog::ConnectLookup()
 {
     connect(ui_->tabMain, &QTabWidget::currentChanged, this,
             [this](int tab) { Do([&] { form_.tabMain_Click(static_cast<FieldTab>(tab)); }); });
-    connect(ui_->cmbTable, &QComboBox::editTextChanged, this,
+    connect(ui_->cmbTable->lineEdit(), &QLineEdit::textEdited, this,
             [this](const QString& typed) { Do([&] { form_.Lookup.cmbTable_Change(FromQt(typed)); }); });
     connect(ui_->cmbTable, &QComboBox::activated, this,
             [this](int row) { Do([&] { form_.Lookup.cmbTable_Click(RowOf(row)); }); });
@@ -107,6 +113,9 @@ void FieldPropertiesDialog::ConnectFields()
 {
     EditorList& list = *ui_->lstFields;
     list.setHeaderLabels({u"Field"_s, u"Type"_s, u"Property"_s});
+    list.header()->setStretchLastSection(false);
+    list.header()->setSectionResizeMode(QHeaderView::Stretch);
+    list.header()->setSectionResizeMode(kTypeColumn, QHeaderView::ResizeToContents);
     list.LetEdit(kAliasColumn);
     list.FilterBy(*ui_->txtFilter);
     connect(&list, &EditorList::RowsTicked, this, [this](const std::vector<std::size_t>& rows, bool ticked) {

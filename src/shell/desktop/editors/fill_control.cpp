@@ -45,8 +45,12 @@ void ShowRows(QComboBox& box, const std::vector<BoxRow>& rows)
     box.clear();
     for (const BoxRow& row : rows)
         box.addItem(icons.Of(row.Icon), NameToQt(row.Text));
-    if (box.isEditable())
-        box.setEditText(typed);
+    if (!box.isEditable())
+        return;
+    box.setCurrentIndex(-1);
+    box.setEditText(typed);
+    if (box.hasFocus())
+        box.lineEdit()->selectAll(); // as it was when a key went there
 }
 
 void ShowRows(QComboBox& box, const std::vector<BoxRow>& rows, std::size_t chosen)

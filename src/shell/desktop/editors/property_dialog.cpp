@@ -19,6 +19,7 @@ PropertyDialog::PropertyDialog(frmAddEditProperty& form, const PreviewLook& look
     ConnectButtons(*ui_->cmdOK, *ui_->cmdCancel);
     Follow(form_.FocusWanted);
     ShowState();
+    resize(sizeHint()); // Qt alone gives a dialog two thirds of the screen at most
     FocusOn("txtPropertyName");
 }
 

@@ -38,11 +38,12 @@ void SearchBox::keyPressEvent(QKeyEvent* event)
 {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool isOpen = currentText() != itemText(currentIndex());
+    const bool offers = completer()->popup()->isVisible(); // and takes what the box leaves
     QComboBox::keyPressEvent(event);
     if (!isReturn || !isOpen)
         return;
     Settle(Qt::MatchContains);
-    event->accept();
+    event->setAccepted(!offers);
 }
 
 // The choice in the list of completions is told by the list.

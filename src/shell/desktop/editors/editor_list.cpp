@@ -39,6 +39,13 @@ class OneColumnEdited : public QStyledItemDelegate
     int column_;
 };
 
+// The row that is the current one when these are selected: the one from before, or else the first of them.
+std::size_t CurrentAmong(const std::vector<std::size_t>& selected, std::size_t before)
+{
+    const bool isAmong = std::find(selected.begin(), selected.end(), before) != selected.end();
+    return isAmong || selected.empty() ? before : selected.front();
+}
+
 Qt::CheckState StateOf(bool ticked)
 {
     return ticked ? Qt::Checked : Qt::Unchecked;
@@ -96,7 +103,8 @@ void EditorList::Show(const std::vector<EditorRow>& rows, const std::vector<std:
     const QSignalBlocker silence(this);
     const int place = verticalScrollBar()->value();
     QTreeWidgetItem* const current = currentItem();
-    const int row = current == nullptr ? 0 : indexOfTopLevelItem(current);
+    const int before = current == nullptr ? 0 : indexOfTopLevelItem(current);
+    const int row = static_cast<int>(CurrentAmong(selected, static_cast<std::size_t>(before)));
     const int column = std::max(currentColumn(), 0);
     while (topLevelItemCount() > static_cast<int>(rows.size()))
         delete takeTopLevelItem(topLevelItemCount() - 1);
@@ -111,6 +119,8 @@ void EditorList::Show(const std::vector<EditorRow>& rows, const std::vector<std:
             topLevelItem(static_cast<int>(each))->setSelected(true);
     Filter();
     verticalScrollBar()->setValue(place);
+    if (row != before)
+        scrollToItem(currentItem());
 }
 
 std::vector<std::size_t> EditorList::SelectedRows() const

@@ -46,7 +46,8 @@ class EditorList : public QTreeWidget
     // Makes a row the current one, which alone is selected then, and brings it into sight.
     void SelectRow(std::size_t row);
 
-    // Replaces the rows; the list keeps its place and its current row. None of the signals is raised.
+    // Replaces the rows. The list keeps its place, and its current row unless others are selected: the first of them is
+    // the current one then, and comes into sight. None of the signals is raised.
     void Show(const std::vector<EditorRow>& rows, const std::vector<std::size_t>& selected = {});
 
     // In their order. Rows that are filtered out are not among them.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "datasource/typed_name.h"
+#include "generator/outputs.h"
 #include "model/class.h"
 #include "model/signal.h"
 #include "model/stored_procedures.h"
@@ -9,6 +10,7 @@
 #include "text/code_page.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -33,6 +35,9 @@ struct ProcedureEdit
     veldrane::Messages& Messages;
     ErrorReport& Errors;
     const text::CodePage& CodePage;
+
+    // The lines that are generated for the procedure as a method of the class.
+    std::function<TTCOutputs(const SP& procedure)> Preview = [](const SP& /*procedure*/) { return TTCOutputs(); };
 };
 
 // A row of the list of parameters.
@@ -77,6 +82,9 @@ class frmAddEditSP
     // The procedure as OK would leave it, and the class that calls it.
     [[nodiscard]] std::shared_ptr<SP> Edited() const;
     [[nodiscard]] const KZMClass& Owner() const { return edit_.Class; }
+
+    // The lines that are generated for it.
+    [[nodiscard]] TTCOutputs Preview() const { return edit_.Preview(*Edited()); }
 
     // Cleans the name, telling the person if it had to be changed, and adds or renames the method; a renamed one is
     // the last of its class. The class is as it was unless the answer is Done.

@@ -19,7 +19,7 @@ std::optional<std::vector<std::string>> frmPickSP::Show(const std::vector<ListRo
 {
     rows_.clear();
     for (const ListRow& row : rows)
-        rows_.push_back({.Row = row});
+        rows_.push_back({.Row = row, .MethodName = procedures_->Item(row.Key)->SPCleanName()});
     isAccepted_ = surroundings_.Dialogs.Show(*this);
     if (!isAccepted_)
         return std::nullopt;

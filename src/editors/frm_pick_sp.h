@@ -17,6 +17,7 @@ namespace veldrane {
 struct ProcedureTick
 {
     ListRow Row;
+    std::string MethodName; // by which the class would have it
     bool Ticked = false;
 };
 

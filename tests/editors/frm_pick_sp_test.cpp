@@ -31,6 +31,7 @@ TEST_F(PickSPTest, ListsTheProceduresAndNamesTheTickedOnes)
         EXPECT_EQ(form.lstSPs().size(), 2U);
         EXPECT_EQ(form.lstSPs().at(0).Row.Text, "GetOrders;1");
         EXPECT_EQ(form.lstSPs().at(0).Row.Icon, "SP");
+        EXPECT_EQ(form.lstSPs().at(0).MethodName, "GetOrders");
         EXPECT_FALSE(form.lstSPs().at(0).Ticked);
         form.lstSPs_ItemCheck({0, 1}, true);
         form.lstSPs_ItemCheck({1}, false);

@@ -1,8 +1,14 @@
 #include "shell/desktop/editors/qt_editor_dialogs.h"
 
+#include "shell/desktop/editors/argument_dialog.h"
+#include "shell/desktop/editors/built_in_members_dialog.h"
 #include "shell/desktop/editors/built_in_properties_dialog.h"
 #include "shell/desktop/editors/class_dialog.h"
+#include "shell/desktop/editors/event_dialog.h"
 #include "shell/desktop/editors/field_properties_dialog.h"
+#include "shell/desktop/editors/method_dialog.h"
+#include "shell/desktop/editors/pick_procedures_dialog.h"
+#include "shell/desktop/editors/procedure_method_dialog.h"
 #include "shell/desktop/editors/property_dialog.h"
 #include "shell/desktop/room_for_dialog.h"
 
@@ -19,9 +25,9 @@ bool Run(Form& form, const PreviewLook& look)
 
 } // namespace
 
-bool QtEditorDialogs::Show(frmAddEditArgument& /*form*/)
+bool QtEditorDialogs::Show(frmAddEditArgument& form)
 {
-    return false;
+    return Run<ArgumentDialog>(form, look_());
 }
 
 bool QtEditorDialogs::Show(frmAddEditClass& form)
@@ -29,14 +35,14 @@ bool QtEditorDialogs::Show(frmAddEditClass& form)
     return Run<ClassDialog>(form, look_());
 }
 
-bool QtEditorDialogs::Show(frmAddEditEvent& /*form*/)
+bool QtEditorDialogs::Show(frmAddEditEvent& form)
 {
-    return false;
+    return Run<EventDialog>(form, look_());
 }
 
-bool QtEditorDialogs::Show(frmAddEditMethod& /*form*/)
+bool QtEditorDialogs::Show(frmAddEditMethod& form)
 {
-    return false;
+    return Run<MethodDialog>(form, look_());
 }
 
 bool QtEditorDialogs::Show(frmAddEditProperty& form)
@@ -44,19 +50,19 @@ bool QtEditorDialogs::Show(frmAddEditProperty& form)
     return Run<PropertyDialog>(form, look_());
 }
 
-bool QtEditorDialogs::Show(frmAddEditSP& /*form*/)
+bool QtEditorDialogs::Show(frmAddEditSP& form)
 {
-    return false;
+    return Run<ProcedureMethodDialog>(form, look_());
 }
 
-bool QtEditorDialogs::Show(frmBuiltInEvents& /*form*/)
+bool QtEditorDialogs::Show(frmBuiltInEvents& form)
 {
-    return false;
+    return Run<BuiltInMembersDialog>(form, look_());
 }
 
-bool QtEditorDialogs::Show(frmBuiltInMethods& /*form*/)
+bool QtEditorDialogs::Show(frmBuiltInMethods& form)
 {
-    return false;
+    return Run<BuiltInMembersDialog>(form, look_());
 }
 
 bool QtEditorDialogs::Show(frmBuiltInProperties& form)
@@ -69,9 +75,9 @@ bool QtEditorDialogs::Show(frmFieldProperties& form)
     return Run<FieldPropertiesDialog>(form, look_());
 }
 
-bool QtEditorDialogs::Show(frmPickSP& /*form*/)
+bool QtEditorDialogs::Show(frmPickSP& form)
 {
-    return false;
+    return Run<PickProceduresDialog>(form, look_());
 }
 
 } // namespace veldrane

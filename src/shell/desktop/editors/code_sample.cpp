@@ -7,7 +7,6 @@
 #include <QGuiApplication>
 #include <QScrollBar>
 
-#include <algorithm>
 #include <utility>
 
 namespace veldrane {
@@ -49,7 +48,7 @@ void CodeSample::ShowLines(TTCOutputs lines)
 
 QSize CodeSample::sizeHint() const
 {
-    const int rowHeight = std::max(fontMetrics().height(), iconSize().height());
+    const int rowHeight = delegate_.sizeHint({}, {}).height();
     return {kCharacters * fontMetrics().averageCharWidth(), kLines * rowHeight + 2 * frameWidth()};
 }
 

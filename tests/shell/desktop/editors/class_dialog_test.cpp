@@ -64,7 +64,11 @@ class TheClassDialog : public ClassEditorTest
     QString Title() { return window_->windowTitle(); }
     QString Text(const std::string& label) { return Find<QLabel>(*window_, label).text(); }
 
-    void Turn(ClassTab tab) { Tabs().setCurrentIndex(static_cast<int>(tab)); }
+    void Turn(ClassTab tab)
+    {
+        Tabs().setCurrentIndex(static_cast<int>(tab));
+        QApplication::processEvents(); // its controls find their places
+    }
 
     std::vector<std::string> Rows(const std::string& list)
     {
@@ -241,6 +245,7 @@ TEST_F(TheClassDialog, TheBoxOfTheCollectionTurnsOnWhatBelongsToIt)
     EXPECT_TRUE(Find<QLabel>(window, "lblCollectionHelp").isVisible());
     EXPECT_FALSE(Field("txtCollectionName").isEnabled());
     EXPECT_FALSE(Find<QCheckBox>(window, "chkNewKey").isEnabled());
+    Photograph(window, "frmAddEditClass-root");
     Click(window, "chkGenerateCollection");
     EXPECT_TRUE(Field("txtCollectionName").isEnabled());
     EXPECT_TRUE(Find<QCheckBox>(window, "chkNewKey").isEnabled());

@@ -108,6 +108,55 @@ TEST_F(MainWindowTest, AClassIsMovedByTheMenuAlone)
     EXPECT_EQ(Tree().currentIndex().data().toString(), u"Order"_s);
 }
 
+TEST_F(MainWindowTest, ADoubleClickOpensTheEditorOfTheClass)
+{
+    StartWithClasses();
+    rules_->Project().SetModified(false);
+    const auto open = [&] {
+        ClickNode(u"Customer"_s);
+        QTest::mouseDClick(Tree().viewport(), Qt::LeftButton, {}, Tree().visualRect(Node(u"Customer"_s)).center());
+    };
+    WithDialogs(open, {[](QWidget& editor) {
+                    EXPECT_EQ(editor.windowTitle(), u"Edit Customer"_s);
+                    Click(editor, "cmdCancel");
+                }});
+    EXPECT_FALSE(rules_->Project().Modified());
+    WithDialogs(open, {[](QWidget& editor) {
+                    Type(editor, "txtClassName", "Client");
+                    Click(editor, "cmdOK");
+                }});
+    EXPECT_TRUE(rules_->Project().Modified());
+    EXPECT_TRUE(HasNode(u"Client"_s));
+    EXPECT_FALSE(HasNode(u"Customer"_s));
+    EXPECT_EQ(rules_->Classes().Item("Order")->ParentClassName, "Client");
+}
+
+TEST_F(MainWindowTest, AClassOfItsOwnIsAddedInTheEditor)
+{
+    StartWithClasses();
+    const std::size_t classes = rules_->Classes().Count();
+    WithDialogs([&] { RunTool("NewClass"); }, {[](QWidget& editor) {
+                    EXPECT_EQ(editor.windowTitle(), u"Add New Class"_s);
+                    QTest::keyClick(&editor, Qt::Key_Escape);
+                }});
+    EXPECT_EQ(rules_->Classes().Count(), classes);
+    WithDialogs([&] { RunTool("NewClass"); }, {AcceptClass});
+    EXPECT_TRUE(HasNode(u"NewClass"_s));
+}
+
+TEST_F(MainWindowTest, AClassDroppedOnAnotherIsJoinedToItInTheEditor)
+{
+    StartWithClasses();
+    const auto drop = [&] { EXPECT_TRUE(DropNode(u"Country"_s, u"Customer"_s)); };
+    WithDialogs(drop, {[](QWidget& editor) {
+                    EXPECT_EQ(editor.windowTitle(), u"Move Country"_s);
+                    Click(editor, "cmdCancel");
+                }});
+    EXPECT_EQ(Above(u"Country"_s), kLookups);
+    WithDialogs(drop, {AcceptClass});
+    EXPECT_EQ(rules_->Classes().Item("Country")->ParentClassName, "Customer");
+}
+
 TEST_F(MainWindowTest, F2LetsTheProjectBeNamedAnew)
 {
     StartWithClasses();

@@ -13,6 +13,8 @@
 namespace veldrane {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr std::chrono::milliseconds kUntilSample{100};
 
 // What is being typed there already is left alone, with its cursor.
@@ -48,19 +50,13 @@ ClassDialog::ClassDialog(frmAddEditClass& form, const PreviewLook& look, QWidget
     ui_->setupUi(this);
     ui_->splPreview->setStretchFactor(1, 1); // code is wider than what it is made of
     ui_->lstSample->SetLook(look);
-    lists_ = {{{ui_->lstProperties, ui_->txtFilterProperties, ui_->actBarProperties, {}},
-               {ui_->lstPlusProperties, ui_->txtFilterPlusProperties, ui_->actBarPlusProperties, {}},
-               {ui_->lstMethods, ui_->txtFilterMethods, ui_->actBarMethods, {}},
-               {ui_->lstEvents, ui_->txtFilterEvents, ui_->actBarEvents, {}},
-               {ui_->lstParentFields, ui_->txtFilterParentFields, nullptr, {}},
-               {ui_->lstFields, ui_->txtFilterFields, nullptr, {}},
-               {ui_->lstJoins, ui_->txtFilterJoins, ui_->actBarJoins, {}}}};
+    FindLists();
     AddTools();
+    ConnectLists();
     ShowState();
     ShowSample();
     ConnectRules();
     ConnectControls();
-    ConnectLists();
     FocusOn(form_.FirstFocus());
 }
 
@@ -95,12 +91,27 @@ void ClassDialog::ConnectControls()
     });
 }
 
+// Those without a bar have no tools.
+void ClassDialog::FindLists()
+{
+    const QStringList properties{u"Property"_s, u"Type"_s};
+    const QStringList fields{u"Field"_s, u"Type"_s};
+    lists_ = {{{ui_->lstProperties, ui_->txtFilterProperties, properties, ui_->actBarProperties, {}},
+               {ui_->lstPlusProperties, ui_->txtFilterPlusProperties, properties, ui_->actBarPlusProperties, {}},
+               {ui_->lstMethods, ui_->txtFilterMethods, {u"Method"_s, u"Returns"_s}, ui_->actBarMethods, {}},
+               {ui_->lstEvents, ui_->txtFilterEvents, {u"Event"_s}, ui_->actBarEvents, {}},
+               {ui_->lstParentFields, ui_->txtFilterParentFields, fields, nullptr, {}},
+               {ui_->lstFields, ui_->txtFilterFields, fields, nullptr, {}},
+               {ui_->lstJoins, ui_->txtFilterJoins, {u"Join"_s}, ui_->actBarJoins, {}}}};
+}
+
 void ClassDialog::ConnectLists()
 {
     for (std::size_t index = 0; index < kClassLists; ++index) {
         const auto list = static_cast<ClassList>(index);
         EditorList& control = *lists_[index].List;
         control.FilterBy(*lists_[index].Filter);
+        control.setHeaderLabels(lists_[index].Columns);
         control.header()->setStretchLastSection(false);
         control.header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         control.header()->setSectionResizeMode(0, QHeaderView::Stretch);

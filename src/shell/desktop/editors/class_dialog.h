@@ -4,6 +4,7 @@
 #include "shell/desktop/editors/editor_dialog.h"
 #include "shell/main_window/preview_look.h"
 
+#include <QStringList>
 #include <QTimer>
 
 #include <array>
@@ -41,14 +42,16 @@ class ClassDialog : public EditorDialog
     // A list of the form with what belongs to it.
     struct ListControls
     {
-        EditorList* List;
-        QLineEdit* Filter;
-        QVBoxLayout* Bar; // nullptr for a list without tools
+        EditorList* List = nullptr;
+        QLineEdit* Filter = nullptr;
+        QStringList Columns;
+        QVBoxLayout* Bar = nullptr; // nullptr for a list without tools
         std::vector<MemberRow> Rows;
     };
 
     void ConnectRules();
     void ConnectControls();
+    void FindLists();
     void ConnectLists();
     void AddTools();
     void AddTool(QAction& action, ListControls& controls);

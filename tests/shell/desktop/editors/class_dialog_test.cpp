@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QToolButton>
@@ -405,6 +406,21 @@ TEST_F(TheClassDialog, ThePreviewFollowsTheNameAndTheTab)
         Turn(tab);
         EXPECT_THAT(Sample(), HasSubstr(words));
     }
+}
+
+TEST_F(TheClassDialog, ThePreviewKeepsItsPlaceWhileTheClassChanges)
+{
+    ClassDialog& window = ShowOrder();
+    Turn(ClassTab::Methods);
+    QScrollBar& place = *Find<CodeSample>(window, "lstSample").verticalScrollBar();
+    place.setValue(40);
+    ASSERT_EQ(place.value(), 40);
+    ClickRow("lstMethods", u"RetrieveIdentity"_s);
+    AnswerWith({Answer::Ok});
+    Click(window, "DeleteMethod");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Sample().find("RetrieveIdentity") == std::string::npos; }));
+    QApplication::processEvents();
+    EXPECT_EQ(place.value(), 40);
 }
 
 TEST_F(TheClassDialog, FieldsOfBothTablesAreJoined)

@@ -53,7 +53,7 @@ ClassDialog::ClassDialog(frmAddEditClass& form, const PreviewLook& look, QWidget
     FindLists();
     AddTools();
     ConnectLists();
-    ShowState();
+    ClassDialog::ShowState();
     ShowSample();
     ConnectRules();
     ConnectControls();
@@ -66,7 +66,7 @@ void ClassDialog::ConnectRules()
 {
     Follow(form_.Changed);
     Follow(form_.FocusWanted);
-    closeWanted_ = form_.CloseWanted.Connect([this] { QDialog::reject(); });
+    closeWanted_ = form_.CloseWanted.Connect([this] { done(Rejected); });
     ConnectButtons(*ui_->cmdOK, *ui_->cmdCancel);
     tmrSample_.setSingleShot(true);
     tmrSample_.setInterval(kUntilSample);

@@ -1,6 +1,5 @@
 #include "editors/shown_member_dialogs.h"
 
-#include "datasource/procedure_method.h"
 #include "editors/frm_add_edit_event.h"
 #include "editors/frm_add_edit_method.h"
 #include "editors/frm_add_edit_property.h"
@@ -9,6 +8,7 @@
 #include "editors/frm_built_in_properties.h"
 #include "editors/frm_field_properties.h"
 #include "editors/frm_pick_sp.h"
+#include "editors/member_preview.h"
 
 #include <string>
 
@@ -57,26 +57,28 @@ bool ShownMemberDialogs::PickProcedures(KZMClass& item, SPs& picked)
     });
 }
 
+ProcedureEdit ShownMemberDialogs::EditOf(const std::shared_ptr<SP>& procedure, KZMClass& item) const
+{
+    return {.Procedure = procedure,
+            .Class = item,
+            .Messages = ports_.Names.Messages,
+            .Errors = ports_.Names.Errors,
+            .CodePage = ports_.Names.CodePage,
+            .Preview = [this, &item](const SP& edited) { return ProcedurePreview(ports_.Generated, item, edited); }};
+}
+
 bool ShownMemberDialogs::AddProcedure(KZMClass& item, const std::shared_ptr<SP>& procedure)
 {
-    frmAddEditSP form({.Mode = ProcedureMode::Add,
-                       .Procedure = procedure,
-                       .Class = item,
-                       .Messages = ports_.Names.Messages,
-                       .Errors = ports_.Names.Errors,
-                       .CodePage = ports_.Names.CodePage});
+    frmAddEditSP form(EditOf(procedure, item));
     return ports_.Dialogs.Show(form);
 }
 
 bool ShownMemberDialogs::EditProcedure(KZMClass& item, const std::shared_ptr<TTCMethod>& method)
 {
-    frmAddEditSP form({.Mode = ProcedureMode::Edit,
-                       .Procedure = method->StoredProcedure,
-                       .Class = item,
-                       .Key = method->MethodName,
-                       .Messages = ports_.Names.Messages,
-                       .Errors = ports_.Names.Errors,
-                       .CodePage = ports_.Names.CodePage});
+    ProcedureEdit edit = EditOf(method->StoredProcedure, item);
+    edit.Mode = ProcedureMode::Edit;
+    edit.Key = method->MethodName;
+    frmAddEditSP form(std::move(edit));
     return ports_.Dialogs.Show(form);
 }
 

@@ -2,6 +2,7 @@
 
 #include "datasource/catalog.h"
 #include "datasource/class_names.h"
+#include "datasource/procedure_method.h"
 #include "editors/editor_dialogs.h"
 #include "editors/member_dialogs.h"
 #include "ports/settings.h"
@@ -60,6 +61,8 @@ class ShownMemberDialogs : public MemberDialogs
     // Makes the form about a member of the class, the one that is given or a new one, and shows it.
     template <class Form, class... Member>
     bool ShowForm(KZMClass& item, const Member&... member);
+
+    [[nodiscard]] ProcedureEdit EditOf(const std::shared_ptr<SP>& procedure, KZMClass& item) const;
 
     MemberDialogPorts ports_;
 };

@@ -182,6 +182,7 @@ TEST_F(ShownMemberDialogsTest, TheMethodOfAProcedureIsRenamed)
     const auto method = AddProcedureMethod("Sums");
     dialogs.Procedure = [](frmAddEditSP& form) {
         EXPECT_EQ(form.Caption(), "Edit Sums");
+        EXPECT_GT(form.Preview().Count(), 0U);
         form.txtMethodName = "totals";
         EXPECT_FALSE(form.cmdOK_Click());
         form.txtMethodName = "AllSums";

@@ -19,7 +19,7 @@ class TheEventWindow : public MemberDialogTest
 
     QWidget& Edit(const std::string& key)
     {
-        form.emplace(surroundings, key);
+        form.emplace(surroundings, item.TTCEvents.Item(key));
         return Open<EventDialog>(*form);
     }
 

@@ -22,7 +22,7 @@ class TheMethodWindow : public MemberDialogTest
 
     QWidget& Edit(const std::string& key)
     {
-        form.emplace(surroundings, key);
+        form.emplace(surroundings, item.TTCMethods.Item(key));
         return Open<MethodDialog>(*form);
     }
 

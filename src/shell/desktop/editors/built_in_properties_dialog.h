@@ -13,7 +13,7 @@ class frmBuiltInProperties;
 namespace veldrane {
 
 // `frmBuiltInProperties` as a window, with the code of the row in hand.
-class BuiltInPropertiesDialog : public EditorDialog
+class BuiltInPropertiesDialog final : public EditorDialog
 {
     Q_OBJECT
 

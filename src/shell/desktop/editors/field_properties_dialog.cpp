@@ -18,6 +18,7 @@ constexpr int kAliasColumn = 2;
 std::vector<BoxRow> Rows(const std::vector<ListRow>& rows)
 {
     std::vector<BoxRow> shown;
+    shown.reserve(rows.size());
     for (const ListRow& row : rows)
         shown.push_back({.Text = row.Text, .Icon = row.Icon});
     return shown;

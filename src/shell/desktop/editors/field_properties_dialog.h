@@ -16,7 +16,7 @@ class frmFieldProperties;
 namespace veldrane {
 
 // `frmFieldProperties` as a window, with the code of the property and of the fields of its lookup.
-class FieldPropertiesDialog : public EditorDialog
+class FieldPropertiesDialog final : public EditorDialog
 {
     Q_OBJECT
 

@@ -13,7 +13,7 @@ class frmAddEditProperty;
 namespace veldrane {
 
 // `frmAddEditProperty` as a window, with the code of the property.
-class PropertyDialog : public EditorDialog
+class PropertyDialog final : public EditorDialog
 {
     Q_OBJECT
 

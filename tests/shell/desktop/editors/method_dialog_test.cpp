@@ -153,6 +153,7 @@ TEST_F(TheMethodWindow, SaysWhatIsWrongWithANameWhileItIsTyped)
 TEST_F(TheMethodWindow, BadNamesAreToldBesideTheField)
 {
     QWidget& dialog = Add();
+    const int width = dialog.width();
     const Texts names{"1st", "Print", "a b", "x-y", std::string(300, 'n'), "a&b", "<b>x</b>"};
     for (const std::string& name : names) {
         Type(dialog, "txtMethodName", name);
@@ -160,6 +161,8 @@ TEST_F(TheMethodWindow, BadNamesAreToldBesideTheField)
         EXPECT_EQ(Find<QLineEdit>(dialog, "txtMethodName").accessibleDescription().toStdString(),
                   form->Trouble("txtMethodName"));
         EXPECT_EQ(TroubleIn(dialog, "lblMethodNameTrouble").empty(), form->Trouble("txtMethodName").empty()) << name;
+        QApplication::processEvents();
+        EXPECT_EQ(dialog.width(), width) << name;
     }
     EXPECT_TRUE(messages.Asked().empty());
 }

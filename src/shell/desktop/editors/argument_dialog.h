@@ -13,7 +13,7 @@ class frmAddEditArgument;
 namespace veldrane {
 
 // `frmAddEditArgument` as a window, with the code of the member that the argument is of.
-class ArgumentDialog : public EditorDialog
+class ArgumentDialog final : public EditorDialog
 {
     Q_OBJECT
 

@@ -34,7 +34,7 @@ struct BuiltInMembersForm
 };
 
 // `frmBuiltInMethods` or `frmBuiltInEvents` as a window, with the code of the row in hand.
-class BuiltInMembersDialog : public EditorDialog
+class BuiltInMembersDialog final : public EditorDialog
 {
     Q_OBJECT
 

@@ -13,7 +13,7 @@ class frmAddEditEvent;
 namespace veldrane {
 
 // `frmAddEditEvent` as a window, with the code of the event.
-class EventDialog : public EditorDialog
+class EventDialog final : public EditorDialog
 {
     Q_OBJECT
 

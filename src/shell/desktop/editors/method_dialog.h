@@ -13,7 +13,7 @@ class frmAddEditMethod;
 namespace veldrane {
 
 // `frmAddEditMethod` as a window, with the code of the method.
-class MethodDialog : public EditorDialog
+class MethodDialog final : public EditorDialog
 {
     Q_OBJECT
 

@@ -13,7 +13,7 @@ class frmPickSP;
 namespace veldrane {
 
 // `frmPickSP` as a window, with the parameters and the code of the procedure in hand.
-class PickProceduresDialog : public EditorDialog
+class PickProceduresDialog final : public EditorDialog
 {
     Q_OBJECT
 

@@ -13,7 +13,7 @@ class frmAddEditSP;
 namespace veldrane {
 
 // `frmAddEditSP` as a window, with the function that calls the procedure.
-class ProcedureMethodDialog : public EditorDialog
+class ProcedureMethodDialog final : public EditorDialog
 {
     Q_OBJECT
 

@@ -10,6 +10,7 @@ void ShowParameters(EditorList& list, const std::vector<ParameterRow>& parameter
 {
     list.setHeaderLabels({u"Parameter"_s, u"Direction"_s, u"Type"_s});
     std::vector<EditorRow> rows;
+    rows.reserve(parameters.size());
     for (const ParameterRow& parameter : parameters)
         rows.push_back({.Columns = {parameter.Name, parameter.Direction, parameter.DataType}});
     list.Show(rows);

@@ -1,11 +1,11 @@
 #include "shell/desktop/editors/class_dialog.h"
 
 #include "shell/desktop/editors/class_tools.h"
+#include "shell/desktop/editors/fill_control.h"
 #include "shell/desktop/qt_text.h"
 #include "ui_frm_add_edit_class.h"
 
 #include <QHeaderView>
-#include <QSignalBlocker>
 #include <QToolButton>
 
 #include <chrono>
@@ -17,20 +17,14 @@ using namespace Qt::StringLiterals;
 
 constexpr std::chrono::milliseconds kUntilSample{100};
 
-// What is being typed there already is left alone, with its cursor.
-void ShowText(QLineEdit& field, const std::string& text)
-{
-    const QString shown = NameToQt(text);
-    if (field.text() == shown)
-        return;
-    const QSignalBlocker silence(field);
-    field.setText(shown);
-}
-
+// The first "&" of a caption is its access key; any other is of a table's name.
 void ShowCaption(QLabel& label, std::string_view caption)
 {
-    if (!caption.empty())
-        label.setText(NameToQt(caption));
+    if (caption.empty())
+        return;
+    QString text = NameToQt(caption);
+    const qsizetype behindKey = text.indexOf(u'&') + 1;
+    label.setText(text.left(behindKey) + text.mid(behindKey).replace(u'&', u"&&"_s));
 }
 
 std::vector<EditorRow> ToEditorRows(const std::vector<MemberRow>& members)
@@ -49,7 +43,7 @@ ClassDialog::ClassDialog(frmAddEditClass& form, const PreviewLook& look, QWidget
 {
     ui_->setupUi(this);
     ui_->splPreview->setStretchFactor(1, 1); // code is wider than what it is made of
-    ui_->lstSample->SetLook(look);
+    ui_->lstPreview->SetLook(look);
     FindLists();
     AddTools();
     ConnectLists();
@@ -214,7 +208,7 @@ void ClassDialog::ShowStates()
 void ClassDialog::ShowSample()
 {
     tmrSample_.stop();
-    ui_->lstSample->ShowLines(form_.Preview());
+    ui_->lstPreview->ShowLines(form_.Preview());
 }
 
 } // namespace veldrane

@@ -13,7 +13,7 @@ TroubleLabel::TroubleLabel(QWidget* parent) : QLabel(parent)
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long name in the words widens no window
-    QSizePolicy anyWidth = sizePolicy(); // a long name in the words widens no window
+    QSizePolicy anyWidth = sizePolicy();                         // a long name in the words widens no window
     anyWidth.setHorizontalPolicy(QSizePolicy::Ignored);
     setSizePolicy(anyWidth);
     setVisible(false);

@@ -92,7 +92,7 @@ class TheClassDialog : public ClassEditorTest
     std::string Sample()
     {
         std::string text;
-        const QAbstractItemModel& model = *Find<CodeSample>(*window_, "lstSample").model();
+        const QAbstractItemModel& model = *Find<CodeSample>(*window_, "lstPreview").model();
         for (int row = 0; row < model.rowCount(); ++row)
             text += model.index(row, 0).data().toString().toStdString() + "\n";
         return text;
@@ -412,7 +412,7 @@ TEST_F(TheClassDialog, ThePreviewKeepsItsPlaceWhileTheClassChanges)
 {
     ClassDialog& window = ShowOrder();
     Turn(ClassTab::Methods);
-    QScrollBar& place = *Find<CodeSample>(window, "lstSample").verticalScrollBar();
+    QScrollBar& place = *Find<CodeSample>(window, "lstPreview").verticalScrollBar();
     place.setValue(40);
     ASSERT_EQ(place.value(), 40);
     ClickRow("lstMethods", u"RetrieveIdentity"_s);

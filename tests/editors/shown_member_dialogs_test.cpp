@@ -30,7 +30,7 @@ class ShownMemberDialogsTest : public testing::MemberTest
         procedure->SPName = "sp_" + name;
         procedure->SPMethodName = name;
         AddOwnMethod(name);
-        const auto method = item.TTCMethods.Item(item.TTCMethods.Count());
+        auto method = item.TTCMethods.Item(item.TTCMethods.Count());
         method->MethodIsSP = true;
         method->StoredProcedure = procedure;
         return method;

@@ -8,7 +8,6 @@ namespace veldrane::testing {
 namespace {
 
 using namespace Qt::StringLiterals;
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
 class TheBuiltInMembersWindow : public MemberDialogTest

@@ -136,12 +136,20 @@ std::string NotWritableText(std::string_view name, const text::CodePage& codePag
            " lacks, so it can't enter the project. Rename it, or set another code page with CodePage in the section Platform of the settings.";
 }
 
+std::optional<Question> NotWritable(std::string_view name, const text::CodePage& codePage)
+{
+    std::string trouble = NotWritableText(name, codePage);
+    if (trouble.empty())
+        return std::nullopt;
+    return Question{.Title = std::string(kNotWritableTitle), .Text = std::move(trouble), .Icon = MessageIcon::Warning};
+}
+
 bool FitsProject(std::string_view name, const text::CodePage& codePage, Messages& messages)
 {
-    const std::string trouble = NotWritableText(name, codePage);
-    if (!trouble.empty())
-        messages.Tell(std::string(kNotWritableTitle), trouble, MessageIcon::Warning);
-    return trouble.empty();
+    const std::optional<Question> trouble = NotWritable(name, codePage);
+    if (trouble)
+        messages.Ask(*trouble);
+    return !trouble;
 }
 
 } // namespace veldrane

@@ -3,6 +3,7 @@
 #include "ports/messages.h"
 #include "text/code_page.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -46,6 +47,9 @@ inline constexpr std::string_view kTableNameDelimiters = "~`!@#$%^&*()-=+\\|]}[{
 // Why no project can hold the name, in words; "" if one can. The title is that of the box that says so.
 inline constexpr std::string_view kNotWritableTitle = "Name Not Writable";
 [[nodiscard]] std::string NotWritableText(std::string_view name, const text::CodePage& codePage);
+
+// The box that says so; nothing if a project can hold the name.
+[[nodiscard]] std::optional<Question> NotWritable(std::string_view name, const text::CodePage& codePage);
 
 // Whether a project can hold the name: every letter has a place in the code page of its files, and none is a control
 // character. If not, the person is told: such a name can't enter a project.

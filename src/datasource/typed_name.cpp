@@ -3,6 +3,7 @@
 #include "datasource/naming.h"
 #include "model/class.h"
 #include "text/case_folding.h"
+#include "text/characters.h"
 
 #include <utility>
 
@@ -64,25 +65,47 @@ Question NameTaken(std::string_view name, const TypedName& rules)
             .Icon = MessageIcon::Warning};
 }
 
+std::optional<Question> UnfitName(std::string_view name, const text::CodePage& codePage)
+{
+    if (auto trouble = NotWritable(name, codePage))
+        return trouble;
+    const std::size_t length = text::Length(name);
+    if (length <= kMostNameCharacters)
+        return std::nullopt;
+    return Question{.Title = "Name Too Long",
+                    .Text = "The name has " + std::to_string(length) + " characters, and Visual Basic allows " +
+                            std::to_string(kMostNameCharacters) + ". Please enter a shorter name.",
+                    .Icon = MessageIcon::Warning};
+}
+
 std::string NameTrouble(std::string_view typed, const TypedName& rules)
 {
     if (const auto refusal = RefusalOf(typed, rules))
         return refusal->Text;
     const std::string valid = MakeValidName(typed);
-    for (std::string trouble : {InvalidNameText(typed), NotWritableText(valid, rules.CodePage)})
-        if (!trouble.empty())
-            return trouble;
+    if (std::string change = InvalidNameText(typed); !change.empty())
+        return change;
+    if (const auto unfit = UnfitName(valid, rules.CodePage))
+        return unfit->Text;
     return rules.IsTaken(valid) ? NameTaken(valid, rules).Text : std::string();
 }
 
-bool AcceptName(std::string& typed, const TypedName& rules, Messages& messages)
+bool MakeFitName(std::string& typed, const TypedName& rules, Messages& messages)
 {
     if (const auto refusal = RefusalOf(typed, rules)) {
         messages.Ask(*refusal);
         return false;
     }
     typed = MakeValidName(typed, messages);
-    if (!FitsProject(typed, rules.CodePage, messages))
+    const auto unfit = UnfitName(typed, rules.CodePage);
+    if (unfit)
+        messages.Ask(*unfit);
+    return !unfit;
+}
+
+bool AcceptName(std::string& typed, const TypedName& rules, Messages& messages)
+{
+    if (!MakeFitName(typed, rules, messages))
         return false;
     if (rules.IsTaken(typed))
         messages.Ask(NameTaken(typed, rules));

@@ -3,6 +3,7 @@
 #include "ports/messages.h"
 #include "text/code_page.h"
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -36,11 +37,20 @@ struct TypedName
 // The box that tells that the name is taken.
 [[nodiscard]] Question NameTaken(std::string_view name, const TypedName& rules);
 
+// The most characters that the generated language allows in a name.
+inline constexpr std::size_t kMostNameCharacters = 255;
+
+// The box that refuses a valid name which no project can hold: for its letters or for its length. Nothing if one can.
+[[nodiscard]] std::optional<Question> UnfitName(std::string_view name, const text::CodePage& codePage);
+
 // What is wrong with the name as it is typed, in the words of the first box that AcceptName would show; "" if nothing.
 [[nodiscard]] std::string NameTrouble(std::string_view typed, const TypedName& rules);
 
-// Makes what was typed a valid name, telling the person if it had to be changed. False if it is
-// refused, if the project can't hold it or if it is taken, which is told.
+// Makes what was typed a valid name, telling the person if it had to be changed. False if it is refused or unfit for
+// the project, which is told.
+[[nodiscard]] bool MakeFitName(std::string& typed, const TypedName& rules, Messages& messages);
+
+// The same, and false if the name is taken, which is told too.
 [[nodiscard]] bool AcceptName(std::string& typed, const TypedName& rules, Messages& messages);
 
 } // namespace veldrane

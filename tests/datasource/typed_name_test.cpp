@@ -50,6 +50,20 @@ TEST_F(TypedNameTest, ANameIsMadeValidBeforeItIsLookedFor)
     EXPECT_EQ(Told("Light Red", false), (std::vector<std::string>{"Invalid Name Detected", "Duplicate Method Name"}));
 }
 
+TEST_F(TypedNameTest, ANameThatTheLanguageHasNoRoomForIsRefused)
+{
+    std::string longest;
+    for (int i = 0; i < 255; ++i)
+        longest += "ö";
+    EXPECT_TRUE(Told(longest, true).empty()) << "letters count, not their bytes";
+    EXPECT_EQ(NameTrouble(longest, Rules()), "");
+    EXPECT_EQ(Told(longest + "n", false), std::vector<std::string>{"Name Too Long"});
+    EXPECT_EQ(NameTrouble(longest + "n", Rules()),
+              "The name has 256 characters, and Visual Basic allows 255. Please enter a shorter name.");
+    EXPECT_EQ(Told("1" + longest, false), (std::vector<std::string>{"Invalid Name Detected", "Name Too Long"}))
+        << "the letter in front counts";
+}
+
 TEST_F(TypedNameTest, TheOwnNameIsInNobodysWay)
 {
     EXPECT_EQ(NameTrouble("RED", Rules("Red")), "");
@@ -68,7 +82,8 @@ TEST_F(TypedNameTest, AnEventIsCalledOne)
 
 TEST_F(TypedNameTest, TheTroubleIsTheFirstBox)
 {
-    for (const char* typed : {"", "Light Red", "łódź", "RED", "Set"}) {
+    for (const std::string& typed : {std::string(), std::string("Light Red"), std::string("łódź"), std::string("RED"),
+                                     std::string("Set"), std::string(256, 'n')}) {
         messages.Forget();
         std::string name = typed;
         (void)AcceptName(name, Rules(), messages);

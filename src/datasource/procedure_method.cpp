@@ -60,21 +60,29 @@ std::vector<ParameterRow> ParameterRows(const SP& procedure)
 }
 
 // A project file holds no two parameters of one name: the second would be gone when it is opened again.
-bool ProcedureFitsProject(const SP& procedure, const text::CodePage& codePage, Messages& messages)
+std::optional<Question> ProcedureRefusal(const SP& procedure, const text::CodePage& codePage)
 {
-    if (!FitsProject(procedure.SPName, codePage, messages))
-        return false;
+    if (auto trouble = NotWritable(procedure.SPName, codePage))
+        return trouble;
     for (const SPParameter& parameter : procedure.SPParameters)
-        if (!FitsProject(parameter.ParameterName, codePage, messages))
-            return false;
+        if (auto trouble = NotWritable(parameter.ParameterName, codePage))
+            return trouble;
     const SPParameter* second = SecondOfAName(procedure.SPParameters);
     if (second == nullptr)
-        return true;
-    messages.Tell("Duplicate Parameter Name",
-                  "The stored procedure '" + procedure.SPName + "' has two parameters named '" + second->ParameterName +
-                      "', letter case aside, so it can't enter the project. Rename one of them.",
-                  MessageIcon::Warning);
-    return false;
+        return std::nullopt;
+    return Question{.Title = "Duplicate Parameter Name",
+                    .Text = "The stored procedure '" + procedure.SPName + "' has two parameters named '" +
+                            second->ParameterName +
+                            "', letter case aside, so it can't enter the project. Rename one of them.",
+                    .Icon = MessageIcon::Warning};
+}
+
+bool ProcedureFitsProject(const SP& procedure, const text::CodePage& codePage, Messages& messages)
+{
+    const std::optional<Question> refusal = ProcedureRefusal(procedure, codePage);
+    if (refusal)
+        messages.Ask(*refusal);
+    return !refusal;
 }
 
 frmAddEditSP::frmAddEditSP(ProcedureEdit edit)
@@ -89,7 +97,9 @@ std::string frmAddEditSP::Caption() const
 
 TypedName frmAddEditSP::NameRules() const
 {
-    return MethodNameRules(edit_.Class, edit_.Key, edit_.CodePage);
+    TypedName rules = MethodNameRules(edit_.Class, edit_.Key, edit_.CodePage);
+    rules.Refuses = [this](std::string_view /*typed*/) { return ProcedureRefusal(*edit_.Procedure, edit_.CodePage); };
+    return rules;
 }
 
 std::string frmAddEditSP::Trouble(std::string_view control) const
@@ -117,9 +127,7 @@ bool frmAddEditSP::cmdOK_Click()
 
 ProcedureNaming frmAddEditSP::NameMethod()
 {
-    txtMethodName = MakeValidName(txtMethodName, edit_.Messages);
-    if (!FitsProject(txtMethodName, edit_.CodePage, edit_.Messages) ||
-        !ProcedureFitsProject(*edit_.Procedure, edit_.CodePage, edit_.Messages))
+    if (!MakeFitName(txtMethodName, NameRules(), edit_.Messages))
         return ProcedureNaming::NotWritable;
     return edit_.Mode == ProcedureMode::Add ? AddMethod() : RenameMethod();
 }
@@ -140,11 +148,12 @@ ProcedureNaming frmAddEditSP::AddMethod()
 ProcedureNaming frmAddEditSP::RenameMethod()
 {
     const std::string before = edit_.Key;
-    if (txtMethodName == before)
-        return ProcedureNaming::Done;
     KZMClass& item = edit_.Class;
     if (NameRules().IsTaken(txtMethodName))
         return ProcedureNaming::NameTaken;
+    edit_.Procedure->SPMethodName = txtMethodName; // of an older file it may differ, though the method keeps its name
+    if (txtMethodName == before)
+        return ProcedureNaming::Done;
     const std::size_t position = PositionOf(*edit_.Procedure, item.TTCMethods);
     const std::shared_ptr<TTCMethod> renamed = item.TTCMethods.Item(position)->Clone();
     renamed->MethodName = txtMethodName;
@@ -153,7 +162,6 @@ ProcedureNaming frmAddEditSP::RenameMethod()
     item.TTCMembers.Add(txtMethodName, txtMethodName);
     item.TTCMethods.Remove(position);
     item.TTCMethods.AddExisting(renamed, txtMethodName);
-    edit_.Procedure->SPMethodName = txtMethodName;
     edit_.Key = txtMethodName;
     return ProcedureNaming::Done;
 }

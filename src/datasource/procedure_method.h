@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -54,15 +55,18 @@ struct ParameterRow
 // The rows for the parameters of a procedure.
 [[nodiscard]] std::vector<ParameterRow> ParameterRows(const SP& procedure);
 
-// Whether a project can hold the procedure: its name and those of its parameters have a place in the code page, and no
-// two parameters have one name. If not, the person is told.
+// The box that refuses a procedure which no project can hold; nothing if one can: its name and those of its parameters
+// have a place in the code page, and no two parameters have one name.
+[[nodiscard]] std::optional<Question> ProcedureRefusal(const SP& procedure, const text::CodePage& codePage);
+
+// Whether a project can hold the procedure. If not, the person is told.
 [[nodiscard]] bool ProcedureFitsProject(const SP& procedure, const text::CodePage& codePage, Messages& messages);
 
 enum class ProcedureNaming
 {
     Done,
     NameTaken,   // a member of the class has the name
-    NotWritable, // a name can't enter the project, which was told
+    NotWritable, // a name can't enter the project, or is too long for the language, which was told
 };
 
 // The rules of the dialog in which the method gets its name. Only OK changes the class.
@@ -86,8 +90,9 @@ class frmAddEditSP
     // The lines that are generated for it.
     [[nodiscard]] TTCOutputs Preview() const { return edit_.Preview(*Edited()); }
 
-    // Cleans the name, telling the person if it had to be changed, and adds or renames the method; a renamed one is
-    // the last of its class. The class is as it was unless the answer is Done.
+    // Refuses a procedure that no project can hold. Cleans the name, telling the person if it had to be changed, and
+    // adds or renames the method; a renamed one is the last of its class. The class is as it was unless the answer is
+    // Done.
     [[nodiscard]] ProcedureNaming NameMethod();
 
     // The same, and tells of a name that is taken. False if the dialog stays. A failure is reported.

@@ -149,6 +149,25 @@ TEST_F(NameProcedureMethod, ANameThatStaysNeedsNoPlaceAmongTheMembers)
     EXPECT_EQ(item.TTCMethods.Item("GetOrders"), before);
 }
 
+TEST_F(NameProcedureMethod, TheFunctionFollowsANameThatStays)
+{
+    const auto procedure = Bind("GetOrders");
+    procedure->SPMethodName = "Fetch";
+    EXPECT_TRUE(Form(ProcedureMode::Edit, procedure, "GetOrders").cmdOK_Click());
+    EXPECT_EQ(procedure->SPMethodName, "GetOrders");
+    EXPECT_EQ(MethodNames(), Texts{"GetOrders"});
+}
+
+TEST_F(NameProcedureMethod, ANameThatIsTooLongIsRefused)
+{
+    frmAddEditSP form = Form(ProcedureMode::Add, Procedure("GetOrders"));
+    form.txtMethodName = std::string(256, 'n');
+    EXPECT_EQ(form.NameMethod(), ProcedureNaming::NotWritable);
+    EXPECT_EQ(Titles(), Texts{"Name Too Long"});
+    EXPECT_EQ(form.Trouble("txtMethodName"), messages.Asked().front().Text);
+    EXPECT_EQ(item.TTCMethods.Count(), 0U);
+}
+
 TEST_F(NameProcedureMethod, TheLettersOfANameCanChangeTheirCase)
 {
     const auto procedure = Bind("getorders");
@@ -254,6 +273,25 @@ TEST_F(NameProcedureMethod, TheTroubleOfANameIsToldWhileItIsTyped)
         "The method name 'OTHER' conflicts with an existing member of the Order class. Please enter another name.");
     EXPECT_EQ(form.Trouble("lstParameters"), "");
     EXPECT_TRUE(messages.Asked().empty());
+}
+
+TEST_F(NameProcedureMethod, TheTroubleOfTheProcedureIsToldBeforeOkIsPressed)
+{
+    const auto withLetter = Procedure("Sum");
+    AddParameter(*withLetter, "@ł", parameter_direction::kInput);
+    const auto withTwins = Procedure("Sum");
+    AddParameter(*withTwins, "n", parameter_direction::kInput);
+    withTwins->SPParameters.Add("N", "int", 3, "");
+    for (const auto& procedure : {withLetter, withTwins, Procedure("łódź")}) {
+        messages.Forget();
+        frmAddEditSP form = Form(ProcedureMode::Add, procedure);
+        form.txtMethodName = "Print";
+        EXPECT_FALSE(form.cmdOK_Click());
+        ASSERT_EQ(messages.Asked().size(), 1U);
+        EXPECT_EQ(form.Trouble("txtMethodName"), messages.Asked().front().Text);
+        EXPECT_EQ(form.txtMethodName, "Print") << "no name would help";
+    }
+    EXPECT_NE(Form(ProcedureMode::Add, withLetter).Trouble("txtMethodName").find("'@ł'"), std::string::npos);
 }
 
 TEST_F(NameProcedureMethod, TheEditedProcedureIsACopyUnderTheTypedName)

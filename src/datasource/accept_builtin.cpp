@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 
 namespace veldrane {
 namespace {
@@ -28,15 +27,6 @@ void AddProperty(KZMClass& item, std::string_view name)
     property.Scope = "Public";
     property.PlusProperty = true;
     item.TTCProperties.Add(std::move(property), name);
-}
-
-std::optional<RowMethod> RowMethodOf(std::string_view name)
-{
-    if (name == "Retrieve")
-        return RowMethod::Retrieve;
-    if (name == "Delete")
-        return RowMethod::Delete;
-    return std::nullopt;
 }
 
 void AddMethod(ClassEdit& edit, std::string_view name, Occasion occasion)

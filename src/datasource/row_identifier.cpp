@@ -34,15 +34,16 @@ Question ChoiceQuestion(RowMethod method)
     return question;
 }
 
-void TellNoIdentifier(Messages& messages, RowMethod method)
+Question NoIdentifierBox(RowMethod method)
 {
     const std::string refusal = method == RowMethod::Retrieve ? "Unable to add the Retrieve Method to this class."
                                                               : "Unable to add the Delete Method to this class.";
-    messages.Tell(
-        "No Row Identifier Found",
-        refusal +
+    return {
+        .Title = "No Row Identifier Found",
+        .Text =
+            refusal +
             "\r\nThere is no Identity Column (a.k.a. AutoNumber) field or Primary Key defined for this database table. \r\nUnable to add method at this time.\r\nPlease set a Primary Key or Identity Column for this table. \r\nYou will need to modify the database table and add either: \r\n     1) A Primary Key to a field or fields with a unique value.\r\n     2) An Identity (a.k.a. AutoNumber) column to the table.\r\nIn the 'Properties' tab, click on the field(s) you want as the key, then right-click and select 'Set as Primary Key'",
-        MessageIcon::Warning);
+        .Icon = MessageIcon::Warning};
 }
 
 // The question about the two keys says the same and more.
@@ -63,13 +64,29 @@ ColumnArgument ArgumentFor(const std::string& columnName, const std::string& dat
 
 } // namespace
 
+std::optional<RowMethod> RowMethodOf(std::string_view builtInName)
+{
+    if (builtInName == "Retrieve")
+        return RowMethod::Retrieve;
+    if (builtInName == "Delete")
+        return RowMethod::Delete;
+    return std::nullopt;
+}
+
+std::optional<Question> NoRowIdentifier(const KZMClass& item, RowMethod method)
+{
+    if (FirstKey(item, key_type::kIdentityColumn) != nullptr || FirstKey(item, key_type::kPrimaryKey) != nullptr)
+        return std::nullopt;
+    return NoIdentifierBox(method);
+}
+
 bool ChooseRowIdentifier(ClassEdit& edit, RowMethod method, Occasion occasion)
 {
     const Flags flags = FlagsOf(edit.Class, method);
     flags.ByIdentity = FirstKey(edit.Class, key_type::kIdentityColumn) != nullptr;
     flags.ByPrimaryKey = FirstKey(edit.Class, key_type::kPrimaryKey) != nullptr;
-    if (!flags.ByIdentity && !flags.ByPrimaryKey) {
-        TellNoIdentifier(edit.Messages, method);
+    if (const auto refusal = NoRowIdentifier(edit.Class, method)) {
+        edit.Messages.Ask(*refusal);
         return false;
     }
     if (flags.ByIdentity && flags.ByPrimaryKey) {

@@ -2,7 +2,9 @@
 
 #include "datasource/class_edit.h"
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // How a built-in method finds its row: by the identity column or by the primary key of the table.
@@ -20,6 +22,12 @@ enum class Occasion
     NewClass, // it is part of what a new class has
     Ticked,   // the person has ticked it
 };
+
+// The method of this name, if it is one that finds a row.
+[[nodiscard]] std::optional<RowMethod> RowMethodOf(std::string_view builtInName);
+
+// The box that refuses such a method to a class which has no key to find a row by; nothing if it has one.
+[[nodiscard]] std::optional<Question> NoRowIdentifier(const KZMClass& item, RowMethod method);
 
 // Sets the two flags of the method (RetrieveByIdentityCol and RetrieveByPrimaryKey, or DeleteByIdentityColumn and
 // DeleteByPrimaryKey) from the keys of the class, asking when it has both. False, which is told, if it has neither.

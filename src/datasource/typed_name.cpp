@@ -65,6 +65,12 @@ Question NameTaken(std::string_view name, const TypedName& rules)
             .Icon = MessageIcon::Warning};
 }
 
+std::string CannotBeAddedText(std::string_view name, const TypedName& rules)
+{
+    return "The " + std::string(rules.Kind) + " '" + std::string(name) + "' can't be added: an existing " +
+           rules.Rival + " has that name.";
+}
+
 std::optional<Question> UnfitName(std::string_view name, const text::CodePage& codePage)
 {
     if (auto trouble = NotWritable(name, codePage))

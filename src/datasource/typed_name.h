@@ -37,6 +37,9 @@ struct TypedName
 // The box that tells that the name is taken.
 [[nodiscard]] Question NameTaken(std::string_view name, const TypedName& rules);
 
+// That a ready-made member can't enter the class, since its name is taken: nobody can give it another one.
+[[nodiscard]] std::string CannotBeAddedText(std::string_view name, const TypedName& rules);
+
 // The most characters that the generated language allows in a name.
 inline constexpr std::size_t kMostNameCharacters = 255;
 

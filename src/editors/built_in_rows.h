@@ -18,7 +18,7 @@ struct BuiltInRow
     std::string Icon;
     bool IsInClass = false; // the class has it: it stands ticked and can't be unticked
     bool Ticked = IsInClass;
-    std::string Trouble{}; // why OK would pass the row over, "" if it would not
+    std::string Trouble{}; // why OK would not add it, "" if it would
 };
 
 // The rows for what is offered: `members` are those of the class, `isBuiltIn` tells which of them are of the catalogue,
@@ -32,11 +32,12 @@ template <class Offered, class Members, class Member>
     for (const Offered& each : offered) {
         const auto present = members.Item(each.Name);
         const bool isInClass = present && (*present).*isBuiltIn;
+        const bool isTaken = !isInClass && rules.IsTaken(each.Name);
         rows.push_back({.Name = std::string(each.Name),
                         .Description = std::string(each.Description),
                         .Icon = std::string(icon),
                         .IsInClass = isInClass,
-                        .Trouble = isInClass ? std::string() : NameTrouble(each.Name, rules)});
+                        .Trouble = isTaken ? CannotBeAddedText(each.Name, rules) : std::string()});
     }
     return rows;
 }

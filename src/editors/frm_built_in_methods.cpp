@@ -3,13 +3,28 @@
 #include "datasource/builtin_members.h"
 #include "editors/member_preview.h"
 
+#include <optional>
+#include <string>
+#include <string_view>
+
 namespace veldrane {
 namespace {
 
+// The box that refuses a method of the list; nothing for one that is added or passed over.
+std::optional<Question> RefusalOf(std::string_view name, const KZMClass& item)
+{
+    const auto rowMethod = RowMethodOf(name);
+    return rowMethod && !item.TTCMembers.Contains(name) ? NoRowIdentifier(item, *rowMethod) : std::nullopt;
+}
+
 std::vector<BuiltInRow> RowsFor(const ClassEdit& edit)
 {
-    return OfferedRows(MethodsOnList(edit.Class), edit.Class.TTCMethods, &TTCMethod::PlusMethod,
-                       MethodNameRules(edit.Class, "", edit.CodePage), "MethodPlus");
+    std::vector<BuiltInRow> rows = OfferedRows(MethodsOnList(edit.Class), edit.Class.TTCMethods, &TTCMethod::PlusMethod,
+                                               MethodNameRules(edit.Class, "", edit.CodePage), "MethodPlus");
+    for (BuiltInRow& row : rows)
+        if (const auto refusal = RefusalOf(row.Name, edit.Class))
+            row.Trouble = refusal->Text;
+    return rows;
 }
 
 } // namespace
@@ -25,7 +40,13 @@ TTCOutputs frmBuiltInMethods::Preview(std::size_t row) const
 
 bool frmBuiltInMethods::cmdOK_Click()
 {
-    AcceptBuiltInMethods(surroundings_.Edit, rows_.Wanted(), Occasion::Ticked);
+    const std::vector<std::string> wanted = rows_.Wanted();
+    for (const std::string& name : wanted)
+        if (const auto refusal = RefusalOf(name, surroundings_.Edit.Class)) {
+            surroundings_.Edit.Messages.Ask(*refusal);
+            return false;
+        }
+    AcceptBuiltInMethods(surroundings_.Edit, wanted, Occasion::Ticked);
     return true;
 }
 

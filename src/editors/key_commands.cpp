@@ -9,15 +9,6 @@
 namespace veldrane {
 namespace {
 
-std::optional<RowMethod> RowMethodOf(const TTCMethod& method)
-{
-    if (method.MethodName == "Retrieve")
-        return RowMethod::Retrieve;
-    if (method.MethodName == "Delete")
-        return RowMethod::Delete;
-    return std::nullopt;
-}
-
 void SetFlags(KZMClass& item, RowMethod method, RowKey key)
 {
     const bool byIdentity = key == RowKey::IdentityColumn;
@@ -34,7 +25,7 @@ void SetFlags(KZMClass& item, RowMethod method, RowKey key)
 
 bool CanFindBy(const KZMClass& item, const TTCMethod& method, RowKey key)
 {
-    if (!RowMethodOf(method))
+    if (!RowMethodOf(method.MethodName))
         return false;
     return key == RowKey::IdentityColumn ? IdentityProperty(item) != nullptr
                                          : FirstKey(item, key_type::kPrimaryKey) != nullptr;
@@ -42,7 +33,7 @@ bool CanFindBy(const KZMClass& item, const TTCMethod& method, RowKey key)
 
 void FindBy(KZMClass& item, TTCMethod& method, RowKey key)
 {
-    const std::optional<RowMethod> rowMethod = RowMethodOf(method);
+    const std::optional<RowMethod> rowMethod = RowMethodOf(method.MethodName);
     if (!rowMethod)
         return;
     SetFlags(item, *rowMethod, key);

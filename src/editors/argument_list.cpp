@@ -15,9 +15,9 @@ bool BecomesOptional(const TTCParameter& sinking, const TTCParameter& rising)
 
 } // namespace
 
-ArgumentList::ArgumentList(const MemberSurroundings& surroundings, std::string_view formName, Arguments arguments,
+ArgumentList::ArgumentList(const MemberSurroundings& surroundings, ArgumentOwner owner, Arguments arguments,
                            ArgumentsPreview preview)
-    : surroundings_(surroundings), formName_(formName), items_(std::move(arguments)), atFirst_(items_),
+    : surroundings_(surroundings), owner_(std::move(owner)), items_(std::move(arguments)), atFirst_(items_),
       preview_(std::move(preview))
 {}
 
@@ -62,24 +62,28 @@ bool ArgumentList::MaySink(std::size_t row) const
 
 bool ArgumentList::CanMoveUp() const
 {
-    return std::any_of(selected_.begin(), selected_.end(), [this](std::size_t row) { return MayRise(row); });
+    return MayChange() &&
+           std::any_of(selected_.begin(), selected_.end(), [this](std::size_t row) { return MayRise(row); });
 }
 
 bool ArgumentList::CanMoveDown() const
 {
-    return std::any_of(selected_.begin(), selected_.end(), [this](std::size_t row) { return MaySink(row); });
+    return MayChange() &&
+           std::any_of(selected_.begin(), selected_.end(), [this](std::size_t row) { return MaySink(row); });
 }
 
 void ArgumentList::Run(std::string_view command, const std::function<void()>& body)
 {
-    Guarded(surroundings_.Edit.Errors, formName_, command, body);
+    if (!MayChange())
+        return;
+    Guarded(surroundings_.Edit.Errors, owner_.FormName, command, body);
     Changed.Raise();
 }
 
 void ArgumentList::New()
 {
     Run("New", [this] {
-        frmAddEditArgument form(surroundings_, items_, preview_);
+        frmAddEditArgument form(surroundings_, items_, preview_, owner_.WhyRequired);
         form.AddArgument();
         if (!surroundings_.Dialogs.Show(form))
             return;
@@ -94,7 +98,7 @@ void ArgumentList::Edit()
         return;
     Run("Edit", [this] {
         const std::size_t row = selected_.front();
-        frmAddEditArgument form(surroundings_, items_, preview_);
+        frmAddEditArgument form(surroundings_, items_, preview_, owner_.WhyRequired);
         form.EditArgument(row);
         if (!surroundings_.Dialogs.Show(form))
             return;

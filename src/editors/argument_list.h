@@ -31,12 +31,20 @@ enum class ArgumentKey
 inline constexpr std::string_view kArgumentKeysHelp =
     "Insert'           - Adds a new argument.\r\nDelete'           - Deletes the currently selected argument\r\nCTRL-Up Arrow     - Moves the selected argument up one\r\nCTRL-Down Arrow   - Moves the selected argument down one";
 
+// Whose arguments a list holds.
+struct ArgumentOwner
+{
+    std::string_view FormName; // of the dialog
+    std::string WhyFixed{};    // why they can't be changed, for a tip; "" if they can
+    std::string WhyRequired{}; // why each of them has to be given, for a tip; "" if one may be left out
+};
+
 // The list of arguments in the dialogs of a method and of an event, with its commands. It works on a copy.
 class ArgumentList
 {
   public:
-    // `formName` is that of the dialog; `surroundings` must outlive the list.
-    ArgumentList(const MemberSurroundings& surroundings, std::string_view formName, Arguments arguments,
+    // `surroundings` must outlive the list.
+    ArgumentList(const MemberSurroundings& surroundings, ArgumentOwner owner, Arguments arguments,
                  ArgumentsPreview preview);
 
     [[nodiscard]] const Arguments& Items() const { return items_; }
@@ -52,9 +60,12 @@ class ArgumentList
     [[nodiscard]] const std::vector<std::size_t>& Selected() const { return selected_; }
     void Select(std::vector<std::size_t> rows);
 
-    // Whether the commands have something to do. `New` always has.
-    [[nodiscard]] bool CanEdit() const { return selected_.size() == 1; }
-    [[nodiscard]] bool CanDelete() const { return !selected_.empty(); }
+    // Why no command does anything, for a tip; "" if they do.
+    [[nodiscard]] const std::string& WhyFixed() const { return owner_.WhyFixed; }
+
+    // Whether the commands have something to do. `New` has, unless the arguments can't be changed.
+    [[nodiscard]] bool CanEdit() const { return MayChange() && selected_.size() == 1; }
+    [[nodiscard]] bool CanDelete() const { return MayChange() && !selected_.empty(); }
     [[nodiscard]] bool CanMoveUp() const;
     [[nodiscard]] bool CanMoveDown() const;
 
@@ -71,6 +82,7 @@ class ArgumentList
     Signal<> Changed; // rows or selection, by a command
 
   private:
+    [[nodiscard]] bool MayChange() const { return owner_.WhyFixed.empty(); }
     [[nodiscard]] bool IsSelected(std::size_t row) const;
     [[nodiscard]] bool MayRise(std::size_t row) const;
     [[nodiscard]] bool MaySink(std::size_t row) const;
@@ -82,7 +94,7 @@ class ArgumentList
     void Run(std::string_view command, const std::function<void()>& body);
 
     const MemberSurroundings& surroundings_;
-    std::string_view formName_;
+    ArgumentOwner owner_;
     Arguments items_;
     Arguments atFirst_;
     ArgumentsPreview preview_;

@@ -18,8 +18,10 @@ void TellNotPropagated(Messages& messages, std::string_view text)
 
 } // namespace
 
-frmAddEditArgument::frmAddEditArgument(const MemberSurroundings& surroundings, Arguments list, ArgumentsPreview preview)
-    : surroundings_(surroundings), list_(std::move(list)), preview_(std::move(preview))
+frmAddEditArgument::frmAddEditArgument(const MemberSurroundings& surroundings, Arguments list, ArgumentsPreview preview,
+                                       std::string whyRequired)
+    : surroundings_(surroundings), list_(std::move(list)), preview_(std::move(preview)),
+      whyRequired_(std::move(whyRequired))
 {}
 
 void frmAddEditArgument::AddArgument()
@@ -28,7 +30,7 @@ void frmAddEditArgument::AddArgument()
     position_ = list_.size();
     TTCParameter argument;
     argument.ParameterDataType = "Variant"; // the language's own default
-    argument.OptionalIndicator = HasOptionalBefore(list_, position_);
+    argument.OptionalIndicator = whyRequired_.empty() && HasOptionalBefore(list_, position_);
     list_.push_back(argument);
     ShowArgument();
 }
@@ -59,7 +61,9 @@ std::vector<TypeItem> frmAddEditArgument::DataTypes() const
 
 void frmAddEditArgument::chkOptional_Click(bool on)
 {
-    if (on && HasRequiredAfter(list_, position_))
+    if (!whyRequired_.empty())
+        isOptional_ = isOptional_ && on;
+    else if (on && HasRequiredAfter(list_, position_))
         TellNotPropagated(
             surroundings_.Edit.Messages,
             "The 'Optional' setting may only be applied to the last items in an argument list. There are arguments that are not optional appearing after this argument.");

@@ -18,8 +18,10 @@ namespace veldrane {
 class frmAddEditArgument
 {
   public:
-    // `surroundings` must outlive the dialog.
-    frmAddEditArgument(const MemberSurroundings& surroundings, Arguments list, ArgumentsPreview preview);
+    // `whyRequired` says why an argument of the list has to be given; "" if one may be left out. `surroundings` must
+    // outlive the dialog.
+    frmAddEditArgument(const MemberSurroundings& surroundings, Arguments list, ArgumentsPreview preview,
+                       std::string whyRequired = {});
     frmAddEditArgument(const frmAddEditArgument&) = delete;
     frmAddEditArgument& operator=(const frmAddEditArgument&) = delete;
 
@@ -43,6 +45,9 @@ class frmAddEditArgument
     // be left out.
     [[nodiscard]] bool chkOptional() const { return isOptional_; }
     void chkOptional_Click(bool on);
+
+    // Why the box can't be ticked, for a tip; "" if it can. One that is ticked all the same can be unticked.
+    [[nodiscard]] std::string WhyNotOptional() const { return isOptional_ ? std::string() : whyRequired_; }
 
     [[nodiscard]] bool txtDefaultValue_Enabled() const { return isOptional_; }
 
@@ -74,6 +79,7 @@ class frmAddEditArgument
     Arguments list_;
     std::size_t position_ = 0; // of the argument in the list
     ArgumentsPreview preview_;
+    std::string whyRequired_;
     std::string caption_;
     std::string present_; // the type at first
     bool isOptional_ = false;

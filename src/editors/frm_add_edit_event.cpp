@@ -14,12 +14,26 @@ namespace {
 constexpr std::string_view kFormName = "frmAddEditEvent";
 constexpr std::string_view kNameControl = "txtEventName";
 
+std::string WhyFixedOf(const ttcEvent& event)
+{
+    return event.PlusEvent
+               ? "The generated code raises the " + event.EventName + " event by this name, with these arguments."
+               : "";
+}
+
+ArgumentOwner OwnerOf(const ttcEvent& event)
+{
+    return {.FormName = kFormName,
+            .WhyFixed = WhyFixedOf(event),
+            .WhyRequired = "Visual Basic lets no argument of an event be left out."};
+}
+
 } // namespace
 
 frmAddEditEvent::frmAddEditEvent(const MemberSurroundings& surroundings, const std::shared_ptr<ttcEvent>& present)
     : surroundings_(surroundings), position_(PositionOf(surroundings.Edit.Class.TTCEvents, present.get())),
       present_(present ? WorkingCopy(*present) : std::make_shared<ttcEvent>()),
-      arguments_(surroundings, kFormName, ArgumentsOf(present_->TTCEventParameters),
+      arguments_(surroundings, OwnerOf(*present_), ArgumentsOf(present_->TTCEventParameters),
                  [this](const Arguments& list) { return PreviewWith(list); })
 {
     txtEventName = present_->EventName;
@@ -29,6 +43,11 @@ std::string frmAddEditEvent::Caption() const
 {
     // "Method", for an event too.
     return position_ == 0 ? "Add New Event" : "Edit " + present_->EventName + " Method";
+}
+
+std::string frmAddEditEvent::WhyFixed() const
+{
+    return WhyFixedOf(*present_);
 }
 
 TypedName frmAddEditEvent::NameRules() const

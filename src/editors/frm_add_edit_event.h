@@ -12,7 +12,8 @@
 
 namespace veldrane {
 
-// The dialog of an event of the user's, or of the arguments of a built-in one. OK alone changes the class.
+// The dialog of an event of the user's, or of a built-in one, of which nothing can be changed. OK alone changes the
+// class.
 class frmAddEditEvent
 {
   public:
@@ -24,7 +25,9 @@ class frmAddEditEvent
 
     [[nodiscard]] std::string Caption() const;
 
-    // The name of a built-in event stays: the generated code raises it by that.
+    // The name of a built-in event stays, and its arguments do: the generated code raises it so. Why, for a tip; "" for
+    // an event of the user's.
+    [[nodiscard]] std::string WhyFixed() const;
     std::string txtEventName;
     [[nodiscard]] bool txtEventName_Enabled() const { return !present_->PlusEvent; }
 

@@ -30,6 +30,10 @@ class frmAddEditMethod
 
     [[nodiscard]] std::string Caption() const;
 
+    // Why a control can't be used, for a tip; "" if it can: the generated code of a built-in method, and of one that
+    // calls a procedure, follows but a part of the definition.
+    [[nodiscard]] std::string WhyDisabled(std::string_view control) const;
+
     // The name of a built-in method, and of one that calls a procedure, stays: the generator knows it by that.
     std::string txtMethodName;
     [[nodiscard]] bool txtMethodName_Enabled() const;
@@ -42,6 +46,9 @@ class frmAddEditMethod
     // Ticking it asks if another member is the default of the class.
     [[nodiscard]] bool chkDefault() const { return isDefault_; }
     void chkDefault_Click(bool on);
+
+    // The code of a method whose name stays never says that it is the default; where it is all the same, that can go.
+    [[nodiscard]] bool chkDefault_Enabled() const { return txtMethodName_Enabled() || present_->DefaultMethod; }
 
     [[nodiscard]] ArgumentList& lstArguments() { return arguments_; }
 

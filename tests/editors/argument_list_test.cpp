@@ -16,7 +16,7 @@ class ArgumentListTest : public testing::MemberTest
   protected:
     ArgumentList List(Arguments arguments)
     {
-        return ArgumentList(surroundings, "frmAddEditMethod", std::move(arguments),
+        return ArgumentList(surroundings, {.FormName = "frmAddEditMethod"}, std::move(arguments),
                             [](const Arguments&) { return TTCOutputs(); });
     }
 
@@ -40,6 +40,21 @@ TEST_F(ArgumentListTest, RowsHaveNameAndSignature)
     EXPECT_EQ(list.Rows().at(1).Signature, "Optional b as String");
     EXPECT_EQ(list.Signature(), "a as Long, Optional b as String");
     EXPECT_EQ(List({}).Signature(), "");
+}
+
+TEST_F(ArgumentListTest, ArgumentsThatAreFixedCanBeReadAlone)
+{
+    ArgumentList list(surroundings, {.FormName = "frmAddEditEvent", .WhyFixed = "They are so."},
+                      {Argument("a", "Long"), Argument("b", "Long")}, [](const Arguments&) { return TTCOutputs(); });
+    EXPECT_EQ(list.WhyFixed(), "They are so.");
+    list.Select({1});
+    EXPECT_FALSE(list.CanEdit() || list.CanDelete() || list.CanMoveUp() || list.CanMoveDown());
+    for (const ArgumentKey key :
+         {ArgumentKey::Insert, ArgumentKey::Delete, ArgumentKey::ControlUp, ArgumentKey::ControlDown})
+        list.KeyDown(key);
+    list.Edit();
+    EXPECT_EQ(Names(list), "a b");
+    EXPECT_TRUE(messages.Asked().empty());
 }
 
 TEST_F(ArgumentListTest, NewAsksForAnArgumentAndSelectsIt)

@@ -160,6 +160,23 @@ TEST_F(AddEditArgumentTest, BehindAnOptionalArgumentNoneHasToBeGiven)
             "The 'Optional' setting may only be applied to the last items in an argument list. There are arguments that are optional appearing before this argument."});
 }
 
+TEST_F(AddEditArgumentTest, WhereNoneMayBeLeftOutTheBoxCanOnlyBeUnticked)
+{
+    const Arguments list{OptionalArgument("a", "Long"), OptionalArgument("b", "Long")};
+    frmAddEditArgument form(surroundings, list, NoPreview, "Not here.");
+    form.EditArgument(1);
+    EXPECT_EQ(form.WhyNotOptional(), "");
+    form.chkOptional_Click(false);
+    EXPECT_FALSE(form.chkOptional());
+    EXPECT_EQ(form.WhyNotOptional(), "Not here.");
+    form.chkOptional_Click(true);
+    EXPECT_FALSE(form.chkOptional());
+    frmAddEditArgument added(surroundings, list, NoPreview, "Not here.");
+    added.AddArgument();
+    EXPECT_FALSE(added.chkOptional());
+    EXPECT_TRUE(messages.Asked().empty());
+}
+
 TEST_F(AddEditArgumentTest, ADefaultValueCountsForAnOptionalArgumentAlone)
 {
     Add({}, [](frmAddEditArgument& form) {

@@ -85,6 +85,27 @@ TEST_F(AddEditEventTest, ABuiltInEventKeepsItsName)
     EXPECT_TRUE(item.TTCEvents.Item("Refused")->PlusEvent);
 }
 
+TEST_F(AddEditEventTest, TheArgumentsOfABuiltInEventStay)
+{
+    item.TTCEvents.Item("Refused")->PlusEvent = true;
+    frmAddEditEvent form(surroundings, item.TTCEvents.Item("Refused"));
+    EXPECT_EQ(form.WhyFixed(), "The generated code raises the Refused event by this name, with these arguments.");
+    EXPECT_EQ(form.lstArguments().WhyFixed(), form.WhyFixed());
+    frmAddEditEvent own(surroundings, item.TTCEvents.Item("Last"));
+    EXPECT_EQ(own.WhyFixed() + own.lstArguments().WhyFixed(), "");
+}
+
+TEST_F(AddEditEventTest, NoArgumentCanBeLeftOut)
+{
+    std::string why;
+    dialogs.Argument = [&](frmAddEditArgument& argument) {
+        why = argument.WhyNotOptional();
+        return false;
+    };
+    frmAddEditEvent(surroundings).lstArguments().New();
+    EXPECT_EQ(why, "Visual Basic lets no argument of an event be left out.");
+}
+
 TEST_F(AddEditEventTest, CancelOfAChangedEventAsks)
 {
     const std::string before = Saved();

@@ -1,5 +1,6 @@
 #include "shell/desktop/editors/argument_dialog.h"
 
+#include "shell/desktop/editors/disabled_control.h"
 #include "shell/desktop/editors/fill_control.h"
 #include "shell/desktop/qt_text.h"
 #include "ui_frm_add_edit_argument.h"
@@ -62,6 +63,7 @@ void ArgumentDialog::ShowState()
     ui_->chkByVal->setChecked(form_.chkByVal);
     ui_->chkArray->setChecked(form_.chkArray);
     ui_->chkOptional->setChecked(form_.chkOptional());
+    DisableFor(*ui_->chkOptional, form_.WhyNotOptional());
     ShowText(*ui_->txtDefaultValue, form_.txtDefaultValue);
     ui_->txtDefaultValue->setEnabled(form_.txtDefaultValue_Enabled());
     ShowTroubles();

@@ -1,6 +1,8 @@
 #include "shell/desktop/editors/arguments_view.h"
 
+#include "shell/desktop/editors/disabled_control.h"
 #include "shell/desktop/editors/fill_control.h"
+#include "shell/desktop/plain_tool_tip.h"
 #include "shell/desktop/qt_text.h"
 #include "ui_arguments_view.h"
 
@@ -57,8 +59,22 @@ void ArgumentsView::ShowList(ArgumentList& list)
     });
     ConnectButtons();
     ConnectKeys();
+    ShowWhyFixed();
     ShowState();
     ui_->lstArguments->resizeColumnToContents(0);
+}
+
+// The list stays open to those who go through it by keys.
+void ArgumentsView::ShowWhyFixed()
+{
+    const std::string& why = list_->WhyFixed();
+    if (why.empty())
+        return;
+    for (QPushButton* button :
+         {ui_->cmdNewArgument, ui_->cmdEditArgument, ui_->cmdDeleteArgument, ui_->cmdMoveUp, ui_->cmdMoveDown})
+        DisableFor(*button, why);
+    ui_->lstArguments->setToolTip(PlainToolTip(ToQt(why)));
+    ui_->lstArguments->setAccessibleDescription(ToQt(why));
 }
 
 void ArgumentsView::ConnectButtons()

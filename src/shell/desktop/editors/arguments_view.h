@@ -29,6 +29,7 @@ class ArgumentsView : public QWidget
     void ShowState();
 
   private:
+    void ShowWhyFixed();
     void ConnectButtons();
     void ConnectKeys();
     void ShowButtons();

@@ -1,5 +1,6 @@
 #include "shell/desktop/editors/event_dialog.h"
 
+#include "shell/desktop/editors/disabled_control.h"
 #include "shell/desktop/editors/fill_control.h"
 #include "shell/desktop/qt_text.h"
 #include "ui_frm_add_edit_event.h"
@@ -13,6 +14,7 @@ EventDialog::EventDialog(frmAddEditEvent& form, const PreviewLook& look, QWidget
     setWindowTitle(NameToQt(form_.Caption()));
     ui_->lstPreview->SetLook(look);
     ui_->fraArguments->ShowList(form_.lstArguments());
+    DisableFor(*ui_->txtEventName, form_.WhyFixed());
     connect(ui_->txtEventName, &QLineEdit::textChanged, this, [this](const QString& text) {
         form_.txtEventName = FromQt(text);
         ShowState();
@@ -30,7 +32,6 @@ EventDialog::~EventDialog() = default;
 void EventDialog::ShowState()
 {
     ShowText(*ui_->txtEventName, form_.txtEventName);
-    ui_->txtEventName->setEnabled(form_.txtEventName_Enabled());
     ui_->lblEventNameTrouble->ShowTrouble(form_.Trouble("txtEventName"));
     ui_->fraArguments->ShowState();
     ui_->lstPreview->ShowLines(form_.Preview());

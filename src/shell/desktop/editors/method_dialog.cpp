@@ -1,5 +1,6 @@
 #include "shell/desktop/editors/method_dialog.h"
 
+#include "shell/desktop/editors/disabled_control.h"
 #include "shell/desktop/editors/fill_control.h"
 #include "shell/desktop/qt_text.h"
 #include "ui_frm_add_edit_method.h"
@@ -14,6 +15,7 @@ MethodDialog::MethodDialog(frmAddEditMethod& form, const PreviewLook& look, QWid
     ui_->lstPreview->SetLook(look);
     ui_->fraArguments->ShowList(form_.lstArguments());
     FillBoxes();
+    DisableControls();
     ConnectControls();
     ConnectButtons(*ui_->cmdOK, *ui_->cmdCancel);
     Follow(form_.Changed);
@@ -37,6 +39,13 @@ void MethodDialog::FillBoxes()
         ui_->cmbScope->addItem(NameToQt(form_.cmbScope));
 }
 
+void MethodDialog::DisableControls()
+{
+    for (QWidget* control : {static_cast<QWidget*>(ui_->txtMethodName), static_cast<QWidget*>(ui_->cmbReturnType),
+                             static_cast<QWidget*>(ui_->cmbScope), static_cast<QWidget*>(ui_->chkDefault)})
+        DisableFor(*control, form_.WhyDisabled(control->objectName().toStdString()));
+}
+
 void MethodDialog::ConnectControls()
 {
     connect(ui_->txtMethodName, &QLineEdit::textChanged, this, [this](const QString& text) {
@@ -57,7 +66,6 @@ void MethodDialog::ConnectControls()
 void MethodDialog::ShowState()
 {
     ShowText(*ui_->txtMethodName, form_.txtMethodName);
-    ui_->txtMethodName->setEnabled(form_.txtMethodName_Enabled());
     ui_->lblMethodNameTrouble->ShowTrouble(form_.Trouble("txtMethodName"));
     ui_->cmbReturnType->setCurrentIndex(ui_->cmbReturnType->findData(NameToQt(form_.cmbReturnType)));
     ui_->cmbScope->setCurrentIndex(ui_->cmbScope->findText(NameToQt(form_.cmbScope)));

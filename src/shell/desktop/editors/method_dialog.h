@@ -29,6 +29,7 @@ class MethodDialog final : public EditorDialog
 
   private:
     void FillBoxes();
+    void DisableControls();
     void ConnectControls();
 
     frmAddEditMethod& form_;

@@ -7,6 +7,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 
 class TheEventWindow : public MemberDialogTest
 {
@@ -70,7 +71,19 @@ TEST_F(TheEventWindow, ABuiltInEventKeepsItsName)
     AddEvent(item, "IsModified");
     QWidget& dialog = Edit("IsModified");
     EXPECT_FALSE(IsEnabled(dialog, "txtEventName"));
+    EXPECT_FALSE(IsEnabled(dialog, "cmdNewArgument"));
+    EXPECT_THAT(Find<QWidget>(dialog, "cmdNewArgument").toolTip().toStdString(), HasSubstr(form->WhyFixed()));
     EXPECT_EQ(Focused(), "lstArguments");
+}
+
+TEST_F(TheEventWindow, NoArgumentIsOptional)
+{
+    QWidget& dialog = Add();
+    WithDialogs([&] { Click(dialog, "cmdNewArgument"); }, {[](QWidget& argument) {
+                    EXPECT_FALSE(IsEnabled(argument, "chkOptional"));
+                    EXPECT_NE(Find<QWidget>(argument, "chkOptional").toolTip(), u""_s);
+                    QTest::keyClick(&argument, Qt::Key_Escape);
+                }});
 }
 
 TEST_F(TheEventWindow, CancelLeavesTheClassAsItWas)

@@ -223,8 +223,14 @@ TEST_F(TheMethodWindow, ABuiltInMethodKeepsItsName)
     item.TTCMembers.Add("Clear", "Clear");
     AddMethod(item, "Clear", true);
     QWidget& dialog = Edit("Clear");
-    EXPECT_FALSE(IsEnabled(dialog, "txtMethodName"));
+    for (const std::string name : {"txtMethodName", "cmbReturnType", "cmbScope", "chkDefault", "cmdNewArgument"}) {
+        EXPECT_FALSE(IsEnabled(dialog, name)) << name;
+        EXPECT_THAT(Find<QWidget>(dialog, name).toolTip().toStdString(), HasSubstr(" is generated ")) << name;
+    }
     EXPECT_EQ(Focused(), "lstArguments");
+    Press(Qt::Key_Insert);
+    EXPECT_TRUE(Rows(dialog, "lstArguments").empty());
+    Photograph(dialog, "frmAddEditMethod-built-in");
     Click(dialog, "cmdOK");
     EXPECT_TRUE(IsClosedBy(QDialog::Accepted));
 }

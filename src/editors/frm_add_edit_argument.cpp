@@ -38,6 +38,7 @@ void frmAddEditArgument::AddArgument()
 void frmAddEditArgument::EditArgument(std::size_t position)
 {
     caption_ = "Edit Argument";
+    nameTouch_.Touch();
     position_ = position;
     ShowArgument();
 }
@@ -76,6 +77,12 @@ void frmAddEditArgument::chkOptional_Click(bool on)
     Changed.Raise();
 }
 
+void frmAddEditArgument::txtArgumentName_Change(std::string typed)
+{
+    txtArgumentName = std::move(typed);
+    nameTouch_.Touch();
+}
+
 TypedName frmAddEditArgument::NameRules() const
 {
     return {.Kind = "argument",
@@ -91,19 +98,32 @@ TypedName frmAddEditArgument::NameRules() const
             .CodePage = surroundings_.Edit.CodePage};
 }
 
+std::string frmAddEditArgument::DataTypeHint() const
+{
+    return TypeOfKey(cmbDataType).empty() ? "Visual Basic does not compile an argument without a type." : "";
+}
+
 // A project file ends a value at a line break, and the rest of it could be read as anything.
 std::string frmAddEditArgument::DefaultValueTrouble() const
 {
-    if (!isOptional_ || !HasControlCharacter(txtDefaultValue))
+    const text::CodePage& codePage = surroundings_.Edit.CodePage;
+    std::string fault;
+    if (HasControlCharacter(txtDefaultValue))
+        fault = "a control character in it";
+    else if (!codePage.Holds(txtDefaultValue))
+        fault = "letters that code page " + std::to_string(codePage.Number()) + " lacks";
+    if (!isOptional_ || fault.empty())
         return {};
-    return "The default value '" + txtDefaultValue +
-           "' has a control character in it, so it can't enter the project. Please enter another value.";
+    return "The default value '" + txtDefaultValue + "' has " + fault +
+           ", so it can't enter the project. Please enter another value.";
 }
 
 std::string frmAddEditArgument::Trouble(std::string_view control) const
 {
     if (control == kNameControl)
-        return NameTrouble(txtArgumentName, NameRules());
+        return nameTouch_.IsSilentOf(txtArgumentName) ? std::string() : NameTrouble(txtArgumentName, NameRules());
+    if (control == "cmbDataType")
+        return DataTypeHint();
     return control == kDefaultValueControl ? DefaultValueTrouble() : std::string();
 }
 
@@ -111,7 +131,8 @@ TTCParameter frmAddEditArgument::Argument() const
 {
     TTCParameter argument = list_.at(position_);
     argument.VariableName = MakeValidName(txtArgumentName);
-    argument.ParameterDataType = TypeOfKey(cmbDataType);
+    if (cmbDataType != TypeKey(argument.ParameterDataType)) // what was not touched stays, be it as no box has it
+        argument.ParameterDataType = TypeOfKey(cmbDataType);
     argument.ByValIndicator = chkByVal;
     argument.IsArray = chkArray;
     argument.OptionalIndicator = isOptional_;
@@ -143,6 +164,7 @@ bool frmAddEditArgument::Accept()
 bool frmAddEditArgument::cmdOK_Click()
 {
     bool accepted = false;
+    nameTouch_.Touch();
     Guarded(surroundings_.Edit.Errors, "frmAddEditArgument", "cmdOK_Click", [&] { accepted = Accept(); });
     return accepted;
 }

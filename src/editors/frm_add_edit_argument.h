@@ -3,6 +3,7 @@
 #include "datasource/typed_name.h"
 #include "editors/arguments.h"
 #include "editors/member_surroundings.h"
+#include "editors/name_touch.h"
 #include "editors/type_list.h"
 #include "model/signal.h"
 
@@ -33,7 +34,8 @@ class frmAddEditArgument
     [[nodiscard]] const std::string& Caption() const { return caption_; }
 
     std::string txtArgumentName;
-    std::string cmbDataType; // the key of the item selected
+    void txtArgumentName_Change(std::string typed); // by the person
+    std::string cmbDataType;                        // the key of the item selected
     bool chkByVal = false;
     bool chkArray = false;
     std::string txtDefaultValue; // counts for an optional argument alone
@@ -51,7 +53,8 @@ class frmAddEditArgument
 
     [[nodiscard]] bool txtDefaultValue_Enabled() const { return isOptional_; }
 
-    // What is wrong with the text of the control, in the words of the first box that OK would show; "" if nothing.
+    // What is wrong with the text of the control, in the words of the first box that OK would show; "" if nothing, and
+    // for an empty name that nobody has touched yet. Of a type that is none it is a hint: OK takes it.
     [[nodiscard]] std::string Trouble(std::string_view control) const;
 
     // The argument as the controls have it.
@@ -72,6 +75,7 @@ class frmAddEditArgument
   private:
     void ShowArgument();
     [[nodiscard]] TypedName NameRules() const;
+    [[nodiscard]] std::string DataTypeHint() const;
     [[nodiscard]] std::string DefaultValueTrouble() const;
     [[nodiscard]] bool Accept();
 
@@ -82,6 +86,7 @@ class frmAddEditArgument
     std::string whyRequired_;
     std::string caption_;
     std::string present_; // the type at first
+    NameTouch nameTouch_{true};
     bool isOptional_ = false;
 };
 

@@ -32,7 +32,7 @@ ArgumentOwner OwnerOf(const ttcEvent& event)
 
 frmAddEditEvent::frmAddEditEvent(const MemberSurroundings& surroundings, const std::shared_ptr<ttcEvent>& present)
     : surroundings_(surroundings), position_(PositionOf(surroundings.Edit.Class.TTCEvents, present.get())),
-      present_(present ? WorkingCopy(*present) : std::make_shared<ttcEvent>()),
+      present_(present ? WorkingCopy(*present) : std::make_shared<ttcEvent>()), nameTouch_(position_ == 0),
       arguments_(surroundings, OwnerOf(*present_), ArgumentsOf(present_->TTCEventParameters),
                  [this](const Arguments& list) { return PreviewWith(list); })
 {
@@ -50,6 +50,12 @@ std::string frmAddEditEvent::WhyFixed() const
     return WhyFixedOf(*present_);
 }
 
+void frmAddEditEvent::txtEventName_Change(std::string typed)
+{
+    txtEventName = std::move(typed);
+    nameTouch_.Touch();
+}
+
 TypedName frmAddEditEvent::NameRules() const
 {
     return EventNameRules(surroundings_.Edit.Class, present_->EventName, surroundings_.Edit.CodePage);
@@ -57,7 +63,9 @@ TypedName frmAddEditEvent::NameRules() const
 
 std::string frmAddEditEvent::Trouble(std::string_view control) const
 {
-    return control == kNameControl && txtEventName_Enabled() ? NameTrouble(txtEventName, NameRules()) : std::string();
+    if (control != kNameControl || !txtEventName_Enabled() || nameTouch_.IsSilentOf(txtEventName))
+        return {};
+    return NameTrouble(txtEventName, NameRules());
 }
 
 std::shared_ptr<ttcEvent> frmAddEditEvent::Edited(const Arguments& arguments) const
@@ -91,6 +99,7 @@ bool frmAddEditEvent::cmdOK_Click()
 {
     ClassEdit& edit = surroundings_.Edit;
     bool accepted = false;
+    nameTouch_.Touch();
     Guarded(edit.Errors, kFormName, "cmdOK_Click", [&] {
         accepted = !txtEventName_Enabled() || AcceptName(txtEventName, NameRules(), edit.Messages);
         if (accepted)

@@ -3,6 +3,7 @@
 #include "datasource/typed_name.h"
 #include "editors/argument_list.h"
 #include "editors/member_surroundings.h"
+#include "editors/name_touch.h"
 #include "model/signal.h"
 
 #include <cstddef>
@@ -30,10 +31,12 @@ class frmAddEditEvent
     [[nodiscard]] std::string WhyFixed() const;
     std::string txtEventName;
     [[nodiscard]] bool txtEventName_Enabled() const { return !present_->PlusEvent; }
+    void txtEventName_Change(std::string typed); // by the person
 
     [[nodiscard]] ArgumentList& lstArguments() { return arguments_; }
 
-    // What is wrong with the text of the control, in the words of the first box that OK would show; "" if nothing.
+    // What is wrong with the text of the control, in the words of the first box that OK would show; "" if nothing, and
+    // for an empty name that nobody has touched yet.
     [[nodiscard]] std::string Trouble(std::string_view control) const;
 
     // The lines that are generated for the event as the dialog has it.
@@ -55,6 +58,7 @@ class frmAddEditEvent
     const MemberSurroundings& surroundings_;
     std::size_t position_;                    // in the class; 0 for a new event
     std::shared_ptr<const ttcEvent> present_; // as it was when the dialog came up
+    NameTouch nameTouch_;
     ArgumentList arguments_;
 };
 

@@ -26,6 +26,13 @@ ArgumentOwner OwnerOf(const TTCMethod& method)
     return {.FormName = kFormName, .WhyFixed = FollowedParts(method).Arguments ? "" : WhyNotFollowed(method)};
 }
 
+std::shared_ptr<TTCMethod> NewMethod()
+{
+    auto method = std::make_shared<TTCMethod>();
+    method->Scope = kMethodScopes.front();
+    return method;
+}
+
 std::string ScopeOf(const TTCMethod& method)
 {
     return method.Scope.empty() ? std::string(kMethodScopes.front()) : method.Scope;
@@ -35,7 +42,8 @@ std::string ScopeOf(const TTCMethod& method)
 
 frmAddEditMethod::frmAddEditMethod(const MemberSurroundings& surroundings, const std::shared_ptr<TTCMethod>& present)
     : surroundings_(surroundings), position_(PositionOf(surroundings.Edit.Class.TTCMethods, present.get())),
-      present_(present ? WorkingCopy(*present) : std::make_shared<TTCMethod>()), isDefault_(present_->DefaultMethod),
+      present_(present ? WorkingCopy(*present) : NewMethod()), nameTouch_(position_ == 0),
+      isDefault_(present_->DefaultMethod),
       arguments_(surroundings, OwnerOf(*present_), ArgumentsOf(present_->Arguments),
                  [this](const Arguments& list) { return PreviewWith(list); })
 {
@@ -70,9 +78,16 @@ std::vector<TypeItem> frmAddEditMethod::ReturnTypes() const
     return TypeList({.None = true, .Present = present_->ReturnDataType});
 }
 
+void frmAddEditMethod::txtMethodName_Change(std::string typed)
+{
+    txtMethodName = std::move(typed);
+    nameTouch_.Touch();
+}
+
 void frmAddEditMethod::chkDefault_Click(bool on)
 {
-    const WantedDefault wanted{.Kind = MemberKind::Method, .Present = present_->MethodName, .Name = txtMethodName};
+    const std::string name = txtMethodName_Enabled() ? MakeValidName(txtMethodName) : present_->MethodName;
+    const WantedDefault wanted{.Kind = MemberKind::Method, .Present = present_->MethodName, .Name = name};
     isDefault_ = on && ConfirmDefaultMember(surroundings_.Edit.Class, wanted, surroundings_.Edit.Messages);
     Changed.Raise();
 }
@@ -84,7 +99,9 @@ TypedName frmAddEditMethod::NameRules() const
 
 std::string frmAddEditMethod::Trouble(std::string_view control) const
 {
-    return control == kNameControl && txtMethodName_Enabled() ? NameTrouble(txtMethodName, NameRules()) : std::string();
+    if (control != kNameControl || !txtMethodName_Enabled() || nameTouch_.IsSilentOf(txtMethodName))
+        return {};
+    return NameTrouble(txtMethodName, NameRules());
 }
 
 std::shared_ptr<TTCMethod> frmAddEditMethod::Edited(const Arguments& arguments) const
@@ -92,10 +109,13 @@ std::shared_ptr<TTCMethod> frmAddEditMethod::Edited(const Arguments& arguments) 
     std::shared_ptr<TTCMethod> method = WorkingCopy(*present_);
     if (txtMethodName_Enabled())
         method->MethodName = MakeValidName(txtMethodName);
-    method->ReturnDataType = TypeOfKey(cmbReturnType);
-    method->Scope = cmbScope;
     method->DefaultMethod = isDefault_;
-    if (arguments != ArgumentsOf(method->Arguments)) // what was not touched stays as it is
+    // What was not touched stays as it is, be it as no box has it.
+    if (cmbReturnType != TypeKey(method->ReturnDataType))
+        method->ReturnDataType = TypeOfKey(cmbReturnType);
+    if (cmbScope != ScopeOf(*method))
+        method->Scope = cmbScope;
+    if (arguments != ArgumentsOf(method->Arguments))
         StoreArguments(arguments, method->Arguments);
     return method;
 }
@@ -116,7 +136,7 @@ TTCOutputs frmAddEditMethod::PreviewWith(const Arguments& arguments) const
 
 bool frmAddEditMethod::IsModified() const
 {
-    return txtMethodName != present_->MethodName || TypeOfKey(cmbReturnType) != present_->ReturnDataType ||
+    return txtMethodName != present_->MethodName || cmbReturnType != TypeKey(present_->ReturnDataType) ||
            cmbScope != ScopeOf(*present_) || isDefault_ != present_->DefaultMethod || arguments_.IsModified();
 }
 
@@ -124,6 +144,7 @@ bool frmAddEditMethod::cmdOK_Click()
 {
     ClassEdit& edit = surroundings_.Edit;
     bool accepted = false;
+    nameTouch_.Touch();
     Guarded(edit.Errors, kFormName, "cmdOK_Click", [&] {
         accepted = !txtMethodName_Enabled() || AcceptName(txtMethodName, NameRules(), edit.Messages);
         if (accepted)

@@ -3,6 +3,7 @@
 #include "datasource/typed_name.h"
 #include "editors/argument_list.h"
 #include "editors/member_surroundings.h"
+#include "editors/name_touch.h"
 #include "editors/type_list.h"
 #include "model/signal.h"
 
@@ -37,6 +38,7 @@ class frmAddEditMethod
     // The name of a built-in method, and of one that calls a procedure, stays: the generator knows it by that.
     std::string txtMethodName;
     [[nodiscard]] bool txtMethodName_Enabled() const;
+    void txtMethodName_Change(std::string typed); // by the person
 
     std::string cmbReturnType; // the key of the item selected
     [[nodiscard]] std::vector<TypeItem> ReturnTypes() const;
@@ -52,7 +54,8 @@ class frmAddEditMethod
 
     [[nodiscard]] ArgumentList& lstArguments() { return arguments_; }
 
-    // What is wrong with the text of the control, in the words of the first box that OK would show; "" if nothing.
+    // What is wrong with the text of the control, in the words of the first box that OK would show; "" if nothing, and
+    // for an empty name that nobody has touched yet.
     [[nodiscard]] std::string Trouble(std::string_view control) const;
 
     // The lines that are generated for the method as the dialog has it.
@@ -75,6 +78,7 @@ class frmAddEditMethod
     const MemberSurroundings& surroundings_;
     std::size_t position_;                     // in the class; 0 for a new method
     std::shared_ptr<const TTCMethod> present_; // as it was when the dialog came up
+    NameTouch nameTouch_;
     bool isDefault_ = false;
     ArgumentList arguments_;
 };

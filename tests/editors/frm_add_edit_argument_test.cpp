@@ -72,6 +72,39 @@ TEST_F(AddEditArgumentTest, ANewArgumentIsAVariantByReference)
     EXPECT_TRUE(messages.Asked().empty());
 }
 
+TEST_F(AddEditArgumentTest, ANewArgumentDoesNotBeginWithAComplaint)
+{
+    Add({}, [](frmAddEditArgument& form) {
+        EXPECT_EQ(form.Trouble("txtArgumentName"), "");
+        form.txtArgumentName_Change("");
+        EXPECT_NE(form.Trouble("txtArgumentName"), "");
+    });
+    Edit({Argument("", "Long")}, 0,
+         [](const frmAddEditArgument& form) { EXPECT_NE(form.Trouble("txtArgumentName"), ""); });
+}
+
+TEST_F(AddEditArgumentTest, ANameThatIsTooLongIsRefused)
+{
+    Add({}, [](frmAddEditArgument& form) {
+        form.txtArgumentName = std::string(256, 'n');
+        EXPECT_NE(form.Trouble("txtArgumentName"), "");
+        EXPECT_FALSE(form.cmdOK_Click());
+    });
+    EXPECT_EQ(Titles(), Texts{"Name Too Long"});
+}
+
+TEST_F(AddEditArgumentTest, AnArgumentWithoutATypeGetsAHint)
+{
+    Add({}, [](frmAddEditArgument& form) {
+        form.txtArgumentName = "a";
+        EXPECT_EQ(form.Trouble("cmbDataType"), "");
+        form.cmbDataType = ":0";
+        EXPECT_EQ(form.Trouble("cmbDataType"), "Visual Basic does not compile an argument without a type.");
+        EXPECT_TRUE(form.cmdOK_Click());
+    });
+    EXPECT_TRUE(messages.Asked().empty());
+}
+
 TEST_F(AddEditArgumentTest, ANameThatIsNoneIsMadeOneAndTold)
 {
     Add({}, [](frmAddEditArgument& form) {
@@ -205,6 +238,24 @@ TEST_F(AddEditArgumentTest, ADefaultValueThatWouldBreakTheFileIsRefused)
         EXPECT_EQ(form.Trouble("txtDefaultValue"), told);
         EXPECT_FALSE(form.cmdOK_Click());
         EXPECT_EQ(focus, Texts{"txtDefaultValue"});
+    });
+    EXPECT_EQ(Told(), Texts{told});
+    EXPECT_EQ(Titles(), Texts{"Default Value Not Writable"});
+}
+
+TEST_F(AddEditArgumentTest, ADefaultValueThatTheFilesCannotHoldIsRefused)
+{
+    const std::string told =
+        "The default value 'łódź' has letters that code page 1252 lacks, so it can't enter the project. Please enter another value.";
+    Add({}, [&](frmAddEditArgument& form) {
+        form.txtArgumentName = "a";
+        form.txtDefaultValue = "łódź";
+        EXPECT_EQ(form.Trouble("txtDefaultValue"), "");
+        form.chkOptional_Click(true);
+        EXPECT_EQ(form.Trouble("txtDefaultValue"), told);
+        EXPECT_FALSE(form.cmdOK_Click());
+        form.txtDefaultValue = "\"Größe\"";
+        EXPECT_TRUE(form.cmdOK_Click());
     });
     EXPECT_EQ(Told(), Texts{told});
     EXPECT_EQ(Titles(), Texts{"Default Value Not Writable"});

@@ -18,6 +18,14 @@ class AddEditEventTest : public testing::MemberTest
     }
 };
 
+TEST_F(AddEditEventTest, ANewEventDoesNotBeginWithAComplaint)
+{
+    frmAddEditEvent form(surroundings);
+    EXPECT_EQ(form.Trouble("txtEventName"), "");
+    form.txtEventName_Change("");
+    EXPECT_NE(form.Trouble("txtEventName"), "");
+}
+
 TEST_F(AddEditEventTest, TheTitleSaysMethodForAnEventToo)
 {
     EXPECT_EQ(frmAddEditEvent(surroundings).Caption(), "Add New Event");

@@ -121,7 +121,7 @@ TEST_F(AddEditMethodTest, ANameThatIsNoneIsMadeOneAndTold)
          {"", "a~b`c!d@e#f$g%h^i&j*k(l)m-n=o+p\\q|r]s}t[u{v'w;x:y/z?1.2>3,4<5 6\"7", "Print"}) {
         messages.Forget();
         frmAddEditMethod form(surroundings);
-        form.txtMethodName = name;
+        form.txtMethodName_Change(name);
         const std::string trouble = form.Trouble("txtMethodName");
         EXPECT_TRUE(form.cmdOK_Click());
         EXPECT_EQ(Titles(), Texts{"Invalid Name Detected"}) << name;
@@ -129,6 +129,25 @@ TEST_F(AddEditMethodTest, ANameThatIsNoneIsMadeOneAndTold)
     }
     EXPECT_EQ(MethodNames(),
               (Texts{"InvalidName", "a_b_c_d_e_f_g_h_i_j_k_l_m_n_o_p_q_r_s_t_u_v_w_x_y_z_1_2_3_4_5_6_7", "aPrint"}));
+}
+
+TEST_F(AddEditMethodTest, ANewMethodDoesNotBeginWithAComplaint)
+{
+    frmAddEditMethod form(surroundings);
+    EXPECT_EQ(form.Trouble("txtMethodName"), "");
+    form.txtMethodName_Change("P");
+    form.txtMethodName_Change("");
+    EXPECT_NE(form.Trouble("txtMethodName"), "") << "it was emptied";
+    AddOwnMethod("InvalidName");
+    frmAddEditMethod pressed(surroundings);
+    EXPECT_FALSE(pressed.cmdOK_Click());
+    EXPECT_NE(pressed.Trouble("txtMethodName"), "");
+    pressed.txtMethodName = "";
+    EXPECT_NE(pressed.Trouble("txtMethodName"), "") << "OK was pressed";
+    AddPayMethod();
+    frmAddEditMethod edited(surroundings, item.TTCMethods.Item("Pay"));
+    edited.txtMethodName = "";
+    EXPECT_NE(edited.Trouble("txtMethodName"), "");
 }
 
 TEST_F(AddEditMethodTest, TheDialogStaysWhileAMemberHasTheName)
@@ -167,12 +186,20 @@ TEST_F(AddEditMethodTest, AMethodThatTheRegisterHasLostIsNotOverwritten)
 TEST_F(AddEditMethodTest, AnUntouchedMethodStaysByteForByte)
 {
     TTCMethod& method = AddPayMethod();
-    method.ReturnDataType = "Customer";
+    method.ReturnDataType = "3"; // as the key of another type
+    method.Scope = "";
+    method.Arguments.Item("anAmount")->ParameterDataType = "2";
     method.Arguments.Item("aNote")->Index = 7;
     method.Arguments.Item("aNote")->ColumnName = "Note";
     const std::string before = Saved();
-    EXPECT_TRUE(frmAddEditMethod(surroundings, item.TTCMethods.Item("Pay")).cmdOK_Click());
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
+    dialogs.Argument = [](frmAddEditArgument& argument) { return argument.cmdOK_Click(); };
+    form.lstArguments().Select({0});
+    form.lstArguments().Edit();
+    EXPECT_TRUE(form.cmdCancel_Click());
+    EXPECT_TRUE(form.cmdOK_Click());
     EXPECT_EQ(Saved(), before);
+    EXPECT_TRUE(messages.Asked().empty());
 }
 
 TEST_F(AddEditMethodTest, ABuiltInMethodStaysOneAndKeepsItsName)
@@ -260,19 +287,19 @@ TEST_F(AddEditMethodTest, ChangingTheDefaultMethodIsAskedFor)
     item.TTCMethods.Item("First")->DefaultMethod = true;
     AnswerWith({Answer::No, Answer::Yes});
     frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
-    form.txtMethodName = "Settle";
+    form.txtMethodName = "Settle All";
     form.chkDefault_Click(true);
     EXPECT_FALSE(form.chkDefault());
     form.chkDefault_Click(true);
     EXPECT_TRUE(form.chkDefault());
     const std::string told =
-        "The First method is currently set as the default method.\r\nAre you sure you want to change the default method to Settle";
+        "The First method is currently set as the default method.\r\nAre you sure you want to change the default method to Settle_All";
     EXPECT_EQ(Told(), (Texts{told, told}));
     EXPECT_EQ(Titles().front(), "Confirm Change Default Method");
     EXPECT_TRUE(item.TTCMethods.Item("First")->DefaultMethod) << "until OK";
     ASSERT_TRUE(form.cmdOK_Click());
     EXPECT_FALSE(item.TTCMethods.Item("First")->DefaultMethod);
-    EXPECT_TRUE(item.TTCMethods.Item("Settle")->DefaultMethod);
+    EXPECT_TRUE(item.TTCMethods.Item("Settle_All")->DefaultMethod);
 }
 
 TEST_F(AddEditMethodTest, ADefaultPropertyGivesWayToAMethod)

@@ -30,7 +30,7 @@ ArgumentDialog::~ArgumentDialog() = default;
 void ArgumentDialog::ConnectTexts()
 {
     connect(ui_->txtArgumentName, &QLineEdit::textChanged, this, [this](const QString& text) {
-        form_.txtArgumentName = FromQt(text);
+        form_.txtArgumentName_Change(FromQt(text));
         ShowState();
     });
     connect(ui_->txtDefaultValue, &QLineEdit::textChanged, this, [this](const QString& text) {
@@ -74,6 +74,7 @@ void ArgumentDialog::ShowState()
 void ArgumentDialog::ShowTroubles()
 {
     ui_->lblArgumentNameTrouble->ShowTrouble(form_.Trouble("txtArgumentName"));
+    ui_->lblDataTypeTrouble->ShowTrouble(form_.Trouble("cmbDataType"));
     ui_->lblDefaultValueTrouble->ShowTrouble(form_.Trouble("txtDefaultValue"));
 }
 

@@ -16,7 +16,7 @@ EventDialog::EventDialog(frmAddEditEvent& form, const PreviewLook& look, QWidget
     ui_->fraArguments->ShowList(form_.lstArguments());
     DisableFor(*ui_->txtEventName, form_.WhyFixed());
     connect(ui_->txtEventName, &QLineEdit::textChanged, this, [this](const QString& text) {
-        form_.txtEventName = FromQt(text);
+        form_.txtEventName_Change(FromQt(text));
         ShowState();
     });
     ConnectButtons(*ui_->cmdOK, *ui_->cmdCancel);

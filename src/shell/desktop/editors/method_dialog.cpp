@@ -49,7 +49,7 @@ void MethodDialog::DisableControls()
 void MethodDialog::ConnectControls()
 {
     connect(ui_->txtMethodName, &QLineEdit::textChanged, this, [this](const QString& text) {
-        form_.txtMethodName = FromQt(text);
+        form_.txtMethodName_Change(FromQt(text));
         ShowState();
     });
     connect(ui_->cmbReturnType, &QComboBox::activated, this, [this] {

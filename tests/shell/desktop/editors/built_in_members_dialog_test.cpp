@@ -98,6 +98,24 @@ TEST_F(TheBuiltInMembersWindow, SaysWhyARowWouldBePassedOver)
     EXPECT_EQ(Code(dialog), "");
 }
 
+TEST_F(TheBuiltInMembersWindow, SaysThatAMethodFindsNoRowAndStays)
+{
+    item.TTCKeys.Clear();
+    QWidget& dialog = ShowMethods();
+    ClickRow(dialog, "lstMethods", 1);
+    EXPECT_THAT(TroubleIn(dialog, "lblTrouble"), HasSubstr("There is no Identity Column"));
+    Press(Qt::Key_Space);
+    Photograph(dialog, "frmBuiltInMethods-no-key");
+    Click(dialog, "cmdOK");
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(Rows(dialog, "lstMethods").at(1).front(), '+') << "its tick stays";
+    EXPECT_EQ(Titles(), Texts{"No Row Identifier Found"});
+    ClickRow(dialog, "lstMethods", 1);
+    Press(Qt::Key_Space);
+    Click(dialog, "cmdOK");
+    EXPECT_TRUE(IsClosedBy(QDialog::Accepted));
+}
+
 TEST_F(TheBuiltInMembersWindow, OffersTheEventsOfTheMembersThatTheClassHas)
 {
     AddBuiltInMethod("Add");

@@ -66,6 +66,41 @@ TEST_F(PickSPTest, ARowShowsItsParametersAndItsFunction)
     EXPECT_EQ(MethodNamesOfSelected(), (Texts{"", ""})) << "a preview names nothing";
 }
 
+TEST_F(PickSPTest, ARowHasTheNameThatItsMethodWouldGet)
+{
+    catalog.ProcedureNames = {"Ten Most", "Print", "2004;1"};
+    catalog.Parameters.clear();
+    dialogs.PickSP = [](frmPickSP& form) {
+        Texts names;
+        for (const ProcedureTick& row : form.lstSPs())
+            names.push_back(row.MethodName + row.Trouble);
+        EXPECT_EQ(names, (Texts{"Ten_Most", "aPrint", "A2004"}));
+        EXPECT_TRUE(form.Preview(1).Item(1).LineText.starts_with("Public Function aPrint("));
+        return false;
+    };
+    EXPECT_FALSE(frmPickSP(surroundings).PickStoredProcedures(item.TTCMethods, selected));
+}
+
+TEST_F(PickSPTest, AProcedureThatCanBecomeNoMethodSaysSoAndIsNotTicked)
+{
+    catalog.ProcedureNames = {"(#);1", "łódź", "Ping"};
+    catalog.Parameters.clear();
+    dialogs.PickSP = [](frmPickSP& form) {
+        EXPECT_EQ(
+            form.lstSPs().at(0).Trouble,
+            "The stored procedure '(#);1' can't become a method: nothing in its name can stand in that of a method.");
+        EXPECT_EQ(form.lstSPs().at(0).MethodName, "");
+        EXPECT_TRUE(form.lstSPs().at(1).Trouble.starts_with("The name 'łódź' has letters that code page 1252 lacks"));
+        EXPECT_EQ(form.lstSPs().at(2).Trouble, "");
+        form.lstSPs_ItemCheck({0, 1, 2}, true);
+        EXPECT_FALSE(form.lstSPs().at(0).Ticked || form.lstSPs().at(1).Ticked);
+        EXPECT_EQ(form.Preview(0).Count(), 0U);
+        return form.cmdOK_Click();
+    };
+    EXPECT_TRUE(frmPickSP(surroundings).PickStoredProcedures(item.TTCMethods, selected));
+    EXPECT_EQ(MethodNamesOfSelected(), (Texts{"", "", "Ping"}));
+}
+
 TEST_F(PickSPTest, AnUnreachableDatabaseIsReportedAndNothingIsShown)
 {
     catalog.Failures["Procedures"] = data_source_error::kNoOpenConnection;

@@ -12,7 +12,8 @@ using namespace Qt::StringLiterals;
 
 EditorRow ShownRow(const ProcedureTick& row)
 {
-    return {.Columns = {row.Row.Text, row.MethodName}, .Icon = row.Row.Icon, .Ticked = row.Ticked};
+    return {
+        .Columns = {row.Row.Text, row.MethodName}, .Icon = row.Row.Icon, .Ticked = row.Ticked, .Trouble = row.Trouble};
 }
 
 } // namespace
@@ -63,9 +64,11 @@ void PickProceduresDialog::ShowRowInHand()
     const std::vector<std::size_t> selected = ui_->lstSPs->SelectedRows();
     if (selected.empty()) {
         ShowParameters(*ui_->lstParameters, {});
+        ui_->lblTrouble->ShowTrouble("");
         return ui_->lstPreview->ShowLines(TTCOutputs());
     }
     ShowParameters(*ui_->lstParameters, form_.lstParameters(selected.front()));
+    ui_->lblTrouble->ShowTrouble(form_.lstSPs().at(selected.front()).Trouble);
     ui_->lstPreview->ShowLines(form_.Preview(selected.front()));
 }
 

@@ -43,6 +43,25 @@ class ThePickProceduresWindow : public MemberDialogTest
     SPs selected;
 };
 
+TEST_F(ThePickProceduresWindow, AProcedureThatCanBecomeNoMethodSaysSo)
+{
+    catalog.ProcedureNames.insert(catalog.ProcedureNames.begin(), "(#);1");
+    EXPECT_TRUE(Pick([](QWidget& dialog) {
+        EXPECT_THAT(TroubleIn(dialog, "lblTrouble"), HasSubstr("'(#);1' can't become a method"));
+        EXPECT_EQ(Code(dialog), "");
+        auto& list = Find<EditorList>(dialog, "lstSPs");
+        list.setFocus();
+        list.selectAll();
+        QTest::keyClick(&list, Qt::Key_Space);
+        EXPECT_EQ(Find<QLabel>(dialog, "lblTicked").text(), u"3 of 4 ticked"_s);
+        Photograph(dialog, "frmPickSP-trouble");
+        ClickRow(dialog, "lstSPs", 1);
+        EXPECT_EQ(TroubleIn(dialog, "lblTrouble"), "");
+        Click(dialog, "cmdOK");
+    }));
+    EXPECT_EQ(Named(), (Texts{"", "GetOrders", "Ping", "GetClients"}));
+}
+
 TEST_F(ThePickProceduresWindow, ListsProceduresAndNamesTheTickedOnes)
 {
     EXPECT_TRUE(Pick([](QWidget& dialog) {

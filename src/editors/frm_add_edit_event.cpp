@@ -80,7 +80,7 @@ std::shared_ptr<ttcEvent> frmAddEditEvent::Edited(const Arguments& arguments) co
 
 std::shared_ptr<ttcEvent> frmAddEditEvent::PutInto(KZMClass& item, const Arguments& arguments) const
 {
-    return PutMember(item.TTCEvents, item.TTCMembers, position_, Edited(arguments), &ttcEvent::EventName);
+    return PutMember(item, item.TTCEvents, position_, Edited(arguments), &ttcEvent::EventName);
 }
 
 TTCOutputs frmAddEditEvent::PreviewWith(const Arguments& arguments) const

@@ -124,7 +124,7 @@ std::shared_ptr<TTCMethod> frmAddEditMethod::PutInto(KZMClass& item, const Argum
 {
     if (isDefault_)
         ClearDefaultMembers(item);
-    return PutMember(item.TTCMethods, item.TTCMembers, position_, Edited(arguments), &TTCMethod::MethodName);
+    return PutMember(item, item.TTCMethods, position_, Edited(arguments), &TTCMethod::MethodName);
 }
 
 TTCOutputs frmAddEditMethod::PreviewWith(const Arguments& arguments) const

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "model/members.h"
+#include "editors/property_name.h"
+#include "model/class.h"
+#include "text/case_folding.h"
 
 #include <cstddef>
 #include <memory>
@@ -32,12 +34,14 @@ template <class Members, class Member>
     return 0;
 }
 
-// Puts a method or an event into the collection of its class: in place of the one at the 1-based position, or at the
-// end if that is 0. The register follows its name, which is free. Returns the item in the collection.
+// Puts a method or an event into its collection of the class: in place of the one at the 1-based position, or at the
+// end if that is 0. The register follows its name, which is free; the name from before stays there if another member
+// of the class is called by it. Returns the item in the collection.
 template <class Members, class Member>
-std::shared_ptr<Member> PutMember(Members& members, TTCMembers& names, std::size_t position,
+std::shared_ptr<Member> PutMember(KZMClass& item, Members& members, std::size_t position,
                                   std::shared_ptr<Member> member, std::string Member::*name)
 {
+    TTCMembers& names = item.TTCMembers;
     const std::string after = (*member).*name;
     if (position == 0) {
         names.Add(after, after);
@@ -49,7 +53,9 @@ std::shared_ptr<Member> PutMember(Members& members, TTCMembers& names, std::size
     *present = std::move(*member);
     if (before == after)
         return present;
-    if (names.Contains(before))
+    if (!text::EqualFolded(before, after))
+        ReleaseName(item, before);
+    else if (names.Contains(before))
         names.Remove(before);
     names.Add(after, after);
     KeyByName(members, name);

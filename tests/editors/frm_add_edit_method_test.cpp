@@ -104,6 +104,18 @@ TEST_F(AddEditMethodTest, ARenamedMethodKeepsItsPlaceAndFreesItsName)
     EXPECT_TRUE(item.TTCMembers.Contains("Settle"));
 }
 
+// A file may have two members of one name.
+TEST_F(AddEditMethodTest, ANameThatALookupFieldHasTooStaysInTheRegister)
+{
+    AddPayMethod();
+    AddProperty(item, "CustomerID", "Long").TTCLookupFields.Add("Pay", "Currency", "Pay", "Pay");
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
+    form.txtMethodName = "Settle";
+    ASSERT_TRUE(form.cmdOK_Click());
+    EXPECT_TRUE(item.TTCMembers.Contains("Pay"));
+    EXPECT_TRUE(item.TTCMembers.Contains("Settle"));
+}
+
 TEST_F(AddEditMethodTest, TheLettersOfANameCanChangeTheirCase)
 {
     AddPayMethod();

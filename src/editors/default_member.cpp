@@ -36,6 +36,12 @@ std::string Change(const WantedDefault& wanted, MemberKind present)
                                          : "Are you sure you want to change the default interface to " + name;
 }
 
+void ClearDefaultProperties(KZMClass& item)
+{
+    for (TTCProperty& property : item.TTCProperties)
+        property.DefaultProperty = false;
+}
+
 } // namespace
 
 std::optional<DefaultMember> OtherDefault(const KZMClass& item, const WantedDefault& wanted)
@@ -68,10 +74,18 @@ bool ConfirmDefaultMember(const KZMClass& item, const WantedDefault& wanted, Mes
 
 void ClearDefaultMembers(KZMClass& item)
 {
-    for (TTCProperty& property : item.TTCProperties)
-        property.DefaultProperty = false;
+    ClearDefaultProperties(item);
     for (TTCMethod& method : item.TTCMethods)
         method.DefaultMethod = false;
+}
+
+void SetDefaultProperty(KZMClass& item, TTCProperty& property, bool isDefault)
+{
+    if (isDefault && property.DefaultProperty)
+        ClearDefaultProperties(item);
+    else if (isDefault)
+        ClearDefaultMembers(item);
+    property.DefaultProperty = isDefault;
 }
 
 } // namespace veldrane

@@ -41,4 +41,8 @@ struct WantedDefault
 // Leaves the class without a default member.
 void ClearDefaultMembers(KZMClass& item);
 
+// Makes a property of the class its default, or no longer so. No other property is the default then; a default method
+// gives way to a property that was not the default before.
+void SetDefaultProperty(KZMClass& item, TTCProperty& property, bool isDefault);
+
 } // namespace veldrane

@@ -10,15 +10,15 @@ frmBuiltInProperties::frmBuiltInProperties(const MemberSurroundings& surrounding
 {
     const KZMClass& item = surroundings_.Edit.Class;
     for (const BuiltInProperty& property : BuiltInProperties()) {
-        const bool isProperty = item.TTCProperties.Contains(property.Name);
-        const bool isFree = !item.TTCMembers.Contains(property.Name);
+        const auto present = item.TTCProperties.Item(property.Name);
+        const bool isInClass = present && present->PlusProperty;
+        const std::string trouble =
+            isInClass ? "" : NameTrouble(property.Name, PropertyNameRules(surroundings_.Edit, ""));
         rows_.push_back({.Name = std::string(property.Name),
                          .Description = std::string(property.Description),
-                         .Ticked = isProperty,
-                         .Enabled = isFree,
-                         .Trouble = isFree || isProperty
-                                        ? ""
-                                        : NameTaken(property.Name, PropertyNameRules(surroundings_.Edit, "")).Text});
+                         .Ticked = isInClass,
+                         .Enabled = !isInClass && trouble.empty(),
+                         .Trouble = trouble});
     }
 }
 

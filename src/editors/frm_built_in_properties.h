@@ -17,7 +17,7 @@ struct BuiltInPropertyRow
     std::string Icon = "PropertyPlus";
     bool Ticked = false;
     bool Enabled = true;   // false where the class has a member of the name: nothing is to be added
-    std::string Trouble{}; // says so where that member is no property, "" otherwise
+    std::string Trouble{}; // says so where that member is another one, be it a property of a field; "" otherwise
 };
 
 // The dialog that offers the properties which the generator knows how to write. Only OK changes the class.
@@ -32,7 +32,7 @@ class frmBuiltInProperties
     // Rows that can't be used stay as they are.
     void lstProperties_ItemCheck(const std::vector<std::size_t>& rows, bool ticked);
 
-    // The routines of a row, as they would be generated; nothing where another kind of member has the name.
+    // The routines of a row, as they would be generated; nothing where another member has the name.
     [[nodiscard]] TTCOutputs Preview(std::size_t row) const;
 
     // Adds the ticked rows that the class lacks. True: the dialog closes.

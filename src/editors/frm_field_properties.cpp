@@ -140,9 +140,7 @@ void frmFieldProperties::Store(KZMClass& item, TTCProperty& target) const
     target.FormatOnLet = Data.chkFormatOnLet;
     target.FormatStringOnLet = Formatting.cmbFormatLet();
     target.AllowPropertyToBeNull = Data.chkIsNullable();
-    if (default_)
-        ClearDefaultMembers(item);
-    target.DefaultProperty = default_;
+    SetDefaultProperty(item, target, default_);
     target.DisplayTruncationMessage = Data.chkDisplayTruncationMessage;
     Lookup.Store(item, target);
 }

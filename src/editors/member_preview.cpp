@@ -84,7 +84,9 @@ TTCOutputs BuiltInPropertyPreview(const PreviewSource& source, const KZMClass& o
     const auto copy = CopyWith(owner, source.Generation.Settings.CodePage,
                                [&](ClassEdit& edit) { AcceptBuiltInProperties(edit, {std::string(name)}); });
     const auto property = copy->TTCProperties.Item(name);
-    return property ? PropertyPreview(source, *copy, *property) : TTCOutputs(source.Generation.Settings.Colors);
+    if (!property || !property->PlusProperty)
+        return TTCOutputs(source.Generation.Settings.Colors);
+    return PropertyPreview(source, *copy, *property);
 }
 
 TTCOutputs BuiltInMethodPreview(const PreviewSource& source, const KZMClass& owner, std::string_view name)

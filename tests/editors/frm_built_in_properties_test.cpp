@@ -51,6 +51,23 @@ TEST_F(BuiltInPropertiesTest, WhatTheClassHasIsTickedForGood)
     EXPECT_THAT(Rows(form), ElementsAre("+-Modified", "-Deleted", "+FormatProperties"));
 }
 
+TEST_F(BuiltInPropertiesTest, APropertyOfAFieldIsNotTheBuiltInOne)
+{
+    AddField("Modified");
+    AddField("Deleted");
+    item->TTCMembers.Remove("Deleted");
+    frmBuiltInProperties form(surroundings);
+    EXPECT_THAT(Rows(form), ElementsAre("-Modified", "-Deleted", "FormatProperties"));
+    for (const std::size_t row : {0U, 1U})
+        EXPECT_EQ(form.lstProperties()[row].Trouble,
+                  "The property name '" + form.lstProperties()[row].Name +
+                      "' conflicts with an existing member of the Order class. Please enter another name.");
+    EXPECT_THAT(LinesOf(form.Preview(0)), IsEmpty());
+    form.lstProperties_ItemCheck({0, 1}, true);
+    EXPECT_TRUE(form.cmdOK_Click());
+    EXPECT_THAT(PropertyNames(), ElementsAre("Modified", "Deleted"));
+}
+
 TEST_F(BuiltInPropertiesTest, OKAddsTheTickedRows)
 {
     frmBuiltInProperties form(surroundings);

@@ -77,6 +77,23 @@ TEST_F(FieldPropertiesTest, OKWithoutAChangeLeavesTheClassAsItIs)
     EXPECT_TRUE(item->TTCMembers.Contains("CityRegion"));
 }
 
+TEST_F(FieldPropertiesTest, ADefaultThatIsNotTouchedLeavesTheDefaultMethodThatAFileHasBesideIt)
+{
+    AddMethod("Clear");
+    city->DefaultProperty = item->TTCMethods.Item("Clear")->DefaultMethod = true;
+    const std::string before = Saved();
+    EXPECT_TRUE(frmFieldProperties(surroundings, city).cmdOK_Click());
+    EXPECT_EQ(Saved(), before);
+}
+
+TEST_F(FieldPropertiesTest, OfTwoDefaultPropertiesTheOneInHandIsLeft)
+{
+    city->DefaultProperty = item->TTCProperties.Item("Name")->DefaultProperty = true;
+    EXPECT_TRUE(frmFieldProperties(surroundings, city).cmdOK_Click());
+    EXPECT_TRUE(city->DefaultProperty);
+    EXPECT_FALSE(item->TTCProperties.Item("Name")->DefaultProperty);
+}
+
 TEST_F(FieldPropertiesTest, CancelLeavesTheClassAsItWas)
 {
     const std::string before = Saved();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editors/member_surroundings.h"
+#include "editors/name_touch.h"
 #include "editors/property_name.h"
 #include "editors/property_types.h"
 #include "generator/outputs.h"
@@ -30,9 +31,14 @@ class frmAddEditProperty
 
     [[nodiscard]] std::string Caption() const;
 
+    // Why a control can't be used, for a tip; "" if it can: the code of a built-in property follows its name alone.
+    [[nodiscard]] std::string WhyDisabled(std::string_view control) const;
+
     static constexpr auto kScopes = std::to_array<std::string_view>({"Public", "Private", "Friend"});
 
     std::string txtPropertyName;
+    void txtPropertyName_Change(std::string typed); // by the person
+
     std::string cmbScope; // one of kScopes, or whatever the property has; "" for nothing chosen
     bool chkPropertyGet = true;
     bool chkPropertyLetSet = true;
@@ -46,8 +52,8 @@ class frmAddEditProperty
     // Asks if another member is the default; the box stays clear unless the answer is Yes.
     void chkDefaultProperty_Click(bool on);
 
-    // What is wrong with what a control holds, in the words that OK tells; "" if nothing. `control` is
-    // "txtPropertyName" or "chkPropertyGet".
+    // What is wrong with what a control holds, in the words that OK tells; "" if nothing, and for an empty name that
+    // nobody has touched yet. `control` is "txtPropertyName" or "chkPropertyGet".
     [[nodiscard]] std::string Trouble(std::string_view control) const;
 
     // The routines of the property, as they would be generated.
@@ -58,16 +64,19 @@ class frmAddEditProperty
     [[nodiscard]] static bool cmdCancel_Click() { return true; }
 
   private:
+    [[nodiscard]] bool IsBuiltIn() const { return property_ && property_->PlusProperty; }
     [[nodiscard]] std::string PresentName() const { return property_ ? property_->PropertyName : std::string(); }
     [[nodiscard]] TypedName NameRules() const { return PropertyNameRules(surroundings_.Edit, PresentName()); }
     bool MayStore();
     [[nodiscard]] std::optional<Question> RoutinesRefusal() const;
+    void StoreName(KZMClass& item, TTCProperty& target) const;
     void Store(KZMClass& item, std::shared_ptr<TTCProperty> target) const;
 
     MemberSurroundings surroundings_;
     std::shared_ptr<TTCProperty> property_; // as the class has it; nothing for a new one
     std::vector<TypeItem> types_;
     std::size_t type_;
+    NameTouch nameTouch_;
     bool default_ = false;
 };
 

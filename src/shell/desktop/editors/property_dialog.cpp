@@ -1,10 +1,12 @@
 #include "shell/desktop/editors/property_dialog.h"
 
+#include "shell/desktop/editors/disabled_control.h"
 #include "shell/desktop/editors/fill_control.h"
 #include "shell/desktop/qt_text.h"
 #include "ui_frm_add_edit_property.h"
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace veldrane {
 
@@ -15,12 +17,13 @@ PropertyDialog::PropertyDialog(frmAddEditProperty& form, const PreviewLook& look
     setWindowTitle(NameToQt(form_.Caption()));
     ui_->lstPreview->SetLook(look);
     FillBoxes();
+    DisableControls();
     ConnectControls();
     ConnectButtons(*ui_->cmdOK, *ui_->cmdCancel);
     Follow(form_.FocusWanted);
     ShowState();
     resize(sizeHint()); // Qt alone gives a dialog two thirds of the screen at most
-    FocusOn("txtPropertyName");
+    FocusOn(ui_->txtPropertyName->isEnabled() ? "txtPropertyName" : "lstPreview");
 }
 
 PropertyDialog::~PropertyDialog() = default;
@@ -37,10 +40,18 @@ void PropertyDialog::FillBoxes()
         ui_->cmbScope->addItem(NameToQt(form_.cmbScope));
 }
 
+void PropertyDialog::DisableControls()
+{
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{ui_->txtPropertyName, ui_->cmbDataType, ui_->cmbScope, ui_->chkPropertyGet,
+                                         ui_->chkPropertyLetSet, ui_->chkDefaultProperty})
+        DisableFor(*control, form_.WhyDisabled(control->objectName().toStdString()));
+}
+
 void PropertyDialog::ConnectControls()
 {
     connect(ui_->txtPropertyName, &QLineEdit::textChanged, this, [this](const QString& text) {
-        form_.txtPropertyName = FromQt(text);
+        form_.txtPropertyName_Change(FromQt(text));
         ShowState();
     });
     connect(ui_->cmbDataType, &QComboBox::activated, this, [this](int row) {

@@ -29,6 +29,7 @@ class PropertyDialog final : public EditorDialog
 
   private:
     void FillBoxes();
+    void DisableControls();
     void ConnectControls();
 
     frmAddEditProperty& form_;

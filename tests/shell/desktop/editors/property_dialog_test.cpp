@@ -1,5 +1,6 @@
 #include "shell/desktop/editors/property_dialog.h"
 
+#include "datasource/builtin_members.h"
 #include "property_dialog_fixture.h"
 
 namespace veldrane::testing {
@@ -88,6 +89,31 @@ TEST_F(ThePropertyWindow, ChangesAProperty)
     EXPECT_THAT(PropertyNames(), ElementsAre("Sum"));
     EXPECT_EQ(total->Scope, "Public");
     EXPECT_EQ(total->DataType, "Customer");
+}
+
+TEST_F(ThePropertyWindow, ClosesWhatTheCodeOfABuiltInPropertyDoesNotFollow)
+{
+    AcceptBuiltInProperties(edit, {"Modified"});
+    QWidget& window = Edit(item->TTCProperties.Item("Modified"));
+    for (const char* control :
+         {"txtPropertyName", "cmbDataType", "cmbScope", "chkPropertyGet", "chkPropertyLetSet", "chkDefaultProperty"}) {
+        EXPECT_FALSE(IsEnabled(control)) << control;
+        EXPECT_FALSE(Find<QWidget>(window, control).toolTip().isEmpty()) << control;
+    }
+    EXPECT_EQ(Focused(), "lstPreview");
+    EXPECT_EQ(Told("lblRoutinesTrouble"), "");
+    Photograph(window, "frmAddEditProperty-built-in");
+    Press(Qt::Key_Return);
+    EXPECT_TRUE(IsClosedBy(QDialog::Accepted));
+}
+
+TEST_F(ThePropertyWindow, OpensWithoutAComplaint)
+{
+    QWidget& window = Add();
+    EXPECT_EQ(Told("lblPropertyNameTrouble"), "");
+    Type(window, "txtPropertyName", "W");
+    Type(window, "txtPropertyName", "");
+    EXPECT_NE(Told("lblPropertyNameTrouble"), "");
 }
 
 TEST_F(ThePropertyWindow, TellsWhatIsWrongAsItIsTyped)

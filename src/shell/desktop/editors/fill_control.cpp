@@ -10,13 +10,19 @@
 namespace veldrane {
 namespace {
 
+constexpr int kIconName = Qt::UserRole;
+
+bool IsRow(const QComboBox& box, int row, const BoxRow& wanted)
+{
+    return box.itemText(row) == NameToQt(wanted.Text) && box.itemData(row, kIconName) == NameToQt(wanted.Icon);
+}
+
 bool HasRows(const QComboBox& box, const std::vector<BoxRow>& rows)
 {
     if (box.count() != static_cast<int>(rows.size()))
         return false;
     int row = 0;
-    return std::all_of(rows.begin(), rows.end(),
-                       [&](const BoxRow& each) { return box.itemText(row++) == NameToQt(each.Text); });
+    return std::all_of(rows.begin(), rows.end(), [&](const BoxRow& each) { return IsRow(box, row++, each); });
 }
 
 } // namespace
@@ -44,7 +50,7 @@ void ShowRows(QComboBox& box, const std::vector<BoxRow>& rows)
     IconSet icons;
     box.clear();
     for (const BoxRow& row : rows)
-        box.addItem(icons.Of(row.Icon), NameToQt(row.Text));
+        box.addItem(icons.Of(row.Icon), NameToQt(row.Text), NameToQt(row.Icon));
     if (!box.isEditable())
         return;
     box.setCurrentIndex(-1);

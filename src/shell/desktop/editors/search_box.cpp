@@ -4,6 +4,7 @@
 #include <QCompleter>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QWheelEvent>
 
 namespace veldrane {
 namespace {
@@ -26,11 +27,22 @@ SearchBox::SearchBox(QWidget* parent) : QComboBox(parent)
 {
     setEditable(true);
     setInsertPolicy(NoInsert);
+    setFocusPolicy(Qt::StrongFocus); // the wheel brings no focus
+    lineEdit()->setFocusPolicy(Qt::StrongFocus);
     auto* finder = new QCompleter(model(), this);
     finder->setCaseSensitivity(Qt::CaseInsensitive);
     finder->setFilterMode(Qt::MatchContains);
     setCompleter(finder);
     connect(lineEdit(), &QLineEdit::editingFinished, this, [this] { Settle(Qt::MatchFixedString); });
+}
+
+// The wheel that scrolls a page past the box would choose a table, whose fields are read then.
+void SearchBox::wheelEvent(QWheelEvent* event)
+{
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
 }
 
 // Return belongs to the box while it has a text of which nothing was made yet.

@@ -74,7 +74,10 @@ std::string frmFieldProperties::Trouble(std::string_view control) const
         return LengthRefusal().value_or(Question{}).Text;
     if (control == "cmbTable")
         return Lookup.TableRefusal().value_or(Question{}).Text;
-    return control == "cmbField" ? Lookup.JoinTrouble() : std::string();
+    if (control != "cmbField")
+        return {};
+    const auto refusal = Lookup.JoinRefusal();
+    return refusal ? refusal->Text : Lookup.JoinTrouble();
 }
 
 std::string frmFieldProperties::Trouble(std::size_t lookupRow) const
@@ -108,8 +111,20 @@ bool frmFieldProperties::MayStore()
         FocusWanted.Raise("txtPropertyName");
         return false;
     }
-    return !Refused(LengthRefusal(), "txtMaxLength") && !Refused(Lookup.TableRefusal(), "cmbTable") &&
-           !Refused(Lookup.Refusal(txtPropertyName), "lstFields");
+    return !Refused(LengthRefusal(), "txtMaxLength") && MayStoreLookup();
+}
+
+// Where a table that was only typed is chosen now and can't be joined, the person has yet to see it.
+bool frmFieldProperties::MayStoreLookup()
+{
+    if (Refused(Lookup.TableRefusal(), "cmbTable"))
+        return false;
+    if (Lookup.ChooseTypedTable() && !Lookup.JoinTrouble().empty()) {
+        FocusWanted.Raise("cmbTable");
+        return false;
+    }
+    return !Refused(Lookup.TableRefusal(), "cmbTable") && !Refused(Lookup.JoinRefusal(), "cmbField") &&
+           !Refused(Lookup.FieldsRefusal(txtPropertyName), "lstFields");
 }
 
 bool frmFieldProperties::cmdOK_Click()

@@ -56,8 +56,8 @@ class frmFieldProperties
     void tabMain_Click(FieldTab tab);
 
     // What is wrong with what a control holds, in the words that OK tells; "" if nothing. `control` is
-    // "txtPropertyName", "txtMaxLength", "cmbTable" or "cmbField"; the last is told here alone and keeps nobody from
-    // OK.
+    // "txtPropertyName", "txtMaxLength", "cmbTable" or "cmbField"; that a table can't be joined is told here alone and
+    // keeps nobody from OK.
     [[nodiscard]] std::string Trouble(std::string_view control) const;
 
     // The same for a row of `lstFields`.
@@ -74,6 +74,7 @@ class frmFieldProperties
   private:
     bool Refused(const std::optional<Question>& refusal, std::string_view control);
     bool MayStore();
+    bool MayStoreLookup();
     [[nodiscard]] TypedName NameRules() const { return PropertyNameRules(surroundings_.Edit, property_->PropertyName); }
     [[nodiscard]] std::optional<Question> LengthRefusal() const;
     void Store(KZMClass& item, TTCProperty& target) const;

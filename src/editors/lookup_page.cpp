@@ -4,11 +4,11 @@
 #include "datasource/naming.h"
 #include "datasource/type_table.h"
 #include "editors/property_name.h"
-#include "editors/told_text.h"
 #include "text/case_folding.h"
 #include "text/strings.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace veldrane {
@@ -25,12 +25,24 @@ ListRow Row(std::string_view text, std::string_view icon)
     return row;
 }
 
-// The row of a text, without regard to case; behind the last if there is none.
+// The row of a text among those that are free: the one in the text's own letter case before another. Behind the last if
+// there is none.
+template <class Row, class IsFree>
+std::size_t RowOf(const std::vector<Row>& rows, std::string Row::*column, std::string_view text, IsFree&& isFree)
+{
+    const auto find = [&](const auto& isSame) {
+        return std::find_if(rows.begin(), rows.end(),
+                            [&](const Row& each) { return isFree(each) && isSame(each.*column, text); });
+    };
+    auto row = find(std::equal_to<std::string_view>());
+    if (row == rows.end())
+        row = find(text::EqualFolded);
+    return static_cast<std::size_t>(row - rows.begin());
+}
+
 std::size_t RowOf(const std::vector<ListRow>& rows, std::string_view text)
 {
-    const auto row =
-        std::find_if(rows.begin(), rows.end(), [&](const ListRow& each) { return text::EqualFolded(each.Text, text); });
-    return static_cast<std::size_t>(row - rows.begin());
+    return RowOf(rows, &ListRow::Text, text, [](const ListRow&) { return true; });
 }
 
 // Selects the text, which is added if it isn't there.
@@ -53,10 +65,12 @@ LookupPage::LookupPage(const MemberSurroundings& surroundings, std::shared_ptr<c
 
 void LookupPage::Load()
 {
-    if (std::exchange(loaded_, true))
+    if (loaded_)
         return;
     std::vector<ListRow> tables;
-    if (!Read("DisplayTables", [&] { tables = LookupTables(View(), "DisplayTables"); }))
+    const ReadingEnd end = Read("DisplayTables", [&] { tables = LookupTables(View(), "DisplayTables"); });
+    loaded_ = end != ReadingEnd::Cancelled;
+    if (end != ReadingEnd::Whole)
         return;
     ShowTables(std::move(tables));
     if (table_ != 0)
@@ -73,20 +87,20 @@ DataSourceView LookupPage::View() const
             .Errors = surroundings_.Edit.Errors};
 }
 
-// False where it failed, which was reported, or the person has ended it.
-bool LookupPage::Read(std::string_view routine, const std::function<void()>& reading) const
+LookupPage::ReadingEnd LookupPage::Read(std::string_view routine, const std::function<void()>& reading) const
 {
-    bool isRead = false;
-    Guarded(surroundings_.Edit.Errors, kForm, routine, [&] { isRead = ReadFromOpenSource(reading); });
-    return isRead;
+    ReadingEnd end = ReadingEnd::Failed;
+    Guarded(surroundings_.Edit.Errors, kForm, routine, [&] { end = ReadFromOpenSource(reading); });
+    return end;
 }
 
-bool LookupPage::ReadFromOpenSource(const std::function<void()>& reading) const
+LookupPage::ReadingEnd LookupPage::ReadFromOpenSource(const std::function<void()>& reading) const
 {
     try {
         reading();
-        return true;
+        return ReadingEnd::Whole;
     } catch (const ReadingCancelled&) {
+        return ReadingEnd::Cancelled;
     } catch (const DataSourceError& error) {
         if (error.Number != data_source_error::kNoOpenConnection)
             throw;
@@ -95,8 +109,8 @@ bool LookupPage::ReadFromOpenSource(const std::function<void()>& reading) const
             {.Mode = 4,
              .Hint =
                  "The DataSource is currently unavailable. Unable to read the tables and fields of a lookup at this time. \r\nYou may continue, but some functionality will be unavailable."});
+        return ReadingEnd::Failed;
     }
-    return false;
 }
 
 void LookupPage::ShowTables(std::vector<ListRow> tables)
@@ -114,10 +128,17 @@ void LookupPage::cmbTable_Click(std::size_t row)
     typedTable_ = tables_[row].Text;
     if (row == table_ && fieldsRead_)
         return;
+    LeaveTable();
     table_ = row;
     ShowFields({});
     if (table_ != 0)
         ReadFields("cmbTable_Click");
+}
+
+void LookupPage::LeaveTable()
+{
+    if (std::exchange(fieldsRead_, false))
+        left_[TableName()] = rows_;
 }
 
 void LookupPage::cmbTable_Change(std::string typed)
@@ -125,21 +146,50 @@ void LookupPage::cmbTable_Change(std::string typed)
     typedTable_ = std::move(typed);
 }
 
+bool LookupPage::ChooseTypedTable()
+{
+    const std::size_t before = table_;
+    const std::size_t row = typedTable_.empty() ? 0 : RowOf(tables_, typedTable_);
+    if (row != before)
+        cmbTable_Click(row);
+    else
+        typedTable_ = TableName();
+    return table_ != before;
+}
+
 std::optional<Question> LookupPage::TableRefusal() const
 {
-    if (RowOf(tables_, typedTable_) < tables_.size())
-        return std::nullopt;
-    return Question{.Title = "Invalid Lookup Table",
-                    .Text = "No table or view of this name is listed. Please choose one from the list.",
-                    .Icon = MessageIcon::Warning};
+    if (!typedTable_.empty() && RowOf(tables_, typedTable_) == tables_.size())
+        return Question{.Title = "Invalid Lookup Table",
+                        .Text = "No table or view of this name is listed. Please choose one from the list.",
+                        .Icon = MessageIcon::Warning};
+    return MakesLookup() ? NotWritable(TableName(), surroundings_.Edit.CodePage) : std::nullopt;
+}
+
+std::optional<Question> LookupPage::JoinRefusal() const
+{
+    return MakesLookup() ? NotWritable(JoinField(), surroundings_.Edit.CodePage) : std::nullopt;
 }
 
 void LookupPage::ReadFields(std::string_view routine)
 {
     std::vector<CatalogField> fields;
-    fieldsRead_ = Read(routine, [&] { fields = FieldsOf(TableName()); });
-    if (fieldsRead_)
-        ShowFields(fields);
+    fieldsRead_ = Read(routine, [&] { fields = FieldsOf(TableName()); }) == ReadingEnd::Whole;
+    if (!fieldsRead_)
+        return;
+    ShowFields(fields);
+    TickAgain();
+}
+
+// Unless the table has other fields by now.
+void LookupPage::TickAgain()
+{
+    const auto left = left_.find(TableName());
+    const auto isSame = [](const LookupFieldRow& before, const LookupFieldRow& now) {
+        return before.FieldName == now.FieldName;
+    };
+    if (left != left_.end() && std::equal(left->second.begin(), left->second.end(), rows_.begin(), rows_.end(), isSame))
+        rows_ = left->second;
 }
 
 // Not every data source knows brackets.
@@ -179,7 +229,12 @@ void LookupPage::ShowJoins(const std::vector<CatalogField>& fields)
 
 bool LookupPage::IsPresentTable() const
 {
-    return table_ != 0 && text::EqualFolded(TableName(), property_->LookupTable);
+    return table_ != 0 && RowOf(tables_, property_->LookupTable) == table_;
+}
+
+bool LookupPage::IsPresentJoin() const
+{
+    return join_ != 0 && RowOf(joins_, property_->LookupJoinField) == join_;
 }
 
 // Alias and type are what they were made when the field was chosen. A field that the table does not give, or gives once
@@ -191,13 +246,12 @@ void LookupPage::AddPresentFields()
                                      .PropertyName = field.PropertyName,
                                      .DataType = field.FieldDataType,
                                      .Ticked = true};
-        const auto row = std::find_if(rows_.begin(), rows_.end(), [&](const LookupFieldRow& each) {
-            return !each.Ticked && each.FieldName == field.FieldName;
-        });
-        if (row == rows_.end())
+        const std::size_t row = RowOf(rows_, &LookupFieldRow::FieldName, field.FieldName,
+                                      [](const LookupFieldRow& each) { return !each.Ticked; });
+        if (row == rows_.size())
             rows_.push_back(present);
         else
-            *row = present;
+            rows_[row] = present;
     }
 }
 
@@ -245,12 +299,12 @@ std::optional<Question> LookupPage::AliasRefusal(std::size_t row, std::string_vi
     if (!MakesLookup() || row >= rows_.size() || !rows_[row].Ticked)
         return std::nullopt;
     const ClassEdit& edit = surroundings_.Edit;
-    if (auto refusal = SpellingRefusal(rows_[row].PropertyName, edit.CodePage))
+    const std::string& alias = rows_[row].PropertyName;
+    if (auto refusal = AliasSpellingRefusal(alias, edit.CodePage))
         return refusal;
     if (IsAliasTaken(row, propertyName))
-        return NameTaken(rows_[row].PropertyName, PropertyNameRules(edit, ""));
-    return WhatIsTold(
-        [&](Messages& messages) { static_cast<void>(FitsProject(rows_[row].FieldName, edit.CodePage, messages)); });
+        return NameTaken(alias, PropertyNameRules(edit, ""));
+    return NotWritable(rows_[row].FieldName, edit.CodePage);
 }
 
 std::string LookupPage::Trouble(std::size_t row, std::string_view propertyName) const
@@ -263,17 +317,15 @@ std::string LookupPage::JoinTrouble() const
 {
     if (table_ == 0 || join_ != 0)
         return {};
+    if (!fieldsRead_)
+        return "The fields of '" + TableName() +
+               "' were not read: the lookup stays as it was. Choose the table again to read them.";
     return "No identity field of '" + TableName() + "' is chosen to join it by: the lookup stays as it was.";
 }
 
-std::optional<Question> LookupPage::Refusal(std::string_view propertyName) const
+std::optional<Question> LookupPage::FieldsRefusal(std::string_view propertyName) const
 {
-    if (!MakesLookup())
-        return std::nullopt;
-    const text::CodePage& codePage = surroundings_.Edit.CodePage;
-    auto refusal = WhatIsTold([&](Messages& messages) {
-        static_cast<void>(FitsProject(TableName(), codePage, messages) && FitsProject(JoinField(), codePage, messages));
-    });
+    std::optional<Question> refusal;
     for (std::size_t row = 0; row < rows_.size() && !refusal; ++row)
         refusal = AliasRefusal(row, propertyName);
     return refusal;
@@ -284,17 +336,28 @@ void LookupPage::Store(KZMClass& item, TTCProperty& property) const
     const bool goes = table_ == 0 && !property.LookupTable.empty();
     if (!goes && !MakesLookup())
         return;
-    property.LookupTable = goes ? "" : TableName();
-    property.LookupJoinField = goes ? "" : JoinField();
+    StoreJoin(property);
+    StoreFields(item, property);
+}
+
+void LookupPage::StoreJoin(TTCProperty& property) const
+{
+    const bool goes = table_ == 0;
+    const std::string table = IsPresentTable() ? property.LookupTable : TableName();
+    const std::string join = IsPresentTable() && IsPresentJoin() ? property.LookupJoinField : JoinField();
+    property.LookupTable = goes ? "" : table;
+    property.LookupJoinField = goes ? "" : join;
     property.LookupUseOuterJoin = !goes && chkUseOuterJoin;
+}
+
+void LookupPage::StoreFields(KZMClass& item, TTCProperty& property) const
+{
     std::vector<std::string> before;
     for (const TTCLookupField& field : property.TTCLookupFields)
         before.push_back(field.PropertyName);
     property.TTCLookupFields.Clear();
     for (const std::string& alias : before)
         ReleaseName(item, alias);
-    if (goes)
-        return;
     for (const LookupFieldRow& row : rows_)
         if (row.Ticked && item.TTCMembers.Add(row.PropertyName, row.PropertyName))
             property.TTCLookupFields.Add(row.FieldName, row.DataType, row.PropertyName, row.PropertyName);

@@ -5,6 +5,8 @@
 #include "model/properties.h"
 
 #include <cstddef>
+#include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -33,8 +35,9 @@ class LookupPage
   public:
     LookupPage(const MemberSurroundings& surroundings, std::shared_ptr<const TTCProperty> property);
 
-    // The tab has come to the front: the first time, reads the tables and, of the lookup that there is, the fields.
-    // What can't be read is reported, and the lists show what the property has.
+    // The tab has come to the front: the first time, and after a reading of the tables that the person ended, reads the
+    // tables and, of the lookup that there is, the fields. What can't be read is reported, and the lists show what the
+    // property has.
     void Load();
 
     // The tables and views behind "<none>", and the row that is chosen.
@@ -42,14 +45,23 @@ class LookupPage
     [[nodiscard]] std::size_t cmbTable() const { return table_; }
     [[nodiscard]] const std::string& TableName() const { return tables_.at(table_).Text; }
 
-    // Chooses a table and reads its fields. A failure is reported: the table stays chosen, without fields but those
-    // that the property has of it. The table that is chosen is read again only if that failed before.
+    // Chooses a table and reads its fields; what was ticked of it before is ticked again. A failure is reported: the
+    // table stays chosen, without fields but those that the property has of it. The table that is chosen is read again
+    // only if that failed before or the person ended it.
     void cmbTable_Click(std::size_t row);
 
-    // What is typed into the box. It chooses nothing; where it is the name of no row, OK is refused.
+    // What is typed into the box. It chooses nothing yet; where it is the name of no row, OK is refused.
     void cmbTable_Change(std::string typed);
     [[nodiscard]] const std::string& cmbTable_Text() const { return typedTable_; }
+
+    // Chooses the table whose name is typed, as OK does; an empty box is as good as "<none>". True if another one was
+    // chosen before.
+    bool ChooseTypedTable();
+
+    // The boxes that refuse the table and the field that joins it: a table that isn't listed, and names that the
+    // project's files can't hold where OK makes a lookup of them.
     [[nodiscard]] std::optional<Question> TableRefusal() const;
+    [[nodiscard]] std::optional<Question> JoinRefusal() const;
 
     // The identity fields of the table behind "<none>", and the row that is chosen.
     [[nodiscard]] const std::vector<ListRow>& JoinFields() const { return joins_; }
@@ -73,26 +85,39 @@ class LookupPage
     // called.
     [[nodiscard]] std::string Trouble(std::size_t row, std::string_view propertyName) const;
 
-    // Says that the table that is chosen can't be joined, "" if it can or none is.
+    // Says that and why the table that is chosen can't be joined, "" if it can or none is.
     [[nodiscard]] std::string JoinTrouble() const;
 
-    // The box that refuses the lookup, if OK would make one that can't be.
-    [[nodiscard]] std::optional<Question> Refusal(std::string_view propertyName) const;
+    // The box that refuses a field of the lookup, if OK would bring in one that can't be.
+    [[nodiscard]] std::optional<Question> FieldsRefusal(std::string_view propertyName) const;
 
     // Puts the lookup into the property of the class. Without a join field it stays as it was; without a table it goes.
+    // Names that it has already keep their letter case, whatever that of the data source.
     void Store(KZMClass& item, TTCProperty& property) const;
 
   private:
+    enum class ReadingEnd
+    {
+        Whole,
+        Cancelled, // by the person
+        Failed,    // which was reported
+    };
+
     [[nodiscard]] DataSourceView View() const;
     [[nodiscard]] std::vector<CatalogField> FieldsOf(const std::string& table) const;
-    [[nodiscard]] bool Read(std::string_view routine, const std::function<void()>& reading) const;
-    [[nodiscard]] bool ReadFromOpenSource(const std::function<void()>& reading) const;
+    [[nodiscard]] ReadingEnd Read(std::string_view routine, const std::function<void()>& reading) const;
+    [[nodiscard]] ReadingEnd ReadFromOpenSource(const std::function<void()>& reading) const;
     void ShowTables(std::vector<ListRow> tables);
     void ReadFields(std::string_view routine);
     void ShowFields(const std::vector<CatalogField>& fields);
     void ShowJoins(const std::vector<CatalogField>& fields);
     void AddPresentFields();
+    void LeaveTable();
+    void TickAgain();
     [[nodiscard]] bool IsPresentTable() const;
+    [[nodiscard]] bool IsPresentJoin() const;
+    void StoreJoin(TTCProperty& property) const;
+    void StoreFields(KZMClass& item, TTCProperty& property) const;
     [[nodiscard]] bool IsAliasTaken(std::size_t row, std::string_view propertyName) const;
     [[nodiscard]] std::optional<Question> AliasRefusal(std::size_t row, std::string_view propertyName) const;
 
@@ -104,8 +129,9 @@ class LookupPage
     std::vector<ListRow> joins_;
     std::size_t join_ = 0;
     std::vector<LookupFieldRow> rows_;
-    bool loaded_ = false;     // or it was tried
-    bool fieldsRead_ = false; // of the table that is chosen
+    std::map<std::string, std::vector<LookupFieldRow>, std::less<>> left_; // by the name of their table
+    bool loaded_ = false;                                                  // or it was tried and failed
+    bool fieldsRead_ = false;                                              // of the table that is chosen
 };
 
 } // namespace veldrane

@@ -1,7 +1,6 @@
 #include "editors/member_preview.h"
 
 #include "datasource/builtin_members.h"
-#include "editors/told_text.h"
 #include "generator/property_routines.h"
 #include "generator/writers.h"
 #include "model/working_copy.h"
@@ -19,13 +18,19 @@ class UnheardErrors : public ErrorReport
     void ReportError(const RuntimeError& /*error*/, const ErrorPlace& /*place*/) override {}
 };
 
+class UnheardMessages : public Messages
+{
+  public:
+    Answer Ask(const Question& question) override { return question.Default; }
+};
+
 // Calls `write` with the lines to write into, and the class that they are about.
 template <class Write>
 TTCOutputs Written(const PreviewSource& source, KZMClass& owner, Write&& write)
 {
     const GenerationSettings& settings = source.Generation.Settings;
     TTCOutputs lines(settings.Colors);
-    HeardMessages asking;
+    UnheardMessages asking;
     UnheardErrors errors;
     std::string errorText;
     const ChildIndex children(source.Classes);
@@ -40,7 +45,7 @@ template <class Accept>
 std::shared_ptr<KZMClass> CopyWith(const KZMClass& owner, const text::CodePage& codePage, Accept&& accept)
 {
     std::shared_ptr<KZMClass> copy = WorkingCopy(owner);
-    HeardMessages asking;
+    UnheardMessages asking;
     UnheardErrors errors;
     ClassEdit edit{.Class = *copy, .Messages = asking, .Errors = errors, .CodePage = codePage};
     accept(edit);

@@ -2,7 +2,6 @@
 
 #include "datasource/naming.h"
 #include "editors/put_member.h"
-#include "editors/told_text.h"
 #include "text/case_folding.h"
 
 #include <algorithm>
@@ -31,15 +30,27 @@ bool IsBorne(const KZMClass& item, const TTCProperty* except, std::string_view n
                        [&](const ttcEvent& each) { return isNamed(each.EventName); });
 }
 
+Question InvalidName()
+{
+    return {.Title = "Invalid Property Name",
+            .Text = "Invalid Property Name. Please enter a valid name.",
+            .Icon = MessageIcon::Warning};
+}
+
 } // namespace
 
 std::optional<Question> SpellingRefusal(std::string_view name, const text::CodePage& codePage)
 {
     if (name.find_first_of(kNameDelimiters) != std::string_view::npos)
-        return Question{.Title = "Invalid Property Name",
-                        .Text = "Invalid Property Name. Please enter a valid name.",
-                        .Icon = MessageIcon::Warning};
-    return WhatIsTold([&](Messages& messages) { static_cast<void>(FitsProject(name, codePage, messages)); });
+        return InvalidName();
+    return NotWritable(name, codePage);
+}
+
+std::optional<Question> AliasSpellingRefusal(std::string_view alias, const text::CodePage& codePage)
+{
+    if (auto refusal = SpellingRefusal(alias, codePage))
+        return refusal;
+    return InvalidNameText(alias).empty() ? UnfitName(alias, codePage) : InvalidName();
 }
 
 TypedName PropertyNameRules(const ClassEdit& edit, std::string before)

@@ -17,6 +17,10 @@ namespace veldrane {
 // the project's files can't. None if there is nothing of the kind; cleaning may still change the name.
 [[nodiscard]] std::optional<Question> SpellingRefusal(std::string_view name, const text::CodePage& codePage);
 
+// The same for the name of a lookup's field. Nothing cleans it, so that one which cleaning would change is refused; and
+// one that is longer than names may be.
+[[nodiscard]] std::optional<Question> AliasSpellingRefusal(std::string_view alias, const text::CodePage& codePage);
+
 // The rules for the name of a property of the class, called `before` in it, or "" if it is a new one.
 [[nodiscard]] TypedName PropertyNameRules(const ClassEdit& edit, std::string before);
 

@@ -404,6 +404,40 @@ TEST_F(FieldPropertiesTest, ATableThatIsNotListedIsRefused)
     EXPECT_EQ(Saved(), before);
 }
 
+TEST_F(FieldPropertiesTest, OKChoosesTheTableThatIsTyped)
+{
+    form.tabMain_Click(FieldTab::Lookup);
+    form.Lookup.cmbTable_Change("customers");
+    EXPECT_TRUE(form.cmdOK_Click());
+    EXPECT_EQ(city->LookupTable, "Customers");
+    EXPECT_EQ(city->LookupJoinField, "ID");
+}
+
+TEST_F(FieldPropertiesTest, ATypedTableThatCantBeJoinedIsSeenBeforeTheDialogGoes)
+{
+    catalog.Add("Codes").Fields = {Field("Code", adVarWChar, 5)};
+    form.tabMain_Click(FieldTab::Lookup);
+    form.Lookup.cmbTable_Change("codes");
+    EXPECT_FALSE(form.cmdOK_Click());
+    EXPECT_THAT(focused, ElementsAre("cmbTable"));
+    EXPECT_NE(form.Trouble("cmbField"), "");
+    EXPECT_TRUE(form.cmdOK_Click());
+    EXPECT_EQ(city->LookupTable, "");
+}
+
+TEST_F(FieldPropertiesTest, AJoinFieldThatTheProjectCantHoldIsRefused)
+{
+    catalog.Content["Customers"].Fields = {IdentityField("Αριθμός")};
+    form.tabMain_Click(FieldTab::Lookup);
+    form.Lookup.cmbTable_Click(1);
+    EXPECT_FALSE(form.cmdOK_Click());
+    EXPECT_THAT(focused, ElementsAre("cmbField"));
+    ASSERT_EQ(messages.Asked().size(), 1U);
+    EXPECT_EQ(messages.Asked()[0].Title, "Name Not Writable");
+    EXPECT_EQ(messages.Asked()[0].Text, form.Trouble("cmbField"));
+    EXPECT_EQ(city->LookupTable, "");
+}
+
 TEST_F(FieldPropertiesTest, ATableThatCantBeJoinedIsToldBesideItsBox)
 {
     catalog.Add("Codes").Fields = {Field("Code", adVarWChar, 5)};

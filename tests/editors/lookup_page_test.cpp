@@ -214,19 +214,87 @@ TEST_F(LookupPageTest, AReadingThatIsCancelledIsNoFailure)
     EXPECT_THAT(errors.Reported, IsEmpty());
 }
 
+TEST_F(LookupPageTest, AReadingThatIsCancelledCanBeTriedAgain)
+{
+    catalog.CancelledCall = "Tables";
+    LookupPage page = LoadedPage();
+    catalog.CancelledCall = "Fields";
+    page.Load();
+    EXPECT_EQ(page.Tables().size(), 4U);
+    Choose(page, "Customers");
+    EXPECT_THAT(page.lstFields(), IsEmpty());
+    EXPECT_EQ(page.JoinTrouble(), "The fields of 'Customers' were not read: the lookup stays as it was. Choose the "
+                                  "table again to read them.");
+    catalog.CancelledCall = "";
+    Choose(page, "Customers");
+    EXPECT_EQ(page.lstFields().size(), 4U);
+    EXPECT_EQ(page.JoinTrouble(), "");
+}
+
+TEST_F(LookupPageTest, WhereTheFieldsCouldNotBeReadNoFieldIsMissed)
+{
+    LookupPage page = LoadedPage();
+    catalog.Failures["Fields"] = data_source_error::kFailed;
+    Choose(page, "Customers");
+    EXPECT_EQ(page.JoinTrouble(), "The fields of 'Customers' were not read: the lookup stays as it was. Choose the "
+                                  "table again to read them.");
+}
+
+TEST_F(LookupPageTest, ATableThatIsPassedOnTheWayKeepsItsTicks)
+{
+    LookupPage page = LoadedPage();
+    Choose(page, "Customers");
+    page.lstFields_ItemCheck({0, 2}, true);
+    page.lstFields_AfterLabelEdit(0, "Surname");
+    Choose(page, "Codes");
+    EXPECT_THAT(Fields(page), ElementsAre("Code:Code:String"));
+    Choose(page, "Customers");
+    EXPECT_THAT(Fields(page),
+                ElementsAre("+Last_Name:Surname:String", "Order:Order:String", "+Born On:BornOn:Date", "Odd:Odd:"));
+    Choose(page, "<none>");
+    catalog.Content["Customers"].Fields.pop_back();
+    Choose(page, "Customers");
+    EXPECT_THAT(Fields(page), ElementsAre("Last_Name:LastName:String", "Order:Order:String", "Born On:BornOn:Date"));
+}
+
+TEST_F(LookupPageTest, ThePresentLookupIsFoundInAnyLetterCaseAndKeepsItsOwn)
+{
+    customer->LookupTable = "CUSTOMERS";
+    customer->LookupJoinField = "id";
+    AddLookup(*customer, "last_name", "Surname");
+    const std::string before = Saved();
+    const LookupPage page = LoadedPage();
+    EXPECT_THAT(Fields(page),
+                ElementsAre("+last_name:Surname:String", "Order:Order:String", "Born On:BornOn:Date", "Odd:Odd:"));
+    page.Store(*item, *customer);
+    EXPECT_EQ(Saved(), before);
+}
+
+TEST_F(LookupPageTest, OfTwoFieldsThatDifferInLetterCaseThePresentOneIsTaken)
+{
+    catalog.Content["Customers"].Fields = {IdentityField("ID"), IdentityField("id"), Field("Name", adVarWChar, 50),
+                                           Field("name", adVarWChar, 50)};
+    customer->LookupTable = "Customers";
+    customer->LookupJoinField = "id";
+    AddLookup(*customer, "name", "Surname");
+    LookupPage page = LoadedPage();
+    EXPECT_EQ(page.cmbField(), 2U);
+    EXPECT_THAT(Fields(page), ElementsAre("Name:Name:String", "+name:Surname:String"));
+    page.cmbField_Click(1);
+    page.Store(*item, *customer);
+    EXPECT_EQ(customer->LookupJoinField, "ID");
+}
+
 TEST_F(LookupPageTest, WhatIsTypedHasToBeTheNameOfATable)
 {
     LookupPage page = LoadedPage();
     EXPECT_EQ(page.cmbTable_Text(), "<none>");
-    for (const char* typed : {"Custom", ""}) {
-        page.cmbTable_Change(typed);
-        EXPECT_EQ(page.cmbTable_Text(), typed);
-        EXPECT_EQ(page.TableName(), "<none>");
-        ASSERT_TRUE(page.TableRefusal().has_value());
-        EXPECT_EQ(page.TableRefusal()->Title, "Invalid Lookup Table");
-        EXPECT_EQ(page.TableRefusal()->Text,
-                  "No table or view of this name is listed. Please choose one from the list.");
-    }
+    page.cmbTable_Change("Custom");
+    EXPECT_EQ(page.cmbTable_Text(), "Custom");
+    EXPECT_EQ(page.TableName(), "<none>");
+    ASSERT_TRUE(page.TableRefusal().has_value());
+    EXPECT_EQ(page.TableRefusal()->Title, "Invalid Lookup Table");
+    EXPECT_EQ(page.TableRefusal()->Text, "No table or view of this name is listed. Please choose one from the list.");
     page.cmbTable_Change("customers");
     EXPECT_FALSE(page.TableRefusal().has_value());
     Choose(page, "Customers");
@@ -234,6 +302,29 @@ TEST_F(LookupPageTest, WhatIsTypedHasToBeTheNameOfATable)
     Choose(page, "Customers");
     EXPECT_EQ(page.cmbTable_Text(), "Customers");
     EXPECT_FALSE(page.TableRefusal().has_value());
+}
+
+TEST_F(LookupPageTest, ATypedTableIsChosenWhenItIsWanted)
+{
+    LookupPage page = LoadedPage();
+    page.cmbTable_Change("customers");
+    EXPECT_TRUE(page.ChooseTypedTable());
+    EXPECT_EQ(page.TableName(), "Customers");
+    EXPECT_EQ(page.cmbTable_Text(), "Customers");
+    EXPECT_EQ(page.lstFields().size(), 4U);
+    EXPECT_FALSE(page.ChooseTypedTable());
+}
+
+TEST_F(LookupPageTest, AnEmptyBoxIsNoTable)
+{
+    GiveLookup();
+    LookupPage page = LoadedPage();
+    page.cmbTable_Change("");
+    EXPECT_FALSE(page.TableRefusal().has_value());
+    EXPECT_TRUE(page.ChooseTypedTable());
+    EXPECT_EQ(page.cmbTable_Text(), "<none>");
+    page.Store(*item, *customer);
+    EXPECT_EQ(customer->LookupTable, "");
 }
 
 TEST_F(LookupPageTest, ChoosingTheTableAgainKeepsWhatWasTicked)
@@ -310,11 +401,11 @@ TEST_F(LookupPageTest, AnAliasThatAnotherMemberHasIsRefused)
                              "enter another name.";
     EXPECT_EQ(page.Trouble(0, "CustomerID"), "");
     EXPECT_EQ(page.Trouble(1, "CustomerID"), text);
-    ASSERT_TRUE(page.Refusal("CustomerID").has_value());
-    EXPECT_EQ(page.Refusal("CustomerID")->Text, text);
+    ASSERT_TRUE(page.FieldsRefusal("CustomerID").has_value());
+    EXPECT_EQ(page.FieldsRefusal("CustomerID")->Text, text);
     page.lstFields_AfterLabelEdit(1, "CustomerOrder");
     EXPECT_EQ(page.Trouble(1, "CustomerID"), "");
-    EXPECT_FALSE(page.Refusal("CustomerID").has_value());
+    EXPECT_FALSE(page.FieldsRefusal("CustomerID").has_value());
     EXPECT_THAT(Members(), ElementsAre("CustomerID", "order"));
 }
 
@@ -362,7 +453,34 @@ TEST_F(LookupPageTest, AnAliasWithAForbiddenCharacterIsKeptAndRefused)
     page.lstFields_AfterLabelEdit(0, "Last Name");
     EXPECT_EQ(page.lstFields().front().PropertyName, "Last Name");
     EXPECT_EQ(page.Trouble(0, "CustomerID"), "Invalid Property Name. Please enter a valid name.");
-    EXPECT_EQ(page.Refusal("CustomerID")->Title, "Invalid Property Name");
+    EXPECT_EQ(page.FieldsRefusal("CustomerID")->Title, "Invalid Property Name");
+}
+
+TEST_F(LookupPageTest, AnAliasThatIsNoNameOnceItsUnderscoresAreGoneIsRefused)
+{
+    catalog.Content["Customers"].Fields = {IdentityField("ID"), Field("_2nd", adDate), Field("_", adDate),
+                                           Field("_Date", adDate)};
+    LookupPage page = LoadedPage();
+    Choose(page, "Customers");
+    EXPECT_THAT(Fields(page), ElementsAre("_2nd:2nd:Date", "_::Date", "_Date:Date:Date"));
+    page.lstFields_ItemCheck({0, 1, 2}, true);
+    for (const std::size_t row : {0U, 1U, 2U})
+        EXPECT_EQ(page.Trouble(row, "CustomerID"), "Invalid Property Name. Please enter a valid name.") << row;
+    page.lstFields_ItemCheck({0, 1}, false);
+    EXPECT_EQ(page.FieldsRefusal("CustomerID")->Title, "Invalid Property Name");
+    page.lstFields_AfterLabelEdit(2, "DateOfIt");
+    EXPECT_FALSE(page.FieldsRefusal("CustomerID").has_value());
+}
+
+TEST_F(LookupPageTest, AnAliasIsNoLongerThanNamesMayBe)
+{
+    LookupPage page = LoadedPage();
+    Choose(page, "Customers");
+    page.lstFields_ItemCheck({0}, true);
+    page.lstFields_AfterLabelEdit(0, std::string(255, 'N'));
+    EXPECT_EQ(page.Trouble(0, "CustomerID"), "");
+    page.lstFields_AfterLabelEdit(0, std::string(256, 'N'));
+    EXPECT_EQ(page.FieldsRefusal("CustomerID")->Title, "Name Too Long");
 }
 
 TEST_F(LookupPageTest, AReservedAliasIsMadeLegalAndTold)
@@ -383,14 +501,23 @@ TEST_F(LookupPageTest, NamesThatTheProjectCantHoldAreRefused)
     catalog.Content["Customers"].Fields.push_back(Field("Όνομα", adVarWChar));
     LookupPage page = LoadedPage();
     Choose(page, "Ελλάς");
-    ASSERT_TRUE(page.Refusal("CustomerID").has_value());
-    EXPECT_EQ(page.Refusal("CustomerID")->Title, "Name Not Writable");
+    ASSERT_TRUE(page.TableRefusal().has_value());
+    EXPECT_EQ(page.TableRefusal()->Title, "Name Not Writable");
+    EXPECT_FALSE(page.JoinRefusal().has_value());
+    page.cmbField_Click(0);
+    EXPECT_FALSE(page.TableRefusal().has_value());
     Choose(page, "Customers");
-    EXPECT_FALSE(page.Refusal("CustomerID").has_value());
+    EXPECT_FALSE(page.TableRefusal().has_value());
+    EXPECT_FALSE(page.FieldsRefusal("CustomerID").has_value());
+    catalog.Content["Codes"].Fields = {IdentityField("Κωδικός")};
     page.lstFields_ItemCheck({4}, true);
     page.lstFields_AfterLabelEdit(4, "Onoma");
-    EXPECT_EQ(page.Refusal("CustomerID")->Title, "Name Not Writable");
+    EXPECT_EQ(page.FieldsRefusal("CustomerID")->Title, "Name Not Writable");
     EXPECT_NE(page.Trouble(4, "CustomerID"), "");
+    Choose(page, "Codes");
+    EXPECT_FALSE(page.TableRefusal().has_value());
+    ASSERT_TRUE(page.JoinRefusal().has_value());
+    EXPECT_EQ(page.JoinRefusal()->Title, "Name Not Writable");
 }
 
 TEST_F(LookupPageTest, RowsThatAreNotThereChangeNothing)

@@ -225,6 +225,7 @@ void FieldPropertiesDialog::ShowFieldTrouble()
 
 void FieldPropertiesDialog::GoToFieldInTrouble()
 {
+    ui_->txtFilter->clear(); // it may hide the row
     for (std::size_t row = 0; row < form_.Lookup.lstFields().size(); ++row)
         if (!form_.Trouble(row).empty())
             return ui_->lstFields->SelectRow(row);

@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QCompleter>
 #include <QTabWidget>
+#include <QWheelEvent>
 
 namespace veldrane::testing {
 namespace {
@@ -477,6 +478,51 @@ TEST_F(TheFieldWindow, FiltersTheFields)
     Type(window, "txtFilter", "");
     EXPECT_THAT(Rows("lstFields"),
                 ElementsAre("Last_Name String LastName", "Region String Region", "+Born On Date BornOn"));
+}
+
+TEST_F(TheFieldWindow, ShowsTheFieldInTroubleThoughItWasFilteredOut)
+{
+    AddMethod("Region");
+    QWidget& window = ShowLookup("Customers");
+    List("lstFields").selectAll();
+    QTest::keyClick(&List("lstFields"), Qt::Key_Space);
+    Type(window, "txtFilter", "Born");
+    Click(window, "cmdOK");
+    EXPECT_EQ(Focused(), "lstFields");
+    EXPECT_EQ(Rows("lstFields").size(), 3U);
+    EXPECT_EQ(List("lstFields").CurrentRow(), 1U);
+    EXPECT_THAT(Told("lblFieldsTrouble"), HasSubstr("'Region' conflicts"));
+}
+
+TEST_F(TheFieldWindow, ShowsThePresentLookupWithItsIconsOnceTheyAreRead)
+{
+    catalog = FakeCatalog();
+    city->LookupTable = "Only";
+    catalog.Add("Only", "VIEW").Fields = {IdentityField("ID")};
+    Show();
+    const QImage unread = Combo("cmbTable").itemIcon(1).pixmap(16).toImage();
+    ShowTab(FieldTab::Lookup);
+    EXPECT_EQ(Combo("cmbTable").itemText(1), u"Only"_s);
+    EXPECT_NE(Combo("cmbTable").itemIcon(1).pixmap(16).toImage(), unread);
+}
+
+TEST_F(TheFieldWindow, ChoosesNoTableByTheWheelThatPassesOverTheirBox)
+{
+    QWidget& window = ShowLookup("Customers");
+    QComboBox& box = Combo("cmbTable");
+    const auto turn = [&] {
+        const QPointF at = box.rect().center();
+        QWheelEvent down(at, box.mapToGlobal(at), {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                         false);
+        QApplication::sendEvent(&box, &down);
+    };
+    Find<QLineEdit>(window, "txtFilter").setFocus();
+    turn();
+    EXPECT_EQ(form->Lookup.TableName(), "Customers");
+    EXPECT_FALSE(box.hasFocus());
+    box.setFocus();
+    turn();
+    EXPECT_EQ(form->Lookup.TableName(), "Customer Groups");
 }
 
 TEST_F(TheFieldWindow, KeepsALookupWhoseDataSourceCantBeReached)

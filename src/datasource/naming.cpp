@@ -125,15 +125,23 @@ bool HasControlCharacter(std::string_view text)
     });
 }
 
+std::string UnwritablePart(std::string_view text, const text::CodePage& codePage)
+{
+    if (HasControlCharacter(text))
+        return "a control character in it";
+    return codePage.Holds(text) ? "" : "letters that code page " + std::to_string(codePage.Number()) + " lacks";
+}
+
 std::string NotWritableText(std::string_view name, const text::CodePage& codePage)
 {
-    if (HasControlCharacter(name))
-        return "The name '" + std::string(name) +
-               "' has a control character in it, so it can't enter the project. Rename it.";
-    if (codePage.Holds(name))
+    const std::string part = UnwritablePart(name, codePage);
+    if (part.empty())
         return {};
-    return "The name '" + std::string(name) + "' has letters that code page " + std::to_string(codePage.Number()) +
-           " lacks, so it can't enter the project. Rename it, or set another code page with CodePage in the section Platform of the settings.";
+    const std::string remedy =
+        HasControlCharacter(name)
+            ? "Rename it."
+            : "Rename it, or set another code page with CodePage in the section Platform of the settings.";
+    return "The name '" + std::string(name) + "' has " + part + ", so it can't enter the project. " + remedy;
 }
 
 std::optional<Question> NotWritable(std::string_view name, const text::CodePage& codePage)

@@ -44,6 +44,10 @@ inline constexpr std::string_view kTableNameDelimiters = "~`!@#$%^&*()-=+\\|]}[{
 // Whether a text has a control character in it: a project file ends a value at a line break or a separator.
 [[nodiscard]] bool HasControlCharacter(std::string_view text);
 
+// What there is in a text that no project can hold: "a control character in it", or "letters that code page 1252
+// lacks"; "" if a project can hold all of it.
+[[nodiscard]] std::string UnwritablePart(std::string_view text, const text::CodePage& codePage);
+
 // Why no project can hold the name, in words; "" if one can. The title is that of the box that says so.
 inline constexpr std::string_view kNotWritableTitle = "Name Not Writable";
 [[nodiscard]] std::string NotWritableText(std::string_view name, const text::CodePage& codePage);

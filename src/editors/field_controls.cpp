@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace veldrane {
 namespace {
@@ -42,8 +43,19 @@ void FieldControls::cmbDataType_Click(std::size_t row)
         return;
     type_ = row;
     FollowType();
-    if (!enabled_.tabFormatting)
-        chkFormatOnGet = chkFormatOnLet = false;
+    FollowFormats();
+}
+
+// Whoever goes through the types by a key passes those that are not formatted.
+void FieldControls::FollowFormats()
+{
+    if (enabled_.tabFormatting) {
+        chkFormatOnGet |= std::exchange(setAsideOnGet_, false);
+        chkFormatOnLet |= std::exchange(setAsideOnLet_, false);
+    } else {
+        setAsideOnGet_ |= std::exchange(chkFormatOnGet, false);
+        setAsideOnLet_ |= std::exchange(chkFormatOnLet, false);
+    }
 }
 
 void FieldControls::FollowType()

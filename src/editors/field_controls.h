@@ -50,6 +50,7 @@ class FieldControls
 
   private:
     void FollowType();
+    void FollowFormats();
     void DisableLength();
 
     std::vector<TypeItem> types_;
@@ -58,6 +59,8 @@ class FieldControls
     bool nullable_ = false;
     bool letSet_ = false;
     bool enforce_ = false;
+    bool setAsideOnGet_ = false; // the boxes for formats, until a type comes that is formatted
+    bool setAsideOnLet_ = false;
     EnabledControls enabled_;
 };
 

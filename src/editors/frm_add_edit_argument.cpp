@@ -106,12 +106,7 @@ std::string frmAddEditArgument::DataTypeHint() const
 // A project file ends a value at a line break, and the rest of it could be read as anything.
 std::string frmAddEditArgument::DefaultValueTrouble() const
 {
-    const text::CodePage& codePage = surroundings_.Edit.CodePage;
-    std::string fault;
-    if (HasControlCharacter(txtDefaultValue))
-        fault = "a control character in it";
-    else if (!codePage.Holds(txtDefaultValue))
-        fault = "letters that code page " + std::to_string(codePage.Number()) + " lacks";
+    const std::string fault = UnwritablePart(txtDefaultValue, surroundings_.Edit.CodePage);
     if (!isOptional_ || fault.empty())
         return {};
     return "The default value '" + txtDefaultValue + "' has " + fault +

@@ -108,6 +108,22 @@ TEST(FieldControlsTest, ATypeThatIsNotFormattedClearsBothBoxes)
     EXPECT_FALSE(controls.chkFormatOnGet || controls.chkFormatOnLet);
 }
 
+TEST(FieldControlsTest, ATypeThatIsNotFormattedIsPassedWithoutALoss)
+{
+    TTCProperty property = PropertyOfType("Long");
+    property.FormatOnLet = true;
+    FieldControls controls(property);
+    Choose(controls, "Object");
+    Choose(controls, "Class");
+    EXPECT_FALSE(controls.chkFormatOnGet || controls.chkFormatOnLet);
+    Choose(controls, "Single");
+    EXPECT_TRUE(controls.chkFormatOnLet);
+    EXPECT_FALSE(controls.chkFormatOnGet);
+    controls.chkFormatOnLet = false;
+    Choose(controls, "Date");
+    EXPECT_FALSE(controls.chkFormatOnLet);
+}
+
 TEST(FieldControlsTest, NothingIsClearedBeforeATypeIsChosen)
 {
     TTCProperty property = PropertyOfType("Object");

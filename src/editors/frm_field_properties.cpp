@@ -6,27 +6,13 @@
 #include "editors/put_member.h"
 #include "editors/sample_format.h"
 #include "model/working_copy.h"
-#include "text/conversion.h"
-#include "text/runtime_error.h"
 
-#include <cstdint>
 #include <optional>
 
 namespace veldrane {
 namespace {
 
 constexpr std::string_view kForm = "frmFieldProperties";
-
-// None for a text that is no length.
-std::optional<std::int32_t> LengthOf(const std::string& text)
-{
-    try {
-        const std::int32_t length = text::ToLong(text);
-        return length >= 0 ? std::optional(length) : std::nullopt;
-    } catch (const RuntimeError&) {
-        return std::nullopt;
-    }
-}
 
 } // namespace
 
@@ -56,35 +42,6 @@ void frmFieldProperties::tabMain_Click(FieldTab tab)
         Lookup.Load();
 }
 
-// A length that can't be typed now is nobody's fault.
-std::optional<Question> frmFieldProperties::LengthRefusal() const
-{
-    if (!Data.Enabled().txtMaxLength || LengthOf(Data.txtMaxLength))
-        return std::nullopt;
-    return Question{.Title = "Invalid Maximum Length",
-                    .Text = "Invalid Maximum Length. Please enter a whole number from 0 to 2147483647.",
-                    .Icon = MessageIcon::Warning};
-}
-
-std::string frmFieldProperties::Trouble(std::string_view control) const
-{
-    if (control == "txtPropertyName")
-        return NameTrouble(txtPropertyName, NameRules());
-    if (control == "txtMaxLength")
-        return LengthRefusal().value_or(Question{}).Text;
-    if (control == "cmbTable")
-        return Lookup.TableRefusal().value_or(Question{}).Text;
-    if (control != "cmbField")
-        return {};
-    const auto refusal = Lookup.JoinRefusal();
-    return refusal ? refusal->Text : Lookup.JoinTrouble();
-}
-
-std::string frmFieldProperties::Trouble(std::size_t lookupRow) const
-{
-    return Lookup.Trouble(lookupRow, MakeValidName(txtPropertyName));
-}
-
 TTCOutputs frmFieldProperties::Preview() const
 {
     const KZMClass& item = surroundings_.Edit.Class;
@@ -111,7 +68,9 @@ bool frmFieldProperties::MayStore()
         FocusWanted.Raise("txtPropertyName");
         return false;
     }
-    return !Refused(LengthRefusal(), "txtMaxLength") && MayStoreLookup();
+    return !Refused(LengthRefusal(), "txtMaxLength") && MayStoreLookup() &&
+           !Refused(FormatRefusal(FormatOnGet()), "cmbFormatGet") &&
+           !Refused(FormatRefusal(FormatOnLet()), "cmbFormatLet");
 }
 
 // Where a table that was only typed is chosen now and can't be joined, the person has yet to see it.
@@ -148,7 +107,7 @@ void frmFieldProperties::Store(KZMClass& item, TTCProperty& target) const
     target.PropertyGet = chkPropertyGet;
     target.PropertyLetSet = Data.chkPropertyLetSet();
     target.EnforceMaxLength = Data.chkEnforceMaxLength();
-    target.MaxLength = LengthOf(Data.txtMaxLength).value_or(target.MaxLength);
+    target.MaxLength = MaxLength().value_or(target.MaxLength);
     target.Scope = "Public";
     target.FormatOnGet = Data.chkFormatOnGet;
     target.FormatStringOnGet = Formatting.cmbFormatGet();

@@ -8,7 +8,9 @@
 #include "generator/outputs.h"
 #include "model/signal.h"
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -55,9 +57,9 @@ class frmFieldProperties
     // A tab has come to the front. The lists of the lookup are read when they are wanted first.
     void tabMain_Click(FieldTab tab);
 
-    // What is wrong with what a control holds, in the words that OK tells; "" if nothing. `control` is
-    // "txtPropertyName", "txtMaxLength", "cmbTable" or "cmbField"; that a table can't be joined is told here alone and
-    // keeps nobody from OK.
+    // What is wrong with what a control holds, in the words that OK tells; "" if nothing. Hints are told here alone and
+    // keep nobody from OK: of a type that can't be Null, a maximum of 0, a message without a maximum, a table that
+    // can't be joined, and a format string that is not used or that generated code can't have.
     [[nodiscard]] std::string Trouble(std::string_view control) const;
 
     // The same for a row of `lstFields`.
@@ -76,7 +78,26 @@ class frmFieldProperties
     bool MayStore();
     bool MayStoreLookup();
     [[nodiscard]] TypedName NameRules() const { return PropertyNameRules(surroundings_.Edit, property_->PropertyName); }
+    // A format string and its box.
+    struct UsedFormat
+    {
+        const std::string& Text;
+        bool IsTicked = false;
+        bool CanBeTicked = true;
+    };
+    [[nodiscard]] UsedFormat FormatOnGet() const;
+    [[nodiscard]] UsedFormat FormatOnLet() const;
+
+    [[nodiscard]] std::optional<std::int32_t> MaxLength() const; // none for a text that is no length
     [[nodiscard]] std::optional<Question> LengthRefusal() const;
+    [[nodiscard]] std::optional<Question> FormatRefusal(const UsedFormat& format) const;
+
+    [[nodiscard]] std::string NameTroubleText() const;
+    [[nodiscard]] std::string NullHint() const;
+    [[nodiscard]] std::string LengthTrouble() const;
+    [[nodiscard]] std::string MessageHint() const;
+    [[nodiscard]] std::string JoinTrouble() const;
+    [[nodiscard]] std::string FormatTrouble(const UsedFormat& format) const;
     void Store(KZMClass& item, TTCProperty& target) const;
 
     MemberSurroundings surroundings_;

@@ -3,6 +3,9 @@
 #include "property_fixture.h"
 #include "text/strings.h"
 
+#include <array>
+#include <functional>
+
 namespace veldrane {
 namespace {
 
@@ -257,7 +260,7 @@ TEST_F(FieldPropertiesTest, ANameThatTheProjectCantHoldIsRefused)
 TEST_F(FieldPropertiesTest, ALengthThatIsNoneIsRefused)
 {
     const std::string before = Saved();
-    for (const char* text : {"", "many", "-1", "2147483648", "99999999999999999999", "1e3"}) {
+    for (const char* text : {"", "many", "-1", "2147483648", "99999999999999999999", "1e3", "7.5"}) {
         messages.Forget();
         form.txtPropertyName = "Town";
         form.Data.txtMaxLength = text;
@@ -283,6 +286,136 @@ TEST_F(FieldPropertiesTest, ALengthThatCantBeTypedKeepsNobody)
     EXPECT_EQ(form.Trouble("txtMaxLength"), "");
     EXPECT_TRUE(form.cmdOK_Click());
     EXPECT_EQ(city->MaxLength, 50);
+}
+
+TEST_F(FieldPropertiesTest, AMaximumOfNothingIsToldAndTaken)
+{
+    form.Data.txtMaxLength = "0";
+    EXPECT_EQ(form.Trouble("txtMaxLength"), "A maximum of 0 leaves nothing of any text.");
+    EXPECT_TRUE(form.cmdOK_Click());
+    EXPECT_EQ(city->MaxLength, 0);
+    city->FieldDataType = "GUID";
+    EXPECT_EQ(form.Trouble("txtMaxLength"), "");
+    city->FieldDataType = "VarWChar";
+    form.Data.chkEnforceMaxLength_Click(false);
+    EXPECT_EQ(form.Trouble("txtMaxLength"), "");
+}
+
+TEST_F(FieldPropertiesTest, AMessageWithoutAMaximumIsTold)
+{
+    form.Data.chkDisplayTruncationMessage = true;
+    EXPECT_EQ(form.Trouble("chkDisplayTruncationMessage"), "");
+    form.Data.chkEnforceMaxLength_Click(false);
+    EXPECT_EQ(form.Trouble("chkDisplayTruncationMessage"),
+              "Without a maximum the message shows whenever the property is assigned. To clear it, enforce a maximum "
+              "first.");
+    project.MakeWebCompatible = true;
+    EXPECT_EQ(form.Trouble("chkDisplayTruncationMessage"), "");
+    project.MakeWebCompatible = false;
+    form.Data.chkPropertyLetSet_Click(false);
+    EXPECT_EQ(form.Trouble("chkDisplayTruncationMessage"), "");
+    form.Data.chkPropertyLetSet_Click(true);
+    EXPECT_EQ(form.Trouble("chkDisplayTruncationMessage"),
+              "Without a maximum the message shows whenever the property is assigned.");
+    form.Data.cmbDataType_Click(RowOfType(form.Data.Types(), "Long"));
+    EXPECT_EQ(form.Trouble("chkDisplayTruncationMessage"), "");
+}
+
+TEST_F(FieldPropertiesTest, ANullablePropertyOfAnotherTypeIsToldAndTaken)
+{
+    form.Data.chkIsNullable_Click(true);
+    EXPECT_EQ(form.Trouble("cmbDataType"), "");
+    form.Data.cmbDataType_Click(RowOfType(form.Data.Types(), "Long"));
+    EXPECT_EQ(form.Trouble("cmbDataType"), "Only a Variant can be Null.");
+    EXPECT_TRUE(form.cmdOK_Click());
+    city->DataType = "";
+    EXPECT_EQ(frmFieldProperties(surroundings, city).Trouble("cmbDataType"), "");
+}
+
+TEST_F(FieldPropertiesTest, AFormatStringThatTheProjectCantHoldIsRefusedWhereItIsUsed)
+{
+    const std::string before = Saved();
+    form.Formatting.cmbFormatLet_Change("Ω@");
+    EXPECT_EQ(form.Trouble("cmbFormatLet"), "Unless its box is ticked, the format string is neither used nor saved.");
+    form.Data.chkFormatOnLet = true;
+    const std::string text = "The format string 'Ω@' has letters that code page 1252 lacks, so it can't enter the "
+                             "project. Please enter another one.";
+    EXPECT_EQ(form.Trouble("cmbFormatLet"), text);
+    EXPECT_FALSE(form.cmdOK_Click());
+    EXPECT_THAT(Boxes(), ElementsAre("Invalid Format String|" + text));
+    EXPECT_THAT(focused, ElementsAre("cmbFormatLet"));
+    EXPECT_EQ(Saved(), before);
+    form.Data.chkFormatOnGet = true;
+    form.Formatting.cmbFormatGet_Change("@\n@");
+    EXPECT_FALSE(form.cmdOK_Click());
+    EXPECT_EQ(focused.back(), "cmbFormatGet");
+    EXPECT_EQ(form.Trouble("cmbFormatGet"), "The format string '@\n@' has a control character in it, so it can't enter "
+                                            "the project. Please enter another one.");
+    form.Data.chkFormatOnGet = form.Data.chkFormatOnLet = false;
+    EXPECT_TRUE(form.cmdOK_Click());
+}
+
+TEST_F(FieldPropertiesTest, AQuoteThatEndsTheFormatStringIsTold)
+{
+    const std::string text =
+        "In the generated code a double quote or a backtick ends the format string. Type it twice to have it there.";
+    form.Data.chkFormatOnGet = true;
+    for (const char* format : {"\"x\" @", "@\"", "@`", "@\"\"\""}) {
+        form.Formatting.cmbFormatGet_Change(format);
+        EXPECT_EQ(form.Trouble("cmbFormatGet"), text) << format;
+    }
+    for (const char* format : {"", "@", "\"\"x\"\" @", "``@", "\"`@"}) {
+        form.Formatting.cmbFormatGet_Change(format);
+        EXPECT_EQ(form.Trouble("cmbFormatGet"), "") << format;
+    }
+    form.Formatting.cmbFormatGet_Change("@\"");
+    EXPECT_TRUE(form.cmdOK_Click());
+}
+
+TEST_F(FieldPropertiesTest, AFormatStringThatCantBeTickedNowIsNobodysFault)
+{
+    form.Formatting.cmbFormatLet_Change(">");
+    form.Data.chkPropertyLetSet_Click(false);
+    EXPECT_EQ(form.Trouble("cmbFormatLet"), "");
+}
+
+TEST_F(FieldPropertiesTest, OKRefusesOneThingAfterAnother)
+{
+    AddMethod("Region");
+    catalog.Content["Customers"].Fields.push_back(IdentityField("Αριθμός"));
+    catalog.Add("Πελάτες").Fields = {IdentityField("ID")};
+    form.txtPropertyName = "name";
+    form.Data.txtMaxLength = "many";
+    form.tabMain_Click(FieldTab::Lookup);
+    form.Lookup.cmbTable_Click(2);
+    form.Lookup.cmbTable_Change("Nothing");
+    form.Data.chkFormatOnGet = form.Data.chkFormatOnLet = true;
+    form.Formatting.cmbFormatGet_Change("Ω");
+    form.Formatting.cmbFormatLet_Change("Ω");
+    const std::string before = Saved();
+    const auto mends = std::to_array<std::function<void()>>({
+        [&] { form.txtPropertyName = "Town"; },
+        [&] { form.Data.txtMaxLength = "7"; },
+        [&] { form.Lookup.cmbTable_Change("Πελάτες"); },
+        [&] {
+            form.Lookup.cmbTable_Click(1);
+            form.Lookup.cmbField_Click(2);
+            form.Lookup.lstFields_ItemCheck({0}, true);
+        },
+        [&] { form.Lookup.cmbField_Click(1); },
+        [&] { form.Lookup.lstFields_AfterLabelEdit(0, "CityRegion"); },
+        [&] { form.Formatting.cmbFormatGet_Change(">"); },
+        [&] { form.Formatting.cmbFormatLet_Change("<"); },
+    });
+    for (const auto& mend : mends) {
+        EXPECT_FALSE(form.cmdOK_Click());
+        EXPECT_EQ(Saved(), before);
+        mend();
+    }
+    EXPECT_TRUE(form.cmdOK_Click());
+    EXPECT_THAT(focused, ElementsAre("txtPropertyName", "txtMaxLength", "cmbTable", "cmbTable", "cmbField", "lstFields",
+                                     "cmbFormatGet", "cmbFormatLet"));
+    EXPECT_EQ(messages.Asked().size(), focused.size());
 }
 
 TEST_F(FieldPropertiesTest, AnotherDefaultIsGivenUpWithAWord)

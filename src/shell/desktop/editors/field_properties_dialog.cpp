@@ -172,6 +172,7 @@ void FieldPropertiesDialog::ShowGeneral()
     ShowText(*ui_->txtPropertyName, form_.txtPropertyName);
     ui_->lblPropertyNameTrouble->ShowTrouble(form_.Trouble("txtPropertyName"));
     ui_->cmbDataType->setCurrentIndex(static_cast<int>(controls.cmbDataType()));
+    ui_->lblDataTypeTrouble->ShowTrouble(form_.Trouble("cmbDataType"));
     ui_->chkAddFieldToClass->setChecked(form_.chkAddFieldToClass);
     ui_->chkIsNullable->setChecked(controls.chkIsNullable());
     ui_->chkPropertyGet->setChecked(form_.chkPropertyGet);
@@ -187,6 +188,7 @@ void FieldPropertiesDialog::ShowLength()
     ShowText(*ui_->txtMaxLength, controls.txtMaxLength);
     ui_->lblMaxLengthTrouble->ShowTrouble(form_.Trouble("txtMaxLength"));
     ui_->chkDisplayTruncationMessage->setChecked(controls.chkDisplayTruncationMessage);
+    ui_->lblMessageTrouble->ShowTrouble(form_.Trouble("chkDisplayTruncationMessage"));
     ui_->fraFieldLength->setEnabled(enabled.fraFieldLength);
     ui_->chkEnforceMaxLength->setEnabled(enabled.chkEnforceMaxLength);
     ui_->txtMaxLength->setEnabled(enabled.txtMaxLength);
@@ -241,6 +243,8 @@ void FieldPropertiesDialog::ShowFormatting()
     ShowText(*ui_->cmbFormatGet, form_.Formatting.cmbFormatGet());
     ShowRows(*ui_->cmbFormatLet, formats);
     ShowText(*ui_->cmbFormatLet, form_.Formatting.cmbFormatLet());
+    ui_->lblFormatGetTrouble->ShowTrouble(form_.Trouble("cmbFormatGet"));
+    ui_->lblFormatLetTrouble->ShowTrouble(form_.Trouble("cmbFormatLet"));
     ui_->chkFormatOnGet->setChecked(controls.chkFormatOnGet);
     ui_->chkFormatOnLet->setChecked(controls.chkFormatOnLet);
     ui_->chkFormatOnLet->setEnabled(controls.Enabled().chkFormatOnLet);

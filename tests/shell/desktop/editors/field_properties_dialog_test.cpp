@@ -579,6 +579,43 @@ TEST_F(TheFieldWindow, FormatsTheSampleByEachLetter)
     EXPECT_EQ(sample(), "<none>");
 }
 
+TEST_F(TheFieldWindow, GivesHintsBesideTheirFields)
+{
+    QWidget& window = Show();
+    ClickBox("chkIsNullable");
+    ChooseType(u"String"_s);
+    EXPECT_EQ(Told("lblDataTypeTrouble"), "Only a Variant can be Null.");
+    Type(window, "txtMaxLength", "0");
+    EXPECT_EQ(Told("lblMaxLengthTrouble"), "A maximum of 0 leaves nothing of any text.");
+    ClickBox("chkDisplayTruncationMessage");
+    ClickBox("chkEnforceMaxLength");
+    EXPECT_THAT(Told("lblMessageTrouble"), HasSubstr("whenever the property is assigned"));
+    Photograph(window, "frmFieldProperties-hints");
+    ShowTab(FieldTab::Formatting);
+    Type(window, "cmbFormatGet", "@\"");
+    EXPECT_THAT(Told("lblFormatGetTrouble"), HasSubstr("neither used nor saved"));
+    ClickBox("chkFormatOnGet");
+    EXPECT_THAT(Told("lblFormatGetTrouble"), HasSubstr("ends the format string"));
+    Type(window, "cmbFormatLet", ">");
+    Photograph(window, "frmFieldProperties-format-hints");
+    ClickBox("chkFormatOnLet");
+    EXPECT_EQ(Told("lblFormatLetTrouble"), "");
+    Click(window, "cmdOK");
+    EXPECT_TRUE(IsClosedBy(QDialog::Accepted));
+}
+
+TEST_F(TheFieldWindow, GoesToAFormatStringThatIsRefused)
+{
+    QWidget& window = Show();
+    ShowTab(FieldTab::Formatting);
+    ClickBox("chkFormatOnLet");
+    Combo("cmbFormatLet").setEditText(u"Ω"_s);
+    ShowTab(FieldTab::General);
+    Click(window, "cmdOK");
+    EXPECT_EQ(Tabs().currentIndex(), static_cast<int>(FieldTab::Formatting));
+    EXPECT_EQ(Focused(), "cmbFormatLet");
+}
+
 TEST_F(TheFieldWindow, OffersTheFormatsOfTheTypeAndKeepsWhatWasTyped)
 {
     QWidget& window = Show();
@@ -627,6 +664,41 @@ TEST_F(TheFieldWindow, ShowsLongTextsAndLargeLetters)
     Photograph(window, "frmFieldProperties-large-lookup");
     QApplication::setFont(usual);
     EXPECT_LT(window.width(), 1600);
+}
+
+// The words of labels and boxes that have not the room for them.
+Texts CutWords(const QWidget& window)
+{
+    Texts cut;
+    const auto look = [&](const auto& controls) {
+        for (const auto* control : controls)
+            if (control->isVisible() && control->width() < control->sizeHint().width())
+                cut.push_back(control->text().toStdString());
+    };
+    look(window.findChildren<QCheckBox*>());
+    QList<QLabel*> labels = window.findChildren<QLabel*>();
+    labels.removeIf([](const QLabel* label) { return label->wordWrap(); });
+    look(labels);
+    return cut;
+}
+
+TEST_F(TheFieldWindow, CutsNoWordsOfItsOwnAndNoLength)
+{
+    const QFont usual = QApplication::font();
+    for (const int size : {9, 16, 24}) {
+        QFont font = usual;
+        font.setPointSize(size);
+        QApplication::setFont(font);
+        QWidget& window = Show();
+        for (const FieldTab tab : {FieldTab::General, FieldTab::Lookup, FieldTab::Formatting}) {
+            ShowTab(tab);
+            EXPECT_EQ(CutWords(window), Texts()) << size;
+        }
+        const auto& length = Find<QLineEdit>(window, "txtMaxLength");
+        EXPECT_GT(length.width(), length.fontMetrics().horizontalAdvance(u"2147483647"_s) + 8) << size;
+        Photograph(window, "frmFieldProperties-" + std::to_string(size));
+    }
+    QApplication::setFont(usual);
 }
 
 } // namespace

@@ -672,7 +672,8 @@ Texts CutWords(const QWidget& window)
     Texts cut;
     const auto look = [&](const auto& controls) {
         for (const auto* control : controls)
-            if (control->isVisible() && control->width() < control->sizeHint().width())
+            if (control->isVisible() &&
+                (control->width() < control->sizeHint().width() || control->height() < control->sizeHint().height()))
                 cut.push_back(control->text().toStdString());
     };
     look(window.findChildren<QCheckBox*>());
@@ -693,9 +694,13 @@ TEST_F(TheFieldWindow, CutsNoWordsOfItsOwnAndNoLength)
         for (const FieldTab tab : {FieldTab::General, FieldTab::Lookup, FieldTab::Formatting}) {
             ShowTab(tab);
             EXPECT_EQ(CutWords(window), Texts()) << size;
+            Type(window, "cmbTable", "Nothing");
+            QApplication::processEvents();
+            EXPECT_EQ(CutWords(window), Texts()) << size;
         }
         const auto& length = Find<QLineEdit>(window, "txtMaxLength");
         EXPECT_GT(length.width(), length.fontMetrics().horizontalAdvance(u"2147483647"_s) + 8) << size;
+        ShowTab(FieldTab::Lookup);
         Photograph(window, "frmFieldProperties-" + std::to_string(size));
     }
     QApplication::setFont(usual);

@@ -194,6 +194,7 @@ class frmAddEditClass
     // What the tools do.
     void NewMember(ClassList list, bool (MemberDialogs::*add)(KZMClass&));
     void AddBuiltIn(bool (MemberDialogs::*add)(KZMClass&));
+    void ShowEdited(ClassList list, void (frmAddEditClass::*display)());
     void EditEvent();
     void EditMethod();
     void FieldProperties();

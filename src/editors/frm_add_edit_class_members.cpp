@@ -102,13 +102,25 @@ void frmAddEditClass::AddBuiltIn(bool (MemberDialogs::*add)(KZMClass&))
     Modify();
 }
 
+// A member that got another name stays selected: no two of a list have the same.
+void frmAddEditClass::ShowEdited(ClassList list, void (frmAddEditClass::*display)())
+{
+    const std::vector<MemberRow> before = Rows(list);
+    (this->*display)();
+    const std::vector<MemberRow>& rows = Rows(list);
+    const auto renamed = std::find_if(rows.begin(), rows.end(), [&](const MemberRow& row) {
+        return std::none_of(before.begin(), before.end(), [&](const MemberRow& old) { return old.Key == row.Key; });
+    });
+    if (renamed != rows.end())
+        Select(list, {static_cast<std::size_t>(renamed - rows.begin())});
+    Modify();
+}
+
 void frmAddEditClass::EditEvent()
 {
     const EventItems events = Picked(ClassList::lstEvents, EventsOf(*class_));
-    if (!world_.Members.EditEvent(*class_, events.front()))
-        return;
-    DisplayEvents();
-    Modify();
+    if (world_.Members.EditEvent(*class_, events.front()))
+        ShowEdited(ClassList::lstEvents, &frmAddEditClass::DisplayEvents);
 }
 
 void frmAddEditClass::EditMethod()
@@ -116,28 +128,22 @@ void frmAddEditClass::EditMethod()
     const std::shared_ptr<TTCMethod> method = Picked(ClassList::lstMethods, MethodsOf(*class_)).front();
     const bool isDone =
         method->MethodIsSP ? world_.Members.EditProcedure(*class_, method) : world_.Members.EditMethod(*class_, method);
-    if (!isDone)
-        return;
-    DisplayMethods();
-    Modify();
+    if (isDone)
+        ShowEdited(ClassList::lstMethods, &frmAddEditClass::DisplayMethods);
 }
 
 void frmAddEditClass::FieldProperties()
 {
     const PropertyItems properties = Picked(ClassList::lstProperties, FieldPropertiesOf(*class_));
-    if (!world_.Members.FieldProperties(*class_, properties.front()))
-        return;
-    DisplayProperties();
-    Modify();
+    if (world_.Members.FieldProperties(*class_, properties.front()))
+        ShowEdited(ClassList::lstProperties, &frmAddEditClass::DisplayProperties);
 }
 
 void frmAddEditClass::EditPlusProperty()
 {
     const PropertyItems properties = Picked(ClassList::lstPlusProperties, PlusPropertiesOf(*class_));
-    if (!world_.Members.EditProperty(*class_, properties.front()))
-        return;
-    DisplayPlusProperties();
-    Modify();
+    if (world_.Members.EditProperty(*class_, properties.front()))
+        ShowEdited(ClassList::lstPlusProperties, &frmAddEditClass::DisplayPlusProperties);
 }
 
 void frmAddEditClass::AddSP()

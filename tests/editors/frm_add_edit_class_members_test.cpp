@@ -117,7 +117,31 @@ TEST_F(ClassMembers, AnEditedMemberShowsItsNewNameAndStaysSelectedBesideIt)
     };
     Run("FieldProperties", ClassList::lstProperties, {"Note"});
     EXPECT_THAT(Texts(form_, ClassList::lstProperties), ElementsAre("OrderID", "Customer", "Remark"));
+    EXPECT_THAT(form_.Selected(ClassList::lstProperties), ElementsAre(2U));
     EXPECT_FALSE(form_.cmdCancel_Click());
+}
+
+TEST_F(ClassMembers, ARenamedMemberStaysSelectedWhereverItStandsAfterwards)
+{
+    const std::vector<std::tuple<const char*, ClassList, const char*, std::function<void(KZMClass&)>>> edits{
+        {"EditMethod", ClassList::lstMethods, "Update",
+         [](KZMClass& item) {
+             item.TTCMethods.Remove("Update");
+             item.TTCMethods.Add("Mine", false, {}, "", "Public", false, "Mine");
+         }},
+        {"EditEvent", ClassList::lstEvents, "IsModified",
+         [](KZMClass& item) { item.TTCEvents.Item("IsModified")->EventName = "Mine"; }},
+        {"EditPlusProperty", ClassList::lstPlusProperties, "Deleted",
+         [](KZMClass& item) { item.TTCProperties.Item("Deleted")->PropertyName = "Mine"; }}};
+    for (const auto& [tool, list, name, edit] : edits) {
+        Members.Do = [&change = edit](KZMClass& item) {
+            change(item);
+            return true;
+        };
+        Run(tool, list, {name});
+        ASSERT_EQ(form_.Selected(list).size(), 1U) << tool;
+        EXPECT_EQ(form_.Rows(list).at(form_.Selected(list).front()).Text, "Mine");
+    }
 }
 
 TEST_F(ClassMembers, PickedProceduresAreNamedOneAfterTheOther)

@@ -7,6 +7,11 @@
 #include <utility>
 
 namespace veldrane {
+namespace {
+
+constexpr const char* kTableNameMissing = "Invalid Table Name. Please type the new name of the table.";
+
+} // namespace
 
 frmAddEditClass::frmAddEditClass(const ClassEditorWorld& world, NewClass request)
     : world_(world), mode_(ClassMode::Add), request_(std::move(request)), class_(std::make_shared<KZMClass>())
@@ -53,6 +58,8 @@ void frmAddEditClass::txtTableName_Change(const std::string& text)
 {
     form_.TableName = text;
     class_->TableName = text == kNotApplicable ? std::string{} : text;
+    if (tableIsTyped_)
+        outcome_ = BuildOutcome::TableRenamed;
     Modify();
 }
 
@@ -90,6 +97,8 @@ void frmAddEditClass::chkNewKey_Click()
 
 std::string frmAddEditClass::Trouble(ClassField field) const
 {
+    if (field == ClassField::TableName && AwaitsTable() && class_->TableName.empty())
+        return kTableNameMissing;
     return NameTrouble(field, form_, before_, world_.Names);
 }
 
@@ -119,7 +128,7 @@ bool frmAddEditClass::cmdOK_Click()
 
 bool frmAddEditClass::Accept()
 {
-    if (AwaitsTable() && (!ReadTable() || AwaitsTable()))
+    if (!ReadTypedTable())
         return false;
     if (const NameCheck check = CheckNames(form_, before_, world_.Names); check != NameCheck::Accepted) {
         Changed.Raise();

@@ -159,6 +159,7 @@ class frmAddEditClass
     [[nodiscard]] bool ReadNewClass();
     void ReadMovedClass();
     bool ReadTable();
+    [[nodiscard]] bool ReadTypedTable();
     bool Read(const std::string& table, const std::function<bool(ClassEdit& edit)>& read);
     [[nodiscard]] bool Follow(BuildOutcome outcome, ClassEdit& edit);
     [[nodiscard]] bool AwaitsTable() const { return outcome_ == BuildOutcome::TableRenamed; }

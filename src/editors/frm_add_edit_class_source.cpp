@@ -73,11 +73,29 @@ void frmAddEditClass::ReadMovedClass()
 // What the class got from the table before stays where the data source can't be read.
 bool frmAddEditClass::ReadTable()
 {
+    const bool joinsAnew = mode_ == ClassMode::Move && AwaitsTable();
     return Read(class_->TableName, [&](ClassEdit& edit) {
         const BuildOutcome outcome = isFilled_ ? OutcomeOf(RefreshClass(edit)) : FillClass(edit, world_.Names.Classes);
         isFilled_ = isFilled_ || outcome == BuildOutcome::Built;
-        return Follow(outcome, edit);
+        if (joinsAnew && outcome == BuildOutcome::Built)
+            RefreshRelationships(edit, ParentTable());
+        return Follow(outcome, edit) && isFilled_;
     });
+}
+
+// What OK waits for: the table under the name that was typed, and the first members of a new class.
+bool frmAddEditClass::ReadTypedTable()
+{
+    if (!AwaitsTable() && isFilled_)
+        return true;
+    if (const std::string trouble = Trouble(ClassField::TableName); !trouble.empty()) {
+        Asking().Tell("Invalid Table Name", trouble, MessageIcon::Warning);
+        GoTo(NameCheck::TableNameRefused);
+        return false;
+    }
+    const bool isRead = ReadTable() && !AwaitsTable();
+    DisplayAll();
+    return isRead;
 }
 
 // Works on a copy, so that a reading which ends early leaves nothing behind. A class without a table reads nothing.
@@ -201,7 +219,9 @@ void frmAddEditClass::RefreshField()
         const bool areThere = std::all_of(properties.begin(), properties.end(), [&](const auto& property) {
             return StandsOn(edit.Class, property->FieldName);
         });
-        return Follow(outcome, edit) && outcome == BuildOutcome::Built && (areThere || !edit.FieldLeftOut);
+        if (edit.FieldLeftOut && !areThere)
+            return false;
+        return Follow(outcome, edit) && outcome == BuildOutcome::Built;
     });
     if (!isRead)
         return;

@@ -67,6 +67,91 @@ TEST_F(ClassSource, OkReadsTheTableThatWasTypedAndStaysWhileItIsMissing)
     EXPECT_TRUE(made->TTCMethods.Contains("Retrieve"));
 }
 
+TEST_F(ClassSource, TheListsShowTheTableThatOkHasReadThoughANameIsRefused)
+{
+    AnswerWith({Answer::Yes});
+    frmAddEditClass form(World, {.TableName = "Purchases"});
+    ASSERT_TRUE(form.Load());
+    form.txtTableName_Change("Orders");
+    form.txtClassName_Change("Shop");
+    EXPECT_FALSE(form.cmdOK_Click());
+    EXPECT_EQ(Messages.Asked().back().Title, "Duplicate Name in Project");
+    EXPECT_THAT(Texts(form, ClassList::lstProperties), ElementsAre("OrderID", "Customer", "Note"));
+}
+
+TEST_F(ClassSource, AnAwaitedTableNeedsAName)
+{
+    MadeCustomer();
+    const auto order = MadeOrder();
+    Source.Content.Content.erase("Orders");
+    AnswerWith({Answer::Yes});
+    frmAddEditClass form(World, order);
+    ASSERT_TRUE(form.Load());
+    Listen(form);
+    EXPECT_EQ(form.Trouble(ClassField::TableName), "");
+    for (const char* name : {"", "n/a"}) {
+        form.txtTableName_Change(name);
+        const std::string text = "Invalid Table Name. Please type the new name of the table.";
+        EXPECT_EQ(form.Trouble(ClassField::TableName), text);
+        EXPECT_FALSE(form.cmdOK_Click());
+        ExpectTold("Invalid Table Name", text);
+        EXPECT_EQ(Focused.back(), "txtTableName");
+    }
+    EXPECT_EQ(Classes.Item("Order")->TableName, "Orders");
+}
+
+TEST_F(ClassSource, EachNameThatIsTypedForATableIsRead)
+{
+    MadeCustomer();
+    const auto order = MadeOrder();
+    Source.Content.Content["Purchases"] = Table("Orders");
+    Source.Content.Content.erase("Orders");
+    AnswerWith({Answer::Yes, Answer::Yes});
+    frmAddEditClass form(World, order);
+    ASSERT_TRUE(form.Load());
+    form.txtTableName_Change("Purchases");
+    form.actBar_Click("GetNewFields");
+    form.txtTableName_Change("Nothing");
+    EXPECT_FALSE(form.cmdOK_Click());
+    EXPECT_THAT(Titles(), ElementsAre("Table Missing", "Table Missing"));
+    form.txtTableName_Change("Purchases");
+    EXPECT_TRUE(form.cmdOK_Click());
+}
+
+TEST_F(ClassSource, ANewClassWaitsForItsFields)
+{
+    AnswerWith({Answer::Yes});
+    frmAddEditClass form(World, {.TableName = "Purchases"});
+    ASSERT_TRUE(form.Load());
+    form.txtTableName_Change("Orders");
+    Source.Content.Failures = {{"Fields", data_source_error::kFailed}};
+    EXPECT_FALSE(form.cmdOK_Click());
+    EXPECT_FALSE(form.cmdOK_Click());
+    EXPECT_EQ(Errors.Reported.size(), 2U);
+    EXPECT_EQ(Classes.Count(), 0U);
+    Source.Content.Failures.clear();
+    ASSERT_TRUE(form.cmdOK_Click());
+    EXPECT_TRUE(Classes.Item("Purchase")->TTCProperties.Contains("Note"));
+    EXPECT_TRUE(Classes.Item("Purchase")->TTCMethods.Contains("Retrieve"));
+}
+
+TEST_F(ClassSource, AMovedClassIsJoinedByTheTableThatWasTyped)
+{
+    MadeCustomer();
+    const auto order = Made({.TableName = "Orders"});
+    Source.Content.Content["Purchases"] = Table("Orders");
+    Source.Content.Content.erase("Orders");
+    AnswerWith({Answer::Yes});
+    frmAddEditClass form(World, order,
+                         {.TableName = "Orders", .ParentClassName = "Customer", .Place = Placement::UnderParent});
+    ASSERT_TRUE(form.Load());
+    EXPECT_THAT(form.Rows(ClassList::lstJoins), IsEmpty());
+    form.txtTableName_Change("Purchases");
+    ASSERT_TRUE(form.cmdOK_Click());
+    EXPECT_THAT(Texts(form, ClassList::lstJoins), ElementsAre("Purchases.Customer=Customers.ID"));
+    EXPECT_EQ(Classes.Item("Order")->TTCRelationships.Count(), 1U);
+}
+
 TEST_F(ClassSource, ATableThatIsGoneForGoodClosesTheEditor)
 {
     MadeCustomer();
@@ -200,6 +285,24 @@ TEST_F(ClassSource, AFieldThatCouldNotComeBackIsKept)
     form.actBar_Click("RefreshField");
     EXPECT_THAT(Titles(), ElementsAre("Refresh Field", "Duplicate Property Name"));
     EXPECT_THAT(Texts(form, ClassList::lstProperties), ElementsAre("ID", "FullName"));
+}
+
+TEST_F(ClassSource, ARefusedRefreshLeavesTheJoinPageAsItWas)
+{
+    MadeCustomer();
+    const auto order = MadeOrder();
+    order->TTCProperties.Item("Note")->PropertyName = "Remark";
+    order->TTCMembers.Add("Note", "Note");
+    frmAddEditClass form(World, order);
+    ASSERT_TRUE(form.Load());
+    Table("Orders").Fields.push_back(testing::Field("City", adVarWChar, 30));
+    Select(form, ClassList::lstProperties, {"Remark"});
+    AnswerWith({Answer::Ok});
+    form.actBar_Click("RefreshField");
+    EXPECT_THAT(Texts(form, ClassList::lstProperties), ElementsAre("OrderID", "Customer", "Remark"));
+    Members.Do = [](KZMClass& /*item*/) { return true; };
+    form.actBar_Click("AddBuiltInMethod"); // fills all lists again
+    EXPECT_THAT(Texts(form, ClassList::lstFields), ElementsAre("OrderID", "Customer", "Note"));
 }
 
 TEST_F(ClassSource, WithoutADataSourceAFieldIsKept)

@@ -83,11 +83,12 @@ struct Refusal
 };
 using Check = std::optional<Refusal> (*)(const CheckedName&, const ProjectNames&);
 
+// A delimiter at an end makes no second word.
 std::optional<Refusal> UnlessOneWord(const CheckedName& checked, const ProjectNames& /*names*/)
 {
     ActiveParse parse;
     const Words& words = parse.ParseText(checked.Name, kNameDelimiters, DelimiterMode::ByChar, CaseRule::Sensitive);
-    if (words.Count() <= 1)
+    if (words.Count() <= 1 && checked.Name.find_first_of(kNameDelimiters) == std::string::npos)
         return std::nullopt;
     return Refusal{checked.Texts.Refusal, checked.Texts.InvalidTitle, std::string(checked.Texts.Invalid)};
 }

@@ -11,6 +11,22 @@ namespace {
 
 constexpr const char* kTableNameMissing = "Invalid Table Name. Please type the new name of the table.";
 
+// The classes of a project as they are once one of them has got another name.
+void ShowRenamed(const std::shared_ptr<KZMClass>& renamed, const std::string& before, const KZMClasses& classes,
+                 KZMClasses& shown)
+{
+    for (std::size_t position = 1; position <= classes.Count(); ++position) {
+        std::shared_ptr<KZMClass> item = classes.Item(position);
+        if (item->ClassName == before) {
+            item = renamed;
+        } else if (item->ParentClassName == before) {
+            item = WorkingCopy(*item);
+            item->ParentClassName = renamed->ClassName;
+        }
+        shown.AddExisting(item, item->ClassName);
+    }
+}
+
 } // namespace
 
 frmAddEditClass::frmAddEditClass(const ClassEditorWorld& world, NewClass request)
@@ -23,7 +39,8 @@ frmAddEditClass::frmAddEditClass(const ClassEditorWorld& world, const std::share
 
 frmAddEditClass::frmAddEditClass(const ClassEditorWorld& world, const std::shared_ptr<KZMClass>& item, NewClass place)
     : world_(world), mode_(ClassMode::Move), request_(std::move(place)), original_(item),
-      before_(NamesInProject(*item)), class_(WorkingCopy(*item)), tab_(ClassTab::Relationship)
+      before_(NamesInProject(*item)), class_(WorkingCopy(*item)), tab_(ClassTab::Relationship),
+      firstFocus_("lstParentFields")
 {}
 
 std::string frmAddEditClass::Caption() const
@@ -185,7 +202,11 @@ TTCOutputs frmAddEditClass::Preview() const
     const std::shared_ptr<KZMClass> copy = WorkingCopy(*class_);
     StoreForm(form_, *copy);
     CodeGeneration& generation = world_.Generation;
-    const KZMClasses& classes = world_.Names.Classes;
+    KZMClasses afterwards;
+    const bool isRenamed = original_ != nullptr && copy->ClassName != before_.ClassName;
+    if (isRenamed)
+        ShowRenamed(copy, before_.ClassName, world_.Names.Classes, afterwards);
+    const KZMClasses& classes = isRenamed ? afterwards : world_.Names.Classes;
     TTCOutputs lines(generation.Settings.Colors);
     try {
         switch (tab_) {

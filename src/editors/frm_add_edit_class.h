@@ -78,7 +78,7 @@ class frmAddEditClass
     [[nodiscard]] ClassTab Tab() const { return tab_; }
     void SelectTab(ClassTab tab) { tab_ = tab; }
 
-    // The control that has the focus at first; "" for any.
+    // The control that has the focus at first: what is to be typed or picked before all else.
     [[nodiscard]] std::string_view FirstFocus() const { return firstFocus_; }
 
     [[nodiscard]] const std::string& txtClassName() const { return form_.ClassName; }
@@ -224,7 +224,7 @@ class frmAddEditClass
     JoinFields joinFields_;
     std::array<ShownList, kClassLists> lists_;
     ClassTab tab_ = ClassTab::Class;
-    std::string_view firstFocus_;
+    std::string_view firstFocus_ = "txtClassName";
     bool modified_ = false;
     bool keysFailed_ = false;
     bool tableIsTyped_ = false;                  // the table is missing, and the person knows its new name

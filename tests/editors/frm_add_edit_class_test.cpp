@@ -260,6 +260,12 @@ TEST_F(AddEditClass, EachRefusalKeepsTheDialogAndGoesToTheText)
         ExpectTold("Invalid Class Name",
                    "Invalid Class Name. Please remove special characters and spaces from the name.");
         EXPECT_EQ(form.txtClassName(), std::string("My") + delimiter + "Client");
+        for (const std::string& name : {std::string("Client") + delimiter, delimiter + std::string("Client")}) {
+            form.txtClassName_Change(name);
+            EXPECT_NE(form.Trouble(ClassField::ClassName), "") << name;
+            EXPECT_FALSE(form.cmdOK_Click()) << name;
+            EXPECT_EQ(form.txtClassName(), name);
+        }
     }
     EXPECT_EQ(form.Tab(), ClassTab::Class);
     EXPECT_EQ(Focused.back(), "txtClassName");
@@ -389,6 +395,30 @@ TEST_F(AddEditClass, ThePreviewIsWhatIsWrittenForTheTab)
     form.chkGenerateCollection_Click();
     EXPECT_TRUE(has(ClassTab::Collections, "Sub"));
     EXPECT_EQ(Classes.Item("Customer")->ClassName, "Customer");
+}
+
+TEST_F(AddEditClass, ThePreviewOfARenamedParentKeepsItsChildren)
+{
+    MadeCustomer();
+    MadeOrder();
+    frmAddEditClass form(World, Classes.Item("Customer"));
+    ASSERT_TRUE(form.Load());
+    form.SelectTab(ClassTab::Properties);
+    ASSERT_NE(OutputsToText(form.Preview()).find("Property Get Orders("), std::string::npos);
+    form.txtClassName_Change("Client");
+    EXPECT_NE(OutputsToText(form.Preview()).find("Property Get Orders("), std::string::npos);
+    EXPECT_EQ(Classes.Item("Order")->ParentClassName, "Customer");
+}
+
+TEST_F(AddEditClass, TheFirstFocusIsOnTheNameOrOnTheJoinThatIsToBePicked)
+{
+    MadeCustomer();
+    MadeOrder();
+    EXPECT_EQ(frmAddEditClass(World, NewClass{}).FirstFocus(), "txtClassName");
+    EXPECT_EQ(frmAddEditClass(World, Classes.Item("Order")).FirstFocus(), "txtClassName");
+    EXPECT_EQ(frmAddEditClass(World, Classes.Item("Order"), {.TableName = "Orders", .ParentClassName = "Customer"})
+                  .FirstFocus(),
+              "lstParentFields");
 }
 
 TEST_F(AddEditClass, ThePreviewOfAChildHasTheMethodThatFollowsItsJoins)

@@ -44,7 +44,7 @@ void EditorDialog::Follow(Signal<std::string_view>& focusWanted)
 
 void EditorDialog::FocusOn(std::string_view control)
 {
-    auto* widget = findChild<QWidget*>(NameToQt(control));
+    auto* widget = control.empty() ? nullptr : findChild<QWidget*>(NameToQt(control));
     if (widget == nullptr)
         return;
     ShowPagesOf(*widget);

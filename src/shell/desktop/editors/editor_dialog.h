@@ -41,7 +41,7 @@ class EditorDialog : public QDialog
     void Follow(Signal<std::string_view>& focusWanted);
 
     // Puts the focus on the control of this name and selects its text; its tab comes to the front. A name that no
-    // control has is passed over.
+    // control has is passed over, as is "".
     void FocusOn(std::string_view control);
 
   private:

@@ -6,7 +6,8 @@
 
 namespace veldrane {
 
-// The words below a field that say what is wrong with what stands in it. Without words it takes no room.
+// The words below a field that say what is wrong with what stands in it. Without words it takes no room;
+// very long ones are cut, and shown whole by its tip.
 class TroubleLabel : public QLabel
 {
     Q_OBJECT

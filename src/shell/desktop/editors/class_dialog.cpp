@@ -111,7 +111,8 @@ void ClassDialog::ConnectLists()
         control.header()->setSectionResizeMode(0, QHeaderView::Stretch);
         connect(&control, &EditorList::RowsSelected, this,
                 [this, list](const std::vector<std::size_t>& rows) { form_.Select(list, rows); });
-        connect(&control, &EditorList::RowOpened, this, [this, list](std::size_t row) { Open(list, row); });
+        if (list != ClassList::lstJoins)
+            connect(&control, &EditorList::RowOpened, this, [this, list](std::size_t row) { Open(list, row); });
     }
 }
 

@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMetaMethod>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
@@ -44,6 +45,11 @@ std::size_t CurrentAmong(const std::vector<std::size_t>& selected, std::size_t b
 {
     const bool isAmong = std::find(selected.begin(), selected.end(), before) != selected.end();
     return isAmong || selected.empty() ? before : selected.front();
+}
+
+bool IsReturn(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
 Qt::CheckState StateOf(bool ticked)
@@ -118,9 +124,19 @@ void EditorList::Show(const std::vector<EditorRow>& rows, const std::vector<std:
         if (each < rows.size())
             topLevelItem(static_cast<int>(each))->setSelected(true);
     Filter();
+    if (filter_ != nullptr && HidesOneOf(selected))
+        filter_->clear();
     verticalScrollBar()->setValue(place);
     if (row != before)
         scrollToItem(currentItem());
+}
+
+bool EditorList::HidesOneOf(const std::vector<std::size_t>& rows) const
+{
+    return std::any_of(rows.begin(), rows.end(), [this](std::size_t row) {
+        const QTreeWidgetItem* const item = topLevelItem(static_cast<int>(row));
+        return item != nullptr && item->isHidden();
+    });
 }
 
 std::vector<std::size_t> EditorList::SelectedRows() const
@@ -135,15 +151,20 @@ std::vector<std::size_t> EditorList::SelectedRows() const
 
 void EditorList::keyPressEvent(QKeyEvent* event)
 {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool isBare = event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier;
-    const bool isOnRow = currentItem() != nullptr && currentItem()->isSelected() && state() != EditingState;
-    if (!isReturn || !isBare || !isOnRow)
+    const bool isOnRow = currentItem() != nullptr && state() != EditingState;
+    if (!IsReturn(*event) || !isBare || !isOnRow || !OpensRows())
         QTreeWidget::keyPressEvent(event);
     else if (edited_ >= 0)
         edit(currentIndex(), EditKeyPressed, event);
     else
         Q_EMIT RowOpened(RowOf(*currentItem()));
+}
+
+// Where nothing opens, Return is that of the dialog.
+bool EditorList::OpensRows() const
+{
+    return edited_ >= 0 || isSignalConnected(QMetaMethod::fromSignal(&EditorList::RowOpened));
 }
 
 void EditorList::changeEvent(QEvent* event)
@@ -172,8 +193,9 @@ bool EditorList::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched != filter_ || event->type() != QEvent::KeyPress)
         return QTreeWidget::eventFilter(watched, event);
-    const int key = static_cast<QKeyEvent*>(event)->key(); // NOLINT(*-static-cast-downcast): the type says so
-    if (key == Qt::Key_Down)
+    const auto* keys = static_cast<QKeyEvent*>(event); // NOLINT(*-static-cast-downcast): the type says so
+    const int key = keys->key();
+    if (key == Qt::Key_Down || IsReturn(*keys))
         GoToRows();
     else if (key == Qt::Key_Escape && !filter_->text().isEmpty())
         filter_->clear();

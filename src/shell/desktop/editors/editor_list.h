@@ -34,7 +34,7 @@ class EditorList : public QTreeWidget
     explicit EditorList(QWidget* parent = nullptr);
 
     // What is typed there hides the rows that have it in no column, letter case apart. Escape there empties it, and the
-    // arrow down goes to the list.
+    // arrow down and Return go to the list.
     void FilterBy(QLineEdit& filter);
 
     // Lets the texts of one column be edited in place: by F2 and Return in any column, and by a double click there.
@@ -47,7 +47,8 @@ class EditorList : public QTreeWidget
     void SelectRow(std::size_t row);
 
     // Replaces the rows. The list keeps its place, and its current row unless others are selected: the first of them is
-    // the current one then, and comes into sight. None of the signals is raised.
+    // the current one then, and comes into sight. A filter that hides one that is selected is
+    // emptied. None of the signals is raised.
     void Show(const std::vector<EditorRow>& rows, const std::vector<std::size_t>& selected = {});
 
     // In their order. Rows that are filtered out are not among them.
@@ -56,7 +57,7 @@ class EditorList : public QTreeWidget
   Q_SIGNALS:
     void RowsSelected(const std::vector<std::size_t>& rows);
     void RowsTicked(const std::vector<std::size_t>& rows, bool ticked);
-    void RowOpened(std::size_t row); // by a double click or Return
+    void RowOpened(std::size_t row); // by a double click or Return; without a receiver Return is left to the dialog
     void RowEdited(std::size_t row, const QString& text);
 
   protected:
@@ -70,7 +71,9 @@ class EditorList : public QTreeWidget
     void Fill(QTreeWidgetItem& item, const EditorRow& row);
     void Filter();
     void LeaveHiddenRow();
+    [[nodiscard]] bool HidesOneOf(const std::vector<std::size_t>& rows) const;
     void GoToRows();
+    [[nodiscard]] bool OpensRows() const;
     void Tick(QTreeWidgetItem& item);
     [[nodiscard]] std::size_t RowOf(QTreeWidgetItem& item) const;
 

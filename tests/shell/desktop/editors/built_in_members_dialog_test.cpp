@@ -79,6 +79,8 @@ TEST_F(TheBuiltInMembersWindow, TicksSeveralRowsByTheKeyboardAlone)
     EXPECT_EQ(Rows(dialog, "lstMethods").front().front(), 'C') << "no more ticked";
     Press(Qt::Key_F, Qt::AltModifier);
     Press(Qt::Key_Return);
+    EXPECT_EQ(Focused(), "lstMethods");
+    Press(Qt::Key_Return);
     EXPECT_TRUE(IsClosedBy(QDialog::Accepted));
     EXPECT_FALSE(item.TTCMethods.Contains("Clone"));
     EXPECT_TRUE(item.TTCMethods.Contains("Retrieve"));

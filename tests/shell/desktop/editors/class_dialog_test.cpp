@@ -122,6 +122,8 @@ TEST_F(TheClassDialog, ShowsANewClassAsItsTableGivesIt)
     ClassDialog& window = ShowNew({.TableName = "Orders"});
     EXPECT_EQ(window.windowTitle(), u"Add Orders"_s);
     EXPECT_EQ(Tabs().currentIndex(), static_cast<int>(ClassTab::Class));
+    EXPECT_EQ(window.focusWidget(), &Field("txtClassName"));
+    EXPECT_EQ(Field("txtClassName").selectedText(), u"Order"_s);
     EXPECT_EQ(Field("txtClassName").text(), u"Order"_s);
     EXPECT_EQ(Field("txtTableName").text(), u"Orders"_s);
     EXPECT_EQ(Field("txtParentClassName").text(), u"n/a"_s);
@@ -366,6 +368,45 @@ TEST_F(TheClassDialog, SeveralRowsAreDeletedByTheKeyEachAfterItsQuestion)
     EXPECT_FALSE(Classes.Item("Order")->TTCEvents.Contains("RecordAdded"));
 }
 
+TEST_F(TheClassDialog, TheKeyThatFollowsADeletionOpensTheNextRow)
+{
+    ClassDialog& window = ShowOrder();
+    Turn(ClassTab::Events);
+    List("lstEvents").setFocus();
+    ClickRow("lstEvents", u"RecordAdded"_s);
+    AnswerWith({Answer::Ok});
+    QTest::keyClick(&List("lstEvents"), Qt::Key_Delete);
+    const std::string next = Rows("lstEvents").front();
+    QTest::keyClick(&List("lstEvents"), Qt::Key_Return);
+    EXPECT_THAT(Members.Opened, ElementsAre("EditEvent " + next));
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(TheClassDialog, ReturnOnAJoinIsThatOfTheDialog)
+{
+    ClassDialog& window = ShowOrder();
+    Turn(ClassTab::Relationship);
+    List("lstJoins").setFocus();
+    ClickRow("lstJoins", u"Orders.Customer=Customers.ID"_s);
+    QTest::keyClick(&List("lstJoins"), Qt::Key_Return);
+    EXPECT_EQ(window.result(), QDialog::Accepted);
+}
+
+TEST_F(TheClassDialog, ANewMemberIsSeenWhateverTheFilterHides)
+{
+    ClassDialog& window = ShowOrder();
+    Turn(ClassTab::Methods);
+    Type(window, "txtFilterMethods", "retr");
+    Members.Do = [](KZMClass& item) {
+        item.TTCMethods.Add("Mine", false, {}, "", "Public", false, "Mine");
+        return true;
+    };
+    Click(window, "NewMethod");
+    EXPECT_EQ(Field("txtFilterMethods").text(), QString());
+    EXPECT_THAT(Rows("lstMethods"), Contains("Mine"));
+    EXPECT_EQ(form_->Selected(ClassList::lstMethods).size(), 1U);
+}
+
 TEST_F(TheClassDialog, ARangeOfRowsIsSelectedByTheShiftKey)
 {
     ShowOrder();
@@ -452,6 +493,7 @@ TEST_F(TheClassDialog, AClassThatMovesIsJoinedAnew)
     EXPECT_EQ(window.windowTitle(), u"Move Order"_s);
     EXPECT_EQ(Tabs().currentIndex(), static_cast<int>(ClassTab::Relationship));
     EXPECT_EQ(Field("txtParentClassName").text(), u"Customer"_s);
+    EXPECT_EQ(window.focusWidget(), &List("lstParentFields"));
     QTest::keyClick(&window, Qt::Key_Escape);
     EXPECT_EQ(Saved(), before_);
 }

@@ -288,7 +288,10 @@ TEST_F(TheFieldWindow, IsUsedByTheKeyboardAlone)
     Press(Qt::Key_Return);
     QApplication::processEvents();
     EXPECT_EQ(Focused(), "lstFields");
-    QTest::keyClick(&Find<QWidget>(*dialog, "txtFilter"), Qt::Key_Return);
+    Find<QWidget>(*dialog, "txtFilter").setFocus();
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Focused(), "lstFields");
+    QTest::keyClick(&Find<QWidget>(*dialog, "cmdOK"), Qt::Key_Return);
     EXPECT_TRUE(IsClosedBy(QDialog::Accepted));
     EXPECT_THAT(LookupFields(*city), ElementsAre("Group:CustomerGroup:String"));
 }

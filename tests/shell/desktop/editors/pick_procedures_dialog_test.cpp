@@ -98,6 +98,8 @@ TEST_F(ThePickProceduresWindow, IsUsedByTheKeyboardAlone)
         Press(Qt::Key_Escape);
         EXPECT_EQ(Rows(dialog, "lstSPs").size(), 3U);
         Press(Qt::Key_Return);
+        EXPECT_EQ(Focused(), "lstSPs");
+        Press(Qt::Key_Return);
     }));
     EXPECT_THAT(Named(), ElementsAre("GetOrders", "", "GetClients"));
 }

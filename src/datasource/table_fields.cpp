@@ -85,7 +85,12 @@ void AddField(ClassEdit& edit, const CatalogField& field, PropertiesByField& ind
     index.try_emplace(field.Name, property.get());
 }
 
-// Removes by position: a property that was renamed still stands under its first name.
+void FreeName(TTCMembers& names, const std::string& name)
+{
+    if (names.Contains(name))
+        names.Remove(name);
+}
+
 void Prune(KZMClass& item, const std::vector<CatalogField>& fields)
 {
     std::unordered_set<std::string_view> names;
@@ -95,9 +100,7 @@ void Prune(KZMClass& item, const std::vector<CatalogField>& fields)
         const auto property = item.TTCProperties.Item(position);
         if (property->FieldName.empty() || names.contains(property->FieldName))
             continue;
-        if (item.TTCMembers.Contains(property->PropertyName))
-            item.TTCMembers.Remove(property->PropertyName);
-        item.TTCProperties.Remove(position);
+        RemoveProperty(item, position);
     }
 }
 
@@ -151,6 +154,16 @@ FieldsOutcome HandleFailure(ClassEdit& edit, const RuntimeError& error)
 }
 
 } // namespace
+
+// Removes by position: a property that was renamed still stands under its first name.
+void RemoveProperty(KZMClass& item, std::size_t position)
+{
+    const auto property = item.TTCProperties.Item(position);
+    for (const TTCLookupField& lookup : property->TTCLookupFields)
+        FreeName(item.TTCMembers, lookup.PropertyName);
+    FreeName(item.TTCMembers, property->PropertyName);
+    item.TTCProperties.Remove(position);
+}
 
 FieldsOutcome AddFieldsAsProperties(ClassEdit& edit)
 {

@@ -2,6 +2,8 @@
 
 #include "datasource/class_edit.h"
 
+#include <cstddef>
+
 namespace veldrane {
 
 enum class FieldsOutcome
@@ -18,5 +20,8 @@ enum class FieldsOutcome
 // property FieldAllowsNull alone is refreshed; a property whose field is gone goes too. Then the keys are read
 // (RetrieveTableKeys). Reports its failures; the class is then as it was.
 FieldsOutcome AddFieldsAsProperties(ClassEdit& edit);
+
+// Removes the property at a 1-based position from the class: its name and those of what it looks up are free then.
+void RemoveProperty(KZMClass& item, std::size_t position);
 
 } // namespace veldrane

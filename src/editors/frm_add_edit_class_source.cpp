@@ -1,6 +1,6 @@
 #include "editors/frm_add_edit_class.h"
 
-#include "editors/remove_member.h"
+#include "datasource/table_fields.h"
 #include "model/working_copy.h"
 
 #include <algorithm>
@@ -187,15 +187,9 @@ std::string RefreshQuestion(const PropertyItems& properties)
 
 void RemoveFieldProperty(KZMClass& item, const std::string& fieldName)
 {
-    for (std::size_t position = item.TTCProperties.Count(); position >= 1; --position) {
-        const auto property = item.TTCProperties.Item(position);
-        if (property->FieldName != fieldName)
-            continue;
-        for (const TTCLookupField& lookup : property->TTCLookupFields)
-            RemoveMemberName(item, lookup.PropertyName);
-        RemoveMemberName(item, property->PropertyName);
-        item.TTCProperties.Remove(position);
-    }
+    for (std::size_t position = item.TTCProperties.Count(); position >= 1; --position)
+        if (item.TTCProperties.Item(position)->FieldName == fieldName)
+            RemoveProperty(item, position);
 }
 
 bool StandsOn(const KZMClass& item, const std::string& fieldName)

@@ -169,6 +169,18 @@ TEST_F(AddFieldsAsPropertiesTest, TheFirstNameOfARenamedPropertyIsStillTaken)
     EXPECT_EQ(Titles(), Texts{"Duplicate Property Name"});
 }
 
+TEST_F(AddFieldsAsPropertiesTest, WhatADroppedColumnLookedUpLeavesItsNames)
+{
+    OwnTable("Orders").Fields = {Field("A", adInteger)};
+    AddFieldsAsProperties(edit);
+    item.TTCProperties.Item("A")->TTCLookupFields.Add("Code", "String", "ACode", "Code");
+    item.TTCMembers.Add("ACode", "ACode");
+    catalog.Content["Orders"].Fields = {Field("B", adInteger)};
+    AddFieldsAsProperties(edit);
+    EXPECT_FALSE(item.TTCMembers.Contains("ACode"));
+    EXPECT_TRUE(item.TTCMembers.Contains("B"));
+}
+
 TEST_F(AddFieldsAsPropertiesTest, BuiltInPropertiesAreNeverPruned)
 {
     OwnTable("Orders").Fields = {};

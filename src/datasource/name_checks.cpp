@@ -132,7 +132,8 @@ std::optional<Refusal> UnlessWritable(const CheckedName& checked, const ProjectN
 }
 
 constexpr auto kChecksAsTyped = std::to_array<Check>({UnlessOneWord, UnlessShortEnough});
-constexpr auto kChecksOfCleaned = std::to_array<Check>({IfNamedAsProject, IfInProject, UnlessWritable});
+constexpr auto kChecksOfCleaned =
+    std::to_array<Check>({UnlessShortEnough, IfNamedAsProject, IfInProject, UnlessWritable});
 
 // Each check sees both names before the next one sees any.
 std::optional<Refusal> First(std::span<const Check> checks, const std::vector<CheckedName>& checked,

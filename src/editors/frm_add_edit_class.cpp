@@ -86,8 +86,14 @@ void frmAddEditClass::txtCollectionName_Change(const std::string& text)
     Modify();
 }
 
-// A method that comes with the collection returns it under the name that is typed.
 void frmAddEditClass::chkGenerateCollection_Click()
+{
+    Guarded(world_.Names.Errors, kClassEditorModule, "chkGenerateCollection_Click", [&] { ChangeCollection(); });
+    Changed.Raise(); // the box has shown the new state already
+}
+
+// A method that comes with the collection returns it under the name that is typed.
+void frmAddEditClass::ChangeCollection()
 {
     const CollectionBox wanted = form_.GenerateCollection ? CollectionBox::Cleared : CollectionBox::Ticked;
     class_->CollectionName = form_.CollectionName;
@@ -97,7 +103,6 @@ void frmAddEditClass::chkGenerateCollection_Click()
         DisplayMethods();
         modified_ = true;
     }
-    Changed.Raise(); // the box has shown the new state already
 }
 
 void frmAddEditClass::chkIncludeAddExisting_Click()

@@ -153,6 +153,7 @@ class frmAddEditClass
     [[nodiscard]] ShownList& ListOf(ClassList list) { return lists_[static_cast<std::size_t>(list)]; }
     [[nodiscard]] Messages& Asking() const { return world_.Names.Messages; }
     void Modify();
+    void ChangeCollection();
 
     // The way of the class in and out.
     [[nodiscard]] bool ReadClass();

@@ -19,6 +19,9 @@ const std::vector<frmAddEditClass::Command>& frmAddEditClass::Commands()
     using Form = frmAddEditClass;
     const auto always = [](const Form& /*form*/) { return true; };
     const auto onSelected = [](ClassList list) { return [list](const Form& form) { return form.HasSelected(list); }; };
+    const auto onOne = [](ClassList list) {
+        return [list](const Form& form) { return form.Selected(list).size() == 1; };
+    };
     const auto canFindBy = [](RowKey key) {
         return [key](const Form& form) {
             const MethodItems methods = form.Picked(ClassList::lstMethods, MethodsOf(*form.class_));
@@ -31,18 +34,18 @@ const std::vector<frmAddEditClass::Command>& frmAddEditClass::Commands()
         {"ByIdentityColumn", canFindBy(RowKey::IdentityColumn), &Form::ByIdentityColumn},
         {"AddSP", always, &Form::AddSP},
         {"NewEvent", always, [](Form& form) { form.NewMember(ClassList::lstEvents, &MemberDialogs::AddEvent); }},
-        {"EditEvent", onSelected(ClassList::lstEvents), &Form::EditEvent},
+        {"EditEvent", onOne(ClassList::lstEvents), &Form::EditEvent},
         {"AddBuiltInEvent", always, [](Form& form) { form.AddBuiltIn(&MemberDialogs::AddBuiltInEvents); }},
         {"DeleteEvent", onSelected(ClassList::lstEvents), &Form::DeleteEvent},
         {"NewMethod", always, [](Form& form) { form.NewMember(ClassList::lstMethods, &MemberDialogs::AddMethod); }},
-        {"EditMethod", onSelected(ClassList::lstMethods), &Form::EditMethod},
+        {"EditMethod", onOne(ClassList::lstMethods), &Form::EditMethod},
         {"AddBuiltInMethod", always, [](Form& form) { form.AddBuiltIn(&MemberDialogs::AddBuiltInMethods); }},
         {"DeleteMethod", onSelected(ClassList::lstMethods), &Form::DeleteMethod},
         {"SetAsPrimaryKey", onSelected(ClassList::lstProperties), &Form::SetAsPrimaryKey},
-        {"FieldProperties", onSelected(ClassList::lstProperties), &Form::FieldProperties},
+        {"FieldProperties", onOne(ClassList::lstProperties), &Form::FieldProperties},
         {"NewPlusProperty", always,
          [](Form& form) { form.NewMember(ClassList::lstPlusProperties, &MemberDialogs::AddProperty); }},
-        {"EditPlusProperty", onSelected(ClassList::lstPlusProperties), &Form::EditPlusProperty},
+        {"EditPlusProperty", onOne(ClassList::lstPlusProperties), &Form::EditPlusProperty},
         {"AddPlusProperty", always, [](Form& form) { form.AddBuiltIn(&MemberDialogs::AddBuiltInProperties); }},
         {"DeletePlusProperty", onSelected(ClassList::lstPlusProperties), &Form::DeletePlusProperty},
         {"RefreshField", onSelected(ClassList::lstProperties), &Form::RefreshField},

@@ -64,6 +64,32 @@ TEST_F(ClassMembers, ToolsWorkOnWhatIsSelected)
     EXPECT_FALSE(form_.IsEnabled("ByPrimaryKey"));
 }
 
+TEST_F(ClassMembers, OneMemberIsEditedAtATime)
+{
+    const std::vector<std::pair<const char*, ClassList>> tools{{"EditEvent", ClassList::lstEvents},
+                                                               {"EditMethod", ClassList::lstMethods},
+                                                               {"FieldProperties", ClassList::lstProperties},
+                                                               {"EditPlusProperty", ClassList::lstPlusProperties}};
+    for (const auto& [tool, list] : tools) {
+        form_.Select(list, {0});
+        EXPECT_TRUE(form_.IsEnabled(tool)) << tool;
+        form_.Select(list, {0, 1});
+        EXPECT_FALSE(form_.IsEnabled(tool)) << tool;
+        form_.actBar_Click(tool);
+    }
+    EXPECT_THAT(Members.Opened, IsEmpty());
+}
+
+TEST_F(ClassMembers, ClearIsKeptWhereItsTurnComesBeforeThatOfRetrieve)
+{
+    customer_->TTCMethods.Remove("Retrieve");
+    AnswerWith({Answer::Ok, Answer::Ok, Answer::Ok});
+    Run("DeleteMethod", ClassList::lstMethods, {"Clear", "Retrieve"});
+    EXPECT_THAT(Titles(), ElementsAre("Dependancies about to be broken", "Dependant Method", "Confirm Delete Method"));
+    EXPECT_THAT(Methods(), Contains("Clear"));
+    EXPECT_THAT(Methods(), Not(Contains("Retrieve")));
+}
+
 TEST_F(ClassMembers, ANewMemberIsListedAndSelected)
 {
     Members.Do = [](KZMClass& item) {
@@ -267,6 +293,17 @@ TEST_F(ClassMembers, AMethodFindsItsRowByTheChosenKey)
     EXPECT_TRUE(Classes.Item("Order")->DeleteByPrimaryKey);
     EXPECT_FALSE(Classes.Item("Order")->DeleteByIdentityColumn);
     EXPECT_FALSE(form_.cmdCancel_Click());
+}
+
+TEST_F(ClassMembers, AMethodFindsItsRowByTheIdentityColumn)
+{
+    Run("ByPrimaryKey", ClassList::lstMethods, {"Retrieve"});
+    Run("ByIdentityColumn", ClassList::lstMethods, {"Retrieve"});
+    ASSERT_TRUE(form_.cmdOK_Click());
+    const auto order = Classes.Item("Order");
+    EXPECT_TRUE(order->RetrieveByIdentityCol);
+    EXPECT_FALSE(order->RetrieveByPrimaryKey);
+    EXPECT_THAT(Signature(order->TTCMethods.Item("Retrieve")->Arguments), ElementsAre("anOrderID:Long"));
 }
 
 TEST_F(ClassMembers, AFailureInACommandIsReportedAndTheDialogStays)

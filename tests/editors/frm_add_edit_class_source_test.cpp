@@ -344,6 +344,31 @@ TEST_F(ClassSource, AReadingThatIsCancelledChangesNothing)
     EXPECT_TRUE(form.cmdCancel_Click());
 }
 
+TEST_F(ClassSource, RelationshipsWhoseReadingIsCancelledStay)
+{
+    MadeCustomer();
+    frmAddEditClass form(World, MadeOrder());
+    ASSERT_TRUE(form.Load());
+    Source.Content.CancelledCall = "Keys";
+    form.actBar_Click("GetNewRelationships");
+    EXPECT_THAT(Texts(form, ClassList::lstJoins), ElementsAre("Orders.Customer=Customers.ID"));
+    EXPECT_THAT(Errors.Reported, IsEmpty());
+    EXPECT_TRUE(form.cmdCancel_Click());
+}
+
+TEST_F(ClassSource, AFieldAmongOthersStaysSelectedWhenItIsReadAnew)
+{
+    MadeCustomer();
+    frmAddEditClass form(World, MadeOrder());
+    ASSERT_TRUE(form.Load());
+    Select(form, ClassList::lstProperties, {"Customer"});
+    AnswerWith({Answer::Ok});
+    form.actBar_Click("RefreshField");
+    EXPECT_THAT(Texts(form, ClassList::lstProperties), ::testing::UnorderedElementsAre("OrderID", "Customer", "Note"));
+    ASSERT_EQ(form.Selected(ClassList::lstProperties).size(), 1U);
+    EXPECT_EQ(form.Rows(ClassList::lstProperties).at(form.Selected(ClassList::lstProperties).front()).Text, "Customer");
+}
+
 TEST_F(ClassSource, WhatIsSelectedStaysSoWhenFieldsAreReadAgain)
 {
     MadeCustomer();

@@ -127,6 +127,33 @@ TEST_F(AddEditClass, MoveToTheLookupClassesClearsTheJoinsAndTheParent)
     EXPECT_EQ(Classes.Item("Order")->TTCRelationships.Count(), 0U);
 }
 
+TEST_F(AddEditClass, MoveToTheRootClassesClearsTheParentAndTheLookup)
+{
+    MadeCustomer();
+    const auto order = MadeOrder();
+    order->IsDomainTable = true;
+    frmAddEditClass form(World, order, {.TableName = "Orders", .Place = Placement::Root});
+    ASSERT_TRUE(form.Load());
+    EXPECT_EQ(form.txtParentClassName(), "n/a");
+    ASSERT_TRUE(form.cmdOK_Click());
+    EXPECT_EQ(Classes.Item("Order")->ParentClassName, "");
+    EXPECT_FALSE(Classes.Item("Order")->IsDomainTable);
+}
+
+TEST_F(AddEditClass, AMoveHoldsThoughTheServerIsGone)
+{
+    MadeCustomer();
+    const auto order = Made({.TableName = "Orders"});
+    Source.CatalogFailure = "The server is gone.";
+    frmAddEditClass form(World, order,
+                         {.TableName = "Orders", .ParentClassName = "Customer", .Place = Placement::UnderParent});
+    ASSERT_TRUE(form.Load());
+    EXPECT_EQ(Errors.Reported.size(), 1U);
+    ASSERT_TRUE(form.cmdOK_Click());
+    EXPECT_EQ(Classes.Item("Order")->ParentClassName, "Customer");
+    EXPECT_TRUE(Classes.Item("Order")->TTCProperties.Contains("Note"));
+}
+
 TEST_F(AddEditClass, AMovedClassCanBeRenamedAtOnce)
 {
     MadeCustomer();
@@ -305,6 +332,40 @@ TEST_F(AddEditClass, ACollectionThatIsRefusedIsShownOnItsTab)
     EXPECT_EQ(form.Tab(), ClassTab::Collections);
     EXPECT_THAT(Focused, ElementsAre("txtCollectionName"));
     EXPECT_EQ(form.txtCollectionName(), "My Clients");
+}
+
+TEST_F(AddEditClass, ANameIsMeasuredOnceMoreWhenItHasGrownByCleaning)
+{
+    MadeCustomer();
+    frmAddEditClass form(World, Classes.Item("Customer"));
+    ASSERT_TRUE(form.Load());
+    form.txtClassName_Change("1" + std::string(34, 'x'));
+    EXPECT_NE(form.Trouble(ClassField::ClassName).find("exceeds 39 characters"), std::string::npos);
+    EXPECT_FALSE(form.cmdOK_Click());
+    EXPECT_EQ(Messages.Asked().back().Title, "Programmatic ID Too Long");
+    EXPECT_NE(Classes.Item("Customer"), nullptr);
+}
+
+TEST_F(AddEditClass, ACollectionMayNotBeCalledAsTheProjectOrAnotherClass)
+{
+    MadeCustomer();
+    Made({.TableName = "Shippers"});
+    frmAddEditClass form(World, Classes.Item("Customer"));
+    ASSERT_TRUE(form.Load());
+    form.chkGenerateCollection_Click();
+    const std::vector<std::array<std::string, 3>> cases{
+        {"SHOP", "Duplicate Name in Project",
+         "The Collection Name cannot be the same name as the VB Project Name. Please change the Class Name then click OK."},
+        {"shipper", "Duplicate Class Name",
+         "The Collection Name already exists in this project. Please change the Collection Name then click OK."},
+        {"Customer", "Duplicate Class Name",
+         "The Collection Name already exists in this project. Please change the Collection Name then click OK."}};
+    for (const auto& [name, title, text] : cases) {
+        form.txtCollectionName_Change(name);
+        EXPECT_FALSE(form.cmdOK_Click()) << name;
+        ExpectTold(title, text);
+        EXPECT_EQ(form.Tab(), ClassTab::Collections);
+    }
 }
 
 TEST_F(AddEditClass, AReservedWordIsCleanedInTheBox)

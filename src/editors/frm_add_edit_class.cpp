@@ -1,6 +1,7 @@
 #include "editors/frm_add_edit_class.h"
 
 #include "datasource/class_edit.h"
+#include "datasource/naming.h"
 #include "editors/method_dependencies.h"
 #include "model/working_copy.h"
 
@@ -122,6 +123,11 @@ std::string frmAddEditClass::Trouble(ClassField field) const
     if (field == ClassField::TableName && AwaitsTable() && class_->TableName.empty())
         return kTableNameMissing;
     return NameTrouble(field, form_, before_, world_.Names);
+}
+
+std::string frmAddEditClass::ClassNameHint() const
+{
+    return Trouble(ClassField::ClassName).empty() ? InvalidNameText(form_.ClassName) : std::string{};
 }
 
 void frmAddEditClass::GoTo(ClassTab tab, std::string_view control)

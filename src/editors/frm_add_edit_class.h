@@ -110,6 +110,9 @@ class frmAddEditClass
     // What OK would say about the text as it is typed; "" for nothing. Nothing is told.
     [[nodiscard]] std::string Trouble(ClassField field) const;
 
+    // What OK will make of a class name that it does not refuse, in words; "" where it stays as it is typed.
+    [[nodiscard]] std::string ClassNameHint() const;
+
     [[nodiscard]] const std::vector<MemberRow>& Rows(ClassList list) const { return ListOf(list).Rows; }
     [[nodiscard]] const std::vector<std::size_t>& Selected(ClassList list) const { return ListOf(list).Selected; }
 

@@ -373,7 +373,14 @@ TEST_F(AddEditClass, AReservedWordIsCleanedInTheBox)
     MadeCustomer();
     frmAddEditClass form(World, Classes.Item("Customer"));
     ASSERT_TRUE(form.Load());
+    EXPECT_EQ(form.ClassNameHint(), "");
+    form.txtClassName_Change("My Class");
+    EXPECT_EQ(form.ClassNameHint(), ""); // it is refused
     form.txtClassName_Change("Property");
+    EXPECT_EQ(form.Trouble(ClassField::ClassName), "");
+    EXPECT_EQ(
+        form.ClassNameHint(),
+        "The name: 'Property' is invalid because it is either a reserved word or contains invalid characters. It has been changed to 'aProperty'");
     EXPECT_TRUE(form.cmdOK_Click());
     EXPECT_EQ(form.txtClassName(), "aProperty");
     EXPECT_NE(Classes.Item("aProperty"), nullptr);

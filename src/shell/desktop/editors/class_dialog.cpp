@@ -174,6 +174,9 @@ void ClassDialog::ShowNames()
 
 void ClassDialog::ShowWords()
 {
+    const std::string hint = form_.ClassNameHint();
+    ui_->lblClassNameHint->setText(NameToQt(hint));
+    ui_->lblClassNameHint->setVisible(!hint.empty());
     ui_->lblReadOnly->setText(ToQt(form_.lblReadOnly()));
     ui_->lblCollectionHelp->setText(ToQt(form_.CollectionHelp()));
     ui_->lblCollectionHelp->setVisible(!form_.CollectionHelp().empty());

@@ -212,6 +212,18 @@ TEST_F(TheClassDialog, SaysWhatIsWrongWithANameAsItIsTyped)
     EXPECT_TRUE(Classes.Contains("Client"));
 }
 
+TEST_F(TheClassDialog, SaysWhatANameWillBeCleanedTo)
+{
+    ClassDialog& window = ShowCustomer();
+    auto& hint = Find<QLabel>(window, "lblClassNameHint");
+    EXPECT_FALSE(hint.isVisible());
+    Type(window, "txtClassName", "Property");
+    EXPECT_TRUE(hint.isVisible());
+    EXPECT_THAT(hint.text().toStdString(), HasSubstr("'aProperty'"));
+    EXPECT_FALSE(Find<TroubleLabel>(window, "lblClassNameTrouble").isVisible());
+    Photograph(window, "frmAddEditClass-hint");
+}
+
 TEST_F(TheClassDialog, ANameOfAnotherClassIsRefusedInAnyLetterCase)
 {
     ClassDialog& window = ShowOrder();

@@ -1,0 +1,165 @@
+#!/usr/bin/env bash
+# A person's way through the editor of a class in a real window, on a PostgreSQL database: a field with another name and
+# a lookup, a method with arguments, built-in members, a stored procedure, the relationship taken off and joined by hand,
+# and the collection; then the code of all of it.
+# usage: edit_a_class.sh PROGRAM SAMPLE.sql keys
+set -euo pipefail
+
+# shellcheck source=steps.sh
+. "$(dirname "$0")/steps.sh"
+
+server=${VELDRANE_TEST_POSTGRESQL:-}
+[ -n "$server" ] || skip "no PostgreSQL runs: start this with scripts/database-servers run"
+main=$(titled Shop)
+readonly server main database=veldrane_journey_$$
+readonly editor='Edit order' field='Edit shipperid' method='Add New Method' argument='Add Argument'
+readonly methods='Add Built-In Methods' events='Add Built-In Events'
+readonly procedures='Add Stored Procedures' procedure='Add New Stored Procedure: orderssince'
+
+run_sql() { # DATABASE
+    psql --no-psqlrc --quiet --set=ON_ERROR_STOP=1 --username=veldrane --port=5432 --host="$server" --dbname="$1"
+}
+
+make_database() {
+    echo "create database $database" | run_sql postgres
+    run_sql "$database" <<'SQL'
+create table customers (customerid serial primary key, companyname varchar(40) not null);
+create table shippers (shipperid serial primary key, shippername varchar(40) not null, phone varchar(24));
+create table orders (orderid serial primary key, customerid integer not null references customers,
+    shipperid integer, orderdate date);
+create function orderssince(since date) returns setof orders
+    language sql as 'select * from orders where orderdate >= since';
+SQL
+}
+
+define_shop() {
+    printf '[PostgreSQL Unicode]\nDriver=psqlodbcw.so\n' >>"$ODBCSYSINI/odbcinst.ini"
+    "$program" define "$place/work/Shop.kzm" --table customers --table orders=customers --set ProjectName=Shop \
+        --set VBProjectName=Shop --set MTSEnabled=False --connection \
+        "PROVIDER=MSDASQL;Driver=PostgreSQL Unicode;Server=$server;Port=5432;Database=$database;UID=veldrane;" >/dev/null
+}
+
+# A key is lost while the program still reads the data source. The class stands at the end of its branch.
+opens_editor() {
+    if is_active "$main"; then
+        keys "$main" Home Down Down Down Down ctrl+e
+    fi
+    succeeds_within 5 is_active "$1"
+}
+open_editor() { wait_for "the editor of the class" opens_editor "$1"; } # ITS TITLE
+
+# Another name, and a lookup that brings a field in under a name of its own.
+edit_field() {
+    keys "$editor" alt+p alt+f Home Down Down Return
+    keys "$field" alt+n ctrl+a
+    type_text "$field" Carrier
+    keys "$field" ctrl+Tab alt+b Down Down Down
+    keys "$field" alt+f Down space F2 ctrl+a
+    type_text "$field" CarrierName
+    keys "$field" Return alt+j Return
+}
+
+# With two arguments, the second of them optional.
+add_method() {
+    keys "$editor" alt+m alt+h Insert
+    type_text "$method" Ship
+    keys "$method" alt+a Insert
+    type_text "$argument" aDate
+    keys "$argument" alt+t
+    type_text "$argument" Date
+    keys "$argument" alt+b Return
+    keys "$method" Insert
+    type_text "$argument" aNote
+    keys "$argument" alt+o Return
+    keys "$method" alt+n Return
+}
+
+# The first one that the class lacks.
+add_built_in_members() {
+    keys "$editor" ctrl+b
+    keys "$methods" space Return
+    keys "$editor" alt+e alt+t Home Delete
+    keys 'Confirm Delete Event' Return
+    keys "$editor" ctrl+b
+    keys "$events" space Return
+}
+
+add_procedure() {
+    keys "$editor" alt+m alt+h ctrl+Insert
+    keys "$procedures" Down space Return
+    type_text "$procedure" FetchSince
+    keys "$procedure" Return
+}
+
+# Takes the join off, and makes it again of its two fields.
+join_by_hand() {
+    keys "$editor" alt+r alt+j Home Delete
+    keys 'Confirm Delete Relationship' Return
+    keys "$editor" alt+a Home alt+t Home Down alt+d
+}
+
+name_collection() {
+    keys "$editor" alt+o alt+n ctrl+a
+    type_text "$editor" AllOrders
+}
+
+# A name that no class may have keeps the editor open until it is mended.
+rename_class() {
+    keys "$editor" alt+c alt+n ctrl+a
+    type_text "$editor" 'Sales order'
+    keys "$editor" Return
+    keys 'Invalid Class Name' Return
+    keys "$editor" ctrl+a
+    type_text "$editor" Purchase
+    keys "$editor" Return
+}
+
+# What is changed and not wanted is gone with a word.
+change_and_cancel() {
+    open_editor 'Edit Purchase'
+    keys 'Edit Purchase' alt+n ctrl+a
+    type_text 'Edit Purchase' Nothing
+    keys 'Edit Purchase' Escape
+    keys 'Discard Changes?' alt+y
+    at "$main"
+}
+
+generated_has() { grep -aF -- "$1" "$place/out/Purchase.cls" >/dev/null || give_up "the code lacks: $1"; }
+
+prepare
+make_database
+define_shop
+start_display
+start_program Shop.kzm
+open_editor "$editor"
+edit_field
+add_method
+add_built_in_members
+add_procedure
+join_by_hand
+name_collection
+rename_class
+wait_for "the mark of a change" has_title "$main*"
+save_project_by_keys "$main"
+wait_for "the class in the project file" "$program" preview "$place/work/Shop.kzm" Purchase
+close_by_keys "$main"
+end_program
+cp "$place/work/Shop.kzm" "$place/saved.kzm"
+
+start_program Shop.kzm
+change_and_cancel
+close_by_keys "$main"
+end_program
+cmp "$place/saved.kzm" "$place/work/Shop.kzm"
+
+mkdir "$place/out"
+"$program" generate "$place/work/Shop.kzm" "$place/out" >/dev/null
+generated_has 'Public Property Get Carrier() as Long'
+generated_has 'Public Property Get CarrierName() as String'
+generated_has 'Public Sub Ship(ByVal aDate as Date, Optional ByRef aNote as Variant)'
+generated_has 'Public Function RetrieveList('
+generated_has 'Public Event RecordAdded('
+generated_has 'Public Function FetchSince('
+generated_has 'Public Function RetrieveRelated(ByVal customerid as Long'
+[ -s "$place/out/AllOrders.cls" ] || give_up "there is no collection"
+echo "done by $way"

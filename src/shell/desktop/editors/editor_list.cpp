@@ -149,6 +149,22 @@ std::vector<std::size_t> EditorList::SelectedRows() const
     return rows;
 }
 
+// The tools of a list act on what is selected, and keys that go to the current row don't select it anew.
+void EditorList::focusInEvent(QFocusEvent* event)
+{
+    QTreeWidget::focusInEvent(event);
+    const bool isByKeys = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
+                          event->reason() == Qt::ShortcutFocusReason;
+    if (isByKeys)
+        SelectCurrentRow();
+}
+
+void EditorList::SelectCurrentRow()
+{
+    if (CurrentRow() && SelectedRows().empty())
+        currentItem()->setSelected(true);
+}
+
 void EditorList::keyPressEvent(QKeyEvent* event)
 {
     const bool isBare = event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier;
@@ -207,8 +223,7 @@ bool EditorList::eventFilter(QObject* watched, QEvent* event)
 void EditorList::GoToRows()
 {
     setFocus(Qt::OtherFocusReason);
-    if (currentItem() != nullptr && SelectedRows().empty())
-        currentItem()->setSelected(true);
+    SelectCurrentRow();
 }
 
 void EditorList::Fill(QTreeWidgetItem& item, const EditorRow& row)

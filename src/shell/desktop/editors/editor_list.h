@@ -25,7 +25,8 @@ struct EditorRow
 };
 
 // A list in a dialog of an editor. Its rows are known by their number in the list that is shown, whatever is filtered
-// out. Ticking one of several selected rows, by mouse or by the space bar, ticks them all.
+// out. Gone to by the keyboard, it selects its current row unless others are selected. Ticking one of several selected
+// rows, by mouse or by the space bar, ticks them all.
 class EditorList : public QTreeWidget
 {
     Q_OBJECT
@@ -62,6 +63,7 @@ class EditorList : public QTreeWidget
 
   protected:
     void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
@@ -73,6 +75,7 @@ class EditorList : public QTreeWidget
     void LeaveHiddenRow();
     [[nodiscard]] bool HidesOneOf(const std::vector<std::size_t>& rows) const;
     void GoToRows();
+    void SelectCurrentRow();
     [[nodiscard]] bool OpensRows() const;
     void Tick(QTreeWidgetItem& item);
     [[nodiscard]] std::size_t RowOf(QTreeWidgetItem& item) const;

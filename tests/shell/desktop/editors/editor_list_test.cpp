@@ -47,6 +47,22 @@ class TheEditorList : public ::testing::Test
     QDialogButtonBox buttons_{QDialogButtonBox::Ok};
 };
 
+TEST_F(TheEditorList, TheKeyboardSelectsTheCurrentRowWhenItGoesThere)
+{
+    filter_.setFocus();
+    list_.clearSelection();
+    Press(Qt::Key_Tab);
+    EXPECT_THAT(list_.SelectedRows(), ElementsAre(0U));
+    list_.SelectRow(2);
+    filter_.setFocus();
+    Press(Qt::Key_Tab);
+    EXPECT_THAT(list_.SelectedRows(), ElementsAre(2U));
+    filter_.setFocus();
+    list_.clearSelection();
+    list_.setFocus(Qt::ActiveWindowFocusReason);
+    EXPECT_THAT(list_.SelectedRows(), IsEmpty());
+}
+
 TEST_F(TheEditorList, ReturnInTheFilterGoesToTheRows)
 {
     Listen();

@@ -124,7 +124,9 @@ change_and_cancel() {
     at "$main"
 }
 
-generated_has() { grep -aF -- "$1" "$place/out/Purchase.cls" >/dev/null || give_up "the code lacks: $1"; }
+module_has() { # MODULE LINE'S_BEGINNING
+    grep -aF -- "$2" "$place/out/$1.cls" >/dev/null || give_up "the code of $1 lacks: $2"
+}
 
 prepare
 make_database
@@ -154,12 +156,11 @@ cmp "$place/saved.kzm" "$place/work/Shop.kzm"
 
 mkdir "$place/out"
 "$program" generate "$place/work/Shop.kzm" "$place/out" >/dev/null
-generated_has 'Public Property Get Carrier() as Long'
-generated_has 'Public Property Get CarrierName() as String'
-generated_has 'Public Sub Ship(ByVal aDate as Date, Optional ByRef aNote as Variant)'
-generated_has 'Public Function RetrieveList('
-generated_has 'Public Event RecordAdded('
-generated_has 'Public Function FetchSince('
-generated_has 'Public Function RetrieveRelated(ByVal customerid as Long'
-[ -s "$place/out/AllOrders.cls" ] || give_up "there is no collection"
+module_has Purchase 'Public Property Get Carrier() as Long'
+module_has Purchase 'Public Property Get CarrierName() as String'
+module_has Purchase 'Public Sub Ship(ByVal aDate as Date, Optional ByRef aNote as Variant)'
+module_has Purchase 'Public Function RetrieveList('
+module_has Purchase 'Public Event RecordAdded('
+module_has Purchase 'Public Function FetchSince('
+module_has AllOrders 'Public Function RetrieveRelated(ByVal customerid as Long'
 echo "done by $way"

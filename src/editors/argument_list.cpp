@@ -6,15 +6,6 @@
 #include <utility>
 
 namespace veldrane {
-namespace {
-
-bool BecomesOptional(const TTCParameter& sinking, const TTCParameter& rising)
-{
-    return rising.OptionalIndicator && !sinking.OptionalIndicator;
-}
-
-} // namespace
-
 ArgumentList::ArgumentList(const MemberSurroundings& surroundings, ArgumentOwner owner, Arguments arguments,
                            ArgumentsPreview preview)
     : surroundings_(surroundings), owner_(std::move(owner)), items_(std::move(arguments)), atFirst_(items_),
@@ -134,10 +125,15 @@ void ArgumentList::Delete()
     });
 }
 
-// The upper of two rows would have to be given behind one that may be left out.
+// The upper of two rows would have to be given behind one that may be left out. Where none may, nothing becomes so.
+bool ArgumentList::SinksBehindOptional(std::size_t upper) const
+{
+    return owner_.WhyRequired.empty() && items_.at(upper + 1).OptionalIndicator && !items_.at(upper).OptionalIndicator;
+}
+
 bool ArgumentList::ConfirmSwap(std::size_t upper, const std::string& question) const
 {
-    return !BecomesOptional(items_.at(upper), items_.at(upper + 1)) ||
+    return !SinksBehindOptional(upper) ||
            surroundings_.Edit.Messages.Ask({.Title = "Optional Parameter Move Confirmation",
                                             .Text = question,
                                             .Offered = Buttons::YesNo,
@@ -147,11 +143,9 @@ bool ArgumentList::ConfirmSwap(std::size_t upper, const std::string& question) c
 
 void ArgumentList::SwapWithNext(std::size_t upper)
 {
-    TTCParameter& sinking = items_.at(upper);
-    TTCParameter& rising = items_.at(upper + 1);
-    if (BecomesOptional(sinking, rising))
-        sinking.OptionalIndicator = true;
-    std::swap(sinking, rising);
+    if (SinksBehindOptional(upper))
+        items_.at(upper).OptionalIndicator = true;
+    std::swap(items_.at(upper), items_.at(upper + 1));
     for (std::size_t& row : selected_)
         if (row == upper || row == upper + 1)
             row = 2 * upper + 1 - row;

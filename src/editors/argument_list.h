@@ -87,6 +87,7 @@ class ArgumentList
     [[nodiscard]] bool MayRise(std::size_t row) const;
     [[nodiscard]] bool MaySink(std::size_t row) const;
     [[nodiscard]] bool ConfirmDeletion(std::size_t row) const;
+    [[nodiscard]] bool SinksBehindOptional(std::size_t upper) const;
     [[nodiscard]] bool ConfirmSwap(std::size_t upper, const std::string& question) const;
     bool RaiseRow(std::size_t row);
     bool SinkRow(std::size_t row);

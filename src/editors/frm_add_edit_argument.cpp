@@ -100,7 +100,9 @@ TypedName frmAddEditArgument::NameRules() const
 
 std::string frmAddEditArgument::DataTypeHint() const
 {
-    return TypeOfKey(cmbDataType).empty() ? "Visual Basic does not compile an argument without a type." : "";
+    return TypeOfKey(cmbDataType).empty()
+               ? "Without a type the generated line ends in 'as', which Visual Basic does not compile."
+               : "";
 }
 
 // A project file ends a value at a line break, and the rest of it could be read as anything.
@@ -130,8 +132,11 @@ TTCParameter frmAddEditArgument::Argument() const
         argument.ParameterDataType = TypeOfKey(cmbDataType);
     argument.ByValIndicator = chkByVal;
     argument.IsArray = chkArray;
+    if (isOptional_)
+        argument.DefaultValue = txtDefaultValue;
+    else if (argument.OptionalIndicator)
+        argument.DefaultValue.clear();
     argument.OptionalIndicator = isOptional_;
-    argument.DefaultValue = isOptional_ ? txtDefaultValue : "";
     return argument;
 }
 

@@ -14,17 +14,24 @@ namespace {
 constexpr std::string_view kFormName = "frmAddEditEvent";
 constexpr std::string_view kNameControl = "txtEventName";
 
+// Those of RecordDeleted follow the arguments of Delete, which a person may have changed.
+bool HasFixedArguments(const ttcEvent& event)
+{
+    return event.PlusEvent && event.EventName != "RecordDeleted";
+}
+
 std::string WhyFixedOf(const ttcEvent& event)
 {
-    return event.PlusEvent
-               ? "The generated code raises the " + event.EventName + " event by this name, with these arguments."
-               : "";
+    if (!event.PlusEvent)
+        return "";
+    return "The generated code raises the " + event.EventName + " event by this name" +
+           (HasFixedArguments(event) ? ", with these arguments." : ".");
 }
 
 ArgumentOwner OwnerOf(const ttcEvent& event)
 {
     return {.FormName = kFormName,
-            .WhyFixed = WhyFixedOf(event),
+            .WhyFixed = HasFixedArguments(event) ? WhyFixedOf(event) : "",
             .WhyRequired = "Visual Basic lets no argument of an event be left out."};
 }
 

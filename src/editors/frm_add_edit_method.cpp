@@ -33,11 +33,6 @@ std::shared_ptr<TTCMethod> NewMethod()
     return method;
 }
 
-std::string ScopeOf(const TTCMethod& method)
-{
-    return method.Scope.empty() ? std::string(kMethodScopes.front()) : method.Scope;
-}
-
 } // namespace
 
 frmAddEditMethod::frmAddEditMethod(const MemberSurroundings& surroundings, const std::shared_ptr<TTCMethod>& present)
@@ -49,7 +44,7 @@ frmAddEditMethod::frmAddEditMethod(const MemberSurroundings& surroundings, const
 {
     txtMethodName = present_->MethodName;
     cmbReturnType = TypeKey(present_->ReturnDataType);
-    cmbScope = ScopeOf(*present_);
+    cmbScope = present_->Scope;
 }
 
 std::string frmAddEditMethod::Caption() const
@@ -86,9 +81,11 @@ void frmAddEditMethod::txtMethodName_Change(std::string typed)
 
 void frmAddEditMethod::chkDefault_Click(bool on)
 {
-    const std::string name = txtMethodName_Enabled() ? MakeValidName(txtMethodName) : present_->MethodName;
+    const bool isNamed = txtMethodName_Enabled() && !txtMethodName.empty();
+    const std::string name = isNamed ? MakeValidName(txtMethodName) : present_->MethodName;
     const WantedDefault wanted{.Kind = MemberKind::Method, .Present = present_->MethodName, .Name = name};
     isDefault_ = on && ConfirmDefaultMember(surroundings_.Edit.Class, wanted, surroundings_.Edit.Messages);
+    defaultTouched_ = true;
     Changed.Raise();
 }
 
@@ -113,8 +110,7 @@ std::shared_ptr<TTCMethod> frmAddEditMethod::Edited(const Arguments& arguments) 
     // What was not touched stays as it is, be it as no box has it.
     if (cmbReturnType != TypeKey(method->ReturnDataType))
         method->ReturnDataType = TypeOfKey(cmbReturnType);
-    if (cmbScope != ScopeOf(*method))
-        method->Scope = cmbScope;
+    method->Scope = cmbScope;
     if (arguments != ArgumentsOf(method->Arguments))
         StoreArguments(arguments, method->Arguments);
     return method;
@@ -122,7 +118,7 @@ std::shared_ptr<TTCMethod> frmAddEditMethod::Edited(const Arguments& arguments) 
 
 std::shared_ptr<TTCMethod> frmAddEditMethod::PutInto(KZMClass& item, const Arguments& arguments) const
 {
-    if (isDefault_)
+    if (isDefault_ && defaultTouched_)
         ClearDefaultMembers(item);
     return PutMember(item, item.TTCMethods, position_, Edited(arguments), &TTCMethod::MethodName);
 }
@@ -137,7 +133,7 @@ TTCOutputs frmAddEditMethod::PreviewWith(const Arguments& arguments) const
 bool frmAddEditMethod::IsModified() const
 {
     return txtMethodName != present_->MethodName || cmbReturnType != TypeKey(present_->ReturnDataType) ||
-           cmbScope != ScopeOf(*present_) || isDefault_ != present_->DefaultMethod || arguments_.IsModified();
+           cmbScope != present_->Scope || isDefault_ != present_->DefaultMethod || arguments_.IsModified();
 }
 
 bool frmAddEditMethod::cmdOK_Click()

@@ -80,6 +80,7 @@ class frmAddEditMethod
     std::shared_ptr<const TTCMethod> present_; // as it was when the dialog came up
     NameTouch nameTouch_;
     bool isDefault_ = false;
+    bool defaultTouched_ = false; // what was not leaves the class its other default
     ArgumentList arguments_;
 };
 

@@ -22,7 +22,7 @@ std::vector<BuiltInRow> RowsFor(const ClassEdit& edit)
     std::vector<BuiltInRow> rows = OfferedRows(MethodsOnList(edit.Class), edit.Class.TTCMethods, &TTCMethod::PlusMethod,
                                                MethodNameRules(edit.Class, "", edit.CodePage), "MethodPlus");
     for (BuiltInRow& row : rows)
-        if (const auto refusal = RefusalOf(row.Name, edit.Class))
+        if (const auto refusal = RefusalOf(row.Name, edit.Class); refusal && !row.IsInClass && row.Trouble.empty())
             row.Trouble = refusal->Text;
     return rows;
 }
@@ -40,13 +40,7 @@ TTCOutputs frmBuiltInMethods::Preview(std::size_t row) const
 
 bool frmBuiltInMethods::cmdOK_Click()
 {
-    const std::vector<std::string> wanted = rows_.Wanted();
-    for (const std::string& name : wanted)
-        if (const auto refusal = RefusalOf(name, surroundings_.Edit.Class)) {
-            surroundings_.Edit.Messages.Ask(*refusal);
-            return false;
-        }
-    AcceptBuiltInMethods(surroundings_.Edit, wanted, Occasion::Ticked);
+    AcceptBuiltInMethods(surroundings_.Edit, rows_.Wanted(), Occasion::Ticked);
     return true;
 }
 

@@ -24,8 +24,8 @@ class frmBuiltInMethods
     // The lines that are generated for the method of the row.
     [[nodiscard]] TTCOutputs Preview(std::size_t row) const;
 
-    // Gives the class the ticked methods. Those that find a row may ask how. False where one of these has no key to
-    // find it by, which is told: none is added then, and the dialog stays with its ticks.
+    // Gives the class the ticked methods. Those that find a row may ask how; one that has no key to find it by is told
+    // and left out.
     [[nodiscard]] bool cmdOK_Click();
     [[nodiscard]] static bool cmdCancel_Click() { return true; }
 

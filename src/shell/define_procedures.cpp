@@ -174,7 +174,7 @@ class Definition
                             "the class " + item.ClassName + " has a member named " + form.txtMethodName + " already",
                             ": rename that, or " + AnotherClass(procedure));
         case ProcedureNaming::NotWritable:
-            return LeaveOut(procedure, "a name in it can't enter the project", ".");
+            return LeaveOut(procedure, "a name in it can't enter the project or is too long", ".");
         case ProcedureNaming::Done:
             break;
         }

@@ -99,7 +99,8 @@ TEST_F(AddEditArgumentTest, AnArgumentWithoutATypeGetsAHint)
         form.txtArgumentName = "a";
         EXPECT_EQ(form.Trouble("cmbDataType"), "");
         form.cmbDataType = ":0";
-        EXPECT_EQ(form.Trouble("cmbDataType"), "Visual Basic does not compile an argument without a type.");
+        EXPECT_EQ(form.Trouble("cmbDataType"),
+                  "Without a type the generated line ends in 'as', which Visual Basic does not compile.");
         EXPECT_TRUE(form.cmdOK_Click());
     });
     EXPECT_TRUE(messages.Asked().empty());
@@ -221,6 +222,13 @@ TEST_F(AddEditArgumentTest, ADefaultValueCountsForAnOptionalArgumentAlone)
         EXPECT_EQ(form.Argument().DefaultValue, "");
         EXPECT_EQ(form.txtDefaultValue, "60") << "what was typed is there again when the box is";
     });
+}
+
+TEST_F(AddEditArgumentTest, ADefaultValueOfARequiredArgumentStays)
+{
+    TTCParameter argument = Argument("a", "Long");
+    argument.DefaultValue = "60";
+    Edit({argument}, 0, [&](const frmAddEditArgument& form) { EXPECT_EQ(form.Argument(), argument); });
 }
 
 TEST_F(AddEditArgumentTest, ADefaultValueThatWouldBreakTheFileIsRefused)

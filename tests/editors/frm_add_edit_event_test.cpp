@@ -103,6 +103,29 @@ TEST_F(AddEditEventTest, TheArgumentsOfABuiltInEventStay)
     EXPECT_EQ(own.WhyFixed() + own.lstArguments().WhyFixed(), "");
 }
 
+TEST_F(AddEditEventTest, TheArgumentsOfADeletionFollowThoseOfDeleteByHand)
+{
+    ttcEvent& deleted = *item.TTCEvents.Item("Refused");
+    deleted.EventName = "RecordDeleted";
+    deleted.PlusEvent = true;
+    frmAddEditEvent form(surroundings, item.TTCEvents.Item("Refused"));
+    EXPECT_EQ(form.lstArguments().WhyFixed(), "");
+    EXPECT_EQ(form.WhyFixed(), "The generated code raises the RecordDeleted event by this name.");
+}
+
+TEST_F(AddEditEventTest, NoArgumentThatMovesBecomesOptional)
+{
+    auto refused = item.TTCEvents.Item("Refused");
+    StoreArguments({Argument("a", "Long"), OptionalArgument("b", "Long")}, // as older files have them
+                   refused->TTCEventParameters);
+    frmAddEditEvent form(surroundings, refused);
+    form.lstArguments().Select({form.lstArguments().Rows().size() - 1});
+    form.lstArguments().MoveUp();
+    EXPECT_TRUE(messages.Asked().empty());
+    EXPECT_TRUE(form.cmdOK_Click());
+    EXPECT_FALSE(item.TTCEvents.Item("Refused")->TTCEventParameters.Item("a")->OptionalIndicator);
+}
+
 TEST_F(AddEditEventTest, NoArgumentCanBeLeftOut)
 {
     std::string why;

@@ -195,6 +195,28 @@ TEST_F(AddEditMethodTest, AMethodThatTheRegisterHasLostIsNotOverwritten)
     EXPECT_EQ(MethodNames(), Texts{"Pay"});
 }
 
+TEST_F(AddEditMethodTest, AnUntouchedDefaultLeavesTheClassItsOtherOne)
+{
+    AddPayMethod().DefaultMethod = true;
+    AddProperty(item, "Total", "Long");
+    item.TTCProperties.Item("Total")->DefaultProperty = true;
+    const std::string before = Saved();
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
+    EXPECT_TRUE(form.cmdOK_Click());
+    EXPECT_EQ(Saved(), before);
+}
+
+TEST_F(AddEditMethodTest, AMethodWithoutAScopeCanGetAny)
+{
+    TTCMethod& method = AddPayMethod();
+    method.Scope = "";
+    frmAddEditMethod form(surroundings, item.TTCMethods.Item("Pay"));
+    EXPECT_EQ(form.cmbScope, "");
+    form.cmbScope = "Public";
+    EXPECT_TRUE(form.cmdOK_Click());
+    EXPECT_EQ(item.TTCMethods.Item("Pay")->Scope, "Public");
+}
+
 TEST_F(AddEditMethodTest, AnUntouchedMethodStaysByteForByte)
 {
     TTCMethod& method = AddPayMethod();

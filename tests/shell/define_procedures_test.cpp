@@ -223,9 +223,11 @@ TEST_F(DefineProceduresTest, NamesThatTheFileCannotHoldAreRefusedAndMakeNoClass)
     AddProcedure("łódź");
     AddProcedure("Twins", {"n", "N"});
     Define({"łódź", "Twins"});
-    EXPECT_THAT(refused,
-                ElementsAre("the stored procedure 'łódź' is left out, for a name in it can't enter the project.",
-                            "the stored procedure 'Twins' is left out, for a name in it can't enter the project."));
+    EXPECT_THAT(
+        refused,
+        ElementsAre(
+            "the stored procedure 'łódź' is left out, for a name in it can't enter the project or is too long.",
+            "the stored procedure 'Twins' is left out, for a name in it can't enter the project or is too long."));
     ASSERT_EQ(messages.Asked().size(), 2U);
     EXPECT_EQ(messages.Asked().at(0).Title, "Name Not Writable");
     EXPECT_EQ(messages.Asked().at(1).Title, "Duplicate Parameter Name");

@@ -53,10 +53,11 @@ void ArgumentsView::ShowList(ArgumentList& list)
         list_->Select(rows);
         ShowButtons();
     });
-    connect(ui_->lstArguments, &EditorList::RowOpened, this, [this](std::size_t row) {
-        list_->Select({row});
-        list_->Edit();
-    });
+    if (list_->WhyFixed().empty()) // else Return is that of the dialog
+        connect(ui_->lstArguments, &EditorList::RowOpened, this, [this](std::size_t row) {
+            list_->Select({row});
+            list_->Edit();
+        });
     ConnectButtons();
     ConnectKeys();
     ShowWhyFixed();

@@ -69,11 +69,14 @@ TEST_F(TheEventWindow, ABuiltInEventKeepsItsName)
 {
     item.TTCMembers.Add("IsModified", "IsModified");
     AddEvent(item, "IsModified");
+    StoreArguments({Argument("aOrder", "Order")}, item.TTCEvents.Item("IsModified")->TTCEventParameters);
     QWidget& dialog = Edit("IsModified");
     EXPECT_FALSE(IsEnabled(dialog, "txtEventName"));
     EXPECT_FALSE(IsEnabled(dialog, "cmdNewArgument"));
     EXPECT_THAT(Find<QWidget>(dialog, "cmdNewArgument").toolTip().toStdString(), HasSubstr(form->WhyFixed()));
     EXPECT_EQ(Focused(), "lstArguments");
+    Press(Qt::Key_Return);
+    EXPECT_TRUE(IsClosedBy(QDialog::Accepted));
 }
 
 TEST_F(TheEventWindow, NoArgumentIsOptional)

@@ -12,7 +12,7 @@ constexpr int kPartOfScreen = 3;
 
 int RoomForDialog::made_ = 0;
 
-RoomForDialog::RoomForDialog() : hasArrow_(QApplication::overrideCursor() != nullptr)
+RoomForDialog::RoomForDialog() : behind_(WindowInFront()), hasArrow_(QApplication::overrideCursor() != nullptr)
 {
     ++made_;
     const QWidgetList windows = QApplication::topLevelWidgets();
@@ -35,6 +35,9 @@ RoomForDialog::~RoomForDialog()
         if (window)
             window->show();
     }
+    // Where two dialogs close at once, a window manager may leave the keyboard with nobody.
+    if (behind_ && behind_->isVisible())
+        behind_->activateWindow();
 }
 
 QWidget* WindowInFront()

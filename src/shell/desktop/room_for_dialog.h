@@ -8,7 +8,8 @@
 namespace veldrane {
 
 // Makes room for something that a person has to answer: as long as it lives, windows that stay on top (the splash form,
-// the loading form) are hidden and the pointer is an arrow, even over a run that shows the hourglass.
+// the loading form) are hidden and the pointer is an arrow, even over a run that shows the hourglass. The window that
+// was in front is the active one again afterwards.
 class RoomForDialog
 {
   public:
@@ -23,6 +24,7 @@ class RoomForDialog
   private:
     static int made_; // how many live
 
+    QPointer<QWidget> behind_; // the dialog
     std::vector<QPointer<QWidget>> hidden_;
     bool hasArrow_;
 };

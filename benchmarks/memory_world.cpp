@@ -20,6 +20,8 @@ class SchemaConnection : public DataSourceConnection
     [[nodiscard]] const std::string& ConnectionString() const override { return text_; }
     [[nodiscard]] const std::vector<ADOError>& Errors() const override { return errors_; }
 
+    void Execute(const std::string& /*statement*/) override {}
+
     [[nodiscard]] std::unique_ptr<Catalog> OpenCatalog() override
     {
         auto catalog = std::make_unique<testing::FakeCatalog>();

@@ -157,6 +157,11 @@ class DataSourceConnection
 
     // The catalog as it is now. Throws DataSourceError kNoOpenConnection when nothing is open.
     [[nodiscard]] virtual std::unique_ptr<Catalog> OpenCatalog() = 0;
+
+    // Has the data source carry out one statement that changes it; rows that it answers with are dropped. Throws
+    // DataSourceError with the driver's own words, kNoOpenConnection when nothing is open, kNotSupported where the data
+    // source is only read.
+    virtual void Execute(const std::string& statement) = 0;
 };
 
 } // namespace veldrane

@@ -26,6 +26,7 @@ class EmptyConnection : public DataSourceConnection
     [[nodiscard]] const std::string& ConnectionString() const override { return text_; }
     [[nodiscard]] const std::vector<ADOError>& Errors() const override { return errors_; }
     [[nodiscard]] std::unique_ptr<Catalog> OpenCatalog() override { return nullptr; }
+    void Execute(const std::string& /*statement*/) override {}
 
   private:
     std::string text_;

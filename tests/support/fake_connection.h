@@ -27,8 +27,20 @@ class FakeConnection : public DataSourceConnection
         return std::make_unique<FakeCatalog>(Content);
     }
 
+    // Keeps the statement, or fails at it.
+    void Execute(const std::string& statement) override
+    {
+        if (!IsOpen())
+            throw DataSourceError(data_source_error::kNoOpenConnection, "FakeConnection", "nothing is open");
+        if (Statements.size() == FailingStatement)
+            throw DataSourceError(data_source_error::kFailed, "FakeConnection", "the statement is refused");
+        Statements.push_back(statement);
+    }
+
     FakeCatalog Content;
-    std::string CatalogFailure; // why no catalog can be opened; "" where one can
+    std::vector<std::string> Statements;
+    std::size_t FailingStatement = static_cast<std::size_t>(-1); // by its place
+    std::string CatalogFailure;                                  // why no catalog can be opened; "" where one can
 
   private:
     std::string text_ = "DSN=x;";

@@ -33,4 +33,9 @@ std::unique_ptr<Catalog> JetConnection::OpenCatalog()
     return std::make_unique<JetCatalog>(file_);
 }
 
+void JetConnection::Execute(const std::string& /*statement*/)
+{
+    throw DataSourceError(data_source_error::kNotSupported, "Jet", "A Jet file is only read, not changed.");
+}
+
 } // namespace veldrane

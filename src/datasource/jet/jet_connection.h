@@ -31,6 +31,9 @@ class JetConnection : public DataSourceConnection
 
     [[nodiscard]] std::unique_ptr<Catalog> OpenCatalog() override;
 
+    // Always throws kNotSupported.
+    void Execute(const std::string& statement) override;
+
   private:
     ProgramRunner& programs_;
     JetReaderOptions options_;

@@ -87,11 +87,22 @@ void OdbcConnection::Close()
     connectionString_.clear();
 }
 
-std::unique_ptr<Catalog> OdbcConnection::OpenCatalog()
+std::shared_ptr<OdbcSession> OdbcConnection::OpenSession() const
 {
     if (!session_)
         throw DataSourceError(data_source_error::kNoOpenConnection, "ODBC", "No data source is open.");
-    return std::make_unique<OdbcCatalog>(session_, MakeCatalogSource(*session_));
+    return session_;
+}
+
+std::unique_ptr<Catalog> OdbcConnection::OpenCatalog()
+{
+    const auto session = OpenSession();
+    return std::make_unique<OdbcCatalog>(session, MakeCatalogSource(*session));
+}
+
+void OdbcConnection::Execute(const std::string& statement)
+{
+    Run(*OpenSession(), statement);
 }
 
 } // namespace veldrane

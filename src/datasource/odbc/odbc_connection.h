@@ -38,12 +38,14 @@ class OdbcConnection : public DataSourceConnection
     [[nodiscard]] const std::string& ConnectionString() const override { return connectionString_; }
     [[nodiscard]] const std::vector<ADOError>& Errors() const override { return *errors_; }
     [[nodiscard]] std::unique_ptr<Catalog> OpenCatalog() override;
+    void Execute(const std::string& statement) override;
 
     // Whose word the next string is: a project's own, or one that stood on the command line.
     void SetOrigin(StringOrigin origin) { options_.Origin = origin; }
 
   private:
     [[nodiscard]] std::shared_ptr<OdbcSession> Connect(const std::string& connectionString) const;
+    [[nodiscard]] std::shared_ptr<OdbcSession> OpenSession() const;
 
     OdbcConnectionOptions options_;
     std::shared_ptr<std::vector<ADOError>> errors_;

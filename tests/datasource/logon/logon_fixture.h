@@ -46,6 +46,7 @@ class LoggedConnection : public DataSourceConnection
     [[nodiscard]] const std::string& ConnectionString() const override { return text_; }
     [[nodiscard]] const std::vector<ADOError>& Errors() const override { return errors_; }
     [[nodiscard]] std::unique_ptr<Catalog> OpenCatalog() override { return nullptr; }
+    void Execute(const std::string& /*statement*/) override {}
 
     bool OpenFails = false;
     bool CloseFails = false;

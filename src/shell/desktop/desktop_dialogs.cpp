@@ -1,6 +1,8 @@
 #include "shell/desktop/desktop_dialogs.h"
 
 #include "shell/desktop/about_dialog.h"
+#include "shell/desktop/bug_dialog.h"
+#include "shell/desktop/editors/project_properties_dialog.h"
 #include "shell/desktop/gen_code_dialog.h"
 #include "shell/desktop/logon_dialog.h"
 #include "shell/desktop/main_window.h"
@@ -48,6 +50,18 @@ void DesktopDialogs::Show(frmOptions& options)
 void DesktopDialogs::Show(frmWarning& warning)
 {
     ShowWarning(warning);
+}
+
+bool DesktopDialogs::Show(frmProjectProperties& properties)
+{
+    ProjectPropertiesDialog dialog(properties, window_);
+    Run(dialog);
+    return dialog.result() == QDialog::Accepted;
+}
+
+void DesktopDialogs::ShowBug()
+{
+    ReportBug(window_);
 }
 
 void DesktopDialogs::ShowAbout()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/desktop/editors/qt_editor_dialogs.h"
+#include "shell/desktop/editors/qt_project_dialogs.h"
 #include "shell/desktop/qt_look_dialogs.h"
 #include "shell/main_window/main_window_dialogs.h"
 
@@ -20,13 +21,16 @@ class DesktopDialogs : public MainWindowDialogs
     void Show(frmODBCLogon& logon) override;
     void Show(frmOptions& options) override;
     void Show(frmWarning& warning) override;
+    [[nodiscard]] bool Show(frmProjectProperties& properties) override;
     void ShowAbout() override;
+    void ShowBug() override;
     void ShowGenCode(const Application& application, TTCProject& project, KZMClasses& classes) override;
     void ShowZoom() override;
     [[nodiscard]] StartupChoice AskAtStartup(frmStartup& startup) override;
     [[nodiscard]] std::optional<std::string> AskForTable(const std::string& before) override;
     [[nodiscard]] LookDialogs& Look() override { return look_; }
     [[nodiscard]] EditorDialogs& Editors() override { return editors_; }
+    [[nodiscard]] ProjectDialogs& OfProject() override { return ofProject_; }
     void StartLabelEdit() override;
     void CloseMainWindow() override;
 
@@ -34,6 +38,7 @@ class DesktopDialogs : public MainWindowDialogs
     MainWindow* window_ = nullptr;
     QtLookDialogs look_;
     QtEditorDialogs editors_;
+    QtProjectDialogs ofProject_;
 };
 
 } // namespace veldrane

@@ -194,6 +194,8 @@ class frmMain : private OptionsOwner
     void OpenDatasource();
     [[nodiscard]] bool HasClassesOfTables();
     void Generate();
+    void ProjectProperties();
+    [[nodiscard]] bool ShowProjectProperties(ProjectTab tab);
     void Options();
     void HelpContents();
 

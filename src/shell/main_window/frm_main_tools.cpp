@@ -22,6 +22,11 @@ constexpr const char* kDataSourceChanged =
     "The code that you generate will connect to the new data source. Please make sure that it has the same structure as "
     "the former one.";
 
+constexpr const char* kLogNeedsItsTable =
+    "Transactions are logged in a table of a database, which has to be there before your COM object is used. Enter the "
+    "connection to the database and the name of the table, then click 'Create Logging Table': it creates the table at "
+    "once, or saves the script for the person who looks after the database.";
+
 } // namespace
 
 struct frmMain::NamedCommand
@@ -43,6 +48,7 @@ const std::vector<frmMain::NamedCommand>& frmMain::Commands()
              form.ShowStartup();
          }},
         {"Exit", [](frmMain& form) { form.dialogs_.CloseMainWindow(); }},
+        {"ProjectProperties", &frmMain::ProjectProperties},
         {"ProjectRename", [](frmMain& form) { form.dialogs_.StartLabelEdit(); }},
         {"NewClass", &frmMain::AddNewClass},
         {"EditClass", &frmMain::EditSelectedClass},
@@ -70,6 +76,7 @@ const std::vector<frmMain::NamedCommand>& frmMain::Commands()
         {"Zoom", [](frmMain& form) { form.dialogs_.ShowZoom(); }},
         {"Options", &frmMain::Options},
         {"HelpContents", &frmMain::HelpContents},
+        {"ReportABug", [](frmMain& form) { form.dialogs_.ShowBug(); }},
         {"About", [](frmMain& form) { form.dialogs_.ShowAbout(); }},
     };
     return commands;
@@ -93,7 +100,8 @@ void frmMain::New()
     if (!AskToSave(application_, session_))
         return;
     StartNewProject();
-    OpenDatasource();
+    if (ShowProjectProperties(ProjectTab::General))
+        OpenDatasource();
 }
 
 void frmMain::Save(SaveKind kind)
@@ -146,6 +154,33 @@ void frmMain::Generate()
     dialogs_.ShowGenCode(application_, Project(), Classes());
     DisplayPreview();
     ShowWhatIsOpen();
+}
+
+void frmMain::ProjectProperties()
+{
+    const bool component = tree_.Selected() && tree_.Nodes().at(*tree_.Selected()).Id.Key == "MTSRoot";
+    (void)ShowProjectProperties(component ? ProjectTab::ComponentServices : ProjectTab::General);
+}
+
+bool frmMain::ShowProjectProperties(ProjectTab tab)
+{
+    frmProjectProperties properties(
+        {.Project = Project(),
+         .Classes = Classes(),
+         .Options = application_.UserSettings,
+         .Dialogs = dialogs_.OfProject(),
+         .Logging = {.Connect = telling_.Connect,
+                     .Files = application_.Files,
+                     .Dialogs = application_.Windows.Dialogs,
+                     .Messages = application_.Asking,
+                     .Errors = application_.Errors,
+                     .CodePage = application_.State.Generation.CodePage},
+         .LoggingTurnedOn = [this] { warning_.DisplayWarning(kLogNeedsItsTable, warning_id::kLoggingTable); }},
+        tab);
+    if (!dialogs_.Show(properties))
+        return false;
+    DisplayClasses();
+    return true;
 }
 
 void frmMain::Options()

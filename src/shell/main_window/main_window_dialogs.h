@@ -9,6 +9,7 @@
 #include "shell/main_window/frm_startup.h"
 #include "shell/main_window/frm_warning.h"
 #include "shell/main_window/look_dialogs.h"
+#include "shell/project_properties/frm_project_properties.h"
 
 #include <optional>
 #include <string>
@@ -24,7 +25,10 @@ class MainWindowDialogs
     virtual void Show(frmODBCLogon& logon) = 0;
     virtual void Show(frmOptions& options) = 0;
     virtual void Show(frmWarning& warning) = 0; // over the window in front
+    // True if it was left by OK.
+    [[nodiscard]] virtual bool Show(frmProjectProperties& properties) = 0;
     virtual void ShowAbout() = 0;
+    virtual void ShowBug() = 0; // in which a person reports a defect
     virtual void ShowGenCode(const Application& application, TTCProject& project, KZMClasses& classes) = 0;
     virtual void ShowZoom() = 0; // of the preview
 
@@ -39,6 +43,9 @@ class MainWindowDialogs
 
     // The dialogs in which classes are made and changed.
     [[nodiscard]] virtual EditorDialogs& Editors() = 0;
+
+    // The dialogs that the properties of a project open.
+    [[nodiscard]] virtual ProjectDialogs& OfProject() = 0;
 
     // Lets the person type over the label of the selected node.
     virtual void StartLabelEdit() = 0;

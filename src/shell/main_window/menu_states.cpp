@@ -59,9 +59,6 @@ constexpr auto kTools = std::to_array<Tool>({
     {"About", "&About...", kHelpMenu, "", "Veldrane", "Tell about the program"},
 });
 
-// Off until they have a window to open.
-constexpr auto kToolsWithoutWindow = std::to_array<std::string_view>({"ProjectProperties", "ReportABug"});
-
 enum class ToolNeeds
 {
     Project,
@@ -217,8 +214,7 @@ bool ToolStates::IsEnabled(std::string_view tool) const
         return false;
     if (tool.starts_with(kRecentFileTool))
         return true;
-    if (FindTool(tool) == nullptr ||
-        std::find(kToolsWithoutWindow.begin(), kToolsWithoutWindow.end(), tool) != kToolsWithoutWindow.end())
+    if (FindTool(tool) == nullptr)
         return false;
     const auto* const rule =
         std::find_if(kRules.begin(), kRules.end(), [&](const ToolRule& row) { return row.Name == tool; });

@@ -11,10 +11,10 @@ using ::testing::IsEmpty;
 class FrmMainCommands : public testing::FrmMainTest
 {};
 
-TEST_F(FrmMainCommands, ToolsWithoutAWindowAndUnknownOnesDoNothing)
+TEST_F(FrmMainCommands, UnknownToolsDoNothing)
 {
     StartOnShop();
-    for (const char* tool : {"ProjectProperties", "ReportABug", "MRU99", "Nonsense", ""})
+    for (const char* tool : {"MRU99", "Nonsense", ""})
         Form.actbar_Click(tool);
     EXPECT_THAT(Windows.Opened, IsEmpty());
     EXPECT_THAT(World.Messages.Asked(), IsEmpty());
@@ -25,11 +25,11 @@ TEST_F(FrmMainCommands, EachWindowHasItsTool)
 {
     StartOnShop();
     Click(Fixed(tree_key::kRoot));
-    for (const char* tool :
-         {"Startup", "Zoom", "Options", "About", "ProjectRename", "OpenDatasource", "Generate", "Exit"})
+    for (const char* tool : {"Startup", "Zoom", "Options", "About", "ProjectRename", "OpenDatasource", "Generate",
+                             "ProjectProperties", "ReportABug", "Exit"})
         Form.actbar_Click(tool);
     EXPECT_THAT(Windows.Opened, ElementsAre("frmStartup", "frmZoom", "frmOptions", "frmAbout", "label edit",
-                                            "frmODBCLogon", "frmGenCode", "end"));
+                                            "frmODBCLogon", "frmGenCode", "frmProjectProperties", "frmBug", "end"));
 }
 
 TEST_F(FrmMainCommands, WhatARunHasAddedIsSeenInThePreview)

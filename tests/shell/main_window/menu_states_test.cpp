@@ -80,11 +80,29 @@ TEST(Tools, TheDataSourceIsEditedWhereTheReportOfAFailureSays)
 
 TEST(ToolStates, FollowTheSelection)
 {
-    for (const char* tool :
-         {"New",   "Open",       "Startup", "Exit",           "Options",         "HelpContents",
-          "About", "Save",       "SaveAs",  "OpenDatasource", "EditDataSource",  "RefreshTables",
-          "Zoom",  "ExpandTree", "Colapse", "ViewNavigator",  "ViewPreviewPane", "ViewDataSourceTables",
-          "Find",  "MRU1",       "Generate"})
+    for (const char* tool : {"New",
+                             "Open",
+                             "Startup",
+                             "Exit",
+                             "Options",
+                             "HelpContents",
+                             "About",
+                             "Save",
+                             "SaveAs",
+                             "OpenDatasource",
+                             "EditDataSource",
+                             "RefreshTables",
+                             "Zoom",
+                             "ExpandTree",
+                             "Colapse",
+                             "ViewNavigator",
+                             "ViewPreviewPane",
+                             "ViewDataSourceTables",
+                             "Find",
+                             "MRU1",
+                             "Generate",
+                             "ProjectProperties",
+                             "ReportABug"})
         EXPECT_EQ(EnabledIn(tool), "12345678") << tool;
     EXPECT_EQ(EnabledIn("ProjectRename"), "12");
     EXPECT_EQ(EnabledIn("DeleteClass"), "357");
@@ -92,12 +110,6 @@ TEST(ToolStates, FollowTheSelection)
     EXPECT_EQ(EnabledIn("NewClass"), "1234578");
     EXPECT_EQ(EnabledIn("MoveClassTo"), "357");
     EXPECT_EQ(EnabledIn("NoSuchTool"), "");
-}
-
-TEST(ToolStates, ToolsWithoutAWindowAreOff)
-{
-    for (const char* tool : {"ProjectProperties", "ReportABug"})
-        EXPECT_EQ(EnabledIn(tool), "") << tool;
 }
 
 TEST(ToolStates, WithoutADataSourceItsToolsAreOff)

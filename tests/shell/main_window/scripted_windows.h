@@ -3,6 +3,7 @@
 #include "editors/scripted_editor_dialogs.h"
 #include "scripted_look_dialogs.h"
 #include "shell/main_window/main_window_dialogs.h"
+#include "shell/project_properties/scripted_project_dialogs.h"
 
 #include <deque>
 #include <functional>
@@ -39,6 +40,14 @@ class ScriptedWindows : public MainWindowDialogs
             InWarning(warning);
     }
 
+    // OK, unless the test does something else.
+    [[nodiscard]] bool Show(frmProjectProperties& properties) override
+    {
+        Opened.emplace_back("frmProjectProperties");
+        return !InProperties || InProperties(properties);
+    }
+
+    void ShowBug() override { Opened.emplace_back("frmBug"); }
     void ShowAbout() override { Opened.emplace_back("frmAbout"); }
     void ShowGenCode(const Application& /*application*/, TTCProject& project, KZMClasses& classes) override
     {
@@ -70,17 +79,21 @@ class ScriptedWindows : public MainWindowDialogs
 
     [[nodiscard]] EditorDialogs& Editors() override { return ClassEditors; }
 
+    [[nodiscard]] ProjectDialogs& OfProject() override { return ProjectDialogsOpened; }
+
     void StartLabelEdit() override { Opened.emplace_back("label edit"); }
     void CloseMainWindow() override { Opened.emplace_back("end"); }
 
     std::function<void(frmODBCLogon&)> InLogon;
     std::function<void(frmOptions&)> InOptions;
     std::function<void(frmWarning&)> InWarning;
+    std::function<bool(frmProjectProperties&)> InProperties;
     std::function<StartupChoice(frmStartup&)> InStartup;
     std::function<void(TTCProject&, KZMClasses&)> InGenCode;
     std::deque<std::string> TablesNamed;
     ScriptedLookDialogs LooksChosen;
     ScriptedEditorDialogs ClassEditors;
+    ScriptedProjectDialogs ProjectDialogsOpened;
 
     std::vector<std::string> Opened;
     std::vector<std::string> Warned;     // by frmWarning

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/xml_assist.h"
-#include "shell/project_properties/frm_edit_prefix.h"
+#include "shell/project_properties/scripted_project_dialogs.h"
 #include "shell/project_properties/frm_project_properties.h"
 #include "support/failing_settings.h"
 #include "support/fake_connection.h"
@@ -12,33 +12,10 @@
 
 #include <gmock/gmock.h>
 
-#include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace veldrane::testing {
-
-// A person in front of the dialogs that the properties open.
-class ScriptedProjectDialogs : public ProjectDialogs
-{
-  public:
-    bool Show(frmEditPrefix& form) override
-    {
-        captions.push_back(form.Caption());
-        return atPrefix && atPrefix(form);
-    }
-
-    bool Show(frmLoggingTable& form) override
-    {
-        scripts.push_back(form.txtScript());
-        return false;
-    }
-
-    std::function<bool(frmEditPrefix&)> atPrefix;
-    std::vector<std::string> captions;
-    std::vector<std::string> scripts;
-};
 
 // A project with the class Order, its collection Orders and xmlAssist.
 class ProjectPropertiesTest : public ::testing::Test

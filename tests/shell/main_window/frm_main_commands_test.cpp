@@ -80,7 +80,7 @@ TEST_F(FrmMainCommands, TheTreeExpandsAndCollapsesAndKeepsItsSelection)
     EXPECT_EQ(SelectedKey(), tree_key::kGlobals);
 }
 
-TEST_F(FrmMainCommands, NewAsksToSaveThenStartsAProjectAndAsksForItsDataSource)
+TEST_F(FrmMainCommands, NewAsksToSaveThenStartsAProjectAndAsksForItsPropertiesAndItsDataSource)
 {
     StartWithCustomer();
     Form.Project().SetModified(true);
@@ -89,12 +89,55 @@ TEST_F(FrmMainCommands, NewAsksToSaveThenStartsAProjectAndAsksForItsDataSource)
     EXPECT_THAT(Titles(), ElementsAre("Save Changes?"));
     EXPECT_EQ(Form.Classes().Count(), 0U);
     EXPECT_EQ(World.State.ActiveConnection, nullptr);
-    EXPECT_THAT(Windows.Opened, ElementsAre("frmODBCLogon"));
+    EXPECT_THAT(Windows.Opened, ElementsAre("frmProjectProperties", "frmODBCLogon"));
     EXPECT_THAT(Windows.Purposes, ElementsAre(LogonPurpose::NewDataSource));
     EXPECT_THAT(Rows(), ElementsAre("NONE"));
     EXPECT_EQ(SelectedKey(), tree_key::kRoot);
     EXPECT_FALSE(Form.Project().Modified());
     EXPECT_FALSE(Form.actBar().IsEnabled("RefreshTables"));
+}
+
+TEST_F(FrmMainCommands, ANewProjectWhosePropertiesAreCancelledAsksForNoDataSource)
+{
+    StartWithCustomer();
+    Windows.InProperties = [](frmProjectProperties& /*properties*/) { return false; };
+    Form.actbar_Click("New");
+    EXPECT_THAT(Windows.Opened, ElementsAre("frmProjectProperties"));
+    EXPECT_EQ(Form.Project().ProjectName(), "New Project");
+    EXPECT_FALSE(Form.Project().Modified());
+}
+
+TEST_F(FrmMainCommands, PropertiesThatAreAcceptedAreSeenEverywhere)
+{
+    StartOnShop();
+    Windows.InProperties = [](frmProjectProperties& properties) {
+        EXPECT_EQ(properties.FirstTab(), ProjectTab::General);
+        properties.Text_Change("txtProjectName", "Corner Shop");
+        properties.Text_Change("txtVBProjectName", "Corner");
+        properties.Check_Click("chkMTS", true);
+        return properties.cmdOK_Click();
+    };
+    Form.actbar_Click("ProjectProperties");
+    EXPECT_EQ(Form.treMain().Nodes().front().Caption, "Corner Shop");
+    EXPECT_THAT(Form.Caption(), ::testing::HasSubstr("Corner Shop"));
+    EXPECT_NE(Form.Classes().Item("xmlAssist"), nullptr);
+    EXPECT_TRUE(Form.Project().Modified());
+}
+
+TEST_F(FrmMainCommands, TheTableOfTheLogIsExplainedUntilThePersonHasReadEnough)
+{
+    StartOnShop();
+    Windows.InProperties = [](frmProjectProperties& properties) {
+        properties.Check_Click("chkMTS", true);
+        properties.Check_Click("chkLogTransactions", true);
+        return false;
+    };
+    Form.actbar_Click("ProjectProperties");
+    ASSERT_EQ(Windows.Warned.size(), 1U);
+    EXPECT_THAT(Windows.Warned[0], ::testing::StartsWith("Transactions are logged in a table of a database"));
+    World.UserSettings.SaveSetting(settings_section::kHelp, "warnLoggingTable", "1");
+    Form.actbar_Click("ProjectProperties");
+    EXPECT_EQ(Windows.Warned.size(), 1U);
 }
 
 TEST_F(FrmMainCommands, ANewProjectCanBeRenamedAtOnce)

@@ -65,7 +65,7 @@ TEST_F(FrmMainStart, NewInTheStartupDialogRunsTheTool)
     ASSERT_TRUE(Form.Load({}));
     Windows.InStartup = [](frmStartup& startup) { return *startup.lstNew_DblClick("New"); };
     Form.tmrStartup_Timer();
-    EXPECT_THAT(Windows.Opened, ElementsAre("frmStartup", "frmODBCLogon"));
+    EXPECT_THAT(Windows.Opened, ElementsAre("frmStartup", "frmProjectProperties", "frmODBCLogon"));
 }
 
 TEST_F(FrmMainStart, BrowseInTheStartupDialogOpensTheFile)

@@ -7,11 +7,11 @@
 
 #include <QEvent>
 #include <QFontMetrics>
-#include <QKeyEvent>
 #include <QPalette>
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 namespace veldrane {
 namespace {
@@ -73,10 +73,7 @@ void ProjectPropertiesDialog::FillLists()
 {
     ui_->cmbVBVersion->addItem(u"Visual Basic 6.0"_s, visual_basic_version::kVisualBasic6);
     ui_->cmbVBVersion->addItem(u"Visual Basic 5.0"_s, visual_basic_version::kVisualBasic5);
-    for (const ProjectPrefix& prefix : kProjectPrefixes)
-        new QTreeWidgetItem(ui_->lstPrefixes, {NameToQt(prefix.Name)});
-    ui_->lstPrefixes->setCurrentItem(ui_->lstPrefixes->topLevelItem(0));
-    ui_->lstPrefixes->resizeColumnToContents(0);
+    ui_->lstPrefixes->setHeaderLabels({u"Names of"_s, u"Prefix"_s});
     const QFontMetrics letters(ui_->txtAutoSave->font());
     ui_->txtAutoSave->setFixedWidth(letters.horizontalAdvance(u"0000000"_s));
 }
@@ -121,41 +118,32 @@ void ProjectPropertiesDialog::ConnectBoxes()
 
 void ProjectPropertiesDialog::ConnectPrefixes()
 {
-    connect(ui_->lstPrefixes, &QTreeWidget::itemDoubleClicked, this, &ProjectPropertiesDialog::EditPrefix);
-    connect(ui_->cmdEditPrefix, &QPushButton::clicked, this, &ProjectPropertiesDialog::EditPrefix);
-    ui_->lstPrefixes->installEventFilter(this);
+    connect(ui_->lstPrefixes, &EditorList::RowOpened, this, &ProjectPropertiesDialog::EditPrefix);
+    connect(ui_->cmdEditPrefix, &QPushButton::clicked, this, [this] {
+        if (const auto row = ui_->lstPrefixes->CurrentRow())
+            EditPrefix(*row);
+    });
 }
 
 void ProjectPropertiesDialog::ConnectDefaults()
 {
-    const auto runs = [this](QPushButton& button, void (frmProjectProperties::*routine)()) {
-        connect(&button, &QPushButton::clicked, this, [this, routine] {
-            (form_.*routine)();
-            ShowState();
-        });
-    };
-    runs(*ui_->cmdSetAsDefault, &frmProjectProperties::cmdSetAsDefault_Click);
-    runs(*ui_->cmdRestoreDefaults, &frmProjectProperties::cmdRestoreDefaults_Click);
-    runs(*ui_->cmdSetDefaults, &frmProjectProperties::cmdSetDefaults_Click);
-    runs(*ui_->cmdRestorePrefixes, &frmProjectProperties::cmdRestorePrefixes_Click);
+    const auto show = [this] { ShowState(); };
+    connect(ui_->cmdSetAsDefault, &QPushButton::clicked, this, [this] { form_.cmdSetAsDefault_Click(); });
+    connect(ui_->cmdSetDefaults, &QPushButton::clicked, this, [this] { form_.cmdSetDefaults_Click(); });
+    connect(ui_->cmdRestoreDefaults, &QPushButton::clicked, this, [this] { form_.cmdRestoreDefaults_Click(); });
+    connect(ui_->cmdRestorePrefixes, &QPushButton::clicked, this, [this] { form_.cmdRestorePrefixes_Click(); });
+    for (const QPushButton* const button : {ui_->cmdRestoreDefaults, ui_->cmdRestorePrefixes})
+        connect(button, &QPushButton::clicked, this, show);
 }
 
-void ProjectPropertiesDialog::EditPrefix()
+void ProjectPropertiesDialog::EditPrefix(std::size_t row)
 {
-    form_.lstPrefixes_DblClick(static_cast<std::size_t>(ui_->lstPrefixes->currentIndex().row()));
+    form_.lstPrefixes_DblClick(row);
     ShowState();
 }
 
-// Return edits the prefix in the list, where it would else leave the dialog.
 bool ProjectPropertiesDialog::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == ui_->lstPrefixes && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key != Qt::Key_Return && key != Qt::Key_Enter)
-            return false;
-        EditPrefix();
-        return true;
-    }
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::Enter) {
         helped_ = NameOf(*watched);
         ShowHelp();
@@ -203,8 +191,10 @@ void ProjectPropertiesDialog::ShowLabels()
 
 void ProjectPropertiesDialog::ShowPrefixes()
 {
+    std::vector<EditorRow> rows;
     for (std::size_t row = 0; row < kProjectPrefixes.size(); ++row)
-        ui_->lstPrefixes->topLevelItem(static_cast<int>(row))->setText(1, NameToQt(form_.Prefix(row)));
+        rows.push_back({.Columns = {std::string(kProjectPrefixes.at(row).Name), form_.Prefix(row)}});
+    ui_->lstPrefixes->Show(rows);
 }
 
 void ProjectPropertiesDialog::ShowHelp()

@@ -3,11 +3,9 @@
 #include "shell/desktop/editors/editor_dialog.h"
 #include "shell/project_properties/frm_project_properties.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
-
-class QLabel;
-class QTreeWidgetItem;
 
 namespace Ui {
 class frmProjectProperties;
@@ -39,7 +37,7 @@ class ProjectPropertiesDialog final : public EditorDialog
     void ConnectBoxes();
     void ConnectPrefixes();
     void ConnectDefaults();
-    void EditPrefix();
+    void EditPrefix(std::size_t row);
     void ShowTexts();
     void ShowLabels();
     void ShowPrefixes();

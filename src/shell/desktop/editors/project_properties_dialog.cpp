@@ -7,6 +7,7 @@
 
 #include <QEvent>
 #include <QFontMetrics>
+#include <QHeaderView>
 #include <QPalette>
 
 #include <algorithm>
@@ -18,7 +19,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kLinesOfHelp = 4;
+constexpr int kLinesOfHelp = 5; // with the heading
 constexpr QRgb kMissing = 0xFFFF0000; // the red of a label whose control OK was refused for
 
 struct LevelButton
@@ -60,6 +61,11 @@ ProjectPropertiesDialog::ProjectPropertiesDialog(frmProjectProperties& form, QWi
     ConnectDefaults();
     ConnectButtons(*ui_->cmdOK, *ui_->cmdCancel);
     Follow(form_.FocusWanted);
+    // What is told of an option of one tab says nothing on another.
+    connect(ui_->tabMain, &QTabWidget::currentChanged, this, [this] {
+        helped_.clear();
+        ShowHelp();
+    });
     ShowState();
     resize(sizeHint());
     const bool first = form_.FirstTab() == ProjectTab::General;
@@ -74,6 +80,7 @@ void ProjectPropertiesDialog::FillLists()
     ui_->cmbVBVersion->addItem(u"Visual Basic 6.0"_s, visual_basic_version::kVisualBasic6);
     ui_->cmbVBVersion->addItem(u"Visual Basic 5.0"_s, visual_basic_version::kVisualBasic5);
     ui_->lstPrefixes->setHeaderLabels({u"Names of"_s, u"Prefix"_s});
+    ui_->lstPrefixes->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     const QFontMetrics letters(ui_->txtAutoSave->font());
     ui_->txtAutoSave->setFixedWidth(letters.horizontalAdvance(u"0000000"_s));
 }
@@ -84,7 +91,7 @@ void ProjectPropertiesDialog::KeepRoomForHelp()
     QFont bold = ui_->lblHelpHeading->font();
     bold.setBold(true);
     ui_->lblHelpHeading->setFont(bold);
-    ui_->lblHelp->setMinimumHeight(kLinesOfHelp * QFontMetrics(ui_->lblHelp->font()).lineSpacing());
+    ui_->fraHelp->setMinimumHeight((kLinesOfHelp + 1) * QFontMetrics(ui_->lblHelp->font()).lineSpacing());
 }
 
 void ProjectPropertiesDialog::ConnectTexts()
@@ -201,6 +208,7 @@ void ProjectPropertiesDialog::ShowHelp()
 {
     const ProjectHelp help = form_.Help(helped_);
     ui_->lblHelpHeading->setText(NameToQt(help.Heading));
+    ui_->lblHelpHeading->setVisible(!help.Heading.empty());
     ui_->lblHelp->setText(help.Text.empty() ? u"Point to an option to read what it does."_s : ToQt(help.Text));
 }
 

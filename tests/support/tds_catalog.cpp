@@ -263,6 +263,33 @@ void OpenTable(const TdsContents& contents, std::string_view name, TdsAnswer& an
     answer.End();
 }
 
+// "GO" is a word of the server's tools, not of the server.
+bool HasToolsWord(std::string_view batch)
+{
+    return batch == "GO" || batch.starts_with("GO\r\n") || batch.find("\nGO\r\n") != std::string_view::npos;
+}
+
+const TdsTable* TableInTheWay(const TdsContents& contents, std::string_view batch)
+{
+    constexpr std::string_view kMaking = "CREATE TABLE ";
+    if (!batch.starts_with(kMaking))
+        return nullptr;
+    std::string_view name = batch.substr(kMaking.size());
+    const std::string owner = TakePart(name);
+    return FindTable(contents, owner, TakePart(name));
+}
+
+void CarryOut(const TdsContents& contents, const std::string& batch, TdsAnswer& answer)
+{
+    if (HasToolsWord(batch))
+        return answer.Fail({102, "Incorrect syntax near 'GO'.", 15});
+    if (const TdsTable* table = TableInTheWay(contents, batch))
+        return answer.Fail({2714, "There is already an object named '" + table->Name + "' in the database."});
+    if (contents.CarriedOut)
+        contents.CarriedOut->Add(batch);
+    answer.End();
+}
+
 } // namespace
 
 void AnswerTdsCall(const TdsContents& contents, const TdsCall& call, TdsAnswer& answer)
@@ -283,7 +310,7 @@ void AnswerTdsBatch(const TdsContents& contents, const std::string& batch, TdsAn
             contents, std::string_view(batch).substr(kOpening.size(), batch.size() - kOpening.size() - kClosing.size()),
             answer);
     if (batch != "SELECT SCHEMA_NAME()")
-        return answer.End();
+        return CarryOut(contents, batch, answer);
     if (contents.Schema.empty())
         return answer.Fail({195, "'SCHEMA_NAME' is not a recognized built-in function name.", 15});
     const Columns columns = ColumnsOf({{"", "sysname"}});

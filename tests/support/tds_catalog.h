@@ -13,7 +13,7 @@ namespace veldrane::testing {
 void AnswerTdsCall(const TdsContents& contents, const TdsCall& call, TdsAnswer& answer);
 
 // Answers "SELECT * FROM name WHERE 1=0" with the table's columns, "SELECT SCHEMA_NAME()" with the login's schema, and
-// anything else with nothing.
+// fails as the server does for the word GO and for a table that is there; carries out anything else.
 void AnswerTdsBatch(const TdsContents& contents, const std::string& batch, TdsAnswer& answer);
 
 } // namespace veldrane::testing

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace veldrane::testing {
@@ -70,6 +73,27 @@ struct TdsProcedure
     std::string Owner = "dbo";
 };
 
+// What a server was told to do: batches that ask nothing. Written by the threads that serve.
+class TdsBatches
+{
+  public:
+    void Add(std::string batch)
+    {
+        const std::lock_guard lock(mutex_);
+        batches_.push_back(std::move(batch));
+    }
+
+    [[nodiscard]] std::vector<std::string> All() const
+    {
+        const std::lock_guard lock(mutex_);
+        return batches_;
+    }
+
+  private:
+    mutable std::mutex mutex_;
+    std::vector<std::string> batches_;
+};
+
 struct TdsContents
 {
     std::string Database = "shop";
@@ -78,6 +102,7 @@ struct TdsContents
     std::string Schema = "dbo"; // where the login's bare names are looked up first; "" for a server too old to say
     std::vector<TdsTable> Tables{};
     std::vector<TdsProcedure> Procedures{};
+    std::shared_ptr<TdsBatches> CarriedOut{}; // kept there; nothing for nobody
 };
 
 } // namespace veldrane::testing

@@ -59,6 +59,7 @@ class MainWindow : public QMainWindow
     void ConnectPanes();
 
     void Show(WindowPart part);
+    void ShowTools();
     void ShowCaption();
     void ShowModified();
     void ShowTreeState();

@@ -57,10 +57,18 @@ void MainWindow::Show(WindowPart part)
     case WindowPart::PreviewLook:
         return preview_->SetLook(rules_.Look());
     case WindowPart::Menus:
-        return tools_->ShowStates(rules_.actBar());
+        return ShowTools();
     case WindowPart::Panes:
         return ShowPanes();
     }
+}
+
+void MainWindow::ShowTools()
+{
+    tools_->ShowStates(rules_.actBar());
+    for (const std::string_view name : {"Undo", "Redo"})
+        if (const Tool* tool = FindTool(name))
+            tools_->ShowCaption(*tool, rules_.ToolCaption(*tool));
 }
 
 // The project may be another one from now on.

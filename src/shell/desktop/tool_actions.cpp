@@ -15,14 +15,33 @@ namespace veldrane {
 namespace {
 
 // What the bar offers; "" is a gap.
-constexpr auto kBarTools = std::to_array<std::string_view>(
-    {"New", "Open", "Save", "", "OpenDatasource", "RefreshTables", "", "NewClass", "EditClass", "DeleteClass", "",
-     "ProjectProperties", "Generate", "", "ExpandTree", "Colapse", "Zoom", "", "Options"});
+constexpr auto kBarTools = std::to_array<std::string_view>({"New",
+                                                            "Open",
+                                                            "Save",
+                                                            "",
+                                                            "Undo",
+                                                            "Redo",
+                                                            "",
+                                                            "OpenDatasource",
+                                                            "RefreshTables",
+                                                            "",
+                                                            "NewClass",
+                                                            "EditClass",
+                                                            "DeleteClass",
+                                                            "",
+                                                            "ProjectProperties",
+                                                            "Generate",
+                                                            "",
+                                                            "ExpandTree",
+                                                            "Colapse",
+                                                            "Zoom",
+                                                            "",
+                                                            "Options"});
 
 // In the menus a line stands in front of these.
 constexpr auto kGroupStarts =
-    std::to_array<std::string_view>({"Save", "SavePreview", "Startup", "Exit", "Find", "NewClass", "OpenDatasource",
-                                     "Generate", "ExpandTree", "Zoom", "About"});
+    std::to_array<std::string_view>({"Save", "SavePreview", "Startup", "Exit", "CopyLines", "Find", "NewClass",
+                                     "OpenDatasource", "Generate", "ExpandTree", "Zoom", "About"});
 
 constexpr auto kToolsWithChoices = std::to_array<std::string_view>({"AddClassTo", "MoveClassTo"});
 
@@ -128,6 +147,12 @@ void ToolActions::ShowStates(const ToolStates& states)
 {
     for (const auto& [name, action] : actions_)
         action->setEnabled(states.IsEnabled(name));
+}
+
+void ToolActions::ShowCaption(const Tool& tool, const std::string& caption)
+{
+    if (QAction* action = Action(tool.Name))
+        action->setText(ToQt(caption));
 }
 
 void ToolActions::ShowRecent(const std::vector<RecentTool>& tools)

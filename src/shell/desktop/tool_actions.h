@@ -40,6 +40,10 @@ class ToolActions : public QObject
     [[nodiscard]] QMenu* Choices(std::string_view tool) const;
 
     void ShowStates(const ToolStates& states);
+
+    // Shows what a tool is called now.
+    void ShowCaption(const Tool& tool, const std::string& caption);
+
     void ShowRecent(const std::vector<RecentTool>& tools);
 
     // Adds the tools of a context menu, separators aside. One that may not be chosen there stands in it all the same.

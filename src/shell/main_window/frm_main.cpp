@@ -62,6 +62,7 @@ void frmMain::StartProject()
                                                             .Programs = application_.Programs,
                                                             .Conflicts = conflicts_},
                                             application_.State.Generation);
+    history_ = std::make_unique<EditHistory>(Project(), Classes());
     projectEvents_.clear();
     projectEvents_.push_back(
         Project().ProjectNameChanged.Connect([this](const std::string& name) { Project_ProjectNameChanged(name); }));
@@ -177,7 +178,9 @@ void frmMain::ShowWhatIsOpen()
                     .DataSource = OpenConnection() != nullptr,
                     .Preview = panes_.pmPreviewVisible,
                     .Table = DraggedFromSelection("AddClassTo").has_value(),
-                    .OtherPlace = HasOtherPlace()});
+                    .OtherPlace = HasOtherPlace(),
+                    .Undo = history_->UndoName().has_value(),
+                    .Redo = history_->RedoName().has_value()});
     Changed.Raise(WindowPart::Menus);
 }
 

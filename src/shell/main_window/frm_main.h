@@ -8,6 +8,7 @@
 #include "shell/main_window/catalog_reading.h"
 #include "shell/main_window/data_source_pane.h"
 #include "shell/main_window/drop_rules.h"
+#include "shell/main_window/edit_history.h"
 #include "shell/main_window/frm_warning.h"
 #include "shell/main_window/main_window_dialogs.h"
 #include "shell/main_window/menu_states.h"
@@ -99,6 +100,9 @@ class frmMain : private OptionsOwner
     // know of no copy of it any more.
     [[nodiscard]] bool QueryUnload();
 
+    // What a tool is called in its menu now: "Undo" and "Redo" name the edit that they are about.
+    [[nodiscard]] std::string ToolCaption(const Tool& tool) const;
+
     // Runs a tool by its name. One that is off, or that is none, does nothing.
     void actbar_Click(std::string_view tool);
 
@@ -172,9 +176,14 @@ class frmMain : private OptionsOwner
     void ReadLists();
     void ShowLogon(LogonPurpose purpose, const std::string& database = {});
     void AttachByHand();
+    void AsEdit(const std::string& name, const std::function<void()>& edit);
+    void Undo();
+    void Redo();
+    void ShowProjectOfHistory(const std::function<void()>& go);
     [[nodiscard]] bool HasOtherPlace();
     [[nodiscard]] Drop EffectOf(const Dragged& dragged, std::size_t target);
     void PerformDrop(const Drop& drop);
+    void ChangeByDrop(const Drop& drop);
     [[nodiscard]] bool WithEditor(const std::function<bool(ClassEditor& editor)>& use);
     [[nodiscard]] ProjectNames NamesOfProject();
     [[nodiscard]] ClassEditorWorld WorldOfEditor(CodeGeneration& previews, MemberDialogs& members);
@@ -213,6 +222,7 @@ class frmMain : private OptionsOwner
     ProjectSession session_;
     NoConflicts conflicts_;
     std::unique_ptr<CodeGeneration> ttc_;
+    std::unique_ptr<EditHistory> history_;
     TreeState tree_;
     DataSourcePane datasource_;
     PreviewPane preview_;

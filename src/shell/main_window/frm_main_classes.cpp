@@ -107,7 +107,8 @@ void frmMain::AddNewClass()
     const std::string parent = NewClassParent(tree_);
     const NewClass request{.ParentClassName = parent,
                            .Place = parent == kNotApplicable ? Placement::Root : Placement::UnderParent};
-    static_cast<void>(WithEditor([&](ClassEditor& editor) { return editor.Add(request); }));
+    AsEdit("New Class",
+           [&] { static_cast<void>(WithEditor([&](ClassEditor& editor) { return editor.Add(request); })); });
 }
 
 // A class that was renamed has a node of its new name.
@@ -117,7 +118,10 @@ void frmMain::EditSelectedClass()
     const auto item = node == nullptr ? nullptr : Classes().Item(node->ClassName);
     if (item == nullptr || !MayEdit(*item, application_.Asking))
         return;
-    if (WithEditor([&](ClassEditor& editor) { return editor.Edit(item); }))
+    bool changed = false;
+    AsEdit("Edit Class " + item->ClassName,
+           [&] { changed = WithEditor([&](ClassEditor& editor) { return editor.Edit(item); }); });
+    if (changed)
         Classes_NewClassAdded(std::string(tree_.SelectedNode()->ClassName));
 }
 

@@ -125,11 +125,13 @@ void frmMain::AttachByHand()
         return name;
     };
     try {
-        AttachTable({.Source = source,
-                     .Project = Project(),
-                     .CodePage = application_.State.Generation.CodePage,
-                     .RefreshLists = [this] { RefreshLists(); }},
-                    ask);
+        AsEdit("Add Table", [&] {
+            AttachTable({.Source = source,
+                         .Project = Project(),
+                         .CodePage = application_.State.Generation.CodePage,
+                         .RefreshLists = [this] { RefreshLists(); }},
+                        ask);
+        });
     } catch (const ReadingCancelled&) {
         status_.SetStatus(kCancelledStatus);
     }

@@ -48,6 +48,8 @@ const std::vector<frmMain::NamedCommand>& frmMain::Commands()
              form.ShowStartup();
          }},
         {"Exit", [](frmMain& form) { form.dialogs_.CloseMainWindow(); }},
+        {"Undo", &frmMain::Undo},
+        {"Redo", &frmMain::Redo},
         {"ProjectProperties", &frmMain::ProjectProperties},
         {"ProjectRename", [](frmMain& form) { form.dialogs_.StartLabelEdit(); }},
         {"NewClass", &frmMain::AddNewClass},
@@ -122,10 +124,14 @@ void frmMain::ShowStartup()
 
 void frmMain::DeleteSelectedClass()
 {
-    if (tree_.Selected() &&
-        DeleteClass({.Project = Project(), .Classes = Classes(), .Tree = tree_, .Messages = application_.Asking},
-                    *tree_.Selected()))
-        DisplayClasses();
+    const TreeNode* const node = tree_.SelectedNode();
+    if (node == nullptr)
+        return;
+    AsEdit("Delete Class " + std::string(node->ClassName), [&] {
+        if (DeleteClass({.Project = Project(), .Classes = Classes(), .Tree = tree_, .Messages = application_.Asking},
+                        *tree_.Selected()))
+            DisplayClasses();
+    });
 }
 
 void frmMain::EditDataSource()
@@ -177,10 +183,11 @@ bool frmMain::ShowProjectProperties(ProjectTab tab)
                      .CodePage = application_.State.Generation.CodePage},
          .LoggingTurnedOn = [this] { warning_.DisplayWarning(kLogNeedsItsTable, warning_id::kLoggingTable); }},
         tab);
-    if (!dialogs_.Show(properties))
-        return false;
-    DisplayClasses();
-    return true;
+    bool accepted = false;
+    AsEdit("Project Properties", [&] { accepted = dialogs_.Show(properties); });
+    if (accepted)
+        DisplayClasses();
+    return accepted;
 }
 
 void frmMain::Options()

@@ -63,10 +63,13 @@ void frmMain::treMain_DblClick(std::size_t node)
 
 bool frmMain::treMain_AfterLabelEdit(std::size_t node, const std::string& label)
 {
-    if (node >= tree_.Nodes().size() || !AfterLabelEdit(TreeNode(tree_.Nodes().at(node)), label, Project()))
+    if (node >= tree_.Nodes().size())
         return false;
-    DisplayPreview();
-    return true;
+    bool taken = false;
+    AsEdit("Rename Project", [&] { taken = AfterLabelEdit(TreeNode(tree_.Nodes().at(node)), label, Project()); });
+    if (taken)
+        DisplayPreview();
+    return taken;
 }
 
 void frmMain::Project_ProjectNameChanged(const std::string& name)
@@ -147,8 +150,14 @@ void frmMain::DropOn(const Dragged& dragged, std::size_t target)
     PerformDrop(EffectOf(dragged, target));
 }
 
-// The tree follows what has changed before a failure too, and once.
 void frmMain::PerformDrop(const Drop& drop)
+{
+    const bool adds = std::holds_alternative<NewClass>(drop);
+    AsEdit(adds ? "Add Class" : "Move Class", [&] { ChangeByDrop(drop); });
+}
+
+// The tree follows what has changed before a failure too, and once.
+void frmMain::ChangeByDrop(const Drop& drop)
 {
     bool changed = true;
     std::string added;

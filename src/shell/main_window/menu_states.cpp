@@ -26,6 +26,8 @@ constexpr auto kTools = std::to_array<Tool>({
     {"Startup", "S&tart-up Dialog...", kFileMenu, "", "", "Choose a new, an existing or a recent project"},
     {"Exit", "E&xit", kFileMenu, "Ctrl+Q", "", "End the program"},
 
+    {"Undo", "&Undo", kEditMenu, "Ctrl+Z", "Undo", "Take the latest change of the project back"},
+    {"Redo", "&Redo", kEditMenu, "Ctrl+Shift+Z", "Redo", "Make the change again that was taken back"},
     {"CopyLines", "&Copy", kEditMenu, "Ctrl+C", "Copy", "Copy the selected lines of the preview"},
     {"CopyAll", "Copy &All", kEditMenu, "Ctrl+Shift+C", "", "Copy all lines of the preview"},
     {"Find", "&Find...", kEditMenu, "Ctrl+F", "Find", "Find a text in the preview"},
@@ -66,6 +68,8 @@ enum class ToolNeeds
     Preview,
     Table,
     OtherPlace,
+    Undo,
+    Redo,
 };
 
 bool Has(const WhatIsOpen& open, ToolNeeds needs)
@@ -79,6 +83,10 @@ bool Has(const WhatIsOpen& open, ToolNeeds needs)
         return open.Project && open.DataSource && open.Table;
     case ToolNeeds::OtherPlace:
         return open.Project && open.OtherPlace;
+    case ToolNeeds::Undo:
+        return open.Undo;
+    case ToolNeeds::Redo:
+        return open.Redo;
     case ToolNeeds::Project:
         break;
     }
@@ -113,6 +121,8 @@ constexpr auto kRules = std::to_array<ToolRule>({
     {"SaveAs", ToolNeeds::Project, kAlways},
     {"SavePreview", ToolNeeds::Preview, kAlways},
     {"PrintPreview", ToolNeeds::Preview, kAlways},
+    {"Undo", ToolNeeds::Undo, kAlways},
+    {"Redo", ToolNeeds::Redo, kAlways},
     {"CopyLines", ToolNeeds::Preview, kAlways},
     {"CopyAll", ToolNeeds::Preview, kAlways},
     {"Find", ToolNeeds::Preview, kAlways},

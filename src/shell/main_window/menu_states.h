@@ -51,6 +51,8 @@ struct WhatIsOpen
     bool Preview = true;    // its pane is shown
     bool Table = true;      // the selected row stands for one
     bool OtherPlace = true; // there is one for the selected class
+    bool Undo = false;      // an edit can be taken back
+    bool Redo = false;      // or made again
 };
 
 // Which tools may be chosen: none until the first state is set.

@@ -22,21 +22,6 @@ auto RowOf(const Table& table, std::string_view control)
     return std::find_if(table.begin(), table.end(), [&](const auto& row) { return row.Control == control; });
 }
 
-// What the dialog edits, and nothing else of a project.
-void CopyValues(const TTCProject& from, TTCProject& to)
-{
-    to.SetProjectName(from.ProjectName());
-    to.AutosaveProjectInterval = from.AutosaveProjectInterval;
-    to.LoggingLevel = from.LoggingLevel;
-    to.VBVersion = from.VBVersion;
-    for (const ProjectText& text : kProjectTexts)
-        to.*text.Member = from.*text.Member;
-    for (const ProjectCheck& check : kProjectChecks)
-        to.*check.Member = from.*check.Member;
-    for (const ProjectPrefix& prefix : kProjectPrefixes)
-        to.*prefix.Member = from.*prefix.Member;
-}
-
 // What each control needs to be of use; one that is not listed is always.
 struct Need
 {
@@ -79,7 +64,7 @@ constexpr auto kNeeds = std::to_array<Need>({
 frmProjectProperties::frmProjectProperties(const ProjectPropertiesWorld& world, ProjectTab first)
     : world_(world), first_(first), interval_(std::to_string(world.Project.AutosaveProjectInterval))
 {
-    CopyValues(world_.Project, values_);
+    CopyProjectProperties(world_.Project, values_);
 }
 
 const std::string& frmProjectProperties::Text(std::string_view control) const
@@ -266,7 +251,7 @@ void frmProjectProperties::FollowComponentServices()
 void frmProjectProperties::Store()
 {
     values_.AutosaveProjectInterval = AutosaveMinutes(interval_).value_or(world_.Project.AutosaveProjectInterval);
-    CopyValues(values_, world_.Project);
+    CopyProjectProperties(values_, world_.Project);
     FollowComponentServices();
     world_.Project.SetModified(true);
 }

@@ -1,5 +1,7 @@
 #include "shell/project_properties/project_controls.h"
 
+#include "shell/project_defaults.h"
+
 namespace veldrane {
 
 const std::array<ProjectCheck, 13> kProjectChecks{{
@@ -47,6 +49,20 @@ const std::array<ProjectCheck, 13> kProjectChecks{{
 const std::string_view kTransactionsAreAutomatic =
     "This option is disabled when 'Enable Microsoft Component Services Support' is selected because transactions are "
     "automatically implemented when the Component Services component writes to the database.";
+
+void CopyProjectProperties(const TTCProject& from, TTCProject& to)
+{
+    to.SetProjectName(from.ProjectName());
+    to.AutosaveProjectInterval = from.AutosaveProjectInterval;
+    to.LoggingLevel = from.LoggingLevel;
+    to.VBVersion = from.VBVersion;
+    for (const ProjectText& text : kProjectTexts)
+        to.*text.Member = from.*text.Member;
+    for (const ProjectCheck& check : kProjectChecks)
+        to.*check.Member = from.*check.Member;
+    for (const ProjectPrefix& prefix : kProjectPrefixes)
+        to.*prefix.Member = from.*prefix.Member;
+}
 
 std::string_view FormsCaption(bool webCompatible)
 {

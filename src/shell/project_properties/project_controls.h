@@ -50,6 +50,9 @@ extern const std::array<ProjectCheck, 13> kProjectChecks;
 // Why `chkUseTransactions` is off while component services are on.
 extern const std::string_view kTransactionsAreAutomatic;
 
+// Copies what the dialog edits, and nothing else of a project.
+void CopyProjectProperties(const TTCProject& from, TTCProject& to);
+
 // What `chkForms` is called, and the heading of its help.
 [[nodiscard]] std::string_view FormsCaption(bool webCompatible);
 [[nodiscard]] std::string_view FormsHeading(bool webCompatible);

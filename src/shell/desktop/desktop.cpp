@@ -15,6 +15,7 @@
 #include "shell/desktop/qt_mouse_pointer.h"
 #include "shell/desktop/reading_window.h"
 #include "shell/desktop/splash_form.h"
+#include "shell/desktop/visible_boxes_style.h"
 #include "shell/platform/disk_file_system.h"
 
 #include <QPointer>
@@ -69,7 +70,9 @@ class MessageHandlerWhile
 std::unique_ptr<GuardedApplication> StartQt(int& argumentCount, char** arguments)
 {
     const MessageHandlerWhile handler(EndWithoutDisplay);
-    return std::make_unique<GuardedApplication>(argumentCount, arguments);
+    auto application = std::make_unique<GuardedApplication>(argumentCount, arguments);
+    QApplication::setStyle(new VisibleBoxesStyle); // which the application owns
+    return application;
 }
 
 // The windows of one session, and the world as they meet it.

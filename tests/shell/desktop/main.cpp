@@ -1,4 +1,5 @@
 #include "shell/desktop/guarded_application.h"
+#include "shell/desktop/visible_boxes_style.h"
 
 #include <gtest/gtest.h>
 
@@ -8,5 +9,6 @@ int main(int argumentCount, char** arguments)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     ::testing::InitGoogleTest(&argumentCount, arguments);
     const veldrane::GuardedApplication application(argumentCount, arguments);
+    QApplication::setStyle(new veldrane::VisibleBoxesStyle);
     return RUN_ALL_TESTS();
 }

@@ -11,6 +11,7 @@ is_saved() { "$program" preview "$place/work/Shop.kzm" Customer; }
 
 main=$(titled "New Project")
 readonly main
+readonly properties='Project Properties'
 readonly logon='Open DataSource'
 readonly file='Select DataSource File'
 readonly questions=('Add Delete Method to Class' 'Choose Retrieval Method')
@@ -18,6 +19,7 @@ readonly editor='Add Customers'
 
 connect_by_mouse() {
     click Start 60 83 2 # New
+    click "$properties" -137 -22 # OK
     click "$logon" 60 53 # the page ODBC
     click "$logon" 33 125 # a driver, and there is one
     click "$logon" 453 182 # Browse
@@ -63,6 +65,7 @@ select_class_by_mouse() { click "$main" 360 104; }
 
 connect_by_keys() {
     keys Start Return
+    keys "$properties" Return
     keys "$logon" alt+v Home
     keys "$logon" alt+r alt+d
     type_text "$logon" "$place/work/shop.db"

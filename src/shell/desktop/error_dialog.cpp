@@ -1,5 +1,6 @@
 #include "shell/desktop/error_dialog.h"
 
+#include "shell/desktop/bug_dialog.h"
 #include "shell/desktop/qt_text.h"
 #include "shell/desktop/room_for_dialog.h"
 #include "ui_frm_error.h"
@@ -27,6 +28,7 @@ ErrorDialog::ErrorDialog(QWidget* parent) : QDialog(parent), ui_(std::make_uniqu
     ui_->txtError->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     ui_->txtError->hide();
     connect(ui_->cmdCopy, &QPushButton::clicked, this, &ErrorDialog::Copy);
+    connect(ui_->cmdReport, &QPushButton::clicked, this, [this] { ReportBug(this, FromQt(WholeText())); });
     connect(ui_->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
 }
 
@@ -56,9 +58,14 @@ void ErrorDialog::FitWords()
     ui_->scrError->setFixedHeight(std::clamp(needed, kIconSize, std::max(most, kIconSize)));
 }
 
+QString ErrorDialog::WholeText() const
+{
+    return ui_->lblError->text() + u"\n\n"_s + ui_->txtError->toPlainText();
+}
+
 void ErrorDialog::Copy()
 {
-    QGuiApplication::clipboard()->setText(ui_->lblError->text() + u"\n\n"_s + ui_->txtError->toPlainText());
+    QGuiApplication::clipboard()->setText(WholeText());
 }
 
 } // namespace veldrane

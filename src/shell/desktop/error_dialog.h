@@ -12,7 +12,7 @@ class frmError;
 namespace veldrane {
 
 // `frmError`: what failed and what to do in the words of the failure, and the report below (`txtError`), which
-// `cmdCopy` puts on the clipboard whole.
+// `cmdCopy` puts on the clipboard whole; `cmdReport` begins a bug report with it.
 class ErrorDialog : public QDialog
 {
     Q_OBJECT
@@ -28,6 +28,7 @@ class ErrorDialog : public QDialog
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    [[nodiscard]] QString WholeText() const;
     void Copy();
     void FitWords();
 

@@ -52,7 +52,7 @@ TEST_F(MainWindowMenus, NodesAndRowsHaveMenus)
 {
     StartWithClasses();
     EXPECT_THAT(MenuAt(Tree(), u"New Project"_s),
-                ElementsAre("(Properties...)", "Rename", "New Class...", "Edit DataSource...", "Generate Code...",
+                ElementsAre("Properties...", "Rename", "New Class...", "Edit DataSource...", "Generate Code...",
                             "Expand Tree", "Collapse Tree"));
     EXPECT_THAT(MenuAt(Tree(), u"Customer"_s), kClassMenu);
     EXPECT_THAT(MenuAt(Tree(), u"Orders"_s),

@@ -52,6 +52,23 @@ TEST(QtErrorReport, ShowsTheWordsTheHintAndTheReport)
         }});
 }
 
+TEST(QtErrorReport, BecomesABugReportIfThePersonWants)
+{
+    QtErrorReport report;
+    WithDialogs([&] { report.ReportError(kError, {.ModuleName = "frmMain", .RoutineName = "DisplayClasses"}); },
+                {[](QWidget& dialog) {
+                     Click(dialog, "cmdReport");
+                     Click(dialog, "cmdOK");
+                 },
+                 [](QWidget& dialog) {
+                     EXPECT_EQ(dialog.objectName(), u"frmBug"_s);
+                     const QString known = Find<QPlainTextEdit>(dialog, "txtDescription").toPlainText();
+                     EXPECT_TRUE(known.startsWith(u"/p/Shop.kzm: No such file or directory"_s));
+                     EXPECT_TRUE(known.contains(u"Class Name: frmMain"_s));
+                     Click(dialog, "cmdCancel");
+                 }});
+}
+
 TEST(QtErrorReport, ShowsAHintAlone)
 {
     QtErrorReport report;

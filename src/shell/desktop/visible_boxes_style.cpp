@@ -6,8 +6,8 @@
 namespace veldrane {
 namespace {
 
-constexpr double kFrameStrength = 0.6;
-constexpr double kDisabledFrameStrength = 0.3;
+constexpr float kFrameStrength = 0.6F;
+constexpr float kDisabledFrameStrength = 0.3F;
 constexpr double kCorner = 2;
 
 bool IsDark(const QPalette& palette)

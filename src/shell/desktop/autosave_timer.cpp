@@ -39,4 +39,12 @@ void AutosaveTimer::Tick()
         rules_.tmrAutosave_Timer();
 }
 
+bool AutosaveTimer::KeepLastCopy()
+{
+    if (IsInRoutine())
+        return false;
+    rules_.KeepLastCopy();
+    return true;
+}
+
 } // namespace veldrane

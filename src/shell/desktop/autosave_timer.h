@@ -22,6 +22,10 @@ class AutosaveTimer : public QObject
 
     void Tick();
 
+    // Has the rules keep a copy before the program is ended. False while a routine is on its way, as above: then it is
+    // to be called again.
+    [[nodiscard]] bool KeepLastCopy();
+
   private:
     frmMain& rules_;
     QTimer interval_;

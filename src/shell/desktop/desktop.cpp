@@ -3,6 +3,7 @@
 #include "shell/assembly.h"
 #include "shell/desktop/autosave_timer.h"
 #include "shell/desktop/desktop_dialogs.h"
+#include "shell/desktop/ending_signals.h"
 #include "shell/desktop/guarded_application.h"
 #include "shell/desktop/icons.h"
 #include "shell/desktop/loading_window.h"
@@ -137,6 +138,7 @@ class Desktop
     MainWindow window_;
     ReadingWindow readingWindow_{reading_, &window_};
     AutosaveTimer tmrAutosave_{rules_};
+    EndingSignals endingSignals_{[this] { return tmrAutosave_.KeepLastCopy(); }};
 };
 
 } // namespace

@@ -56,6 +56,13 @@ void Autosave::Tick()
         Save();
 }
 
+void Autosave::KeepLastCopy()
+{
+    CatchingReport untold;
+    if (session_.Project().Modified())
+        session_.Autosave(untold);
+}
+
 void Autosave::Save()
 {
     CatchingReport report;

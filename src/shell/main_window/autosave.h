@@ -30,6 +30,10 @@ class Autosave
     // more about the others.
     void Tick();
 
+    // Saves a modified project at once, whether or not it is to be autosaved: the program is about to be ended. Nobody
+    // is told of a failure, for nobody would read it; the copy of before stays.
+    void KeepLastCopy();
+
   private:
     void Save();
     void Tell(const CaughtFailure& failure);

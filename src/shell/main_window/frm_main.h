@@ -96,6 +96,9 @@ class frmMain : private OptionsOwner
     // Half a minute is over.
     void tmrAutosave_Timer() { autosave_.Tick(); }
 
+    // Keeps what nobody will be asked to save: the program is about to be ended.
+    void KeepLastCopy() { autosave_.KeepLastCopy(); }
+
     // Before the window closes: asks about a modified project. False if the window is to stay; otherwise the settings
     // know of no copy of it any more.
     [[nodiscard]] bool QueryUnload();

@@ -38,7 +38,9 @@ std::optional<StartupChoice> frmStartup::lstNew_DblClick(std::string_view key)
     if (key != "Browse")
         return std::nullopt;
     const std::string latest = lstRecent_.empty() ? "" : lstRecent_.front().Path;
-    const std::optional<std::string> path = application_.Windows.Dialogs.AskForFileToOpen(OpenProjectRequest(latest));
+    std::optional<std::string> path;
+    Guarded(application_.Errors, "frmStartup", "lstNew_DblClick",
+            [&] { path = application_.Windows.Dialogs.AskForFileToOpen(OpenProjectRequest(latest)); });
     return path ? std::optional(StartupChoice{.Action = StartupAction::Open, .Path = *path}) : std::nullopt;
 }
 

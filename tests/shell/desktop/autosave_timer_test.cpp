@@ -57,6 +57,17 @@ TEST_F(TheAutosaveTimer, HoldsATickOverUntilTheRoutineIsDone)
     EXPECT_TRUE(QTest::qWaitFor([this] { return !Entries().empty(); }));
 }
 
+TEST_F(TheAutosaveTimer, KeepsALastCopyUnlessARoutineIsOnItsWay)
+{
+    AutosaveTimer timer(*rules_);
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    EXPECT_FALSE(timer.KeepLastCopy());
+    EXPECT_THAT(Entries(), IsEmpty());
+    QApplication::restoreOverrideCursor();
+    EXPECT_TRUE(timer.KeepLastCopy());
+    EXPECT_THAT(Entries(), SizeIs(1));
+}
+
 TEST_F(TheAutosaveTimer, HoldsATickOverWhereARunShowsTheArrowOverItsCancel)
 {
     AutosaveTimer timer(*rules_);

@@ -2,6 +2,7 @@
 
 #include "screenshots.h"
 
+#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <QStyleOption>

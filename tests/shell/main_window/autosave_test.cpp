@@ -55,6 +55,28 @@ TEST_F(AutosaveTest, TheFirstComesAfterTheIntervalsMinutes)
                 HasSubstr("ProjectName\2" + session_.Project().ProjectName()));
 }
 
+TEST_F(AutosaveTest, TheLastCopyIsKeptAtOnceEvenOfAProjectThatIsNotAutosaved)
+{
+    session_.Project().AutosaveProject = false;
+    autosave_.KeepLastCopy();
+    EXPECT_THAT(Entries(), ElementsAre(Pair("copy1.kzm", "/recovery/copy1.kzm")));
+    EXPECT_TRUE(session_.Project().Modified());
+}
+
+TEST_F(AutosaveTest, NoLastCopyIsKeptOfAProjectThatIsSaved)
+{
+    session_.Project().SetModified(false);
+    autosave_.KeepLastCopy();
+    EXPECT_THAT(Entries(), IsEmpty());
+}
+
+TEST_F(AutosaveTest, NobodyIsToldThatTheLastCopyFailed)
+{
+    world_.UserSettings.Fails = true;
+    autosave_.KeepLastCopy();
+    EXPECT_THAT(world_.Errors.Reported, IsEmpty());
+}
+
 TEST_F(AutosaveTest, AProjectThatWasNeverSavedStaysWithoutAFile)
 {
     int used = 0;

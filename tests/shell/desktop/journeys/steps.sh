@@ -200,7 +200,7 @@ opens_wizard() { # TITLE OF THE MAIN WINDOW
     ! is_active "$1" || does open_wizard "$1"
     succeeds_within 5 is_active "$wizard"
 }
-open_wizard_by_mouse() { click "$1" 347 38; } # the tool Generate
+open_wizard_by_mouse() { click "$1" 419 38; } # the tool Generate
 open_wizard_by_keys() { keys "$1" F9; }
 
 go_on_by_mouse() { click "$wizard" -138 -21; }

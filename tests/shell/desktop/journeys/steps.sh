@@ -132,12 +132,11 @@ end_program() {
     wait "$running"
 }
 
-# Where the window and its panes are, and the one driver that is offered.
+# A person who never started the program: no settings, and one driver that is offered.
 prepare() {
     mkdir "$place/work" "$place/home"
     sqlite3 "$place/work/shop.db" <"$sample"
     printf '[SQLite3]\nDriver=libsqlite3odbc.so\n' >"$place/odbcinst.ini"
-    printf '[Window]\nLeft=10\nTop=40\nWidth=1180\nHeight=760\n' >"$place/settings.ini"
     export HOME="$place/home" XDG_STATE_HOME="$place/state" XDG_CONFIG_HOME="$place/config" XDG_RUNTIME_DIR="$place/home"
     export VELDRANE_SETTINGS="$place/settings.ini" ODBCSYSINI="$place" QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8
     export ASAN_OPTIONS="detect_leaks=0${ASAN_OPTIONS:+:$ASAN_OPTIONS}" # of the libraries for fonts
@@ -166,7 +165,7 @@ save_project_as_by_keys() { # TITLE NAME
 
 close_by_mouse() { # TITLE
     at "$1"
-    xdotool mousemove 1180 29 click 1 # in the title bar
+    xdotool mousemove --window "$(xdotool getactivewindow)" 1170 -11 click 1 # in the title bar
 }
 close_by_keys() { keys "$1" ctrl+q; }
 

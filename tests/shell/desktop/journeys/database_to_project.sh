@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# A person's way in a real window, by X events: from a database file to a saved project and its preview, and back to it
-# with a second start.
+# A person's way in a real window, by X events: from a first start and a database file to a saved project, its preview and
+# the generated code, and back to the project with a second start.
 # usage: database_to_project.sh PROGRAM SAMPLE.sql mouse|keys
 set -euo pipefail
 
@@ -91,6 +91,9 @@ does add_class
 save_preview "$main" before.txt
 does save_project_as "$main" Shop.kzm
 wait_for "the class in the project file" is_saved
+generate_project "$main" Shop.kzm
+does save_project "$main"
+wait_for "a project without changes" has_title "$main"
 does close "$main"
 end_program
 "$program" preview "$place/work/Shop.kzm" Customer >"$place/expected.txt"

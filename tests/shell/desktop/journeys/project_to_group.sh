@@ -9,21 +9,7 @@ set -euo pipefail
 
 main=$(titled Shop)
 readonly main
-readonly new_folder='New Folder' conflict='File Exists'
-readonly target=$place/home/Generated # in the folder that the wizard begins with
-
-make_folder_by_mouse() {
-    click "$wizard" -55 -58 # the button New Folder
-    type_text "$new_folder" Generated
-    click "$new_folder" -138 -22
-}
-make_folder_by_keys() { # in the menu of the folder tree
-    keys "$wizard" Tab Menu
-    wait_for "the menu of the folders" has_popup
-    xdotool key --delay 30 Down Return
-    type_text "$new_folder" Generated
-    keys "$new_folder" Return
-}
+readonly conflict='File Exists'
 
 choose_prompt_by_mouse() { click "$wizard" 111 50; }
 choose_prompt_by_keys() { keys "$wizard" alt+p; }
@@ -84,11 +70,10 @@ take_over_links() {
     PATH=$place/bin:$PATH
 }
 
-has_files_of() { diff <(ls "$1") <(ls "$target"); }
 change_by_hand() { # FILE...
     local file
     for file; do
-        printf "' mine\r\n" | cat "$place/expected/$file" - >"$target/$file"
+        printf "' mine\r\n" | cat "$place/expected/$file" - >"$generated/$file"
     done
 }
 
@@ -101,26 +86,22 @@ start_display
 
 start_program Shop.kzm
 wait_for "the tables of the data source" has_opened_database
-wait_for "the wizard" opens_wizard "$main"
-does go_on
-does make_folder
-wait_for "the new folder" test -d "$target"
-does go_on
+choose_new_folder "$main"
 does choose_backup
 does go_on
 wait_for "the files" has_files_of "$place/expected"
 wait_for "the group, opened" opens_group
-[ "$(sort -u "$place/opened")" = "$target/TestShop.vbg" ]
+[ "$(sort -u "$place/opened")" = "$generated/TestShop.vbg" ]
 wait_for "the end of the wizard" closes_wizard
-diff -r "$place/expected" "$target" >&2
+diff -r "$place/expected" "$generated" >&2
 wait_for "a project with changes" has_title "$main*" # its folder
 does save_project "$main"
 wait_for "a project without changes" has_title "$main"
-grep -q "^OutputPath.*$target" "$place/work/Shop.kzm"
+grep -q "^OutputPath.*$generated" "$place/work/Shop.kzm"
 
-find "$target" -type f ! -name Shop.vbp ! -name Customer.cls ! -name Order.cls -delete
+find "$generated" -type f ! -name Shop.vbp ! -name Customer.cls ! -name Order.cls -delete
 change_by_hand Customer.cls Order.cls
-cp -r "$target" "$place/before"
+cp -r "$generated" "$place/before"
 wait_for "the wizard" opens_wizard "$main"
 does go_on
 does go_on
@@ -134,7 +115,7 @@ cp "$place/before/Shop.vbp" "$place/expected/Shop.vbp.BAK"
 cp "$place/before/Order.cls" "$place/expected/Order.cls"
 wait_for "the files" has_files_of "$place/expected"
 wait_for "the end of the wizard" closes_wizard
-diff -r "$place/expected" "$target" >&2
+diff -r "$place/expected" "$generated" >&2
 wait_for "a project without changes" has_title "$main"
 does close "$main"
 end_program
@@ -147,7 +128,7 @@ does go_on
 does go_on
 settle give_up_run
 wait_for "the end of the wizard" closes_wizard
-diff -r "$place/expected" "$target" >&2
+diff -r "$place/expected" "$generated" >&2
 does close "$main"
 end_program
 echo "done by $way"

@@ -212,3 +212,40 @@ closes_wizard() {
 }
 close_wizard_by_mouse() { click "$wizard" -52 -21; }
 close_wizard_by_keys() { keys "$wizard" Escape; }
+
+readonly generated=$place/home/Generated # in the folder that the wizard begins with
+has_files_of() { diff <(ls "$1") <(ls "$generated"); }
+
+make_folder_by_mouse() {
+    click "$wizard" -55 -58 # the button New Folder
+    type_text 'New Folder' Generated
+    click 'New Folder' -138 -22
+}
+make_folder_by_keys() { # in the menu of the folder tree
+    keys "$wizard" Tab Menu
+    wait_for "the menu of the folders" has_popup
+    xdotool key --delay 30 Down Return
+    type_text 'New Folder' Generated
+    keys 'New Folder' Return
+}
+
+# Up to the page of options.
+choose_new_folder() { # TITLE OF THE MAIN WINDOW
+    wait_for "the wizard" opens_wizard "$1"
+    does go_on
+    does make_folder
+    wait_for "the new folder" test -d "$generated"
+    does go_on
+}
+
+# The wizard writes into a new folder what the command line writes into another.
+generate_project() { # TITLE OF THE MAIN WINDOW, ITS FILE
+    mkdir "$place/expected"
+    "$program" generate "$place/work/$2" "$place/expected"
+    choose_new_folder "$1"
+    does go_on
+    wait_for "the files" has_files_of "$place/expected"
+    wait_for "the end of the wizard" closes_wizard
+    diff -r "$place/expected" "$generated" >&2
+    wait_for "a project with changes" has_title "$1*" # its folder
+}

@@ -6,19 +6,12 @@ set -euo pipefail
 
 # shellcheck source=steps.sh
 . "$(dirname "$0")/steps.sh"
-fast_clock=$(realpath "$4")
 
 shop=$(titled Shop)
 desk=$(titled Desk)
 new=$(titled 'New Project')
-readonly fast_clock shop desk new
+readonly shop desk new fast_clock=$4
 readonly detected='Recoverable File Detected' changes='Save Changes?' start='Start'
-readonly copies=$place/state/veldrane/recovery
-
-# The autosave comes after five minutes.
-start_with_fast_clock() {
-    LD_PRELOAD=$fast_clock ASAN_OPTIONS=$ASAN_OPTIONS:verify_asan_link_order=0 start_program "$@"
-}
 
 # The root of the tree is the project. A key is lost while the program still reads.
 renames_project() {
@@ -41,7 +34,7 @@ has_entry() { grep -q '\.kzm=' "$place/settings.ini"; }
 has_no_entry() { ! has_entry; }
 has_its_copy_alone() {
     [ "$(grep -o '^[0-9]*-[0-9a-f]*\.kzm=' "$place/settings.ini" | cut -d- -f1)" = "$running" ] &&
-        grep -q Desk "$copies/$running"-*.kzm
+        has_copy_with Desk
 }
 
 keep_crash() {
@@ -77,7 +70,7 @@ define_project Shop shop.db
 cp "$place/work/Shop.kzm" "$place/Shop.kzm"
 start_display
 
-start_with_fast_clock Shop.kzm
+start_with_fast_clock "$fast_clock" Shop.kzm
 wait_for "the tables of the data source" has_opened_database
 wait_for "a project with changes" renames_project
 wait_for "the autosave" has_its_copy_alone
@@ -104,7 +97,7 @@ end_program
 running=$first
 has_its_copy_alone
 
-does save_project_as "$desk" Rescued.kzm
+save_project_as "$desk" Rescued.kzm
 wait_for "a project without changes" has_title "$desk"
 does close "$desk"
 end_program

@@ -14,8 +14,6 @@ readonly main
 readonly properties='Project Properties'
 readonly logon='Open DataSource'
 readonly file='Select DataSource File'
-readonly questions=('Add Delete Method to Class' 'Choose Retrieval Method')
-readonly editor='Add Customers'
 
 connect_by_mouse() {
     click Start 60 83 2 # New
@@ -33,34 +31,6 @@ choose_first_file() {
     is_gone "$file" || { click "$file" 150 71 2 && is_gone "$file"; }
 }
 
-# Takes the row Customers. What is dragged shows as a window under the pointer; none comes where the list was still
-# empty, as it is until the database has been read.
-take_customers() {
-    local step
-    xdotool mousemove --window "$1" 56 168 mousedown 1
-    for step in "70 150" "110 130" "290 100"; do
-        # shellcheck disable=SC2086 # two numbers
-        xdotool mousemove --window "$1" $step
-    done
-    succeeds_within 5 has_popup || { xdotool mouseup 1 && return 1; }
-}
-
-# Onto the first group of the tree.
-drag_customers() {
-    local id
-    id=$(window "$main" | head -1)
-    wait_for "the picture of the drag" take_customers "$id"
-    xdotool mousemove --window "$id" 370 88 mousemove --window "$id" 378 86 mouseup 1
-}
-
-add_class_by_mouse() {
-    at "$main"
-    drag_customers
-    click "${questions[0]}" -52 -23 # No
-    click "${questions[1]}" -52 -23
-    click "$editor" -137 -22 # OK
-}
-
 select_class_by_mouse() { click "$main" 360 104; }
 
 connect_by_keys() {
@@ -72,24 +42,15 @@ connect_by_keys() {
     keys "$logon" Return
 }
 
-# The menu offers the first group of the tree first.
-add_class_by_keys() {
-    keys "$main" Tab Tab Home Down Down
-    menu "$main" alt+p a Return
-    keys "${questions[0]}" alt+n
-    keys "${questions[1]}" alt+n
-    keys "$editor" Return
-}
-
 select_class_by_keys() { keys "$main" Home Down Down; }
 
 prepare
 start_display
 start_program
 does connect
-does add_class
+does add_class "$main" 'Add Customers'
 save_preview "$main" before.txt
-does save_project_as "$main" Shop.kzm
+save_project_as "$main" Shop.kzm
 wait_for "the class in the project file" is_saved
 generate_project "$main" Shop.kzm
 does save_project "$main"

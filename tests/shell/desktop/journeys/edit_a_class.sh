@@ -7,33 +7,15 @@ set -euo pipefail
 
 # shellcheck source=steps.sh
 . "$(dirname "$0")/steps.sh"
+# shellcheck source=postgresql.sh
+. "$(dirname "$0")/postgresql.sh"
 
-server=${VELDRANE_TEST_POSTGRESQL:-}
-[ -n "$server" ] || skip "no PostgreSQL runs: start this with scripts/database-servers run"
 main=$(titled Shop)
-readonly server main database=veldrane_journey_$$
-readonly editor='Edit order' field='Edit shipperid' method='Add New Method' argument='Add Argument'
+readonly main
+readonly method='Add New Method' argument='Add Argument'
 readonly methods='Add Built-In Methods' events='Add Built-In Events'
-readonly procedures='Add Stored Procedures' procedure='Add New Stored Procedure: orderssince'
-
-run_sql() { # DATABASE
-    psql --no-psqlrc --quiet --set=ON_ERROR_STOP=1 --username=veldrane --port=5432 --host="$server" --dbname="$1"
-}
-
-make_database() {
-    echo "create database $database" | run_sql postgres
-    run_sql "$database" <<'SQL'
-create table customers (customerid serial primary key, companyname varchar(40) not null);
-create table shippers (shipperid serial primary key, shippername varchar(40) not null, phone varchar(24));
-create table orders (orderid serial primary key, customerid integer not null references customers,
-    shipperid integer, orderdate date);
-create function orderssince(since date) returns setof orders
-    language sql as 'select * from orders where orderdate >= since';
-SQL
-}
 
 define_shop() {
-    printf '[PostgreSQL Unicode]\nDriver=psqlodbcw.so\n' >>"$ODBCSYSINI/odbcinst.ini"
     "$program" define "$place/work/Shop.kzm" --table customers --table orders=customers --set ProjectName=Shop \
         --set VBProjectName=Shop --set MTSEnabled=False --connection \
         "PROVIDER=MSDASQL;Driver=PostgreSQL Unicode;Server=$server;Port=5432;Database=$database;UID=veldrane;" >/dev/null
@@ -50,9 +32,7 @@ open_editor() { wait_for "the editor of the class" opens_editor "$1"; } # ITS TI
 
 # Another name, and a lookup that brings a field in under a name of its own.
 edit_field() {
-    keys "$editor" alt+p alt+f Home Down Down Return
-    keys "$field" alt+n ctrl+a
-    type_text "$field" Carrier
+    does name_field Carrier
     keys "$field" ctrl+Tab alt+b Down Down Down
     keys "$field" alt+f Down space F2 ctrl+a
     type_text "$field" CarrierName
@@ -82,13 +62,6 @@ add_built_in_members() {
     keys 'Confirm Delete Event' Return
     keys "$editor" ctrl+b
     keys "$events" space Return
-}
-
-add_procedure() {
-    keys "$editor" alt+m alt+h ctrl+Insert
-    keys "$procedures" Down space Return
-    type_text "$procedure" FetchSince
-    keys "$procedure" Return
 }
 
 # Takes the join off, and makes it again of its two fields.
@@ -124,12 +97,8 @@ change_and_cancel() {
     at "$main"
 }
 
-module_has() { # MODULE LINE'S_BEGINNING
-    grep -aF -- "$2" "$place/out/$1.cls" >/dev/null || give_up "the code of $1 lacks: $2"
-}
-
 prepare
-make_database
+make_postgresql_database
 define_shop
 start_display
 start_program Shop.kzm
@@ -137,7 +106,7 @@ open_editor "$editor"
 edit_field
 add_method
 add_built_in_members
-add_procedure
+does add_procedure FetchSince
 join_by_hand
 name_collection
 rename_class
@@ -156,11 +125,11 @@ cmp "$place/saved.kzm" "$place/work/Shop.kzm"
 
 mkdir "$place/out"
 "$program" generate "$place/work/Shop.kzm" "$place/out" >/dev/null
-module_has Purchase 'Public Property Get Carrier() as Long'
-module_has Purchase 'Public Property Get CarrierName() as String'
-module_has Purchase 'Public Sub Ship(ByVal aDate as Date, Optional ByRef aNote as Variant)'
-module_has Purchase 'Public Function RetrieveList('
-module_has Purchase 'Public Event RecordAdded('
-module_has Purchase 'Public Function FetchSince('
-module_has AllOrders 'Public Function RetrieveRelated(ByVal customerid as Long'
+has_code "$place/out/Purchase.cls" 'Public Property Get Carrier() as Long'
+has_code "$place/out/Purchase.cls" 'Public Property Get CarrierName() as String'
+has_code "$place/out/Purchase.cls" 'Public Sub Ship(ByVal aDate as Date, Optional ByRef aNote as Variant)'
+has_code "$place/out/Purchase.cls" 'Public Function RetrieveList('
+has_code "$place/out/Purchase.cls" 'Public Event RecordAdded('
+has_code "$place/out/Purchase.cls" 'Public Function FetchSince('
+has_code "$place/out/AllOrders.cls" 'Public Function RetrieveRelated(ByVal customerid as Long'
 echo "done by $way"

@@ -59,7 +59,7 @@ add_built_in_members() {
     keys "$editor" ctrl+b
     keys "$methods" space Return
     keys "$editor" alt+e alt+t Home Delete
-    keys 'Confirm Delete Event' Return
+    keys 'Confirm Delete Event' Left Return # Cancel is offered
     keys "$editor" ctrl+b
     keys "$events" space Return
 }
@@ -67,7 +67,7 @@ add_built_in_members() {
 # Takes the join off, and makes it again of its two fields.
 join_by_hand() {
     keys "$editor" alt+r alt+j Home Delete
-    keys 'Confirm Delete Relationship' Return
+    keys 'Confirm Delete Relationship' Left Return
     keys "$editor" alt+a Home alt+t Home Down alt+d
 }
 
@@ -89,7 +89,6 @@ rename_class() {
 
 # What is changed and not wanted is gone with a word.
 change_and_cancel() {
-    open_editor 'Edit Purchase'
     keys 'Edit Purchase' alt+n ctrl+a
     type_text 'Edit Purchase' Nothing
     keys 'Edit Purchase' Escape
@@ -116,12 +115,27 @@ wait_for "the class in the project file" "$program" preview "$place/work/Shop.kz
 close_by_keys "$main"
 end_program
 cp "$place/work/Shop.kzm" "$place/saved.kzm"
+for saved in 'Class Purchase' 'Property Carrier' 'Method Ship' 'Argument aNote' 'Method RetrieveList' 'Method FetchSince' \
+    'Relationship customers:customerid=orders:customerid'; do
+    has_code "$place/saved.kzm" "Begin $saved"
+done
+[ "$(grep -c '^Begin Relationship ' "$place/saved.kzm")" -eq 1 ]
+grep '^Begin Event ' "$place/saved.kzm" | tail -1 | grep RecordAdded >/dev/null # it was deleted before
 
 start_program Shop.kzm
+open_editor 'Edit Purchase'
+keys 'Edit Purchase' Escape
+save_preview "$main" before.txt
+open_editor 'Edit Purchase'
 change_and_cancel
+save_preview "$main" after.txt
 close_by_keys "$main"
 end_program
 cmp "$place/saved.kzm" "$place/work/Shop.kzm"
+"$program" preview "$place/work/Shop.kzm" Purchase >"$place/expected.txt"
+for file in before after; do
+    tr -d '\r' <"$place/work/$file.txt" | diff "$place/expected.txt" - >&2
+done
 
 mkdir "$place/out"
 "$program" generate "$place/work/Shop.kzm" "$place/out" >/dev/null

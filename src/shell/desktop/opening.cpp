@@ -1,5 +1,6 @@
 #include "shell/desktop/opening.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 
 #include <utility>
@@ -7,7 +8,7 @@
 namespace veldrane {
 namespace {
 
-// Return in a label that is being typed goes to the label's own widget.
+// Return in a label that is being typed ends the typing, and comes here afterwards as what the label left over.
 class OpeningKeys : public QObject
 {
   public:
@@ -22,13 +23,19 @@ class OpeningKeys : public QObject
         if (event->type() != QEvent::KeyPress)
             return QObject::eventFilter(watched, event);
         const int key = static_cast<const QKeyEvent*>(event)->key();
-        if ((key != Qt::Key_Return && key != Qt::Key_Enter) || !view_.currentIndex().isValid())
+        if ((key != Qt::Key_Return && key != Qt::Key_Enter) || !view_.currentIndex().isValid() || IsTyping())
             return QObject::eventFilter(watched, event);
         open_(view_.currentIndex());
         return true;
     }
 
   private:
+    [[nodiscard]] bool IsTyping() const
+    {
+        const QWidget* focus = QApplication::focusWidget();
+        return focus != &view_ && view_.isAncestorOf(focus);
+    }
+
     QAbstractItemView& view_;
     std::function<void(const QModelIndex&)> open_;
 };

@@ -1,5 +1,6 @@
 #include "shell/desktop/opening.h"
 
+#include <QLineEdit>
 #include <QListWidget>
 #include <QProxyStyle>
 #include <QTest>
@@ -42,6 +43,30 @@ TEST(Opening, NeedsADoubleClickOrReturn)
     QTest::keyClick(&list, Qt::Key_Return);
     QTest::keyClick(&list, Qt::Key_Enter);
     EXPECT_EQ(opened, 4);
+}
+
+TEST(Opening, DoesNotFollowTheTypingOfALabel)
+{
+    QListWidget list;
+    list.addItem(QStringLiteral("one"));
+    list.item(0)->setFlags(list.item(0)->flags() | Qt::ItemIsEditable);
+    int opened = 0;
+    OnOpening(list, [&](const QModelIndex&) { ++opened; });
+    list.show();
+    list.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    list.setFocus();
+    list.setCurrentRow(0);
+    list.editItem(list.item(0));
+    auto* label = list.findChild<QLineEdit*>();
+    ASSERT_NE(label, nullptr);
+    ASSERT_TRUE(label->hasFocus());
+    QTest::keyClicks(label, QStringLiteral("two"));
+    QTest::keyClick(label, Qt::Key_Return);
+    EXPECT_EQ(opened, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list.item(0)->text() == QStringLiteral("two"); }));
+    QTest::keyClick(&list, Qt::Key_Return);
+    EXPECT_EQ(opened, 1);
 }
 
 } // namespace

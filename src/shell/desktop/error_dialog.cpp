@@ -6,6 +6,7 @@
 #include "ui_frm_error.h"
 
 #include <QClipboard>
+#include <QEvent>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QStyle>
@@ -27,6 +28,7 @@ ErrorDialog::ErrorDialog(QWidget* parent) : QDialog(parent), ui_(std::make_uniqu
     ui_->imgError->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxCritical).pixmap(kIconSize));
     ui_->txtError->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     ui_->txtError->hide();
+    ui_->scrError->viewport()->installEventFilter(this);
     connect(ui_->cmdCopy, &QPushButton::clicked, this, &ErrorDialog::Copy);
     connect(ui_->cmdReport, &QPushButton::clicked, this, [this] { ReportBug(this, FromQt(WholeText())); });
     connect(ui_->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
@@ -45,10 +47,11 @@ void ErrorDialog::Add(const std::string& summary, const std::string& report)
     FitWords();
 }
 
-void ErrorDialog::resizeEvent(QResizeEvent* event)
+bool ErrorDialog::eventFilter(QObject* watched, QEvent* event)
 {
-    QDialog::resizeEvent(event);
-    FitWords();
+    if (event->type() == QEvent::Resize)
+        FitWords();
+    return QDialog::eventFilter(watched, event);
 }
 
 void ErrorDialog::FitWords()

@@ -24,8 +24,8 @@ class ErrorDialog : public QDialog
     // Adds a failure behind those that the dialog shows already. An empty report is left out.
     void Add(const std::string& summary, const std::string& report);
 
-  protected:
-    void resizeEvent(QResizeEvent* event) override;
+    // Of what the words are shown in: its width tells their height.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     [[nodiscard]] QString WholeText() const;

@@ -272,6 +272,19 @@ TEST(FrmError, NeverOutgrowsTheScreen)
     EXPECT_EQ(Find<QLabel>(dialog, "lblError").text().count(u"and then some more of them."_s), 50);
 }
 
+TEST(FrmError, LeavesTheRoomThatTheWordsDoNotNeedToTheReport)
+{
+    ErrorDialog dialog(nullptr);
+    dialog.Add(
+        "The driver says a few words about what it could not do, and those fill more than one line of the form, "
+        "even more than two, for a driver and its manager each have a name and put it in front of what they say.",
+        "Last Error Number: 5.\r\n");
+    dialog.show();
+    QApplication::processEvents();
+    const auto& words = Find<QLabel>(dialog, "lblError");
+    EXPECT_EQ(Find<QScrollArea>(dialog, "scrError").height(), words.heightForWidth(words.width()));
+}
+
 TEST(FrmError, LooksWell)
 {
     ErrorDialog dialog(nullptr);

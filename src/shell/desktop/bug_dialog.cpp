@@ -19,7 +19,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kBlanksPerLevel = 4;
+constexpr qsizetype kBlanksPerLevel = 4;
 constexpr int kReportColumns = 80;
 constexpr int kReportRows = 24;
 
@@ -35,7 +35,7 @@ BugDialog::BugDialog(frmBug& form, QWidget* parent) : QDialog(parent), form_(for
 {
     ui_->setupUi(this);
     for (const BugCategory& category : frmBug::Categories())
-        ui_->cmbCategory->addItem(QString((category.Level - 1) * kBlanksPerLevel, u' ') + NameToQt(category.Text));
+        ui_->cmbCategory->addItem(QString(kBlanksPerLevel * (category.Level - 1), u' ') + NameToQt(category.Text));
     ui_->cmbCategory->setMaxVisibleItems(ui_->cmbCategory->count());
     ui_->txtDescription->setPlainText(ToQt(form_.txtDescription));
     connect(ui_->cmdGenerate, &QPushButton::clicked, this, &BugDialog::GenerateReport);

@@ -26,12 +26,12 @@ extern "C" void HasItsEffect(int signal)
 class TheEndingSignals : public ::testing::TestWithParam<int>
 {
   protected:
-    TheEndingSignals()
+    void SetUp() override
     {
         happened.clear();
         former_ = std::signal(GetParam(), HasItsEffect);
     }
-    ~TheEndingSignals() override { std::signal(GetParam(), former_); }
+    void TearDown() override { std::signal(GetParam(), former_); }
 
     static bool Act()
     {

@@ -29,6 +29,7 @@ ErrorDialog::ErrorDialog(QWidget* parent) : QDialog(parent), ui_(std::make_uniqu
     ui_->txtError->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     ui_->txtError->hide();
     ui_->scrError->viewport()->installEventFilter(this);
+    ui_->cmdOK->setFocus();
     connect(ui_->cmdCopy, &QPushButton::clicked, this, &ErrorDialog::Copy);
     connect(ui_->cmdReport, &QPushButton::clicked, this, [this] { ReportBug(this, FromQt(WholeText())); });
     connect(ui_->cmdOK, &QPushButton::clicked, this, &QDialog::accept);

@@ -95,6 +95,7 @@ QScrollArea* ScrolledWords(const QMessageBox& box)
     words->setWordWrap(true);
     auto* area = new QScrollArea;
     area->setObjectName(u"scrText"_s);
+    area->setAccessibleName(box.windowTitle());
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setWidget(words);
@@ -111,7 +112,9 @@ void FitWords(QMessageBox& box)
     if (own->heightForWidth(kWidthOfWords) <= MostHeightOfWords(box))
         return;
     own->hide();
-    delete box.layout()->replaceWidget(own, ScrolledWords(box));
+    QScrollArea* words = ScrolledWords(box);
+    delete box.layout()->replaceWidget(own, words);
+    QWidget::setTabOrder(own, words);
 }
 
 // Of several lines none is broken where there is room: which of them are a person's choices would be hard to tell. One

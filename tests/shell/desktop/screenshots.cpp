@@ -1,6 +1,7 @@
 #include "screenshots.h"
 
 #include "access_keys.h"
+#include "keyboard_way.h"
 
 #include <QApplication>
 #include <QDir>
@@ -84,6 +85,8 @@ void Photograph(QWidget& window, const std::string& name)
     if (!window.isVisible())
         window.show();
     EXPECT_THAT(CollidingAccessKeys(window), ::testing::IsEmpty()) << name;
+    EXPECT_THAT(NamelessControls(window), ::testing::IsEmpty()) << name;
+    EXPECT_THAT(StepsAgainstReading(window), ::testing::IsEmpty()) << name;
     for (const auto& [shades, ending] : {std::pair{Shades::Light, "-light"}, std::pair{Shades::Dark, "-dark"}}) {
         const ShadesWhile shown(shades);
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);

@@ -25,6 +25,7 @@ CodeSample::CodeSample(QWidget* parent) : QListView(parent), model_(pane_), dele
     setHorizontalScrollMode(ScrollPerPixel);
     setUniformItemSizes(true);
     setSelectionMode(ContiguousSelection);
+    setAccessibleName(tr("Code"));
     Dress();
 }
 

@@ -3,6 +3,7 @@
 #include "shell/assembly.h"
 #include "shell/desktop/autosave_timer.h"
 #include "shell/desktop/desktop_dialogs.h"
+#include "shell/desktop/dialog_places.h"
 #include "shell/desktop/ending_signals.h"
 #include "shell/desktop/guarded_application.h"
 #include "shell/desktop/icons.h"
@@ -136,6 +137,7 @@ class Desktop
     DesktopDialogs dialogs_;
     frmMain rules_;
     MainWindow window_;
+    DialogPlaces places_{assembly_.World().UserSettings, errors_};
     ReadingWindow readingWindow_{reading_, &window_};
     AutosaveTimer tmrAutosave_{rules_};
     EndingSignals endingSignals_{[this] { return tmrAutosave_.KeepLastCopy(); }};

@@ -1,8 +1,6 @@
 #include "shell/desktop/main_window.h"
+#include "shell/desktop/screen_areas.h"
 #include "ui_frm_main.h"
-
-#include <QGuiApplication>
-#include <QScreen>
 
 // Where the window and its panes are, and were.
 namespace veldrane {
@@ -14,16 +12,6 @@ constexpr int kUsualPreview = 2;
 
 constexpr qsizetype kSealSize = sizeof(quint16);
 constexpr auto kLetters = QByteArray::Base64UrlEncoding | QByteArray::OmitTrailingEquals;
-
-std::vector<ScreenArea> Screens()
-{
-    std::vector<ScreenArea> areas;
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        const QRect area = screen->availableGeometry();
-        areas.push_back({.Left = area.left(), .Top = area.top(), .Width = area.width(), .Height = area.height()});
-    }
-    return areas;
-}
 
 WindowState StateOf(const QWidget& window)
 {
@@ -101,7 +89,7 @@ void MainWindow::ShowPanes()
 
 void MainWindow::RestorePlace()
 {
-    const WindowGeometry geometry = ReadWindowGeometry(application_.UserSettings, Screens());
+    const WindowGeometry geometry = ReadWindowGeometry(application_.UserSettings, ScreenAreas());
     if (geometry.Window)
         setGeometry(geometry.Window->Left, geometry.Window->Top, geometry.Window->Width, geometry.Window->Height);
     if (geometry.State == WindowState::Maximized)

@@ -83,9 +83,8 @@ void ToolActions::AddTools(QMainWindow& window)
         if (IsOneOf(kGroupStarts, tool.Name))
             menu->addSeparator();
         if (IsOneOf(kToolsWithChoices, tool.Name)) {
-            QMenu* choices = menu->addMenu(Icon(tool.Icon), ToQt(tool.Caption));
-            choices->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }")); // not columns beyond the screen
-            choices->menuAction()->setObjectName(ToQt(tool.Name));
+            QMenu* choices = MakeChoices(window, tool);
+            menu->addMenu(choices);
             choices_.emplace(tool.Name, choices);
             actions_.emplace(tool.Name, choices->menuAction());
             continue;
@@ -109,6 +108,18 @@ QAction* ToolActions::MakeAction(QMainWindow& window, const Tool& tool)
     DressAction(*action, tool);
     connect(action, &QAction::triggered, this, [this, name = tool.Name] { run_(name); });
     return action;
+}
+
+// Within its menu it opens by itself; the shortcut opens it in the middle of the window.
+QMenu* ToolActions::MakeChoices(QMainWindow& window, const Tool& tool)
+{
+    auto* choices = new QMenu(&window);
+    choices->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }")); // not columns beyond the screen
+    DressAction(*choices->menuAction(), tool);
+    window.addAction(choices->menuAction());
+    connect(choices->menuAction(), &QAction::triggered, choices,
+            [&window, choices] { choices->popup(window.mapToGlobal(window.rect().center())); });
+    return choices;
 }
 
 void ToolActions::BuildBar(QMainWindow& window)

@@ -53,6 +53,7 @@ class ToolActions : public QObject
   private:
     void AddTools(QMainWindow& window);
     QAction* MakeAction(QMainWindow& window, const Tool& tool);
+    QMenu* MakeChoices(QMainWindow& window, const Tool& tool);
     void BuildBar(QMainWindow& window);
 
     std::function<void(std::string_view)> run_;

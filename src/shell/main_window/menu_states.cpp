@@ -21,9 +21,9 @@ constexpr auto kTools = std::to_array<Tool>({
     {"Open", "&Open Project...", kFileMenu, "Ctrl+O", "OpenFolder", "Open a project file"},
     {"Save", "&Save Project", kFileMenu, "Ctrl+S", "Save", "Save the project"},
     {"SaveAs", "Save Project &As...", kFileMenu, "Ctrl+Shift+S", "", "Save the project under another name"},
-    {"SavePreview", "Save Pre&view As...", kFileMenu, "", "File", "Save the text of the preview"},
+    {"SavePreview", "Save Pre&view As...", kFileMenu, "Ctrl+Alt+S", "File", "Save the text of the preview"},
     {"PrintPreview", "P&rint Preview...", kFileMenu, "Ctrl+P", "Print", "Print the text of the preview"},
-    {"Startup", "S&tart-up Dialog...", kFileMenu, "", "", "Choose a new, an existing or a recent project"},
+    {"Startup", "S&tart-up Dialog...", kFileMenu, "Ctrl+Shift+O", "", "Choose a new, an existing or a recent project"},
     {"Exit", "E&xit", kFileMenu, "Ctrl+Q", "", "End the program"},
 
     {"Undo", "&Undo", kEditMenu, "Ctrl+Z", "Undo", "Take the latest change of the project back"},
@@ -39,10 +39,11 @@ constexpr auto kTools = std::to_array<Tool>({
     {"NewClass", "&New Class...", kProjectMenu, "Ctrl+Shift+N", "Class", "Add a class that stands on no table"},
     {"EditClass", "&Edit Class...", kProjectMenu, "Ctrl+E", "TableClass", "Change the selected class"},
     {"DeleteClass", "&Delete Class", kProjectMenu, "Del", "Delete", "Delete the selected class with its subclasses"},
-    {"AddClassTo", "&Add Class To", kProjectMenu, "", "Table", "Make a class of the selected table"},
-    {"MoveClassTo", "&Move Class To", kProjectMenu, "", "", "Move the selected class to another place"},
+    {"AddClassTo", "&Add Class To", kProjectMenu, "Ctrl+T", "Table", "Make a class of the selected table"},
+    {"MoveClassTo", "&Move Class To", kProjectMenu, "Ctrl+M", "", "Move the selected class to another place"},
     {"OpenDatasource", "&Open DataSource...", kProjectMenu, "Ctrl+D", "DSN", "Connect the project to its data source"},
-    {"EditDataSource", "Edit Data&Source...", kProjectMenu, "", "", "Change the data source of the project"},
+    {"EditDataSource", "Edit Data&Source...", kProjectMenu, "Ctrl+Shift+D", "",
+     "Change the data source of the project"},
     {"RefreshTables", "Re&fresh Tables", kProjectMenu, "F5", "Refresh", "Read the tables of the data source again"},
     {"Generate", "&Generate Code...", kProjectMenu, "F9", "Module", "Write the Visual Basic project"},
 
@@ -57,8 +58,8 @@ constexpr auto kTools = std::to_array<Tool>({
     {"Options", "&Options...", kToolsMenu, "Ctrl+,", "Options", "Change the options of the program"},
 
     {"HelpContents", "&Contents", kHelpMenu, "F1", "Help", "Open the help page"},
-    {"ReportABug", "Report a &Bug...", kHelpMenu, "", "", "Report a bug"},
-    {"About", "&About...", kHelpMenu, "", "Veldrane", "Tell about the program"},
+    {"ReportABug", "Report a &Bug...", kHelpMenu, "Ctrl+Shift+B", "", "Report a bug"},
+    {"About", "&About...", kHelpMenu, "Ctrl+F1", "Veldrane", "Tell about the program"},
 });
 
 enum class ToolNeeds

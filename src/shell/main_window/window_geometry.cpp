@@ -40,10 +40,8 @@ int Overlap(int start, int length, int otherStart, int otherLength)
 
 bool CanBeHeld(const ScreenArea& window, const std::vector<ScreenArea>& screens)
 {
-    return std::any_of(screens.begin(), screens.end(), [&](const ScreenArea& screen) {
-        return Overlap(window.Left, window.Width, screen.Left, screen.Width) >= kGripWidth &&
-               Overlap(window.Top, kGripHeight, screen.Top, screen.Height) >= kGripHeight;
-    });
+    return std::any_of(screens.begin(), screens.end(),
+                       [&](const ScreenArea& screen) { return CanBeHeldOn(screen, window); });
 }
 
 std::optional<ScreenArea> ReadWindow(const RegistryAccess& settings, const std::vector<ScreenArea>& screens)
@@ -107,6 +105,12 @@ bool IsDisplayed(const RegistryAccess& settings, std::string_view name)
 }
 
 } // namespace
+
+bool CanBeHeldOn(const ScreenArea& screen, const ScreenArea& window)
+{
+    return Overlap(window.Left, window.Width, screen.Left, screen.Width) >= kGripWidth &&
+           Overlap(window.Top, kGripHeight, screen.Top, screen.Height) >= kGripHeight;
+}
 
 WindowGeometry ReadWindowGeometry(const RegistryAccess& settings, const std::vector<ScreenArea>& screens)
 {

@@ -23,6 +23,9 @@ struct ScreenArea
     bool operator==(const ScreenArea&) const = default;
 };
 
+// Whether the screen shows enough of the window's upper edge to take hold of it.
+[[nodiscard]] bool CanBeHeldOn(const ScreenArea& screen, const ScreenArea& window);
+
 enum class WindowState
 {
     Normal = 0,

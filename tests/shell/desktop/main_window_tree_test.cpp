@@ -50,6 +50,19 @@ TEST_F(MainWindowTest, ANameThatIsBeingTypedIsTakenBeforeAPlaceIsChosen)
     EXPECT_TRUE(HasNode(u"Shop"_s));
 }
 
+TEST_F(MainWindowTest, ThePlacesOfAClassAreListedByAKey)
+{
+    StartWithClasses();
+    ClickNode(u"Customer"_s);
+    window_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    QTest::keyClick(&Tree(), Qt::Key_M, Qt::ControlModifier);
+    QMenu& menu = *Tool("MoveClassTo").menu();
+    EXPECT_TRUE(menu.isVisible());
+    EXPECT_FALSE(menu.actions().empty());
+    menu.close();
+}
+
 TEST_F(MainWindowTest, ManyPlacesAreScrolledInOneColumn)
 {
     StartInShop();

@@ -5,8 +5,11 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <fstream>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace veldrane {
 namespace {
@@ -54,13 +57,34 @@ TEST(Tools, HaveNamesShortcutsAndAccessKeysOfTheirOwn)
     std::set<std::string> accessKeys;
     for (const Tool& tool : Tools()) {
         EXPECT_TRUE(names.emplace(tool.Name).second) << tool.Name;
-        EXPECT_TRUE(tool.Shortcut.empty() || shortcuts.emplace(tool.Shortcut).second) << tool.Name;
+        EXPECT_TRUE(!tool.Shortcut.empty() && shortcuts.emplace(tool.Shortcut).second) << tool.Name;
         const std::size_t mark = tool.Caption.find('&');
         ASSERT_LT(mark + 1, tool.Caption.size()) << tool.Name;
         const std::string key{static_cast<char>(std::tolower(tool.Caption.at(mark + 1)))};
         EXPECT_TRUE(accessKeys.insert(std::string(tool.Menu) + key).second) << tool.Name;
         EXPECT_NE(tool.StatusText, "") << tool.Name;
     }
+}
+
+std::string Plain(std::string_view caption)
+{
+    std::string plain(caption.substr(0, caption.find("...")));
+    plain.erase(std::remove(plain.begin(), plain.end(), '&'), plain.end());
+    return plain;
+}
+
+TEST(Tools, AreListedWithTheirKeysInTheGuide)
+{
+    std::ifstream guide(VELDRANE_SOURCE_DIR "/docs/guide.md");
+    std::vector<std::string> listed;
+    for (std::string line; std::getline(guide, line);)
+        if (line.starts_with("| *"))
+            listed.push_back(line);
+    std::vector<std::string> tools;
+    for (const Tool& tool : Tools())
+        tools.push_back("| *" + Plain(tool.Menu) + ", " + Plain(tool.Caption) + "* | " + std::string(tool.Shortcut) +
+                        " |");
+    EXPECT_EQ(listed, tools);
 }
 
 TEST(Tools, AMenusToolsStandSideBySide)

@@ -1,0 +1,71 @@
+#include "shell/desktop/dialog_places.h"
+
+#include "shell/desktop/screen_areas.h"
+#include "shell/main_window/dialog_place.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+#include <algorithm>
+#include <array>
+
+namespace veldrane {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr std::array kAsLargeAsTheirWords{"frmAbout"_L1, "frmFile"_L1, "frmWarning"_L1};
+
+// The program's own, not those of Qt.
+bool IsForm(const QObject& object)
+{
+    return object.isWidgetType() && object.objectName().startsWith("frm"_L1);
+}
+
+bool KeepsItsSize(const QDialog& dialog)
+{
+    return std::find(kAsLargeAsTheirWords.begin(), kAsLargeAsTheirWords.end(), dialog.objectName()) !=
+           kAsLargeAsTheirWords.end();
+}
+
+} // namespace
+
+DialogPlaces::DialogPlaces(RegistryAccess& settings, ErrorReport& errors) : settings_(settings), errors_(errors)
+{
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool DialogPlaces::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* dialog = IsForm(*watched) ? qobject_cast<QDialog*>(watched) : nullptr;
+    if (dialog == nullptr)
+        return false;
+    const bool byProgram = !event->spontaneous(); // not by the desktop, which shows a window anew
+    if (event->type() == QEvent::Show && byProgram)
+        Restore(*dialog);
+    else if (event->type() == QEvent::WindowActivate && !untouched_.contains(dialog))
+        untouched_.insert(dialog, dialog->geometry());
+    else if (event->type() == QEvent::Hide && byProgram)
+        Keep(*dialog);
+    return false;
+}
+
+void DialogPlaces::Restore(QDialog& dialog)
+{
+    untouched_.remove(&dialog);
+    const auto place = ReadDialogPlace(settings_, dialog.objectName().toStdString(), ScreenAreas());
+    if (!place)
+        return;
+    const QSize size = KeepsItsSize(dialog) ? dialog.size() : QSize(place->Width, place->Height);
+    dialog.setGeometry(QRect(QPoint(place->Left, place->Top), size));
+}
+
+void DialogPlaces::Keep(const QDialog& dialog)
+{
+    const QRect now = dialog.geometry();
+    if (untouched_.contains(&dialog) && untouched_.take(&dialog) != now)
+        WriteDialogPlace(settings_, errors_, dialog.objectName().toStdString(),
+                         {.Left = now.left(), .Top = now.top(), .Width = now.width(), .Height = now.height()});
+}
+
+} // namespace veldrane

@@ -25,6 +25,9 @@ SQL
 readonly editor='Edit order' field='Edit shipperid'
 readonly procedures='Add Stored Procedures' procedure='Add New Stored Procedure: orderssince'
 
+press_ok_by_mouse() { click "$1" -137 -22; } # TITLE
+press_ok_by_keys() { keys "$1" Return; } # not from a list, where it opens what is selected
+
 # Leaves the dialog of the field open.
 name_field_by_mouse() { # NAME
     click "$editor" 199 24 # the tab Properties
@@ -42,15 +45,15 @@ add_procedure_by_mouse() { # NAME OF THE METHOD
     click "$editor" 279 24 # the tab Methods
     click "$editor" 464 155 # Stored Procedures
     click "$procedures" 22 67
-    click "$procedures" -137 -22 # OK
+    press_ok_by_mouse "$procedures"
     type_text "$procedure" "$1"
-    click "$procedure" -137 -22
+    press_ok_by_mouse "$procedure"
 }
 add_procedure_by_keys() { # NAME OF THE METHOD
     keys "$editor" alt+m alt+h ctrl+Insert
     keys "$procedures" Down space Return
     type_text "$procedure" "$1"
-    keys "$procedure" Return
+    press_ok_by_keys "$procedure"
 }
 
 has_code() { # FILE LINE'S_BEGINNING

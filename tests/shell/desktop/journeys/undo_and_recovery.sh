@@ -53,17 +53,16 @@ connect_by_keys() {
 open_editor_by_mouse() { click "$1" 360 104 2; }
 open_editor_by_keys() { keys "$1" ctrl+e; }
 
-confirm_field_by_mouse() { click "$field" -137 -22; }
-confirm_field_by_keys() { keys "$field" Return; }
-confirm_class_by_mouse() { click "$editor" -137 -22; }
-confirm_class_by_keys() { keys "$editor" alt+c alt+n Return; }
+leave_list_by_mouse() { :; }
+leave_list_by_keys() { keys "$editor" alt+c; }
 
 edit_class() {
     wait_for "the editor of the class" opens "$editor" open_editor "$main"
     does name_field Carrier
-    does confirm_field
+    does press_ok "$field"
     does add_procedure FetchSince
-    does confirm_class
+    does leave_list
+    does press_ok "$editor"
 }
 
 undo_by_mouse() { click "$main" 135 38; } # the tools

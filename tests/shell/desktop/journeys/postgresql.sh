@@ -3,7 +3,9 @@
 
 server=${VELDRANE_TEST_POSTGRESQL:-}
 [ -n "$server" ] || skip "no PostgreSQL runs: start this with scripts/database-servers run"
-readonly server database=veldrane_journey_$$
+database=${place##*.}
+database=veldrane_journey_${database,,}
+readonly server database
 
 run_sql() { # DATABASE
     psql --no-psqlrc --quiet --set=ON_ERROR_STOP=1 --username=veldrane --port=5432 --host="$server" --dbname="$1"

@@ -17,8 +17,6 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using testing::TdsBatches;
-using testing::TdsContents;
-using testing::TdsManners;
 using testing::TdsMoment;
 using testing::TdsServer;
 using testing::TdsTemper;

@@ -40,19 +40,32 @@ bool DialogPlaces::eventFilter(QObject* watched, QEvent* event)
     auto* dialog = IsForm(*watched) ? qobject_cast<QDialog*>(watched) : nullptr;
     if (dialog == nullptr)
         return false;
-    const bool byProgram = !event->spontaneous(); // not by the desktop, which shows a window anew
-    if (event->type() == QEvent::Show && byProgram)
-        Restore(*dialog);
-    else if (event->type() == QEvent::WindowActivate && !untouched_.contains(dialog))
-        untouched_.insert(dialog, dialog->geometry());
-    else if (event->type() == QEvent::Hide && byProgram)
-        Keep(*dialog);
+    if (event->type() == QEvent::WindowActivate)
+        isTouched_.insert(dialog, isTouched_.value(dialog));
+    else if (event->spontaneous())
+        FollowDesktop(*dialog, event->type());
+    else
+        FollowProgram(*dialog, event->type());
     return false;
 }
 
-void DialogPlaces::Restore(QDialog& dialog)
+// It places a dialog that opens, too; once the dialog was active, a person is behind it.
+void DialogPlaces::FollowDesktop(const QDialog& dialog, QEvent::Type type)
 {
-    untouched_.remove(&dialog);
+    if ((type == QEvent::Move || type == QEvent::Resize) && isTouched_.contains(&dialog))
+        isTouched_.insert(&dialog, true);
+}
+
+void DialogPlaces::FollowProgram(QDialog& dialog, QEvent::Type type)
+{
+    if (type == QEvent::Show)
+        Restore(dialog);
+    else if (type == QEvent::Hide && isTouched_.take(&dialog))
+        Keep(dialog);
+}
+
+void DialogPlaces::Restore(QDialog& dialog) const
+{
     const auto place = ReadDialogPlace(settings_, dialog.objectName().toStdString(), ScreenAreas());
     if (!place)
         return;
@@ -60,12 +73,11 @@ void DialogPlaces::Restore(QDialog& dialog)
     dialog.setGeometry(QRect(QPoint(place->Left, place->Top), size));
 }
 
-void DialogPlaces::Keep(const QDialog& dialog)
+void DialogPlaces::Keep(const QDialog& dialog) const
 {
-    const QRect now = dialog.geometry();
-    if (untouched_.contains(&dialog) && untouched_.take(&dialog) != now)
-        WriteDialogPlace(settings_, errors_, dialog.objectName().toStdString(),
-                         {.Left = now.left(), .Top = now.top(), .Width = now.width(), .Height = now.height()});
+    const QRect now = dialog.isMaximized() ? dialog.normalGeometry() : dialog.geometry();
+    WriteDialogPlace(settings_, errors_, dialog.objectName().toStdString(),
+                     {.Left = now.left(), .Top = now.top(), .Width = now.width(), .Height = now.height()});
 }
 
 } // namespace veldrane

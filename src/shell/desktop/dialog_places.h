@@ -4,14 +4,14 @@
 #include "ports/settings.h"
 
 #include <QDialog>
+#include <QEvent>
 #include <QHash>
-#include <QRect>
 
 namespace veldrane {
 
 // As an event filter of the application: each dialog of the program comes back where the person has put it, as large as
-// the person has made it. One that nobody has touched comes as ever, in front of its window. Dialogs as large as what
-// they tell keep their place alone.
+// the person has made it. One that nobody has touched comes as ever, in front of its window, even if it has grown by
+// what it tells. Dialogs as large as what they tell keep their place alone.
 class DialogPlaces : public QObject
 {
     Q_OBJECT
@@ -23,12 +23,14 @@ class DialogPlaces : public QObject
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void Restore(QDialog& dialog);
-    void Keep(const QDialog& dialog);
+    void FollowDesktop(const QDialog& dialog, QEvent::Type type);
+    void FollowProgram(QDialog& dialog, QEvent::Type type);
+    void Restore(QDialog& dialog) const;
+    void Keep(const QDialog& dialog) const;
 
     RegistryAccess& settings_;
     ErrorReport& errors_;
-    QHash<const QObject*, QRect> untouched_; // where those that are shown were before the person could touch them
+    QHash<const QObject*, bool> isTouched_; // of those that are shown and were active
 };
 
 } // namespace veldrane

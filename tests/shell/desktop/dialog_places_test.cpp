@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QTest>
+#include <QWindow>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -46,9 +47,11 @@ class TheDialogsPlaces : public ::testing::Test
 
 constexpr QRect kElsewhere(40, 50, 420, 310);
 
+// By the hand of a person, which the desktop tells of.
 void PutElsewhere(QDialog& dialog)
 {
-    dialog.setGeometry(kElsewhere);
+    dialog.windowHandle()->setGeometry(kElsewhere);
+    QApplication::processEvents();
 }
 
 TEST_F(TheDialogsPlaces, AreThoseWhereAPersonHasPutThem)
@@ -62,6 +65,22 @@ TEST_F(TheDialogsPlaces, AreNotWrittenWhereNobodyHasTouchedTheDialog)
 {
     Show(u"frmZoom"_s);
     EXPECT_THAT(Written(), IsEmpty());
+}
+
+TEST_F(TheDialogsPlaces, AreNotWrittenWhereTheDialogItselfGrows)
+{
+    Show(u"frmZoom"_s, [](QDialog& dialog) { dialog.resize(500, 400); });
+    EXPECT_THAT(Written(), IsEmpty());
+}
+
+TEST_F(TheDialogsPlaces, AreThoseBeforeADialogFilledTheScreen)
+{
+    Show(u"frmZoom"_s, [](QDialog& dialog) {
+        PutElsewhere(dialog);
+        dialog.showMaximized();
+        QApplication::processEvents();
+    });
+    EXPECT_EQ(Show(u"frmZoom"_s), kElsewhere);
 }
 
 TEST_F(TheDialogsPlaces, AreThoseOfTheProgramsOwnDialogs)

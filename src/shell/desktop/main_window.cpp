@@ -178,7 +178,7 @@ void MainWindow::ConnectPanes()
                 [this, tool] { ListChoices(*tools_->Choices(tool), tool); });
 }
 
-const QListView& MainWindow::PreviewList() const
+QListView& MainWindow::PreviewList() const
 {
     return preview_->List();
 }

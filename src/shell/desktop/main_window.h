@@ -37,7 +37,7 @@ class MainWindow : public QMainWindow
     MainWindow(frmMain& rules, const Application& application);
     ~MainWindow() override;
 
-    [[nodiscard]] const QListView& PreviewList() const;
+    [[nodiscard]] QListView& PreviewList() const;
 
     // How the preview looks.
     [[nodiscard]] const PreviewLook& Look() const { return rules_.Look(); }

@@ -17,8 +17,8 @@ constexpr double kLargest = 96;
 
 } // namespace
 
-ZoomDialog::ZoomDialog(const QListView& preview, QWidget* parent)
-    : QDialog(parent), ui_(std::make_unique<Ui::frmZoom>())
+ZoomDialog::ZoomDialog(QListView& preview, QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmZoom>()), preview_(preview)
 {
     ui_->setupUi(this);
     setWindowIcon(Icon("Zoom"));
@@ -26,6 +26,7 @@ ZoomDialog::ZoomDialog(const QListView& preview, QWidget* parent)
     ui_->lstZoom->setModel(preview.model());
     ui_->lstZoom->setPalette(preview.palette());
     ui_->lstZoom->setFont(preview.font());
+    preview.installEventFilter(this);
     ChangeSize(kFirstFactor);
     ui_->lstZoom->setCurrentIndex(preview.currentIndex());
     connect(ui_->cmdSmaller, &QPushButton::clicked, this, [this] { ChangeSize(1 / kStep); });
@@ -34,6 +35,13 @@ ZoomDialog::ZoomDialog(const QListView& preview, QWidget* parent)
 }
 
 ZoomDialog::~ZoomDialog() = default;
+
+bool ZoomDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == &preview_ && event->type() == QEvent::PaletteChange)
+        ui_->lstZoom->setPalette(preview_.palette());
+    return QDialog::eventFilter(watched, event);
+}
 
 void ZoomDialog::showEvent(QShowEvent* event)
 {

@@ -18,10 +18,12 @@ class ZoomDialog : public QDialog
     Q_OBJECT
 
   public:
-    // Takes model, selection, font and palette of the list, which outlives it. When it is shown, the current line
-    // stands in the middle.
-    ZoomDialog(const QListView& preview, QWidget* parent);
+    // Takes model, selection, font and palette of the list, which outlives it, and follows the palette. When it is
+    // shown, the current line stands in the middle.
+    ZoomDialog(QListView& preview, QWidget* parent);
     ~ZoomDialog() override;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   protected:
     void showEvent(QShowEvent* event) override;
@@ -30,6 +32,7 @@ class ZoomDialog : public QDialog
     void ChangeSize(double factor);
 
     std::unique_ptr<Ui::frmZoom> ui_;
+    QListView& preview_;
 };
 
 } // namespace veldrane

@@ -257,6 +257,16 @@ TEST_F(FrmZoom, GrowsAndShrinksWithinBounds)
     EXPECT_DOUBLE_EQ(list.font().pointSizeF(), 96);
 }
 
+TEST_F(FrmZoom, FollowsTheColoursOfThePreview)
+{
+    ZoomDialog zoom(preview_, nullptr);
+    zoom.show();
+    QPalette ground;
+    ground.setColor(QPalette::Base, Qt::yellow);
+    preview_.setPalette(ground);
+    EXPECT_EQ(Find<QListView>(zoom, "lstZoom").palette().color(QPalette::Base), QColor(Qt::yellow));
+}
+
 TEST(FrmError, NeverOutgrowsTheScreen)
 {
     ErrorDialog dialog(nullptr);

@@ -204,6 +204,19 @@ TEST_F(ThePreview, ShowsTheFontAndTheBackgroundOfTheOptions)
     EXPECT_TRUE(list.font().bold());
 }
 
+TEST_F(ThePreview, FollowsTheDesktopButForColoursOfOnesOwn)
+{
+    constexpr auto kWindowBackground = static_cast<Color>(0x80000005);
+    view.SetLook({.Background = kWindowBackground});
+    EXPECT_GT(list.palette().color(QPalette::Base).lightness(), 200);
+    const ShadesWhile dark(Shades::Dark);
+    QApplication::processEvents();
+    EXPECT_LT(list.palette().color(QPalette::Base).lightness(), 50);
+    view.SetLook({.Background = 0x00FFFF});
+    const ShadesWhile light(Shades::Light);
+    EXPECT_EQ(list.palette().color(QPalette::Base), QColor(Qt::yellow));
+}
+
 TEST_F(ThePreview, GrowsItsLinesWithTheFont)
 {
     ShowLines(pane, {"a", "b"});

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "model/xml_assist.h"
-#include "shell/project_properties/scripted_project_dialogs.h"
 #include "shell/project_properties/frm_project_properties.h"
+#include "shell/project_properties/scripted_project_dialogs.h"
 #include "support/failing_settings.h"
 #include "support/fake_connection.h"
 #include "support/memory_file_system.h"

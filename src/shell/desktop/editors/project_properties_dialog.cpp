@@ -19,7 +19,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kLinesOfHelp = 5; // with the heading
+constexpr int kLinesOfHelp = 5;       // with the heading
 constexpr QRgb kMissing = 0xFFFF0000; // the red of a label whose control OK was refused for
 
 struct LevelButton

@@ -61,6 +61,18 @@ TEST_F(StartupDialogTest, SaysWhereTheRecentProjectsWillStand)
     Photograph(*dialog_, "frmStartup-first");
 }
 
+TEST_F(StartupDialogTest, ShowsNewAndBrowseWholeInLettersOfAnySize)
+{
+    const QFont before = QApplication::font();
+    for (const int points : {8, 12, 36}) {
+        QApplication::setFont(QFont(before.family(), points));
+        Shown();
+        const QListWidget& list = List("lstNew");
+        EXPECT_TRUE(list.viewport()->rect().contains(list.visualItemRect(list.item(1)))) << points;
+    }
+    QApplication::setFont(before);
+}
+
 TEST_F(StartupDialogTest, ADoubleClickOnNewChoosesIt)
 {
     Shown();

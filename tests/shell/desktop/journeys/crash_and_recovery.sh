@@ -29,13 +29,9 @@ open_label_by_mouse() {
 }
 open_label_by_keys() { keys "$shop" Home F2; }
 
-# The entries of copies in the settings. A copy is named by the process that made it.
+# The entries of copies in the settings.
 has_entry() { grep -q '\.kzm=' "$place/settings.ini"; }
 has_no_entry() { ! has_entry; }
-has_its_copy_alone() {
-    [ "$(grep -o '^[0-9]*-[0-9a-f]*\.kzm=' "$place/settings.ini" | cut -d- -f1)" = "$running" ] &&
-        has_copy_with Desk
-}
 
 keep_crash() {
     mkdir "$place/crash"
@@ -73,18 +69,18 @@ start_display
 start_with_fast_clock "$fast_clock" Shop.kzm
 wait_for "the tables of the data source" has_opened_database
 wait_for "a project with changes" renames_project
-wait_for "the autosave" has_its_copy_alone
+wait_for "the autosave" has_copy_with Desk
 kill_program
 cmp "$place/Shop.kzm" "$place/work/Shop.kzm" >&2
 keep_crash
 
 start_program
 wait_for "the project that was not saved" has_title "$desk*"
-wait_for "a copy in place of the former one" has_its_copy_alone
+wait_for "a copy in place of the former one" has_copy_with Desk
 kill_program
 start_program
 wait_for "the project again" has_title "$desk*"
-wait_for "a copy in place of the former one" has_its_copy_alone
+wait_for "a copy in place of the former one" has_copy_with Desk
 save_preview "$desk" recovered.txt
 grep -q 'Project Has Been Recovered: True' "$place/work/recovered.txt"
 
@@ -95,7 +91,7 @@ does leave_start
 does close "$new"
 end_program
 running=$first
-has_its_copy_alone
+has_copy_with Desk
 
 save_project_as "$desk" Rescued.kzm
 wait_for "a project without changes" has_title "$desk"

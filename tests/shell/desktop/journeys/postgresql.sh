@@ -1,5 +1,5 @@
 # A PostgreSQL database for a journey, and the editor of the class of its table orders. Sourced behind steps.sh.
-# shellcheck shell=bash
+# shellcheck shell=bash disable=SC2154
 
 server=${VELDRANE_TEST_POSTGRESQL:-}
 [ -n "$server" ] || skip "no PostgreSQL runs: start this with scripts/database-servers run"

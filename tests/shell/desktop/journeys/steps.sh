@@ -133,9 +133,13 @@ start_with_fast_clock() { # FAST_CLOCK.so WORD...
     LD_PRELOAD=$(realpath "$1") ASAN_OPTIONS=$ASAN_OPTIONS:verify_asan_link_order=0 start_program "${@:2}"
 }
 
-# Of what is not saved.
+# What is not saved has a copy with this text, and that has an entry in the settings, without which it is not found. It is
+# named by the process that made it; there is no other.
 readonly copies=$place/state/veldrane/recovery
-has_copy_with() { grep -q -- "$1" "$copies/$running"-*.kzm; } # TEXT
+has_copy_with() { # TEXT
+    [ "$(grep -o '^[0-9]*-[0-9a-f]*\.kzm=' "$place/settings.ini" | cut -d- -f1)" = "$running" ] &&
+        grep -q -- "$1" "$copies/$running"-*.kzm
+}
 
 kill_program() {
     kill -KILL "$running"

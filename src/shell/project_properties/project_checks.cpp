@@ -26,9 +26,10 @@ Question Warning(std::string title, std::string text)
     return {.Title = std::move(title), .Text = std::move(text), .Icon = MessageIcon::Warning};
 }
 
-Refusal UnlessName(std::string_view what, const std::string& name)
+// A name that the project came with stays possible: who only turns an option on is not held up by it.
+Refusal UnlessName(std::string_view what, const std::string& name, const std::string& before)
 {
-    if (MakeValidName(name) == name)
+    if (name == before || MakeValidName(name) == name)
         return std::nullopt;
     const std::string invalid = "Invalid " + std::string(what);
     return Warning(invalid, invalid + ". Please remove special characters and spaces from the name, and do not use a "
@@ -37,7 +38,7 @@ Refusal UnlessName(std::string_view what, const std::string& name)
 
 Refusal UnlessVBProjectName(const CheckedProject& checked)
 {
-    return UnlessName("VB Project Name", checked.Values.VBProjectName);
+    return UnlessName("VB Project Name", checked.Values.VBProjectName, checked.Project.VBProjectName);
 }
 
 Refusal IfNamedAsClass(const CheckedProject& checked)
@@ -79,12 +80,14 @@ Refusal IfTooLong(const CheckedProject& checked)
 
 Refusal UnlessWrapperName(const CheckedProject& checked)
 {
-    return UnlessName("Wrapper Class Name", checked.Values.WrapperClassName);
+    return UnlessName("Wrapper Class Name", checked.Values.WrapperClassName, checked.Project.WrapperClassName);
 }
 
 Refusal IfWrapperNameIsTaken(const CheckedProject& checked)
 {
     const std::string& name = checked.Values.WrapperClassName;
+    if (name == checked.Project.WrapperClassName && checked.Values.VBProjectName == checked.Project.VBProjectName)
+        return std::nullopt;
     if (checked.Project.ClassCollectionNames.ClassNameExists(name))
         return Warning("Duplicate Name in Project",
                        "The Wrapper Class Name already exists as a class name. Please change the name.");

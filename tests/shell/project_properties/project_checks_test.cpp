@@ -92,6 +92,17 @@ TEST_F(ProjectChecks, TheNamesAreNamesOfVisualBasic)
     }
 }
 
+TEST_F(ProjectChecks, NamesThatTheProjectCameWithHoldNobodyUp)
+{
+    project.VBProjectName = "My Shop";
+    project.WrapperClassName = "Order";
+    frmProjectProperties form = Open();
+    form.Check_Click("chkWeb", true);
+    EXPECT_EQ(form.Trouble("txtVBProjectName"), "");
+    EXPECT_TRUE(form.cmdOK_Click());
+    EXPECT_TRUE(project.MakeWebCompatible);
+}
+
 TEST_F(ProjectChecks, AnEmptyNameIsRefusedAndNoMistakeBeforeOK)
 {
     for (const char* const control : {"txtVBProjectName", "txtWrapperClass"}) {

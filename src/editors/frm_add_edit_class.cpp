@@ -154,15 +154,17 @@ bool frmAddEditClass::cmdOK_Click()
     return done;
 }
 
+// A typed table is read last: a class that stays for another reason may get another table yet, and what the first one
+// gave it would be in its way.
 bool frmAddEditClass::Accept()
 {
-    if (!ReadTypedTable())
-        return false;
     if (const NameCheck check = CheckNames(form_, before_, world_.Names); check != NameCheck::Accepted) {
         Changed.Raise();
         GoTo(check);
         return false;
     }
+    if (!ReadTypedTable())
+        return false;
     StoreForm(form_, *class_);
     return mode_ == ClassMode::Add ? AddClassToProject(class_, world_.Names) : SwapIn();
 }

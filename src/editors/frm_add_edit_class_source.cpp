@@ -46,8 +46,9 @@ bool frmAddEditClass::ReadNewClass()
 {
     return Read(request_.TableName, [&](ClassEdit& edit) {
         const BuildOutcome outcome = BuildClass(edit, request_, world_.Names.Classes);
+        const bool goesOn = Follow(outcome, edit);
         isFilled_ = outcome != BuildOutcome::TableRenamed;
-        return Follow(outcome, edit);
+        return goesOn;
     });
 }
 
@@ -76,10 +77,11 @@ bool frmAddEditClass::ReadTable()
     const bool joinsAnew = mode_ == ClassMode::Move && AwaitsTable();
     return Read(class_->TableName, [&](ClassEdit& edit) {
         const BuildOutcome outcome = isFilled_ ? OutcomeOf(RefreshClass(edit)) : FillClass(edit, world_.Names.Classes);
-        isFilled_ = isFilled_ || outcome == BuildOutcome::Built;
         if (joinsAnew && outcome == BuildOutcome::Built)
             RefreshRelationships(edit, ParentTable());
-        return Follow(outcome, edit) && isFilled_;
+        const bool goesOn = Follow(outcome, edit);
+        isFilled_ = isFilled_ || outcome == BuildOutcome::Built;
+        return goesOn && isFilled_;
     });
 }
 
@@ -120,17 +122,18 @@ bool frmAddEditClass::Read(const std::string& table, const std::function<bool(Cl
     return true;
 }
 
-// Whether the class goes on with what was read.
+// Whether the class goes on with what was read. A reading that the person ends changes nothing: what is not sure to
+// come to its end comes first.
 bool frmAddEditClass::Follow(BuildOutcome outcome, ClassEdit& edit)
 {
+    if (outcome == BuildOutcome::Built)
+        ReadJoins(edit);
     outcome_ = outcome;
     tableIsTyped_ = tableIsTyped_ || AwaitsTable();
     if (AwaitsTable())
         GoTo(ClassTab::Class, "txtTableName");
     if (EndsEditing(outcome))
         CloseWanted.Raise();
-    if (outcome == BuildOutcome::Built)
-        ReadJoins(edit);
     return !EndsEditing(outcome);
 }
 

@@ -67,7 +67,7 @@ TEST_F(ClassSource, OkReadsTheTableThatWasTypedAndStaysWhileItIsMissing)
     EXPECT_TRUE(made->TTCMethods.Contains("Retrieve"));
 }
 
-TEST_F(ClassSource, TheListsShowTheTableThatOkHasReadThoughANameIsRefused)
+TEST_F(ClassSource, ATypedTableIsNotReadBeforeTheNamesAreAccepted)
 {
     AnswerWith({Answer::Yes});
     frmAddEditClass form(World, {.TableName = "Purchases"});
@@ -76,7 +76,42 @@ TEST_F(ClassSource, TheListsShowTheTableThatOkHasReadThoughANameIsRefused)
     form.txtClassName_Change("Shop");
     EXPECT_FALSE(form.cmdOK_Click());
     EXPECT_EQ(Messages.Asked().back().Title, "Duplicate Name in Project");
-    EXPECT_THAT(Texts(form, ClassList::lstProperties), ElementsAre("OrderID", "Customer", "Note"));
+    EXPECT_THAT(Texts(form, ClassList::lstProperties), IsEmpty());
+    form.txtTableName_Change("Customers"); // and nothing of the other one is in its way
+    form.txtClassName_Change("Person");
+    EXPECT_TRUE(form.cmdOK_Click());
+    EXPECT_TRUE(Classes.Item("Person")->TTCProperties.Contains("Name"));
+    EXPECT_FALSE(Classes.Item("Person")->TTCProperties.Contains("Note"));
+}
+
+TEST_F(ClassSource, ANewClassWaitsForItsFieldsWhateverReadingIsCancelled)
+{
+    MadeCustomer();
+    bool isCancelled = true;
+    for (int cancelled = 1; isCancelled; ++cancelled) {
+        AnswerWith({Answer::Yes});
+        Source.Content.Answering = [](const std::string&) {};
+        frmAddEditClass form(World, {.TableName = "Purchases", .ParentClassName = "Customer"});
+        ASSERT_TRUE(form.Load());
+        form.txtTableName_Change("Orders");
+        const std::string name = "Purchase" + std::to_string(cancelled);
+        form.txtClassName_Change(name);
+        form.txtCollectionName_Change(name + "s");
+        int calls = 0;
+        isCancelled = false;
+        Source.Content.Answering = [&](const std::string&) {
+            if (++calls != cancelled)
+                return;
+            isCancelled = true;
+            throw ReadingCancelled();
+        };
+        const bool isDone = form.cmdOK_Click();
+        EXPECT_EQ(isDone, !isCancelled) << cancelled;
+        EXPECT_TRUE(isDone || form.cmdOK_Click()) << cancelled;
+        const auto made = Classes.Item(name);
+        ASSERT_TRUE(made) << cancelled;
+        EXPECT_TRUE(made->TTCProperties.Contains("Note")) << cancelled;
+    }
 }
 
 TEST_F(ClassSource, AnAwaitedTableNeedsAName)

@@ -79,13 +79,13 @@ void ClearDefaultMembers(KZMClass& item)
         method.DefaultMethod = false;
 }
 
-void SetDefaultProperty(KZMClass& item, TTCProperty& property, bool isDefault)
+void SetDefaultProperty(KZMClass& item, TTCProperty& property, const DefaultBox& box)
 {
-    if (isDefault && property.DefaultProperty)
-        ClearDefaultProperties(item);
-    else if (isDefault)
+    if (box.Ticked && box.Touched)
         ClearDefaultMembers(item);
-    property.DefaultProperty = isDefault;
+    else if (box.Ticked)
+        ClearDefaultProperties(item);
+    property.DefaultProperty = box.Ticked;
 }
 
 } // namespace veldrane

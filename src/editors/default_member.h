@@ -41,8 +41,15 @@ struct WantedDefault
 // Leaves the class without a default member.
 void ClearDefaultMembers(KZMClass& item);
 
+// The box by which a property is made the default of its class.
+struct DefaultBox
+{
+    bool Ticked = false;
+    bool Touched = false; // by the person, who was asked about another default then
+};
+
 // Makes a property of the class its default, or no longer so. No other property is the default then; a default method
-// gives way to a property that was not the default before.
-void SetDefaultProperty(KZMClass& item, TTCProperty& property, bool isDefault);
+// gives way where the box was touched.
+void SetDefaultProperty(KZMClass& item, TTCProperty& property, const DefaultBox& box);
 
 } // namespace veldrane

@@ -26,8 +26,8 @@ frmAddEditProperty::frmAddEditProperty(const MemberSurroundings& surroundings)
 frmAddEditProperty::frmAddEditProperty(const MemberSurroundings& surroundings, std::shared_ptr<TTCProperty> property)
     : txtPropertyName(property->PropertyName), cmbScope(property->Scope), chkPropertyGet(property->PropertyGet),
       chkPropertyLetSet(property->PropertyLetSet), surroundings_(surroundings), property_(std::move(property)),
-      types_(PropertyTypes(property_->DataType)), type_(RowOfType(types_, property_->DataType)), nameTouch_(false),
-      default_(property_->DefaultProperty)
+      types_(PropertyTypes(property_->DataType)), type_(RowOfType(types_, property_->DataType)),
+      nameTouch_(false), default_{.Ticked = property_->DefaultProperty}
 {}
 
 std::string frmAddEditProperty::Caption() const
@@ -62,7 +62,8 @@ void frmAddEditProperty::chkDefaultProperty_Click(bool on)
     const std::string present = PresentName();
     const WantedDefault wanted{.Kind = MemberKind::Property, .Present = present, .Name = txtPropertyName};
     Guarded(surroundings_.Edit.Errors, kForm, "chkDefaultProperty_Click", [&] {
-        default_ = on && ConfirmDefaultMember(surroundings_.Edit.Class, wanted, surroundings_.Edit.Messages);
+        default_.Touched = true;
+        default_.Ticked = on && ConfirmDefaultMember(surroundings_.Edit.Class, wanted, surroundings_.Edit.Messages);
     });
 }
 

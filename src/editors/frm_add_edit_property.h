@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editors/default_member.h"
 #include "editors/member_surroundings.h"
 #include "editors/name_touch.h"
 #include "editors/property_name.h"
@@ -48,7 +49,7 @@ class frmAddEditProperty
     // A row that is not there changes nothing.
     void cmbDataType_Click(std::size_t row);
 
-    [[nodiscard]] bool chkDefaultProperty() const { return default_; }
+    [[nodiscard]] bool chkDefaultProperty() const { return default_.Ticked; }
     // Asks if another member is the default; the box stays clear unless the answer is Yes.
     void chkDefaultProperty_Click(bool on);
 
@@ -77,7 +78,7 @@ class frmAddEditProperty
     std::vector<TypeItem> types_;
     std::size_t type_;
     NameTouch nameTouch_;
-    bool default_ = false;
+    DefaultBox default_;
 };
 
 } // namespace veldrane

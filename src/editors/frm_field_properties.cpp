@@ -19,7 +19,7 @@ constexpr std::string_view kForm = "frmFieldProperties";
 frmFieldProperties::frmFieldProperties(const MemberSurroundings& surroundings, std::shared_ptr<TTCProperty> property)
     : txtPropertyName(property->PropertyName), chkAddFieldToClass(property->AddToClass),
       chkPropertyGet(property->PropertyGet), Data(*property), Formatting(*property), Lookup(surroundings, property),
-      surroundings_(surroundings), property_(std::move(property)), default_(property_->DefaultProperty)
+      surroundings_(surroundings), property_(std::move(property)), default_{.Ticked = property_->DefaultProperty}
 {}
 
 void frmFieldProperties::chkDefaultProperty_Click(bool on)
@@ -27,7 +27,8 @@ void frmFieldProperties::chkDefaultProperty_Click(bool on)
     const WantedDefault wanted{
         .Kind = MemberKind::Property, .Present = property_->PropertyName, .Name = txtPropertyName};
     Guarded(surroundings_.Edit.Errors, kForm, "chkDefaultProperty_Click", [&] {
-        default_ = on && ConfirmDefaultMember(surroundings_.Edit.Class, wanted, surroundings_.Edit.Messages);
+        default_.Touched = true;
+        default_.Ticked = on && ConfirmDefaultMember(surroundings_.Edit.Class, wanted, surroundings_.Edit.Messages);
     });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editors/default_member.h"
 #include "editors/field_controls.h"
 #include "editors/formatting_page.h"
 #include "editors/lookup_page.h"
@@ -43,7 +44,7 @@ class frmFieldProperties
     bool chkAddFieldToClass;
     bool chkPropertyGet;
 
-    [[nodiscard]] bool chkDefaultProperty() const { return default_; }
+    [[nodiscard]] bool chkDefaultProperty() const { return default_.Ticked; }
     // Asks if another member is the default; the box stays clear unless the answer is Yes.
     void chkDefaultProperty_Click(bool on);
 
@@ -102,7 +103,7 @@ class frmFieldProperties
 
     MemberSurroundings surroundings_;
     std::shared_ptr<TTCProperty> property_; // as the class has it
-    bool default_;
+    DefaultBox default_;
 };
 
 } // namespace veldrane

@@ -114,6 +114,19 @@ TEST_F(AddEditPropertyTest, ADefaultThatIsNotTouchedLeavesTheDefaultMethodThatAF
     EXPECT_EQ(Saved(), before);
 }
 
+TEST_F(AddEditPropertyTest, ADefaultThatIsTickedAnewTakesThePlaceOfTheMethodThatAFileHasBesideIt)
+{
+    AddMethod("Clear");
+    total->DefaultProperty = item->TTCMethods.Item("Clear")->DefaultMethod = true;
+    AnswerWith({Answer::Yes});
+    frmAddEditProperty form(surroundings, total);
+    form.chkDefaultProperty_Click(false);
+    form.chkDefaultProperty_Click(true);
+    EXPECT_TRUE(form.cmdOK_Click());
+    EXPECT_TRUE(total->DefaultProperty);
+    EXPECT_FALSE(item->TTCMethods.Item("Clear")->DefaultMethod);
+}
+
 struct ABuiltInProperty : AddEditPropertyTest
 {
     ABuiltInProperty()

@@ -9,16 +9,16 @@ namespace veldrane {
 frmBuiltInProperties::frmBuiltInProperties(const MemberSurroundings& surroundings) : surroundings_(surroundings)
 {
     const KZMClass& item = surroundings_.Edit.Class;
+    const TypedName rules = PropertyNameRules(surroundings_.Edit, "");
     for (const BuiltInProperty& property : BuiltInProperties()) {
         const auto present = item.TTCProperties.Item(property.Name);
         const bool isInClass = present && present->PlusProperty;
-        const std::string trouble =
-            isInClass ? "" : NameTrouble(property.Name, PropertyNameRules(surroundings_.Edit, ""));
+        const bool isTaken = !isInClass && rules.IsTaken(property.Name);
         rows_.push_back({.Name = std::string(property.Name),
                          .Description = std::string(property.Description),
                          .Ticked = isInClass,
-                         .Enabled = !isInClass && trouble.empty(),
-                         .Trouble = trouble});
+                         .Enabled = !isInClass && !isTaken,
+                         .Trouble = isTaken ? CannotBeAddedText(property.Name, rules) : std::string()});
     }
 }
 

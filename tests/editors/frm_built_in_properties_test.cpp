@@ -44,8 +44,7 @@ TEST_F(BuiltInPropertiesTest, WhatTheClassHasIsTickedForGood)
     EXPECT_THAT(Rows(form), ElementsAre("+-Modified", "-Deleted", "FormatProperties"));
     EXPECT_EQ(form.lstProperties()[0].Trouble, "");
     EXPECT_EQ(form.lstProperties()[1].Trouble,
-              "The property name 'Deleted' conflicts with an existing member of the Order class. Please enter another "
-              "name.");
+              "The property 'Deleted' can't be added: an existing member of the Order class has that name.");
     form.lstProperties_ItemCheck({0}, false);
     form.lstProperties_ItemCheck({1, 2, 99}, true);
     EXPECT_THAT(Rows(form), ElementsAre("+-Modified", "-Deleted", "+FormatProperties"));
@@ -60,8 +59,8 @@ TEST_F(BuiltInPropertiesTest, APropertyOfAFieldIsNotTheBuiltInOne)
     EXPECT_THAT(Rows(form), ElementsAre("-Modified", "-Deleted", "FormatProperties"));
     for (const std::size_t row : {0U, 1U})
         EXPECT_EQ(form.lstProperties()[row].Trouble,
-                  "The property name '" + form.lstProperties()[row].Name +
-                      "' conflicts with an existing member of the Order class. Please enter another name.");
+                  "The property '" + form.lstProperties()[row].Name +
+                      "' can't be added: an existing member of the Order class has that name.");
     EXPECT_THAT(LinesOf(form.Preview(0)), IsEmpty());
     form.lstProperties_ItemCheck({0, 1}, true);
     EXPECT_TRUE(form.cmdOK_Click());

@@ -95,7 +95,7 @@ TEST_F(TheBuiltInPropertiesWindow, LocksWhatTheClassHas)
     EXPECT_THAT(Rows("lstProperties")[0], HasSubstr("+Modified"));
     EXPECT_TRUE(list.topLevelItem(0)->isDisabled());
     EXPECT_TRUE(list.topLevelItem(1)->isDisabled());
-    EXPECT_THAT(list.topLevelItem(1)->toolTip(0).toStdString(), HasSubstr("conflicts with an existing member"));
+    EXPECT_THAT(list.topLevelItem(1)->toolTip(0).toStdString(), HasSubstr("can't be added"));
     EXPECT_THAT(Code(), Contains("Public Property Get FormatProperties() as Boolean"));
     Photograph(window, "frmBuiltInProperties-locked");
 }

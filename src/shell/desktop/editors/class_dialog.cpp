@@ -47,6 +47,8 @@ ClassDialog::ClassDialog(frmAddEditClass& form, const PreviewLook& look, QWidget
     FindLists();
     AddTools();
     ConnectLists();
+    for (EditorList* fields : {ui_->lstParentFields, ui_->lstFields})
+        fields->KeepSelectionAChoice(); // of the two that are joined
     ClassDialog::ShowState();
     ShowSample();
     ConnectRules();

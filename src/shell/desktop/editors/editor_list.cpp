@@ -155,7 +155,7 @@ void EditorList::focusInEvent(QFocusEvent* event)
     QTreeWidget::focusInEvent(event);
     const bool isByKeys = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
                           event->reason() == Qt::ShortcutFocusReason;
-    if (isByKeys)
+    if (isByKeys && !selectionIsChoice_)
         SelectCurrentRow();
 }
 
@@ -220,8 +220,11 @@ bool EditorList::eventFilter(QObject* watched, QEvent* event)
     return true;
 }
 
+// Where no row has the text there is none to go to, and Return behind it would be that of the dialog.
 void EditorList::GoToRows()
 {
+    if (!CurrentRow())
+        return;
     setFocus(Qt::OtherFocusReason);
     SelectCurrentRow();
 }
@@ -261,7 +264,7 @@ void EditorList::Filter()
 // A key would be for a row that nobody sees.
 void EditorList::LeaveHiddenRow()
 {
-    if (currentItem() == nullptr || !currentItem()->isHidden())
+    if (CurrentRow())
         return;
     QTreeWidgetItem* seen = nullptr;
     for (int row = topLevelItemCount() - 1; row >= 0; --row)

@@ -41,6 +41,9 @@ class EditorList : public QTreeWidget
     // Lets the texts of one column be edited in place: by F2 and Return in any column, and by a double click there.
     void LetEdit(int column);
 
+    // What is selected is a choice of the person's: coming by the keyboard selects nothing.
+    void KeepSelectionAChoice() { selectionIsChoice_ = true; }
+
     // The row that has the focus when the list has it; nothing in an empty list and where it is filtered out.
     [[nodiscard]] std::optional<std::size_t> CurrentRow() const;
 
@@ -83,6 +86,7 @@ class EditorList : public QTreeWidget
     IconSet icons_;
     QLineEdit* filter_ = nullptr;
     int edited_ = -1; // the column; -1 for none
+    bool selectionIsChoice_ = false;
 };
 
 } // namespace veldrane

@@ -77,6 +77,26 @@ TEST_F(TheEditorList, ReturnInTheFilterGoesToTheRows)
     EXPECT_TRUE(dialog_.isVisible());
 }
 
+TEST_F(TheEditorList, ReturnInTheFilterStaysWhereNoRowHasTheText)
+{
+    filter_.setFocus();
+    QTest::keyClicks(&filter_, QStringLiteral("xyz"));
+    QTest::keyClick(&filter_, Qt::Key_Return);
+    EXPECT_TRUE(filter_.hasFocus());
+    filter_.clear();
+    QTest::keyClick(&filter_, Qt::Key_Return);
+    EXPECT_TRUE(list_.hasFocus());
+    EXPECT_EQ(list_.SelectedRows(), std::vector<std::size_t>{0});
+}
+
+TEST_F(TheEditorList, TheKeyboardSelectsNothingWhereThatIsAPersonsChoice)
+{
+    list_.KeepSelectionAChoice();
+    filter_.setFocus();
+    list_.setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(list_.SelectedRows().empty());
+}
+
 TEST_F(TheEditorList, ReturnOpensTheCurrentRowWhetherItIsSelectedOrNot)
 {
     Listen();

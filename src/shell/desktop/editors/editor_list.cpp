@@ -153,9 +153,8 @@ std::vector<std::size_t> EditorList::SelectedRows() const
 void EditorList::focusInEvent(QFocusEvent* event)
 {
     QTreeWidget::focusInEvent(event);
-    const bool isByKeys = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
-                          event->reason() == Qt::ShortcutFocusReason;
-    if (isByKeys && !selectionIsChoice_)
+    const bool isPassing = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (event->reason() == Qt::ShortcutFocusReason || (isPassing && !selectionIsChoice_))
         SelectCurrentRow();
 }
 

@@ -41,7 +41,7 @@ class EditorList : public QTreeWidget
     // Lets the texts of one column be edited in place: by F2 and Return in any column, and by a double click there.
     void LetEdit(int column);
 
-    // What is selected is a choice of the person's: coming by the keyboard selects nothing.
+    // What is selected is a choice of the person's: the Tab key, which may only pass, selects nothing.
     void KeepSelectionAChoice() { selectionIsChoice_ = true; }
 
     // The row that has the focus when the list has it; nothing in an empty list and where it is filtered out.

@@ -95,6 +95,9 @@ TEST_F(TheEditorList, TheKeyboardSelectsNothingWhereThatIsAPersonsChoice)
     filter_.setFocus();
     list_.setFocus(Qt::TabFocusReason);
     EXPECT_TRUE(list_.SelectedRows().empty());
+    filter_.setFocus();
+    list_.setFocus(Qt::ShortcutFocusReason);
+    EXPECT_EQ(list_.SelectedRows(), std::vector<std::size_t>{0});
 }
 
 TEST_F(TheEditorList, ReturnOpensTheCurrentRowWhetherItIsSelectedOrNot)

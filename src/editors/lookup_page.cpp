@@ -146,10 +146,16 @@ void LookupPage::cmbTable_Change(std::string typed)
     typedTable_ = std::move(typed);
 }
 
+// Where there is no lookup, nothing in its place means none, too; a lookup is given up by choosing none.
+std::size_t LookupPage::TypedRow() const
+{
+    return typedTable_.empty() && table_ == 0 ? 0 : RowOf(tables_, typedTable_);
+}
+
 bool LookupPage::ChooseTypedTable()
 {
     const std::size_t before = table_;
-    const std::size_t row = typedTable_.empty() ? 0 : RowOf(tables_, typedTable_);
+    const std::size_t row = TypedRow();
     if (row != before)
         cmbTable_Click(row);
     else
@@ -159,7 +165,7 @@ bool LookupPage::ChooseTypedTable()
 
 std::optional<Question> LookupPage::TableRefusal() const
 {
-    if (!typedTable_.empty() && RowOf(tables_, typedTable_) == tables_.size())
+    if (TypedRow() == tables_.size())
         return Question{.Title = "Invalid Lookup Table",
                         .Text = "No table or view of this name is listed. Please choose one from the list.",
                         .Icon = MessageIcon::Warning};

@@ -112,6 +112,7 @@ class LookupPage
     void ShowFields(const std::vector<CatalogField>& fields);
     void ShowJoins(const std::vector<CatalogField>& fields);
     void AddPresentFields();
+    [[nodiscard]] std::size_t TypedRow() const;
     void LeaveTable();
     void TickAgain();
     [[nodiscard]] bool IsPresentTable() const;

@@ -315,16 +315,17 @@ TEST_F(LookupPageTest, ATypedTableIsChosenWhenItIsWanted)
     EXPECT_FALSE(page.ChooseTypedTable());
 }
 
-TEST_F(LookupPageTest, AnEmptyBoxIsNoTable)
+TEST_F(LookupPageTest, AnEmptyBoxGivesNoLookupUp)
 {
-    GiveLookup();
     LookupPage page = LoadedPage();
     page.cmbTable_Change("");
-    EXPECT_FALSE(page.TableRefusal().has_value());
-    EXPECT_TRUE(page.ChooseTypedTable());
-    EXPECT_EQ(page.cmbTable_Text(), "<none>");
-    page.Store(*item, *customer);
-    EXPECT_EQ(customer->LookupTable, "");
+    EXPECT_FALSE(page.TableRefusal().has_value()); // there was none
+    Choose(page, "Customers");
+    page.cmbTable_Change("");
+    ASSERT_TRUE(page.TableRefusal().has_value());
+    EXPECT_EQ(page.TableRefusal()->Title, "Invalid Lookup Table");
+    EXPECT_FALSE(page.ChooseTypedTable());
+    EXPECT_EQ(page.TableName(), "Customers");
 }
 
 TEST_F(LookupPageTest, ChoosingTheTableAgainKeepsWhatWasTicked)

@@ -59,7 +59,7 @@ std::size_t Select(std::vector<ListRow>& rows, std::string_view text, std::strin
 LookupPage::LookupPage(const MemberSurroundings& surroundings, std::shared_ptr<const TTCProperty> property)
     : chkUseOuterJoin(property->LookupUseOuterJoin), surroundings_(surroundings), property_(std::move(property))
 {
-    ShowTables({});
+    ShowTables({}, property_->LookupTable);
     ShowFields({});
 }
 
@@ -72,9 +72,36 @@ void LookupPage::Load()
     loaded_ = end != ReadingEnd::Cancelled;
     if (end != ReadingEnd::Whole)
         return;
-    ShowTables(std::move(tables));
-    if (table_ != 0)
-        ReadFields("DisplayFields");
+    const Choice before{.Rows = rows_, .Join = JoinField()};
+    ShowTables(std::move(tables), table_ == 0 ? "" : TableName());
+    if (table_ == 0)
+        return;
+    ReadFields("DisplayFields");
+    TakeOver(before);
+}
+
+// What the person chose while a reading had been given up.
+void LookupPage::TakeOver(const Choice& before)
+{
+    std::vector<LookupFieldRow*> left;
+    for (LookupFieldRow& row : rows_)
+        left.push_back(&row);
+    for (const LookupFieldRow& row : before.Rows) {
+        const auto same = std::find_if(left.begin(), left.end(),
+                                       [&](const LookupFieldRow* each) { return each->FieldName == row.FieldName; });
+        if (same == left.end())
+            continue;
+        (*same)->Ticked = row.Ticked;
+        (*same)->PropertyName = row.PropertyName;
+        left.erase(same);
+    }
+    ChooseJoin(before.Join);
+}
+
+void LookupPage::ChooseJoin(const std::string& field)
+{
+    if (const std::size_t row = RowOf(joins_, field); field != kNoLookup && row < joins_.size())
+        join_ = row;
 }
 
 DataSourceView LookupPage::View() const
@@ -113,11 +140,13 @@ LookupPage::ReadingEnd LookupPage::ReadFromOpenSource(const std::function<void()
     }
 }
 
-void LookupPage::ShowTables(std::vector<ListRow> tables)
+void LookupPage::ShowTables(std::vector<ListRow> tables, const std::string& chosen)
 {
     tables.insert(tables.begin(), Row(kNoLookup, ""));
     tables_ = std::move(tables);
-    table_ = property_->LookupTable.empty() ? 0 : Select(tables_, property_->LookupTable, "Table");
+    if (!property_->LookupTable.empty())
+        static_cast<void>(Select(tables_, property_->LookupTable, "Table"));
+    table_ = chosen.empty() ? 0 : Select(tables_, chosen, "Table");
     typedTable_ = TableName();
 }
 
@@ -138,7 +167,7 @@ void LookupPage::cmbTable_Click(std::size_t row)
 void LookupPage::LeaveTable()
 {
     if (std::exchange(fieldsRead_, false))
-        left_[TableName()] = rows_;
+        left_[TableName()] = {.Rows = rows_, .Join = JoinField()};
 }
 
 void LookupPage::cmbTable_Change(std::string typed)
@@ -194,8 +223,13 @@ void LookupPage::TickAgain()
     const auto isSame = [](const LookupFieldRow& before, const LookupFieldRow& now) {
         return before.FieldName == now.FieldName;
     };
-    if (left != left_.end() && std::equal(left->second.begin(), left->second.end(), rows_.begin(), rows_.end(), isSame))
-        rows_ = left->second;
+    if (left == left_.end())
+        return;
+    const std::vector<LookupFieldRow>& rows = left->second.Rows;
+    if (!std::equal(rows.begin(), rows.end(), rows_.begin(), rows_.end(), isSame))
+        return;
+    rows_ = rows;
+    ChooseJoin(left->second.Join);
 }
 
 // Not every data source knows brackets.

@@ -36,8 +36,8 @@ class LookupPage
     LookupPage(const MemberSurroundings& surroundings, std::shared_ptr<const TTCProperty> property);
 
     // The tab has come to the front: the first time, and after a reading of the tables that the person ended, reads the
-    // tables and, of the lookup that there is, the fields. What can't be read is reported, and the lists show what the
-    // property has.
+    // tables and, of the lookup that there is, the fields. What is chosen stays. What can't be read is reported, and
+    // the lists show what the property has.
     void Load();
 
     // The tables and views behind "<none>", and the row that is chosen.
@@ -54,8 +54,7 @@ class LookupPage
     void cmbTable_Change(std::string typed);
     [[nodiscard]] const std::string& cmbTable_Text() const { return typedTable_; }
 
-    // Chooses the table whose name is typed, as OK does; an empty box is as good as "<none>". True if another one was
-    // chosen before.
+    // Chooses the table whose name is typed, as OK does. True if another one was chosen before.
     bool ChooseTypedTable();
 
     // The boxes that refuse the table and the field that joins it: a table that isn't listed, and names that the
@@ -103,11 +102,18 @@ class LookupPage
         Failed,    // which was reported
     };
 
+    // What was chosen of a table.
+    struct Choice
+    {
+        std::vector<LookupFieldRow> Rows;
+        std::string Join;
+    };
+
     [[nodiscard]] DataSourceView View() const;
     [[nodiscard]] std::vector<CatalogField> FieldsOf(const std::string& table) const;
     [[nodiscard]] ReadingEnd Read(std::string_view routine, const std::function<void()>& reading) const;
     [[nodiscard]] ReadingEnd ReadFromOpenSource(const std::function<void()>& reading) const;
-    void ShowTables(std::vector<ListRow> tables);
+    void ShowTables(std::vector<ListRow> tables, const std::string& chosen);
     void ReadFields(std::string_view routine);
     void ShowFields(const std::vector<CatalogField>& fields);
     void ShowJoins(const std::vector<CatalogField>& fields);
@@ -115,6 +121,8 @@ class LookupPage
     [[nodiscard]] std::size_t TypedRow() const;
     void LeaveTable();
     void TickAgain();
+    void TakeOver(const Choice& before);
+    void ChooseJoin(const std::string& field);
     [[nodiscard]] bool IsPresentTable() const;
     [[nodiscard]] bool IsPresentJoin() const;
     void StoreJoin(TTCProperty& property) const;
@@ -130,9 +138,9 @@ class LookupPage
     std::vector<ListRow> joins_;
     std::size_t join_ = 0;
     std::vector<LookupFieldRow> rows_;
-    std::map<std::string, std::vector<LookupFieldRow>, std::less<>> left_; // by the name of their table
-    bool loaded_ = false;                                                  // or it was tried and failed
-    bool fieldsRead_ = false;                                              // of the table that is chosen
+    std::map<std::string, Choice, std::less<>> left_; // by the name of the table
+    bool loaded_ = false;                             // or it was tried and failed
+    bool fieldsRead_ = false;                         // of the table that is chosen
 };
 
 } // namespace veldrane

@@ -231,6 +231,47 @@ TEST_F(LookupPageTest, AReadingThatIsCancelledCanBeTriedAgain)
     EXPECT_EQ(page.JoinTrouble(), "");
 }
 
+TEST_F(LookupPageTest, WhatIsChosenAfterACancelledReadingOutlastsTheNextOne)
+{
+    GiveLookup();
+    catalog.CancelledCall = "Tables";
+    LookupPage page = LoadedPage();
+    ASSERT_THAT(Fields(page), ElementsAre("+Last_Name:Surname:Variant", "+Gone:CustomerGone:String"));
+    page.lstFields_ItemCheck({1}, false);
+    page.lstFields_AfterLabelEdit(0, "FamilyName");
+    catalog.CancelledCall = "";
+    page.Load();
+    EXPECT_THAT(Fields(page), ElementsAre("+Last_Name:FamilyName:Variant", "Order:Order:String", "Born On:BornOn:Date",
+                                          "Odd:Odd:", "Gone:CustomerGone:String"));
+    EXPECT_EQ(page.JoinField(), "ID");
+}
+
+TEST_F(LookupPageTest, ALookupThatIsGivenUpAfterACancelledReadingStaysSo)
+{
+    GiveLookup();
+    catalog.CancelledCall = "Tables";
+    LookupPage page = LoadedPage();
+    Choose(page, "<none>");
+    catalog.CancelledCall = "";
+    catalog.Hidden = {"Customers"};
+    page.Load();
+    EXPECT_EQ(page.TableName(), "<none>");
+    Choose(page, "Customers");
+    EXPECT_EQ(page.TableName(), "Customers");
+}
+
+TEST_F(LookupPageTest, ATableThatIsPassedOnTheWayKeepsItsJoin)
+{
+    catalog.Content["Customers"].Fields.push_back(testing::IdentityField("Number"));
+    LookupPage page = LoadedPage();
+    Choose(page, "Customers");
+    page.cmbField_Click(2);
+    ASSERT_EQ(page.JoinField(), "Number");
+    Choose(page, "Codes");
+    Choose(page, "Customers");
+    EXPECT_EQ(page.JoinField(), "Number");
+}
+
 TEST_F(LookupPageTest, WhereTheFieldsCouldNotBeReadNoFieldIsMissed)
 {
     LookupPage page = LoadedPage();
